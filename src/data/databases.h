@@ -1,0 +1,35 @@
+// The database files of the program and the recordsets that stay open for the whole run.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+
+#include "jet/database.h"
+#include "jet/recordset.h"
+
+namespace zerbal::data {
+
+/// Where the program's files are. Names are found without regard to letter case, since databases come from
+/// case-blind disks.
+struct DataFiles {
+  std::filesystem::path zbldata, qavdata, allaprt, coast;
+  std::optional<std::filesystem::path> river, ibound;
+};
+
+/// Everything that is open for the whole run. Destroying it closes it, in the reverse order of opening.
+struct Databases {
+  jet::Database schedule;
+  jet::Recordset fsrv;
+  jet::Recordset dest;  ///< index "aprt"
+  jet::Recordset flit;  ///< index "fsrv" or "flituni", switched by the user of the moment
+  jet::Database allAirports;
+  jet::Recordset allaprt;  ///< index "aprt"
+  jet::Database coast;
+  std::optional<jet::Database> river;   ///< only when the file exists
+  std::optional<jet::Database> ibound;  ///< only when the file exists
+};
+
+/// Opens all of them. Throws jet::EngineError when one cannot be opened.
+Databases OpenDatabases(const DataFiles& files);
+
+}  // namespace zerbal::data

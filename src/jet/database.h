@@ -1,0 +1,51 @@
+// A desktop database file (.mdb, the formats of 1997 to 2003), opened read-only and mapped into memory.
+// Nothing here ever writes to the file.
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "jet/schema.h"
+
+namespace zerbal::jet {
+
+class FilePages;  // the mapped file: every page number goes through it
+class Recordset;
+class TableDefinition;
+
+enum class Format { kJet3, kJet4 };
+
+struct OpenOptions {
+  /// Bounds what one memo or OLE value may unfold to, in bytes.
+  std::size_t maxLongValue = 64u << 20;
+};
+
+/// An open database. Cheap to open: header and catalog are read, no table is touched.
+/// Copies share the mapping; it lasts until the last Database, Recordset or PairReader on it is gone.
+class Database {
+ public:
+  /// Opens `file`. Throws EngineError when it is missing, cut short, encrypted, foreign or damaged.
+  static Database Open(const std::filesystem::path& file, const OpenOptions& options = {});
+
+  Format FileFormat() const;
+  const std::string& FileName() const;  ///< as opened, for messages
+
+  /// Names of the user tables, in the order of the catalog. Broken tables are named too.
+  std::vector<std::string> TableNames() const;
+  bool HasTable(std::string_view name) const;  ///< without regard to letter case
+
+  /// Opens a table; stands on the first row in stored order. Throws EngineError when there is no such table
+  /// or its definition is damaged.
+  Recordset OpenTable(std::string_view name) const;
+
+ private:
+  friend class Recordset;
+  struct Shared;
+  explicit Database(std::shared_ptr<const Shared> shared);
+  std::shared_ptr<const Shared> shared_;
+};
+
+}  // namespace zerbal::jet

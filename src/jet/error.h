@@ -1,0 +1,43 @@
+// What the engine throws. Everything a file can do wrong is an EngineError; asking a field for a value that
+// it cannot give is a ConversionError, which is an EngineError too, so that whoever does not care need not
+// know.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace zerbal::jet {
+
+/// A database file is damaged, foreign, missing, or lacks what was asked for (a table, an index, a field).
+/// what() is one sentence that names the file, the table where there is one, and the reason.
+class EngineError : public std::runtime_error {
+ public:
+  EngineError(std::string file, std::string table, std::string reason);
+
+  const std::string& File() const { return file_; }      ///< as the caller named the file
+  const std::string& Table() const { return table_; }    ///< empty when no table is concerned
+  const std::string& Reason() const { return reason_; }  ///< in words, without file and table
+
+ private:
+  std::string file_;
+  std::string table_;
+  std::string reason_;
+};
+
+/// A field's value cannot be delivered in the type that was asked for.
+class ConversionError : public EngineError {
+ public:
+  enum class Cause {
+    kNull,       ///< the field is Null and a number was asked for
+    kRange,      ///< the number does not fit the type
+    kNotANumber  ///< the field's text or type has no number in it
+  };
+  ConversionError(Cause cause, std::string file, std::string table, std::string reason);
+
+  Cause Why() const { return cause_; }
+
+ private:
+  Cause cause_;
+};
+
+}  // namespace zerbal::jet

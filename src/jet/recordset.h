@@ -1,0 +1,95 @@
+// A cursor over the rows of one table, in stored order or in the order of one of its indexes.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "jet/error.h"
+#include "jet/schema.h"
+
+namespace zerbal::jet {
+
+class Database;
+
+/// One column of the current row. A light handle: valid until its Recordset moves.
+/// Conversions: whole numbers round to nearest, ties to even; texts holding nothing but a number convert too.
+class Field {
+ public:
+  bool IsNull() const;
+  /// True when the value is text (Null is not): memo and text columns, and any other column with a value,
+  /// whose text form AsText() gives.
+  bool HoldsText() const { return !IsNull(); }
+
+  /// The value as UTF-8 text; numbers in their shortest form that reads back the same; Null gives "".
+  std::string AsText() const;
+  /// Appends instead of returning, for callers that keep their buffer.
+  void AppendText(std::string& out) const;
+  /// Exact, case-sensitive comparison with a UTF-8 text; Null equals nothing.
+  bool EqualsText(std::string_view text) const;
+
+  // Each throws ConversionError when the value is Null, is no number, or does not fit.
+  std::uint8_t AsByte() const;
+  std::int16_t AsInteger() const;
+  std::int32_t AsLong() const;
+  float AsSingle() const;
+  double AsDouble() const;
+  bool AsBoolean() const;
+
+  /// The raw bytes of a binary or OLE value (long values put together); empty for Null.
+  std::vector<std::uint8_t> AsBytes() const;
+
+  const ColumnInfo& Column() const;
+
+ private:
+  friend class Recordset;
+  struct View;
+  const class TableCursor* cursor_ = nullptr;
+  int column_ = 0;
+};
+
+class Recordset {
+ public:
+  Recordset(Recordset&&) noexcept;
+  Recordset& operator=(Recordset&&) noexcept;
+  ~Recordset();
+
+  const std::string& TableName() const;
+  const std::vector<ColumnInfo>& Columns() const;  ///< in column-number order
+  const std::vector<IndexInfo>& Indexes() const;   ///< sorted by name, as stored
+
+  /// Walks and seeks by this index from now on, standing on its first row; "" is stored order.
+  /// Throws EngineError when the table has no index of that name (letter case does not matter).
+  void SetIndex(std::string_view name);
+
+  /// Looks for the row whose (one) index column is exactly `key`, letter case and trailing blanks included,
+  /// and stands on the first such row in index order; NoMatch() tells whether there was none, and the cursor
+  /// then stands on no row (Eof). A number column is matched by the number that `key` spells. Needs an index.
+  void Seek(std::string_view key);
+  bool NoMatch() const;
+
+  void MoveFirst();
+  void MoveNext();      ///< at Eof stays there
+  void MovePrevious();  ///< before the first row: Bof
+  bool Eof() const;
+  bool Bof() const;
+
+  /// Position of a field by name (letter case does not matter); throws EngineError when there is none.
+  int FieldIndex(std::string_view name) const;
+  std::optional<int> FindField(std::string_view name) const;
+
+  /// The field of the current row. Throws EngineError at Eof or Bof.
+  Field operator[](std::string_view name) const;
+  Field At(int fieldIndex) const;
+
+ private:
+  friend class Database;
+  friend class PairReader;
+  explicit Recordset(std::unique_ptr<class TableCursor> cursor);
+  std::unique_ptr<class TableCursor> cursor_;
+};
+
+}  // namespace zerbal::jet

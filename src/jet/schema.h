@@ -1,0 +1,54 @@
+// Columns and indexes as both the reader and the writer describe them.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace zerbal::jet {
+
+/// Column types; the values are the type codes in the file.
+enum class ColumnType : std::uint8_t {
+  kBoolean = 0x01,
+  kByte = 0x02,
+  kInteger = 0x03,   ///< 16 bits
+  kLong = 0x04,      ///< 32 bits
+  kCurrency = 0x05,  ///< 64 bits, ten-thousandths
+  kSingle = 0x06,
+  kDouble = 0x07,
+  kDateTime = 0x08,  ///< days since 1899-12-30
+  kBinary = 0x09,
+  kText = 0x0A,
+  kOle = 0x0B,
+  kMemo = 0x0C,
+  kGuid = 0x0F,
+  kNumeric = 0x10,
+};
+
+struct ColumnInfo {
+  std::string name;  ///< UTF-8
+  ColumnType type = ColumnType::kLong;
+  int length = 0;  ///< text: characters; binary: bytes; otherwise the size of the type, 0 for memo and OLE
+  bool fixed = false;       ///< stored in the fixed part of a row
+  bool compressed = false;  ///< texts may be stored in one byte a character
+  bool autonumber = false;
+  int precision = 0;  ///< numeric only
+  int scale = 0;      ///< numeric only
+};
+
+struct IndexColumn {
+  std::string name;
+  bool ascending = true;
+};
+
+struct IndexInfo {
+  std::string name;
+  std::vector<IndexColumn> columns;
+  bool unique = false;
+  bool primary = false;
+  bool required = false;     ///< Null is not allowed in the indexed columns
+  bool ignoreNulls = false;  ///< rows whose indexed columns are all Null have no entry
+  bool foreignKey = false;   ///< made by a relationship
+};
+
+}  // namespace zerbal::jet
