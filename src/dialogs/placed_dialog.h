@@ -1,0 +1,43 @@
+// What all dialogs share: they open where they were closed, or centred over the main window.
+#pragma once
+
+#include <QDialog>
+#include <string>
+
+#include "settings/ini_values.h"
+#include "settings/save_flags.h"
+
+namespace zerbal::dialogs {
+
+/// What a dialog needs to place itself; all of it outlives the dialog.
+struct Placement {
+  QWidget& mainWindow;
+  settings::IniFile& ini;
+  const settings::SaveFlags& flags;
+};
+
+/// A modal dialog that restores its position from section "Windows" of the settings file before it is shown,
+/// and writes it there when it closes, whichever way it closes, as long as positions are remembered. A
+/// dialog's "confirmed" answer is QDialog::Accepted.
+class PlacedDialog : public QDialog {
+  Q_OBJECT
+
+ public:
+  /// `key` is the dialog's key in section "Windows".
+  PlacedDialog(const Placement& placement, std::string key);
+
+  void done(int result) override;
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  void RestorePosition();
+  void RememberPosition();
+
+  Placement placement_;
+  std::string key_;
+  bool placed_ = false;
+};
+
+}  // namespace zerbal::dialogs

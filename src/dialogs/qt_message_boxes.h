@@ -1,0 +1,14 @@
+// Message boxes on the screen.
+#pragma once
+
+#include "settings/message_boxes.h"
+
+namespace zerbal::dialogs {
+
+/// Modal boxes over the active window.
+class QtMessageBoxes final : public settings::MessageBoxes {
+ public:
+  void Show(settings::BoxIcon icon, const std::string& text) override;
+};
+
+}  // namespace zerbal::dialogs

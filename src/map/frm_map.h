@@ -1,0 +1,60 @@
+// The map window: shows the finished picture of the last redraw and turns the mouse into view changes.
+#pragma once
+
+#include <QImage>
+#include <QWidget>
+
+#include "map/draw_map.h"
+
+namespace zerbal::map {
+
+/// Keeps the picture at the screen's own resolution. Resizing, zooming and the mouse end in
+/// RecomputeAndRedraw; a change of what is drawn ends in Redraw. Both run to their end before they return.
+class frmMap final : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// `scene` must outlive the window.
+  explicit frmMap(MapScene& scene, QWidget* parent = nullptr);
+
+  /// ComputeViewport, then DrawMap.
+  void RecomputeAndRedraw();
+  /// DrawMap, with the hourglass while it draws; nothing without a drawing area.
+  void Redraw();
+
+  /// Complete redraws so far.
+  int Draws() const { return draws_; }
+  /// A second surface that is given every operation, the zoom box's too; null for none.
+  void SetObserver(Surface* observer) { observer_ = observer; }
+  const QImage& Picture() const { return picture_; }
+
+ signals:
+  /// The mouse moved over the map: longitude and latitude in degrees and minutes.
+  void PositionChanged(const QString& lonText, const QString& latText);
+  /// The view was computed anew: what it spans.
+  void ExtentChanged(const QString& extentText);
+  /// The right button went down at this screen position.
+  void PopupRequested(const QPoint& globalPosition);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+
+ private:
+  struct ZoomBox {
+    bool active = false;
+    float x1 = 0, y1 = 0;  ///< the press, twips
+    float x2 = 0, y2 = 0;  ///< the moving corner, limited to the drawing area
+  };
+
+  MapScene& scene_;
+  QImage picture_;
+  Surface* observer_ = nullptr;
+  int draws_ = 0;
+  ZoomBox zoomBox_;
+};
+
+}  // namespace zerbal::map
