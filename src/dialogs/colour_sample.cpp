@@ -1,0 +1,128 @@
+#include "dialogs/colour_sample.h"
+
+#include <QGridLayout>
+#include <QLabel>
+
+namespace zerbal::dialogs {
+namespace {
+
+constexpr int kFigureWidth = 56;
+constexpr int kFigureHeight = 20;
+
+QColor ToQColor(data::Rgb rgb) {
+  return {rgb.red, rgb.green, rgb.blue};
+}
+
+QLabel* NewLabel(QWidget& parent, const QString& name, const QString& text) {
+  auto* label = new QLabel(text, &parent);
+  label->setObjectName(name);
+  label->setTextFormat(Qt::PlainText);
+  return label;
+}
+
+Shape* NewShape(QWidget& parent, const QString& name, Shape::Kind kind, QSize size) {
+  auto* shape = new Shape(&parent);
+  shape->setObjectName(name);
+  shape->SetKind(kind);
+  shape->setFixedSize(size);
+  return shape;
+}
+
+}  // namespace
+
+std::vector<QString> ColourSample::ObjectCaptions() {
+  return {"Zoombox (XOR'ed with map backcolor)",
+          "Centre of map",
+          "Coastlines",
+          "Rivers",
+          "International boundaries",
+          "All airports",
+          "QAV destinations",
+          "Aircraft symbol"};
+}
+
+ColourSample::ColourSample(QWidget& map, const data::FlightServiceTable& services)
+    : map_(map), grid_(new QGridLayout(&map)) {
+  grid_->setSizeConstraint(QLayout::SetNoConstraint);
+  grid_->setColumnStretch(1, 1);
+  const std::vector<QString> captions = ObjectCaptions();
+  rows_.emplace_back();  // the background has no figure of its own
+  zoomBox_ = AddRow("shpMapZoomB", Shape::Kind::kInvertedFrame, "lblMapZoomB", captions[0]);
+  AddRow("shpMapCentr", Shape::Kind::kCentreMark, "lblMapCentr", captions[1]);
+  AddRow("linMapCoast", Shape::Kind::kLine, "lblMapCoast", captions[2]);
+  AddRow("linMapRiver", Shape::Kind::kLine, "lblMapRiver", captions[3]);
+  AddRow("linMapIBoun", Shape::Kind::kLine, "lblMapIBoun", captions[4]);
+  AddAirportRow("APAll", "lblMapAPAll", captions[5]);
+  AddAirportRow("APDst", "lblMapAPDst", captions[6]);
+  AddAircraftRow(captions[7]);
+  for (std::size_t i = 1; i <= services.size(); ++i) {
+    AddRow(QString("linMapFSrv(%1)").arg(i), Shape::Kind::kLine, QString("lblMapFSrv(%1)").arg(i),
+           QString::fromStdString(services[i - 1].displayText));
+  }
+  map_.resize(grid_->sizeHint());
+}
+
+Shape* ColourSample::AddRow(const QString& shapeName, Shape::Kind kind, const QString& labelName,
+                            const QString& caption) {
+  const int row = static_cast<int>(rows_.size());
+  Shape* shape = NewShape(map_, shapeName, kind, {kFigureWidth, kFigureHeight});
+  QLabel* label = NewLabel(map_, labelName, caption);
+  grid_->addWidget(shape, row, 0);
+  grid_->addWidget(label, row, 1);
+  rows_.push_back({{shape}, {label}});
+  return shape;
+}
+
+void ColourSample::AddAirportRow(const QString& layer, const QString& labelName, const QString& caption) {
+  AddRow("shpMap" + layer, Shape::Kind::kDisc, labelName, caption);
+  // The label that the map would put beside the marker.
+  QLabel* description = NewLabel(map_, "lblMap" + layer + "Desc", "ICAO - Airportname");
+  grid_->addWidget(description, static_cast<int>(rows_.size()) - 1, 2);
+  rows_.back().labels.push_back(description);
+}
+
+void ColourSample::AddAircraftRow(const QString& caption) {
+  const int row = static_cast<int>(rows_.size());
+  auto* figure = new QWidget(&map_);
+  figure->setFixedSize(kFigureWidth, kFigureHeight);
+  // As on the map: fuselage of width 3 from tail to nose, wing and tail of width 2 across it.
+  Shape* fuselage = NewShape(*figure, "linMapACSym1", Shape::Kind::kLine, {13, 3});
+  Shape* wing = NewShape(*figure, "linMapACSym2", Shape::Kind::kVerticalLine, {2, 15});
+  Shape* tail = NewShape(*figure, "linMapACSym3", Shape::Kind::kVerticalLine, {2, 7});
+  constexpr int kLeft = 20;
+  constexpr int kMiddle = kFigureHeight / 2;
+  fuselage->SetLineWidth(3);
+  fuselage->move(kLeft, kMiddle - 1);
+  wing->SetLineWidth(2);
+  wing->move(kLeft + 8, kMiddle - 7);
+  tail->SetLineWidth(2);
+  tail->move(kLeft, kMiddle - 3);
+  QLabel* label = NewLabel(map_, "lblMapACSym", caption);
+  grid_->addWidget(figure, row, 0);
+  grid_->addWidget(label, row, 1);
+  rows_.push_back({{fuselage, wing, tail}, {label}});
+}
+
+void ColourSample::SetColour(std::size_t entry, data::Rgb colour) {
+  const QColor shown = ToQColor(colour);
+  if (entry == 0) {
+    QPalette palette = map_.palette();
+    palette.setColor(QPalette::Window, shown);
+    map_.setPalette(palette);
+    zoomBox_->SetBackground(shown);
+    return;
+  }
+  const Row& row = rows_.at(entry);
+  for (Shape* shape : row.shapes)
+    shape->SetColour(shown);
+  // The zoom box's name has to stay legible: the box itself is drawn inverted.
+  if (entry == 1)
+    return;
+  for (QLabel* label : row.labels) {
+    QPalette palette = label->palette();
+    palette.setColor(QPalette::WindowText, shown);
+    label->setPalette(palette);
+  }
+}
+
+}  // namespace zerbal::dialogs

@@ -1,0 +1,114 @@
+#include "dialogs/frm_deli.h"
+
+#include "ui_frm_deli.h"
+
+namespace zerbal::dialogs {
+namespace {
+
+const char* KeyOf(frmDeli::Layer layer) {
+  return layer == frmDeli::Layer::kAllAirports ? "DelimitAllAirport" : "DelimitDestination";
+}
+
+}  // namespace
+
+frmDeli::frmDeli(const Placement& placement, Layer layer, map::AirportCriteria& set,
+                 settings::MessageBoxes& boxes)
+    : PlacedDialog(placement, KeyOf(layer)), ui_(std::make_unique<Ui::frmDeli>()), set_(set), boxes_(boxes) {
+  ui_->setupUi(this);
+  const bool all = layer == Layer::kAllAirports;
+  setObjectName(all ? "frmDeliAprt" : "frmDeliDest");
+  setWindowTitle(all ? "Delimitation for all airports" : "Delimitation for QAV destinations");
+  groups_ = {Group{ui_->chkElev,
+                   {ui_->optElevZw, ui_->optElevGr, ui_->optElevKl},
+                   ui_->txtElevZwVon,
+                   ui_->txtElevZwBis,
+                   ui_->txtElevGr,
+                   ui_->txtElevKl},
+             Group{ui_->chkRwyAnz,
+                   {ui_->optRwyAnzZw, ui_->optRwyAnzGr, ui_->optRwyAnzKl},
+                   ui_->txtRwyAnzZwVon,
+                   ui_->txtRwyAnzZwBis,
+                   ui_->txtRwyAnzGr,
+                   ui_->txtRwyAnzKl},
+             Group{ui_->chkRwyLen,
+                   {ui_->optRwyLenZw, ui_->optRwyLenGr, ui_->optRwyLenKl},
+                   ui_->txtRwyLenZwVon,
+                   ui_->txtRwyLenZwBis,
+                   ui_->txtRwyLenGr,
+                   ui_->txtRwyLenKl}};
+  Fill();
+  for (const Group& group : groups_) {
+    ConnectGroup(group);
+    EnableGroup(group);
+  }
+  connect(ui_->chkILS, &QCheckBox::toggled, this, &frmDeli::EnableIls);
+  EnableIls();
+  connect(ui_->cmdOK, &QPushButton::clicked, this, &frmDeli::Confirm);
+  connect(ui_->cmdESC, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+frmDeli::~frmDeli() = default;
+
+void frmDeli::Fill() {
+  for (std::size_t n = 0; n < groups_.size(); ++n) {
+    const Group& group = groups_[n];
+    const map::NumericCriterion& criterion = set_.numeric[n];
+    group.active->setChecked(criterion.active);
+    group.limits[static_cast<std::size_t>(criterion.limit)]->setChecked(true);
+    group.from->SetNumber(criterion.from);
+    group.to->SetNumber(criterion.to);
+    group.atLeast->SetNumber(criterion.atLeast);
+    group.atMost->SetNumber(criterion.atMost);
+  }
+  ui_->chkILS->setChecked(set_.ilsActive);
+  (set_.withIls ? ui_->optILSMit : ui_->optILSOhne)->setChecked(true);
+}
+
+void frmDeli::ConnectGroup(const Group& group) {
+  const auto enable = [group] { EnableGroup(group); };
+  connect(group.active, &QCheckBox::toggled, this, enable);
+  for (QRadioButton* limit : group.limits)
+    connect(limit, &QRadioButton::toggled, this, enable);
+}
+
+void frmDeli::EnableGroup(const Group& group) {
+  const bool active = group.active->isChecked();
+  for (QRadioButton* limit : group.limits)
+    limit->setEnabled(active);
+  const bool between = group.limits[0]->isChecked();
+  const bool atLeast = !between && group.limits[1]->isChecked();
+  group.from->setEnabled(active && between);
+  group.to->setEnabled(active && between);
+  group.atLeast->setEnabled(active && atLeast);
+  group.atMost->setEnabled(active && !between && !atLeast);
+}
+
+void frmDeli::EnableIls() {
+  ui_->optILSMit->setEnabled(ui_->chkILS->isChecked());
+  ui_->optILSOhne->setEnabled(ui_->chkILS->isChecked());
+}
+
+void frmDeli::Confirm() {
+  // Every pair is looked at, selected or not, since every number is stored.
+  for (const Group& group : groups_) {
+    if (group.from->Number() > group.to->Number()) {
+      boxes_.Show(settings::BoxIcon::kExclamation, "The from-value cannot be larger than the to-value");
+      group.from->setFocus();
+      return;
+    }
+  }
+  for (std::size_t n = 0; n < groups_.size(); ++n) {
+    const Group& group = groups_[n];
+    const auto limit = group.limits[0]->isChecked()   ? map::Limit::kBetween
+                       : group.limits[1]->isChecked() ? map::Limit::kAtLeast
+                                                      : map::Limit::kAtMost;
+    set_.numeric[n] = {group.active->isChecked(), limit,
+                       group.from->Number(),      group.to->Number(),
+                       group.atLeast->Number(),   group.atMost->Number()};
+  }
+  set_.ilsActive = ui_->chkILS->isChecked();
+  set_.withIls = ui_->optILSMit->isChecked();
+  accept();
+}
+
+}  // namespace zerbal::dialogs

@@ -1,0 +1,55 @@
+// The dialogs that limit which airports a layer shows.
+#pragma once
+
+#include <array>
+#include <memory>
+
+#include "dialogs/placed_dialog.h"
+#include "map/criteria.h"
+
+class QCheckBox;
+class QRadioButton;
+
+namespace Ui {
+class frmDeli;
+}
+
+namespace zerbal::dialogs {
+
+class NumberEdit;
+
+/// One dialog for both layers: it differs only in title, set and remembered position. OK stores every number,
+/// those of unselected limits and inactive criteria too, so that they are there again next time.
+class frmDeli final : public PlacedDialog {
+  Q_OBJECT
+
+ public:
+  enum class Layer { kAllAirports, kDestinations };
+
+  frmDeli(const Placement& placement, Layer layer, map::AirportCriteria& set, settings::MessageBoxes& boxes);
+  ~frmDeli() override;
+
+ private:
+  /// The controls of one numeric criterion.
+  struct Group {
+    QCheckBox* active;
+    std::array<QRadioButton*, 3> limits;  ///< between, at least, at most
+    NumberEdit* from;
+    NumberEdit* to;
+    NumberEdit* atLeast;
+    NumberEdit* atMost;
+  };
+
+  void Fill();
+  void ConnectGroup(const Group& group);
+  static void EnableGroup(const Group& group);
+  void EnableIls();
+  void Confirm();
+
+  std::unique_ptr<Ui::frmDeli> ui_;
+  map::AirportCriteria& set_;
+  settings::MessageBoxes& boxes_;
+  std::array<Group, 3> groups_{};
+};
+
+}  // namespace zerbal::dialogs

@@ -1,0 +1,114 @@
+#include "dialogs/frm_map_sett.h"
+
+#include <QFontDatabase>
+#include <cmath>
+
+#include "settings/value_text.h"
+#include "ui_frm_map_sett.h"
+
+namespace zerbal::dialogs {
+namespace {
+
+constexpr double kFarthestMeridian = 180;
+constexpr int kSmallestFont = 6;
+constexpr int kLargestFont = 14;
+constexpr int kWest = 0;
+constexpr int kEast = 1;
+
+}  // namespace
+
+frmMapSett::frmMapSett(const Placement& placement, data::RegionTable& regions, data::FontTable& fonts,
+                       settings::MessageBoxes& boxes)
+    : PlacedDialog(placement, "MapSettings"),
+      ui_(std::make_unique<Ui::frmMapSett>()),
+      ini_(placement.ini),
+      regions_(regions),
+      fonts_(fonts),
+      boxes_(boxes) {
+  ui_->setupUi(this);
+  FillCentre();
+  fontRows_ = {FontRow{data::FontCode::kLoRes, ui_->cboFontLoRes, ui_->cboSizeLoRes, ui_->lblFontLoRes},
+               FontRow{data::FontCode::kHiRes, ui_->cboFontHiRes, ui_->cboSizeHiRes, ui_->lblFontHiRes}};
+  for (const FontRow& row : fontRows_)
+    FillFont(row);
+  connect(ui_->cmdOK, &QPushButton::clicked, this, &frmMapSett::Confirm);
+  connect(ui_->cmdESC, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+frmMapSett::~frmMapSett() = default;
+
+void frmMapSett::FillCentre() {
+  ui_->lblCentGrw->setText(QStringLiteral("East 0°"));
+  ui_->lblCentCar->setText(QStringLiteral("West 75°"));
+  ui_->cboCentOth->addItems({"West", "East"});
+  ui_->cboCentOth->setCurrentIndex(kEast);
+  if (regions_.centreWorld == "0") {
+    ui_->optCentGrw->setChecked(true);
+  } else if (regions_.centreWorld == "1") {
+    ui_->optCentCar->setChecked(true);
+  } else {
+    ui_->optCentOth->setChecked(true);
+    const float centre = regions_.centreWorldAtLon;
+    constexpr int kSingleDigits = 7;
+    ui_->txtCentOth->setText(QString::number(std::abs(static_cast<double>(centre)), 'g', kSingleDigits));
+    ui_->cboCentOth->setCurrentIndex(centre < 0 ? kWest : kEast);
+  }
+}
+
+void frmMapSett::FillFont(const FontRow& row) {
+  const data::Font& font = fonts_[row.code];
+  row.family->addItems(QFontDatabase::families());
+  int family = row.family->findText(QString::fromStdString(font.name), Qt::MatchFixedString);
+  if (family < 0)
+    family = row.family->findText("Arial", Qt::MatchFixedString);
+  row.family->setCurrentIndex(std::max(family, 0));
+  for (int size = kSmallestFont; size <= kLargestFont; ++size)
+    row.size->addItem(QString::number(size));
+  row.size->setCurrentText(QString::number(font.size));
+  UpdatePreview(row);
+  for (QComboBox* combo : {row.family, row.size})
+    connect(combo, &QComboBox::currentTextChanged, this, [row] { UpdatePreview(row); });
+}
+
+void frmMapSett::UpdatePreview(const FontRow& row) {
+  row.preview->setFont(QFont(row.family->currentText(), row.size->currentText().toInt()));
+}
+
+double frmMapSett::TypedMeridian() const {
+  // Neither sign nor point can be typed, but a stored fraction stands until it is overwritten.
+  const QString typed = ui_->txtCentOth->text().trimmed();
+  return typed.startsWith('-') || typed.startsWith('+') ? 0 : settings::ParseNumber(typed.toStdString());
+}
+
+void frmMapSett::StoreCentre() {
+  regions_.centreWorld = ui_->optCentGrw->isChecked() ? "0" : ui_->optCentCar->isChecked() ? "1" : "2";
+  ini_.Write("Region", "CentreWorld", regions_.centreWorld);
+  if (regions_.centreWorld == "2") {
+    const double meridian = TypedMeridian();
+    const double centre = ui_->cboCentOth->currentIndex() == kWest && meridian != 0 ? -meridian : meridian;
+    regions_.centreWorldAtLon = static_cast<float>(centre);
+    ini_.Write("Region", "CentreWorldAtLON", settings::NumberText(centre));
+  }
+  regions_.ComputeWorldRow();
+}
+
+void frmMapSett::StoreFont(const FontRow& row) {
+  data::Font& font = fonts_[row.code];
+  font.name = row.family->currentText().toStdString();
+  font.size = settings::ParseInt16(row.size->currentText().toStdString());
+  ini_.Write("Fonts", font.entry, font.name + "," + std::to_string(font.size));
+}
+
+void frmMapSett::Confirm() {
+  if (ui_->optCentOth->isChecked() && TypedMeridian() > kFarthestMeridian) {
+    boxes_.Show(settings::BoxIcon::kExclamation, "The value cannot be larger than 180");
+    ui_->txtCentOth->setFocus();
+    return;
+  }
+  StoreCentre();
+  for (const FontRow& row : fontRows_)
+    StoreFont(row);
+  accept();
+}
+
+}  // namespace zerbal::dialogs

@@ -1,0 +1,53 @@
+// The dialog of the world view's centre and the map's fonts.
+#pragma once
+
+#include <memory>
+
+#include "data/reference_tables.h"
+#include "dialogs/placed_dialog.h"
+
+class QComboBox;
+class QLabel;
+
+namespace Ui {
+class frmMapSett;
+}
+
+namespace zerbal::dialogs {
+
+/// OK stores the choices in the tables and in the settings file. The world row of the regions is computed
+/// anew; the current view stays.
+class frmMapSett final : public PlacedDialog {
+  Q_OBJECT
+
+ public:
+  frmMapSett(const Placement& placement, data::RegionTable& regions, data::FontTable& fonts,
+             settings::MessageBoxes& boxes);
+  ~frmMapSett() override;
+
+ private:
+  /// The controls of one font.
+  struct FontRow {
+    data::FontCode code;
+    QComboBox* family;
+    QComboBox* size;
+    QLabel* preview;
+  };
+
+  void FillCentre();
+  void FillFont(const FontRow& row);
+  static void UpdatePreview(const FontRow& row);
+  double TypedMeridian() const;
+  void StoreCentre();
+  void StoreFont(const FontRow& row);
+  void Confirm();
+
+  std::unique_ptr<Ui::frmMapSett> ui_;
+  settings::IniFile& ini_;
+  data::RegionTable& regions_;
+  data::FontTable& fonts_;
+  settings::MessageBoxes& boxes_;
+  std::array<FontRow, data::kFontCount> fontRows_;
+};
+
+}  // namespace zerbal::dialogs

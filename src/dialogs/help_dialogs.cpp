@@ -1,0 +1,52 @@
+#include "dialogs/help_dialogs.h"
+
+#include <QIcon>
+
+#include "ui_frm_help_info.h"
+#include "ui_frm_help_mous.h"
+#include "ui_frm_help_rev.h"
+
+namespace zerbal::dialogs {
+namespace {
+
+constexpr char kVersion[] = "1.100";
+constexpr int kLogoSize = 96;
+
+}  // namespace
+
+frmHelpRev::frmHelpRev(const Placement& placement, settings::IniValues& values,
+                       const std::filesystem::path& revisionFile)
+    : PlacedDialog(placement, "HelpRevision") {
+  Ui::frmHelpRev ui;
+  ui.setupUi(this);
+  const std::pair<const char*, QLineEdit*> rows[] = {{"RevZBLAll", ui.txtZBLAll},
+                                                     {"RevSchdMain", ui.txtSchdMain},
+                                                     {"RevSchdFSrv", ui.txtSchdFSrv},
+                                                     {"RevStemAprt", ui.txtStemAprt},
+                                                     {"RevZBLData", ui.txtZBLData}};
+  constexpr char kUnknown[] = "Unknown";
+  for (const auto& [key, box] : rows) {
+    const auto value = values.ReadIniValue(revisionFile, "RevZBL", key, kUnknown);
+    box->setText(QString::fromStdString(value.value_or(kUnknown)));
+    box->setCursorPosition(0);
+  }
+  connect(ui.cmdOK, &QPushButton::clicked, this, &QDialog::accept);
+}
+
+frmHelpMous::frmHelpMous(const Placement& placement) : PlacedDialog(placement, "HelpUseOfMouse") {
+  Ui::frmHelpMous ui;
+  ui.setupUi(this);
+  connect(ui.cmdOK, &QPushButton::clicked, this, &QDialog::accept);
+}
+
+frmHelpInfo::frmHelpInfo(const Placement& placement) : PlacedDialog(placement, "HelpInfo") {
+  Ui::frmHelpInfo ui;
+  ui.setupUi(this);
+  ui.imgLogo->setPixmap(QIcon(":/dialogs/logo.svg").pixmap(QSize(kLogoSize, kLogoSize), devicePixelRatioF()));
+  ui.imgLogo->setAccessibleName(settings::kProgramTitle);
+  ui.lblTit->setText(settings::kProgramTitle);
+  ui.lblVers->setText(QStringLiteral("Version: ") + kVersion);
+  connect(ui.cmdOK, &QPushButton::clicked, this, &QDialog::accept);
+}
+
+}  // namespace zerbal::dialogs

@@ -1,0 +1,74 @@
+#include "dialogs/number_edit.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+
+#include "settings/value_text.h"
+
+namespace zerbal::dialogs {
+namespace {
+
+bool IsDigit(QChar c) {
+  return c >= u'0' && c <= u'9';
+}
+
+/// Characters are filtered; keys that write nothing (arrows, Tab, shortcuts) are not.
+bool WritesCharacter(const QKeyEvent& event) {
+  const QString text = event.text();
+  return !text.isEmpty() && text.front().isPrint() &&
+         !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier));
+}
+
+}  // namespace
+
+NumberEdit::NumberEdit(QWidget* parent) : QLineEdit("0", parent) {
+  setAlignment(Qt::AlignRight);
+  setInputMethodHints(Qt::ImhDigitsOnly);
+}
+
+std::int32_t NumberEdit::Number() const {
+  const QString trimmed = text().trimmed();
+  qsizetype digits = 0;
+  while (digits < trimmed.size() && IsDigit(trimmed[digits]))
+    ++digits;
+  return settings::ParseInt32(trimmed.left(digits).toStdString());
+}
+
+void NumberEdit::SetNumber(std::int32_t number) {
+  setText(QString::number(number));
+}
+
+void NumberEdit::keyPressEvent(QKeyEvent* event) {
+  if (WritesCharacter(*event) && !IsDigit(event->text().front())) {
+    QApplication::beep();
+    event->accept();
+    return;
+  }
+  QLineEdit::keyPressEvent(event);
+}
+
+void NumberEdit::focusInEvent(QFocusEvent* event) {
+  QLineEdit::focusInEvent(event);
+  // Coming back from a pop-up menu or another program is not a new visit.
+  if (event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason)
+    return;
+  selectAll();
+  // A click would put the cursor where it was and drop the selection.
+  selectOnRelease_ = event->reason() == Qt::MouseFocusReason;
+}
+
+void NumberEdit::focusOutEvent(QFocusEvent* event) {
+  if (text().isEmpty())
+    setText("0");
+  selectOnRelease_ = false;
+  QLineEdit::focusOutEvent(event);
+}
+
+void NumberEdit::mouseReleaseEvent(QMouseEvent* event) {
+  QLineEdit::mouseReleaseEvent(event);
+  if (selectOnRelease_ && !hasSelectedText())
+    selectAll();
+  selectOnRelease_ = false;
+}
+
+}  // namespace zerbal::dialogs

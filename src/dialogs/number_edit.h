@@ -1,0 +1,31 @@
+// The text box of every whole number that is typed into a dialog.
+#pragma once
+
+#include <QLineEdit>
+#include <cstdint>
+
+namespace zerbal::dialogs {
+
+/// Takes the digits and Backspace only (any other character is refused with a beep), selects all its text
+/// when it gets the focus, and turns an empty text into "0" when it loses it. Pasted text is not filtered.
+class NumberEdit final : public QLineEdit {
+  Q_OBJECT
+
+ public:
+  explicit NumberEdit(QWidget* parent = nullptr);
+
+  /// The digits up to the first other character, 0 when there are none; limited to 32 bits.
+  std::int32_t Number() const;
+  void SetNumber(std::int32_t number);
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+
+ private:
+  bool selectOnRelease_ = false;
+};
+
+}  // namespace zerbal::dialogs
