@@ -1,1 +1,50 @@
 #include "settings/profile_file.h"
+
+#include <exception>
+
+#include "settings/file_steps.h"
+#include "settings/profile_text.h"
+
+namespace zerbal::settings {
+namespace {
+
+std::string Cut(std::string_view text, std::size_t size) {
+  return std::string(text.substr(0, size > 0 ? size - 1 : 0));
+}
+
+std::string_view WithoutTrailingSpaces(std::string_view text) {
+  const std::size_t last = text.find_last_not_of(' ');
+  return text.substr(0, last == std::string_view::npos ? 0 : last + 1);
+}
+
+}  // namespace
+
+std::string ReadProfileString(const std::filesystem::path& file, std::string_view section,
+                              std::string_view key, std::string_view fallback, std::size_t size) {
+  try {
+    if (const auto bytes = ReadWholeFile(file, SystemFileSteps())) {
+      if (const auto value = FindProfileValue(*bytes, section, key))
+        return Cut(*value, size);
+    }
+  } catch (const std::exception&) {
+    // A file too large for the memory is one that cannot be read.
+  }
+  return Cut(WithoutTrailingSpaces(fallback), size);
+}
+
+bool WriteProfileString(const std::filesystem::path& file, std::string_view section, std::string_view key,
+                        std::string_view value) {
+  return WriteProfileString(file, section, key, value, SystemFileSteps());
+}
+
+bool WriteProfileString(const std::filesystem::path& file, std::string_view section, std::string_view key,
+                        std::string_view value, FileSteps& steps) {
+  try {
+    return ChangeWholeFile(
+        file, [&](const std::string& old) { return WithProfileValue(old, section, key, value); }, steps);
+  } catch (const std::exception&) {
+    return false;
+  }
+}
+
+}  // namespace zerbal::settings

@@ -10,6 +10,8 @@
 
 namespace zerbal::settings {
 
+class FileSteps;
+
 /// The value of `key` in `section`, at most `size` - 1 characters of it; `fallback` without its trailing
 /// spaces, cut likewise, when file, section or key is missing. Names match without regard to ASCII letter
 /// case. A pair of quotation marks around the value is removed. Never changes anything and never throws.
@@ -20,5 +22,9 @@ std::string ReadProfileString(const std::filesystem::path& file, std::string_vie
 /// is replaced as a whole or not at all; a missing file is created. False when it could not be written.
 bool WriteProfileString(const std::filesystem::path& file, std::string_view section, std::string_view key,
                         std::string_view value);
+
+/// The same with the file calls in the caller's hand.
+bool WriteProfileString(const std::filesystem::path& file, std::string_view section, std::string_view key,
+                        std::string_view value, FileSteps& steps);
 
 }  // namespace zerbal::settings

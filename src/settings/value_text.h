@@ -24,4 +24,7 @@ std::int32_t ParseInt32(std::string_view text);
 /// same.
 std::string NumberText(double value);
 
+/// The same for a single-precision value: 12.3 is written so, not with the digits of its double.
+std::string SingleText(float value);
+
 }  // namespace zerbal::settings

@@ -1,0 +1,42 @@
+#include "settings/ini_values.h"
+
+#include <cstddef>
+
+#include "settings/code_page.h"
+#include "settings/profile_file.h"
+
+namespace zerbal::settings {
+namespace {
+
+/// Asked as the default; a key holding just this character behaves as missing.
+constexpr char kMissing[] = "\xFF";
+constexpr std::size_t kBufferSize = 2000;
+
+}  // namespace
+
+std::optional<std::string> IniValues::ReadIniValue(const std::filesystem::path& file,
+                                                   std::string_view section, std::string_view key,
+                                                   std::optional<std::string_view> fallback) {
+  const std::string answer =
+      ReadProfileString(file, ToCodePage1252(section), ToCodePage1252(key), kMissing, kBufferSize);
+  if (answer != kMissing)
+    return FromCodePage1252(answer);
+  if (!fallback || !WriteIniValue(file, section, key, *fallback))
+    return std::nullopt;
+  return std::string(*fallback);
+}
+
+bool IniValues::WriteIniValue(const std::filesystem::path& file, std::string_view section,
+                              std::string_view key, std::string_view value) {
+  if (WriteProfileString(file, ToCodePage1252(section), ToCodePage1252(key), ToCodePage1252(value)))
+    return true;
+  std::string text = "Error during the writing in the file '";
+  text.append(file.string()).append("'.").append(NL);
+  text.append("Section = '").append(section).append("', ");
+  text.append("Entry = '").append(key).append("', ");
+  text.append("Value = '").append(value).append("'");
+  boxes_.Show(BoxIcon::kExclamation, text);
+  return false;
+}
+
+}  // namespace zerbal::settings

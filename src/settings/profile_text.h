@@ -1,0 +1,23 @@
+// The bytes of a sectioned settings file: how a value is found in them and how they change when one is
+// written. No file is touched here; texts are single bytes.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace zerbal::settings {
+
+/// The value of `key` in the first section named `section`, without the blanks and the one pair of quotation
+/// marks around it; nullopt when there is no such section or key. Names match without regard to ASCII letter
+/// case; spaces around the asked names mean nothing. The view points into `bytes`.
+std::optional<std::string_view> FindProfileValue(std::string_view bytes, std::string_view section,
+                                                 std::string_view key);
+
+/// `bytes` with the value set: the line of the key that FindProfileValue sees is replaced in its place, or a
+/// line is added below the section's last key, or a new section at the end. Every other byte stays; the lines
+/// written end with CR LF.
+std::string WithProfileValue(std::string_view bytes, std::string_view section, std::string_view key,
+                             std::string_view value);
+
+}  // namespace zerbal::settings

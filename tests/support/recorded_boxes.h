@@ -1,0 +1,23 @@
+// Message boxes that nobody has to press away: they are kept for the test to look at.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "settings/message_boxes.h"
+
+namespace zerbal::test {
+
+struct RecordedBox {
+  settings::BoxIcon icon = settings::BoxIcon::kNone;
+  std::string text;
+  bool operator==(const RecordedBox&) const = default;
+};
+
+class RecordedBoxes : public settings::MessageBoxes {
+ public:
+  void Show(settings::BoxIcon icon, const std::string& text) override { shown.push_back({icon, text}); }
+  std::vector<RecordedBox> shown;
+};
+
+}  // namespace zerbal::test

@@ -1,0 +1,53 @@
+// A folder of its own for a test, gone afterwards.
+#pragma once
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+#include <stdlib.h>
+
+namespace zerbal::test {
+
+/// Its name holds blanks and a letter outside ASCII on purpose.
+class TempFolder {
+ public:
+  TempFolder() {
+    std::string name = (std::filesystem::temp_directory_path() / "zerbal test \xC3\xBC XXXXXX").string();
+    if (::mkdtemp(name.data()) == nullptr)
+      throw std::runtime_error("no temporary folder");
+    path_ = name;
+  }
+  TempFolder(const TempFolder&) = delete;
+  TempFolder& operator=(const TempFolder&) = delete;
+  ~TempFolder() {
+    std::error_code error;
+    std::filesystem::permissions(path_, std::filesystem::perms::owner_all, error);
+    std::filesystem::remove_all(path_, error);
+  }
+
+  const std::filesystem::path& Path() const { return path_; }
+  std::filesystem::path operator/(const std::filesystem::path& name) const { return path_ / name; }
+
+ private:
+  std::filesystem::path path_;
+};
+
+inline void WriteBytes(const std::filesystem::path& file, std::string_view bytes) {
+  std::ofstream stream(file, std::ios::binary);
+  stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  if (!stream.flush())
+    throw std::runtime_error("cannot write " + file.string());
+}
+
+inline std::string ReadBytes(const std::filesystem::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  if (!stream)
+    throw std::runtime_error("cannot read " + file.string());
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+}  // namespace zerbal::test
