@@ -1,0 +1,134 @@
+// Settings files of any bytes: read a value, write one, read it back; every other line stays as it was.
+// An input is section, key and value, each ended by a NUL, then the bytes of the file.
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "settings/code_page.h"
+#include "settings/profile_text.h"
+#include "settings/value_text.h"
+
+namespace {
+
+using zerbal::settings::FindProfileValue;
+using zerbal::settings::WithProfileValue;
+
+void Require(bool condition, const char* what) {
+  if (condition)
+    return;
+  std::fprintf(stderr, "broken: %s\n", what);
+  std::abort();
+}
+
+std::string_view TakeText(std::string_view& input) {
+  const std::size_t end = input.find('\0');
+  const std::string_view text = input.substr(0, end);
+  input.remove_prefix(end == std::string_view::npos ? input.size() : end + 1);
+  return text;
+}
+
+bool StaysInItsLine(std::string_view text) {
+  return text.find_first_of("\r\n") == std::string_view::npos;
+}
+
+std::string_view Trimmed(std::string_view text) {
+  while (!text.empty() && std::string_view(" \t\v").find(text.front()) != std::string_view::npos)
+    text.remove_prefix(1);
+  while (!text.empty() && std::string_view(" \t\v").find(text.back()) != std::string_view::npos)
+    text.remove_suffix(1);
+  return text;
+}
+
+std::string_view WithoutMarks(std::string_view value) {
+  if (value.size() >= 2 && (value.front() == '"' || value.front() == '\'') && value.back() == value.front())
+    return value.substr(1, value.size() - 2);
+  return value;
+}
+
+/// Names that a file can hold: not ended by what ends a name, and no header or comment themselves.
+bool NamesCanBeStored(std::string_view section, std::string_view key) {
+  return StaysInItsLine(section) && StaysInItsLine(key) && section.find(']') == std::string_view::npos &&
+         key.find('=') == std::string_view::npos && section.find_first_of("\t\v") == std::string_view::npos &&
+         key.find_first_of("\t\v") == std::string_view::npos && !Trimmed(key).starts_with('[') &&
+         !Trimmed(key).starts_with(';');
+}
+
+/// The lines with their ends.
+std::vector<std::string_view> SplitLines(std::string_view text) {
+  std::vector<std::string_view> lines;
+  std::size_t begin = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const bool pair = text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n';
+    if ((text[i] != '\n' && text[i] != '\r') || pair)
+      continue;
+    lines.push_back(text.substr(begin, i + 1 - begin));
+    begin = i + 1;
+  }
+  if (begin < text.size())
+    lines.push_back(text.substr(begin));
+  return lines;
+}
+
+bool HasEnd(std::string_view line) {
+  return line.ends_with('\n') || line.ends_with('\r');
+}
+
+/// The change is one line replaced by one line, or a key line, with a header above it or not, put between
+/// two lines, the upper one of which may have got the line end that it lacked.
+void RequireOneChange(std::string_view before, std::string_view after, bool replaced) {
+  std::vector<std::string_view> old = SplitLines(before);
+  std::vector<std::string_view> now = SplitLines(after);
+  while (!old.empty() && !now.empty() && old.back() == now.back()) {
+    old.pop_back();
+    now.pop_back();
+  }
+  const auto [oldRest, nowRest] = std::mismatch(old.begin(), old.end(), now.begin(), now.end());
+  const auto removed = old.end() - oldRest;
+  const auto added = now.end() - nowRest;
+  if (replaced) {
+    Require(removed <= 1 && added == removed, "more than the key's line changed");
+    return;
+  }
+  const bool ended = removed == 1 && !HasEnd(*oldRest) && *nowRest == std::string(*oldRest) + "\r\n";
+  const auto more = added - (ended ? 1 : 0);
+  Require(removed == (ended ? 1 : 0) && more >= 1 && more <= 2, "other lines changed");
+}
+
+void CheckWriting(std::string_view file, std::string_view section, std::string_view key,
+                  std::string_view value) {
+  const bool replaced = FindProfileValue(file, section, key).has_value();
+  const std::string after = WithProfileValue(file, section, key, value);
+  if (!NamesCanBeStored(section, key) || !StaysInItsLine(value))
+    return;
+  const auto found = FindProfileValue(after, section, key);
+  Require(found.has_value(), "a written key is missing");
+  Require(*found == WithoutMarks(Trimmed(value)), "a written value reads differently");
+  RequireOneChange(file, after, replaced);
+  Require(WithProfileValue(after, section, key, value) == after, "writing the same again changed something");
+}
+
+void CheckTexts(std::string_view text) {
+  using namespace zerbal::settings;
+  Require(ToCodePage1252(FromCodePage1252(text)) == text, "bytes changed on the way there and back");
+  Require(ToCodePage1252(text).size() <= text.size(), "more bytes than there were");
+  const double number = ParseNumber(text);
+  Require(ParseNumber(NumberText(number)) == number, "a number reads back differently");
+  Require(SplitList(text, 3, ",").size() == 4, "the number of fields");
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  std::string_view input(reinterpret_cast<const char*>(data), size);
+  const std::string_view section = TakeText(input);
+  const std::string_view key = TakeText(input);
+  const std::string_view value = TakeText(input);
+  CheckWriting(input, section, key, value);
+  CheckTexts(value);
+  return 0;
+}
