@@ -12,9 +12,9 @@
 
 namespace zerbal::jet {
 
-class FilePages;  // the mapped file: every page number goes through it
+struct DatabaseState;  // the mapped file and its catalog
+struct FileImage;      // the bytes of a file
 class Recordset;
-class TableDefinition;
 
 enum class Format { kJet3, kJet4 };
 
@@ -30,6 +30,9 @@ class Database {
   /// Opens `file`. Throws EngineError when it is missing, cut short, encrypted, foreign or damaged.
   static Database Open(const std::filesystem::path& file, const OpenOptions& options = {});
 
+  /// The same for a file whose bytes are in memory; `name` stands for it in messages.
+  static Database FromImage(FileImage image, std::string name, const OpenOptions& options = {});
+
   Format FileFormat() const;
   const std::string& FileName() const;  ///< as opened, for messages
 
@@ -42,10 +45,8 @@ class Database {
   Recordset OpenTable(std::string_view name) const;
 
  private:
-  friend class Recordset;
-  struct Shared;
-  explicit Database(std::shared_ptr<const Shared> shared);
-  std::shared_ptr<const Shared> shared_;
+  explicit Database(std::shared_ptr<const DatabaseState> state);
+  std::shared_ptr<const DatabaseState> state_;
 };
 
 }  // namespace zerbal::jet

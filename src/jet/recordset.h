@@ -14,6 +14,7 @@
 namespace zerbal::jet {
 
 class Database;
+class TableCursor;  // what a recordset and its fields stand on
 
 /// One column of the current row. A light handle: valid until its Recordset moves.
 /// Conversions: whole numbers round to nearest, ties to even; texts holding nothing but a number convert too.
@@ -46,8 +47,7 @@ class Field {
 
  private:
   friend class Recordset;
-  struct View;
-  const class TableCursor* cursor_ = nullptr;
+  const TableCursor* cursor_ = nullptr;
   int column_ = 0;
 };
 
@@ -88,8 +88,8 @@ class Recordset {
  private:
   friend class Database;
   friend class PairReader;
-  explicit Recordset(std::unique_ptr<class TableCursor> cursor);
-  std::unique_ptr<class TableCursor> cursor_;
+  explicit Recordset(std::unique_ptr<TableCursor> cursor);
+  std::unique_ptr<TableCursor> cursor_;
 };
 
 }  // namespace zerbal::jet

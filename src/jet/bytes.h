@@ -1,0 +1,70 @@
+// Reading numbers out of the bytes of a file. Nothing in the engine looks into a file but through a ByteView.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace zerbal::jet {
+
+/// What is wrong in a file, in words. Thrown by everything below Database and Recordset, which know the
+/// names of file and table and make an EngineError of it.
+class Damage : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+[[noreturn]] void ThrowOutside();  ///< Damage: something points outside its page or row
+
+// Numbers from unaligned bytes; "Be" is the big-endian order used inside index entries.
+inline std::uint16_t LoadU16(const std::uint8_t* at) {
+  return static_cast<std::uint16_t>(at[0] | at[1] << 8);
+}
+inline std::uint32_t LoadU32(const std::uint8_t* at) {
+  return std::uint32_t{at[0]} | std::uint32_t{at[1]} << 8 | std::uint32_t{at[2]} << 16 |
+         std::uint32_t{at[3]} << 24;
+}
+inline std::uint64_t LoadU64(const std::uint8_t* at) {
+  return LoadU32(at) | static_cast<std::uint64_t>(LoadU32(at + 4)) << 32;
+}
+inline std::uint32_t LoadU32Be(const std::uint8_t* at) {
+  return std::uint32_t{at[0]} << 24 | std::uint32_t{at[1]} << 16 | std::uint32_t{at[2]} << 8 |
+         std::uint32_t{at[3]};
+}
+
+/// A run of bytes that belongs to somebody else. Reading outside of it throws Damage.
+class ByteView {
+ public:
+  ByteView() = default;
+  ByteView(const std::uint8_t* data, std::size_t size) : data_(data), size_(size) {}
+
+  const std::uint8_t* Data() const { return data_; }
+  std::size_t Size() const { return size_; }
+  bool Empty() const { return size_ == 0; }
+
+  std::uint8_t U8(std::size_t at) const { return *Checked(at, 1); }
+  std::uint16_t U16(std::size_t at) const { return LoadU16(Checked(at, 2)); }
+  std::uint32_t U32(std::size_t at) const { return LoadU32(Checked(at, 4)); }
+  std::uint64_t U64(std::size_t at) const { return LoadU64(Checked(at, 8)); }
+
+  ByteView Sub(std::size_t at, std::size_t size) const { return {Checked(at, size), size}; }
+  ByteView From(std::size_t at) const {
+    const std::uint8_t* start = Checked(at, 0);
+    return {start, size_ - at};
+  }
+  std::string_view Chars() const { return {reinterpret_cast<const char*>(data_), size_}; }
+
+ private:
+  const std::uint8_t* Checked(std::size_t at, std::size_t size) const {
+    if (at > size_ || size > size_ - at)
+      ThrowOutside();
+    return data_ + at;
+  }
+
+  const std::uint8_t* data_ = nullptr;
+  std::size_t size_ = 0;
+};
+
+}  // namespace zerbal::jet

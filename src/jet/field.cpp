@@ -1,0 +1,189 @@
+#include <cmath>
+#include <limits>
+#include <optional>
+
+#include "jet/field_value.h"
+#include "jet/long_value.h"
+#include "jet/recordset.h"
+#include "jet/table_cursor.h"
+#include "jet/text.h"
+#include "jet/value_text.h"
+
+namespace zerbal::jet {
+namespace {
+
+bool HoldsLongValue(ColumnType type) {
+  return type == ColumnType::kMemo || type == ColumnType::kOle;
+}
+
+/// Hands the value's bytes to `use`, long values put together.
+template <class Use>
+void WithBytes(const TableCursor& cursor, int column, ByteView stored, Use&& use) {
+  if (!HoldsLongValue(cursor.Column(column).type)) {
+    use(stored);
+    return;
+  }
+  const LongValue value(cursor.Pages(), stored, cursor.SharedDatabase()->options.maxLongValue);
+  if (const std::optional<ByteView> bytes = value.InPlace()) {
+    use(*bytes);
+  } else {
+    const std::vector<std::uint8_t> copy = value.Copy();
+    use(ByteView(copy.data(), copy.size()));
+  }
+}
+
+[[noreturn]] void Refuse(const TableCursor& cursor, int column, ConversionError::Cause cause,
+                         std::string_view what) {
+  throw ConversionError(cause, cursor.SharedDatabase()->fileName, cursor.Table().name,
+                        "field '" + cursor.Column(column).name + "' " + std::string(what));
+}
+
+[[noreturn]] void RefuseRange(const TableCursor& cursor, int column) {
+  Refuse(cursor, column, ConversionError::Cause::kRange, "holds a number out of range");
+}
+
+/// The number in a text field; blanks around it do not matter.
+std::optional<Number> NumberInText(const TableCursor& cursor, int column) {
+  std::string text;
+  AppendText(cursor, column, text);
+  const std::size_t first = text.find_first_not_of(' ');
+  if (first == std::string::npos)
+    return std::nullopt;
+  return ParseNumber(std::string_view(text).substr(first, text.find_last_not_of(' ') - first + 1));
+}
+
+Number ReadNumber(const TableCursor& cursor, int column) {
+  const ColumnInfo& info = cursor.Column(column);
+  if (info.type == ColumnType::kBoolean)
+    return Number::Of(std::int64_t{cursor.Has(column)});
+  const std::optional<ByteView> value = cursor.Value(column);
+  if (!value)
+    Refuse(cursor, column, ConversionError::Cause::kNull, "is Null");
+  const bool isText = info.type == ColumnType::kText || info.type == ColumnType::kMemo;
+  const std::optional<Number> number = isText ? NumberInText(cursor, column) : NumberOf(info, *value);
+  if (!number)
+    Refuse(cursor, column, ConversionError::Cause::kNotANumber, "holds no number");
+  return *number;
+}
+
+/// The value as a whole number of type Whole, rounded to nearest, ties to even.
+template <class Whole>
+Whole ReadWhole(const TableCursor& cursor, int column) {
+  return cursor.Guarded([&] {
+    constexpr std::int64_t kLeast = std::numeric_limits<Whole>::min();
+    constexpr std::int64_t kMost = std::numeric_limits<Whole>::max();
+    const Number number = ReadNumber(cursor, column);
+    std::int64_t whole = number.integer;
+    if (!number.whole) {
+      const double rounded = std::nearbyint(number.real);
+      if (!(rounded >= static_cast<double>(kLeast) && rounded <= static_cast<double>(kMost)))
+        RefuseRange(cursor, column);
+      whole = static_cast<std::int64_t>(rounded);
+    }
+    if (whole < kLeast || whole > kMost)
+      RefuseRange(cursor, column);
+    return static_cast<Whole>(whole);
+  });
+}
+
+}  // namespace
+
+bool IsNull(const TableCursor& cursor, int column) {
+  if (cursor.Column(column).type == ColumnType::kBoolean)
+    return false;
+  return !cursor.Value(column).has_value();
+}
+
+void AppendText(const TableCursor& cursor, int column, std::string& out) {
+  const ColumnInfo& info = cursor.Column(column);
+  if (info.type == ColumnType::kBoolean) {
+    out += cursor.Has(column) ? '1' : '0';
+    return;
+  }
+  const std::optional<ByteView> value = cursor.Value(column);
+  if (!value)
+    return;
+  WithBytes(cursor, column, *value, [&](ByteView bytes) {
+    if (info.type == ColumnType::kText || info.type == ColumnType::kMemo)
+      AppendStoredText(bytes, cursor.Pages().IsJet3(), out);
+    else
+      AppendValue(info, bytes, out);
+  });
+}
+
+bool Field::IsNull() const {
+  return cursor_->Guarded([this] { return jet::IsNull(*cursor_, column_); });
+}
+
+std::string Field::AsText() const {
+  std::string text;
+  AppendText(text);
+  return text;
+}
+
+void Field::AppendText(std::string& out) const {
+  cursor_->Guarded([&] { jet::AppendText(*cursor_, column_, out); });
+}
+
+bool Field::EqualsText(std::string_view text) const {
+  return cursor_->Guarded([&] {
+    const ColumnType type = Column().type;
+    if (type == ColumnType::kText || type == ColumnType::kMemo)
+      return cursor_->StoredTextIs(column_, text);
+    std::string own;
+    jet::AppendText(*cursor_, column_, own);
+    return !jet::IsNull(*cursor_, column_) && own == text;
+  });
+}
+
+std::uint8_t Field::AsByte() const {
+  return ReadWhole<std::uint8_t>(*cursor_, column_);
+}
+std::int16_t Field::AsInteger() const {
+  return ReadWhole<std::int16_t>(*cursor_, column_);
+}
+std::int32_t Field::AsLong() const {
+  return ReadWhole<std::int32_t>(*cursor_, column_);
+}
+
+float Field::AsSingle() const {
+  return cursor_->Guarded([this] {
+    const double value = ReadNumber(*cursor_, column_).real;
+    const auto single = static_cast<float>(value);
+    if (std::isinf(single) && (std::isfinite(value) || Column().type == ColumnType::kText))
+      RefuseRange(*cursor_, column_);
+    return single;
+  });
+}
+
+double Field::AsDouble() const {
+  return cursor_->Guarded([this] {
+    const double value = ReadNumber(*cursor_, column_).real;
+    if (std::isinf(value) && Column().type == ColumnType::kText)
+      RefuseRange(*cursor_, column_);
+    return value;
+  });
+}
+
+bool Field::AsBoolean() const {
+  return cursor_->Guarded([this] { return ReadNumber(*cursor_, column_).real != 0; });
+}
+
+std::vector<std::uint8_t> Field::AsBytes() const {
+  return cursor_->Guarded([this] {
+    std::vector<std::uint8_t> copy;
+    if (Column().type == ColumnType::kBoolean)
+      return copy;
+    if (const std::optional<ByteView> value = cursor_->Value(column_)) {
+      WithBytes(*cursor_, column_, *value,
+                [&copy](ByteView bytes) { copy.assign(bytes.Data(), bytes.Data() + bytes.Size()); });
+    }
+    return copy;
+  });
+}
+
+const ColumnInfo& Field::Column() const {
+  return cursor_->Column(column_);
+}
+
+}  // namespace zerbal::jet

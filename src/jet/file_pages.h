@@ -1,0 +1,71 @@
+// The file as a sequence of pages. Every page number in the engine goes through FilePages::Page.
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <utility>
+
+#include "jet/bytes.h"
+#include "jet/file_header.h"
+#include "jet/file_image.h"
+
+namespace zerbal::jet {
+
+/// What the first byte of a page says.
+enum class PageKind : std::uint8_t {
+  kData = 1,
+  kTableDefinition = 2,
+  kIndexNode = 3,
+  kIndexLeaf = 4,
+  kUsageMap = 5,
+};
+
+class FilePages {
+ public:
+  /// Reads the header. Throws Damage when this is no file that can be read.
+  explicit FilePages(FileImage image)
+      : image_(std::move(image)),
+        header_(ReadFileHeader(image_.bytes)),
+        pageSize_(PageSizeOf(header_.format)),
+        pageCount_(static_cast<std::uint32_t>(
+            image_.bytes.Size() / pageSize_ < kMostPages ? image_.bytes.Size() / pageSize_ : kMostPages)) {}
+
+  const FileHeader& Header() const { return header_; }
+  bool IsJet3() const { return header_.format == Format::kJet3; }
+  std::size_t PageSize() const { return pageSize_; }
+  std::uint32_t PageCount() const { return pageCount_; }  ///< complete pages, the header included
+  std::size_t FileSize() const { return image_.bytes.Size(); }
+
+  bool IsPage(std::uint32_t number) const { return number >= 1 && number < pageCount_; }
+
+  /// Throws Damage when there is no such page. Page 0, the header, is nobody's target.
+  ByteView Page(std::uint32_t number) const {
+    if (!IsPage(number))
+      ThrowNoPage(number);
+    return {image_.bytes.Data() + std::size_t{number} * pageSize_, pageSize_};
+  }
+
+  /// Page `number`, which must be of the given kind.
+  ByteView Page(std::uint32_t number, PageKind kind) const {
+    const ByteView page = Page(number);
+    if (page.Data()[0] != static_cast<std::uint8_t>(kind))
+      ThrowWrongKind(number, kind);
+    return page;
+  }
+
+  /// Somebody cut the file while it was open: what was read since may be zeros.
+  bool Shrunk() const { return image_.shrunk->load(std::memory_order_relaxed); }
+
+ private:
+  static constexpr std::uint32_t kMostPages = 1u << 24;  ///< page numbers have three bytes
+
+  [[noreturn]] void ThrowNoPage(std::uint32_t number) const;
+  [[noreturn]] static void ThrowWrongKind(std::uint32_t number, PageKind kind);
+
+  FileImage image_;
+  FileHeader header_;
+  std::size_t pageSize_;
+  std::uint32_t pageCount_;
+};
+
+}  // namespace zerbal::jet

@@ -1,0 +1,194 @@
+#include "jet/pair_reader.h"
+
+#include <exception>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "jet/recordset.h"
+#include "jet/row_walk.h"
+#include "jet/table_cursor.h"
+
+namespace zerbal::jet {
+namespace {
+
+bool IsFixedLong(const ColumnInfo& column, const ColumnPlace& place) {
+  return column.type == ColumnType::kLong && column.fixed && place.fixedLength == 4;
+}
+
+/// Where the two values are in a row of a given length and count of columns. Rows of a table without variable
+/// columns nearly all have the same outline, so that it need be worked out only once.
+struct Outline {
+  std::size_t rowLength = 0;
+  unsigned columnCount = ~0u;
+  std::size_t first = 0;  ///< offsets from the row's beginning
+  std::size_t second = 0;
+  std::size_t firstMask = 0;
+  std::size_t secondMask = 0;
+  std::uint8_t firstBit = 0;
+  std::uint8_t secondBit = 0;
+};
+
+}  // namespace
+
+struct PairReader::State {
+  State(const TableCursor& source, int first, int second)
+      : database(source.SharedDatabase()),
+        table(source.SharedTable()),
+        firstColumn(static_cast<std::size_t>(first)),
+        secondColumn(static_cast<std::size_t>(second)) {
+    const bool plain = !table->hasVariableColumns &&
+                       IsFixedLong(table->columns[firstColumn], table->places[firstColumn]) &&
+                       IsFixedLong(table->columns[secondColumn], table->places[secondColumn]);
+    if (plain)
+      owned = UsageMap(database->pages, table->ownedPages);
+    else
+      rows.emplace(Recordset(std::make_unique<TableCursor>(database, table)));
+  }
+
+  void ReadPages(std::span<LongPair> out, std::size_t& count);
+  void ReadRowsOfPage(std::span<LongPair> out, std::size_t& count);
+  LongPair ReadRow(const std::uint8_t* row, std::size_t length);
+  void Learn(ByteView row);
+  void Convert(std::span<LongPair> out, std::size_t& count);
+  [[noreturn]] void RefuseNull(std::size_t column) const;
+
+  std::shared_ptr<const DatabaseState> database;
+  std::shared_ptr<const TableDefinition> table;
+  std::size_t firstColumn;
+  std::size_t secondColumn;
+  std::exception_ptr failure;  ///< thrown by the next Read
+
+  // Both columns are fixed Longs: rows are decoded in place.
+  UsageMap owned;
+  std::uint32_t pageNumber = 0;
+  DataPage page;
+  unsigned nextRow = 0;
+  Outline outline;
+
+  // Otherwise: every row is converted.
+  std::optional<Recordset> rows;
+};
+
+void PairReader::State::ReadPages(std::span<LongPair> out, std::size_t& count) {
+  while (count < out.size()) {
+    if (nextRow < page.RowCount()) {
+      ReadRowsOfPage(out, count);
+      continue;
+    }
+    const std::uint32_t next = owned.Next(pageNumber);
+    if (next == 0)
+      return;
+    page = TablePage(database->pages, next, table->page);
+    pageNumber = next;
+    nextRow = 0;
+  }
+}
+
+void PairReader::State::ReadRowsOfPage(std::span<LongPair> out, std::size_t& count) {
+  const ByteView bytes = page.Bytes();
+  const std::uint8_t* directory = page.Directory();
+  const std::size_t directoryEnd = page.DirectoryEnd();
+  const unsigned rowCount = page.RowCount();
+  std::size_t end = nextRow == 0 ? bytes.Size() : LoadU16(directory + 2 * (nextRow - 1)) & 0x1FFFu;
+  for (; nextRow < rowCount && count < out.size(); ++nextRow) {
+    const std::uint16_t entry = LoadU16(directory + 2 * nextRow);
+    const std::size_t start = entry & 0x1FFFu;
+    if ((entry & DataPage::kHidden) == 0) {
+      if ((entry & DataPage::kMoved) != 0) {
+        const ByteView moved = FollowRow(database->pages, page, nextRow, table->page);
+        out[count] = ReadRow(moved.Data(), moved.Size());
+      } else {
+        if (start < directoryEnd || start > end || end > bytes.Size())
+          throw Damage("a row does not lie within its page");
+        out[count] = ReadRow(bytes.Data() + start, end - start);
+      }
+      ++count;
+    }
+    end = start;
+  }
+}
+
+inline LongPair PairReader::State::ReadRow(const std::uint8_t* row, std::size_t length) {
+  const bool jet3 = database->pages.IsJet3();
+  if (length != outline.rowLength || length < 2 || (jet3 ? row[0] : LoadU16(row)) != outline.columnCount)
+    Learn({row, length});
+  if ((row[outline.firstMask] & outline.firstBit) == 0)
+    RefuseNull(firstColumn);
+  if ((row[outline.secondMask] & outline.secondBit) == 0)
+    RefuseNull(secondColumn);
+  return {static_cast<std::int32_t>(LoadU32(row + outline.first)),
+          static_cast<std::int32_t>(LoadU32(row + outline.second))};
+}
+
+/// Works out the outline of `row`. Throws when it has no place for both values.
+void PairReader::State::Learn(ByteView row) {
+  outline = Outline();
+  const bool jet3 = database->pages.IsJet3();
+  const Row checked(row, jet3, false);
+  for (const std::size_t column : {firstColumn, secondColumn}) {
+    if (!checked.Value(table->columns[column], table->places[column]))
+      RefuseNull(column);
+  }
+  const ColumnPlace& a = table->places[firstColumn];
+  const ColumnPlace& b = table->places[secondColumn];
+  const std::size_t head = jet3 ? 1 : 2;
+  const unsigned columnCount = jet3 ? row.U8(0) : row.U16(0);
+  const std::size_t mask = row.Size() - (columnCount + 7u) / 8;
+  outline.rowLength = row.Size();
+  outline.columnCount = columnCount;
+  outline.first = head + a.fixedOffset;
+  outline.second = head + b.fixedOffset;
+  outline.firstMask = mask + a.number / 8u;
+  outline.secondMask = mask + b.number / 8u;
+  outline.firstBit = static_cast<std::uint8_t>(1u << a.number % 8);
+  outline.secondBit = static_cast<std::uint8_t>(1u << b.number % 8);
+}
+
+void PairReader::State::Convert(std::span<LongPair> out, std::size_t& count) {
+  const int first = static_cast<int>(firstColumn);
+  const int second = static_cast<int>(secondColumn);
+  while (count < out.size() && !rows->Eof()) {
+    out[count] = {rows->At(first).AsLong(), rows->At(second).AsLong()};
+    ++count;
+    rows->MoveNext();
+  }
+}
+
+void PairReader::State::RefuseNull(std::size_t column) const {
+  throw ConversionError(ConversionError::Cause::kNull, database->fileName, table->name,
+                        "field '" + table->columns[column].name + "' is Null");
+}
+
+PairReader::PairReader(const Recordset& table, std::string_view firstColumn, std::string_view secondColumn) {
+  const int first = table.FieldIndex(firstColumn);
+  const int second = table.FieldIndex(secondColumn);
+  const TableCursor& cursor = *table.cursor_;
+  state_ = cursor.Guarded([&] { return std::make_unique<State>(cursor, first, second); });
+}
+
+PairReader::PairReader(PairReader&&) noexcept = default;
+PairReader::~PairReader() = default;
+
+std::size_t PairReader::Read(std::span<LongPair> out) {
+  State& state = *state_;
+  if (state.failure)
+    std::rethrow_exception(state.failure);
+  std::size_t count = 0;
+  try {
+    state.database->Guarded(state.table->name, [&] {
+      if (state.rows)
+        state.Convert(out, count);
+      else
+        state.ReadPages(out, count);
+    });
+  } catch (const EngineError&) {
+    // The rows before the bad one come first, unless the file has gone from under them.
+    state.failure = std::current_exception();
+    if (count == 0 || state.database->pages.Shrunk())
+      throw;
+  }
+  return count;
+}
+
+}  // namespace zerbal::jet

@@ -1,0 +1,76 @@
+#include "jet/recordset.h"
+
+#include <string>
+#include <utility>
+
+#include "jet/table_cursor.h"
+
+namespace zerbal::jet {
+
+Recordset::Recordset(std::unique_ptr<TableCursor> cursor) : cursor_(std::move(cursor)) {}
+Recordset::Recordset(Recordset&&) noexcept = default;
+Recordset& Recordset::operator=(Recordset&&) noexcept = default;
+Recordset::~Recordset() = default;
+
+const std::string& Recordset::TableName() const {
+  return cursor_->Table().name;
+}
+const std::vector<ColumnInfo>& Recordset::Columns() const {
+  return cursor_->Table().columns;
+}
+const std::vector<IndexInfo>& Recordset::Indexes() const {
+  return cursor_->Table().indexes;
+}
+
+void Recordset::SetIndex(std::string_view name) {
+  cursor_->SetIndex(name);
+}
+void Recordset::Seek(std::string_view key) {
+  cursor_->Seek(key);
+}
+bool Recordset::NoMatch() const {
+  return cursor_->NoMatch();
+}
+void Recordset::MoveFirst() {
+  cursor_->MoveFirst();
+}
+void Recordset::MoveNext() {
+  cursor_->MoveNext();
+}
+void Recordset::MovePrevious() {
+  cursor_->MovePrevious();
+}
+bool Recordset::Eof() const {
+  return cursor_->Eof();
+}
+bool Recordset::Bof() const {
+  return cursor_->Bof();
+}
+
+std::optional<int> Recordset::FindField(std::string_view name) const {
+  return cursor_->FindField(name);
+}
+
+int Recordset::FieldIndex(std::string_view name) const {
+  const std::optional<int> index = cursor_->FindField(name);
+  if (!index)
+    cursor_->Fail("there is no field '" + std::string(name) + "'");
+  return *index;
+}
+
+Field Recordset::operator[](std::string_view name) const {
+  return At(FieldIndex(name));
+}
+
+Field Recordset::At(int fieldIndex) const {
+  if (!cursor_->OnRow())
+    cursor_->Fail("there is no current row");
+  if (fieldIndex < 0 || static_cast<std::size_t>(fieldIndex) >= Columns().size())
+    cursor_->Fail("there is no field number " + std::to_string(fieldIndex));
+  Field field;
+  field.cursor_ = cursor_.get();
+  field.column_ = fieldIndex;
+  return field;
+}
+
+}  // namespace zerbal::jet

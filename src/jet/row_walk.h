@@ -1,0 +1,43 @@
+// A place in the stored order of a table: ascending pages, on each page ascending rows.
+#pragma once
+
+#include <cstdint>
+
+#include "jet/bytes.h"
+#include "jet/data_page.h"
+#include "jet/file_pages.h"
+#include "jet/table_definition.h"
+#include "jet/usage_map.h"
+
+namespace zerbal::jet {
+
+class RowWalk {
+ public:
+  RowWalk() = default;
+  /// On no row.
+  RowWalk(const FilePages& pages, const TableDefinition& table);
+
+  // Each says whether there is such a row; when there is none the walk stays where it is.
+  bool MoveFirst();
+  bool MoveNext();
+  bool MovePrevious();
+
+  /// The bytes of the row, wherever it has moved.
+  ByteView RowBytes() const { return FollowRow(*pages_, page_, row_, owner_); }
+
+ private:
+  bool Find(std::uint32_t number, bool forward);
+  bool IsVisible(unsigned row) const { return (page_.Flags(row) & DataPage::kHidden) == 0; }
+
+  const FilePages* pages_ = nullptr;
+  std::uint32_t owner_ = 0;
+  UsageMap owned_;
+  std::uint32_t number_ = 0;  ///< of the current page
+  DataPage page_;
+  unsigned row_ = 0;
+};
+
+/// A data page of the table `owner`; throws Damage when it belongs to somebody else.
+DataPage TablePage(const FilePages& pages, std::uint32_t number, std::uint32_t owner);
+
+}  // namespace zerbal::jet
