@@ -8,6 +8,7 @@ namespace {
 
 constexpr int kFigureWidth = 56;
 constexpr int kFigureHeight = 20;
+constexpr int kGap = 12;
 
 QColor ToQColor(data::Rgb rgb) {
   return {rgb.red, rgb.green, rgb.blue};
@@ -18,6 +19,12 @@ QLabel* NewLabel(QWidget& parent, const QString& name, const QString& text) {
   label->setObjectName(name);
   label->setTextFormat(Qt::PlainText);
   return label;
+}
+
+void SetTextColour(QWidget& label, const QColor& colour) {
+  QPalette palette = label.palette();
+  palette.setColor(QPalette::WindowText, colour);
+  label.setPalette(palette);
 }
 
 Shape* NewShape(QWidget& parent, const QString& name, Shape::Kind kind, QSize size) {
@@ -44,7 +51,8 @@ std::vector<QString> ColourSample::ObjectCaptions() {
 ColourSample::ColourSample(QWidget& map, const data::FlightServiceTable& services)
     : map_(map), grid_(new QGridLayout(&map)) {
   grid_->setSizeConstraint(QLayout::SetNoConstraint);
-  grid_->setColumnStretch(1, 1);
+  grid_->setColumnStretch(2, 1);
+  grid_->setHorizontalSpacing(kGap);
   const std::vector<QString> captions = ObjectCaptions();
   rows_.emplace_back();  // the background has no figure of its own
   zoomBox_ = AddRow("shpMapZoomB", Shape::Kind::kInvertedFrame, "lblMapZoomB", captions[0]);
@@ -68,14 +76,17 @@ Shape* ColourSample::AddRow(const QString& shapeName, Shape::Kind kind, const QS
   Shape* shape = NewShape(map_, shapeName, kind, {kFigureWidth, kFigureHeight});
   QLabel* label = NewLabel(map_, labelName, caption);
   grid_->addWidget(shape, row, 0);
-  grid_->addWidget(label, row, 1);
+  grid_->addWidget(label, row, 1, 1, 2);
   rows_.push_back({{shape}, {label}});
   return shape;
 }
 
 void ColourSample::AddAirportRow(const QString& layer, const QString& labelName, const QString& caption) {
   AddRow("shpMap" + layer, Shape::Kind::kDisc, labelName, caption);
-  // The label that the map would put beside the marker.
+  // The label that the map would put beside the marker stands in the same line.
+  QLabel* name = rows_.back().labels.front();
+  grid_->removeWidget(name);
+  grid_->addWidget(name, static_cast<int>(rows_.size()) - 1, 1);
   QLabel* description = NewLabel(map_, "lblMap" + layer + "Desc", "ICAO - Airportname");
   grid_->addWidget(description, static_cast<int>(rows_.size()) - 1, 2);
   rows_.back().labels.push_back(description);
@@ -110,19 +121,17 @@ void ColourSample::SetColour(std::size_t entry, data::Rgb colour) {
     palette.setColor(QPalette::Window, shown);
     map_.setPalette(palette);
     zoomBox_->SetBackground(shown);
+    SetTextColour(*rows_[1].labels.front(), shown.lightness() > 127 ? Qt::black : Qt::white);
     return;
   }
   const Row& row = rows_.at(entry);
   for (Shape* shape : row.shapes)
     shape->SetColour(shown);
-  // The zoom box's name has to stay legible: the box itself is drawn inverted.
+  // The zoom box has no colour of its own on the map; its name contrasts with the background.
   if (entry == 1)
     return;
-  for (QLabel* label : row.labels) {
-    QPalette palette = label->palette();
-    palette.setColor(QPalette::WindowText, shown);
-    label->setPalette(palette);
-  }
+  for (QLabel* label : row.labels)
+    SetTextColour(*label, shown);
 }
 
 }  // namespace zerbal::dialogs

@@ -6,6 +6,12 @@
 #include "ui_frm_help_mous.h"
 #include "ui_frm_help_rev.h"
 
+/// Resources of a static library are linked only when somebody asks for them; the macro wants the global
+/// namespace.
+static void InitResources() {
+  Q_INIT_RESOURCE(dialogs);
+}
+
 namespace zerbal::dialogs {
 namespace {
 
@@ -30,6 +36,7 @@ frmHelpRev::frmHelpRev(const Placement& placement, settings::IniValues& values,
     box->setText(QString::fromStdString(value.value_or(kUnknown)));
     box->setCursorPosition(0);
   }
+  ui.cmdOK->setFocus();
   connect(ui.cmdOK, &QPushButton::clicked, this, &QDialog::accept);
 }
 
@@ -40,6 +47,7 @@ frmHelpMous::frmHelpMous(const Placement& placement) : PlacedDialog(placement, "
 }
 
 frmHelpInfo::frmHelpInfo(const Placement& placement) : PlacedDialog(placement, "HelpInfo") {
+  InitResources();
   Ui::frmHelpInfo ui;
   ui.setupUi(this);
   ui.imgLogo->setPixmap(QIcon(":/dialogs/logo.svg").pixmap(QSize(kLogoSize, kLogoSize), devicePixelRatioF()));

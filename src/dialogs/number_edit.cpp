@@ -24,6 +24,8 @@ bool WritesCharacter(const QKeyEvent& event) {
 NumberEdit::NumberEdit(QWidget* parent) : QLineEdit("0", parent) {
   setAlignment(Qt::AlignRight);
   setInputMethodHints(Qt::ImhDigitsOnly);
+  // Room for the largest runway or elevation and a little more, whatever the font.
+  setMinimumWidth(fontMetrics().horizontalAdvance("0000000") + 2 * fontMetrics().averageCharWidth());
 }
 
 std::int32_t NumberEdit::Number() const {
