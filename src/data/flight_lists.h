@@ -1,0 +1,43 @@
+// The flight lists of the flight finding dialogs: which flights, in which order, by which line and key.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "data/reference_tables.h"
+#include "jet/recordset.h"
+
+namespace zerbal::data {
+
+/// Flights as a list shows them: entry i of `keys` (Flit_2015) belongs to entry i of `lines`.
+struct FlightList {
+  std::vector<std::string> lines;
+  std::vector<std::string> keys;
+};
+
+/// The roles of an airport that a search looks at.
+struct AirportRoles {
+  bool origin = true;
+  bool stopover = true;
+  bool destination = true;
+};
+
+/// What the lists are read from: both recordsets are moved.
+struct FlightSource {
+  jet::Recordset& flit;
+  jet::Recordset& dest;
+  const FlightServiceTable& services;
+};
+
+/// All flights of service `position` (1-based), or of every service in table order when it is 0. Within a
+/// service the order is that of index "fsrv".
+FlightList FlightsOfService(FlightSource source, std::int16_t position, bool citiesForStopovers);
+
+/// All flights of all services that touch the airport in one of the roles, each once. Throws OverflowError
+/// beyond 32767 flights.
+FlightList FlightsTouching(FlightSource source, std::string_view airport, AirportRoles roles,
+                           bool citiesForStopovers);
+
+}  // namespace zerbal::data

@@ -1,0 +1,69 @@
+#include "dialogs/flight_list_view.h"
+
+#include <algorithm>
+
+#include "data/counters.h"
+
+namespace zerbal::dialogs {
+
+ListLines::ListLines(QListView& view) : view_(view) {
+  view_.setModel(&model_);
+}
+
+void ListLines::SetLines(const std::vector<std::string>& lines) {
+  QStringList texts;
+  texts.reserve(static_cast<qsizetype>(lines.size()));
+  for (const std::string& line : lines)
+    texts.append(QString::fromStdString(line));
+  model_.setStringList(texts);
+}
+
+void ListLines::SelectAll(bool selected) {
+  if (selected)
+    view_.selectAll();
+  else
+    view_.clearSelection();
+}
+
+void ListLines::SelectRow(int row) {
+  view_.selectionModel()->select(model_.index(row), QItemSelectionModel::Select);
+}
+
+std::vector<int> ListLines::SelectedRows() const {
+  std::vector<int> rows;
+  // By ranges: a list of single indexes would cost an object a line.
+  for (const QItemSelectionRange& range : view_.selectionModel()->selection()) {
+    for (int row = range.top(); row <= range.bottom(); ++row)
+      rows.push_back(row);
+  }
+  std::sort(rows.begin(), rows.end());
+  return rows;
+}
+
+FlightListView::FlightListView(QListView& visible, QListView& hidden) : lines_(visible), keyLines_(hidden) {}
+
+void FlightListView::SetFlights(const std::vector<std::string>& lines, const std::vector<std::string>& keys) {
+  lines_.SetLines(lines);
+  keyLines_.SetLines(keys);
+  keys_ = keys;
+}
+
+bool FlightListView::HandOver(std::vector<std::string>& selectedFlights,
+                              settings::MessageBoxes& boxes) const {
+  const std::vector<int> rows = lines_.SelectedRows();
+  if (rows.empty()) {
+    boxes.Show(settings::BoxIcon::kExclamation, "Select at least one flight");
+    return false;
+  }
+  std::vector<std::string> chosen;
+  chosen.reserve(rows.size());
+  std::int16_t count = 0;
+  for (const int row : rows) {
+    data::CountUp(count);
+    chosen.push_back(keys_.at(static_cast<std::size_t>(row)));
+  }
+  selectedFlights = std::move(chosen);
+  return true;
+}
+
+}  // namespace zerbal::dialogs

@@ -1,0 +1,42 @@
+// Drawing one flight or one round trip by lot.
+#pragma once
+
+#include <memory>
+
+#include "data/random_source.h"
+#include "dialogs/finder_context.h"
+#include "dialogs/flight_list_view.h"
+#include "dialogs/placed_dialog.h"
+
+namespace Ui {
+class frmRandFlit;
+}
+
+namespace zerbal::dialogs {
+
+/// Opens with the flights of the last draw of this run. Accepted when flights were handed over.
+class frmRandFlit final : public PlacedDialog {
+  Q_OBJECT
+
+ public:
+  frmRandFlit(const Placement& placement, const FinderContext& context, data::RandomSource& random);
+  ~frmRandFlit() override;
+
+ private:
+  void ListServices();
+  void ShowDrawnFlights();
+  std::vector<std::string> DrawnLines() const;
+  const std::string& DrawnServiceText() const;
+  void EnableResult(bool enabled);
+  void Draw();
+  void ShowNothingFound();
+  void Display();
+
+  FinderContext context_;
+  data::RandomSource& random_;
+  std::unique_ptr<Ui::frmRandFlit> ui_;
+  std::unique_ptr<ListLines> services_;
+  std::unique_ptr<FlightListView> flights_;
+};
+
+}  // namespace zerbal::dialogs
