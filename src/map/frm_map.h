@@ -5,6 +5,7 @@
 #include <QWidget>
 
 #include "map/draw_map.h"
+#include "map/prepared_pictures.h"
 
 namespace zerbal::map {
 
@@ -44,14 +45,28 @@ class frmMap final : public QWidget {
   void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
+  /// The window's zoom box. A corner is moved only over the map, so the corner of the last drawn box may
+  /// differ from where the button is let go.
   struct ZoomBox {
     bool active = false;
+    bool drawn = false;    ///< the box between the two corners stands on the picture
     float x1 = 0, y1 = 0;  ///< the press, twips
     float x2 = 0, y2 = 0;  ///< the moving corner, limited to the drawing area
   };
 
+  void PreparePicture();
+  template <typename Draw>
+  void DrawOnPicture(const Draw& draw);
+  void InvertZoomBox();
+  void EraseZoomBox();
+  void MoveZoomBox(float x, float y);
+  void ShowPosition(float x, float y);
+  float LimitedX(float x) const;
+  float LimitedY(float y) const;
+
   MapScene& scene_;
   QImage picture_;
+  PreparedPictures prepared_;
   Surface* observer_ = nullptr;
   int draws_ = 0;
   ZoomBox zoomBox_;

@@ -1,0 +1,21 @@
+// A small picture of coverage: the shape of a marker or of a letter, without colour.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+namespace zerbal::map {
+
+/// Coverage 0..255, row by row. The reference pixel of the shape (a marker's centre, a letter's place on the
+/// base line) has the coordinates 0, 0; the picture's own top left pixel has `left`, `top`.
+struct Mask {
+  int left = 0;
+  int top = 0;
+  int width = 0;
+  int height = 0;
+  std::vector<std::uint8_t> coverage;
+
+  bool IsEmpty() const { return coverage.empty(); }
+};
+
+}  // namespace zerbal::map

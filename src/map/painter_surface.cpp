@@ -1,0 +1,127 @@
+#include "map/painter_surface.h"
+
+#include <QPaintEngine>
+#include <algorithm>
+#include <cmath>
+
+#include "map/prepared_pictures.h"
+
+namespace zerbal::map {
+namespace {
+
+QColor ToColour(data::Rgb colour) {
+  return {colour.red, colour.green, colour.blue};
+}
+
+ClipArea Around(const QRectF& area) {
+  const auto whole = [](double value) { return static_cast<std::int32_t>(std::clamp(value, -1e8, 1e8)); };
+  return {whole(area.left() - area.width()), whole(area.top() - area.height()),
+          whole(area.right() + area.width()), whole(area.bottom() + area.height())};
+}
+
+}  // namespace
+
+PainterSurface::PainterSurface(QPainter& painter, double scale, const QRectF& area)
+    : painter_(painter), scale_(scale), area_(area), near_(Around(area)) {
+  painter_.setBrush(Qt::NoBrush);
+}
+
+void PainterSurface::Clear(data::Rgb colour) {
+  painter_.fillRect(area_, ToColour(colour));
+}
+
+void PainterSurface::UsePen(const Pen& pen) {
+  if (pen_ == pen)
+    return;
+  pen_ = pen;
+  QPen result(ToColour(pen.colour), scale_.LineWidth(pen.width));
+  if (pen.style == LineStyle::kDotted) {
+    result.setCapStyle(Qt::FlatCap);
+    result.setDashPattern({1, 1});
+  } else {
+    result.setCapStyle(pen.width > 1 ? Qt::FlatCap : Qt::SquareCap);
+    result.setJoinStyle(Qt::RoundJoin);
+  }
+  painter_.setPen(result);
+  // A device that cannot invert, such as a printer, shows the colour.
+  const bool invert =
+      pen.mode == PenMode::kXor && painter_.paintEngine()->hasFeature(QPaintEngine::RasterOpModes);
+  painter_.setCompositionMode(invert ? QPainter::RasterOp_SourceXorDestination
+                                     : QPainter::CompositionMode_SourceOver);
+}
+
+void PainterSurface::DrawRun() {
+  if (run_.size() > 1)
+    painter_.drawPolyline(run_.data(), static_cast<int>(run_.size()));
+  else if (run_.size() == 1)
+    painter_.drawPoint(run_.front());
+  run_.clear();
+}
+
+void PainterSurface::Polyline(std::span<const Point> points, const Pen& pen) {
+  if (points.size() < 2)
+    return;
+  UsePen(pen);
+  run_.clear();
+  for (std::size_t i = 1; i < points.size(); ++i) {
+    Point from{scale_.Pixel(points[i - 1].x), scale_.Pixel(points[i - 1].y)};
+    Point to{scale_.Pixel(points[i].x), scale_.Pixel(points[i].y)};
+    const Point wholeTo = to;
+    if (!near_.Clip(from, to)) {
+      DrawRun();
+      continue;
+    }
+    if (run_.empty() || run_.back() != QPoint(from.x, from.y)) {
+      DrawRun();
+      run_.emplace_back(from.x, from.y);
+    }
+    if (to != from)
+      run_.emplace_back(to.x, to.y);
+    if (to != wholeTo)
+      DrawRun();
+  }
+  DrawRun();
+}
+
+void PainterSurface::Rectangle(Point corner1, Point corner2, const Pen& pen) {
+  const Point corners[] = {corner1, {corner2.x, corner1.y}, corner2, {corner1.x, corner2.y}, corner1};
+  Polyline(corners, pen);
+}
+
+void PainterSurface::Circle(Point centre, std::int32_t radius, data::Rgb colour, bool fill) {
+  const QPoint at = Unit(centre);
+  const double reach = std::clamp(scale_.Length(radius), 0.0, area_.width() + area_.height());
+  if (!QRectF(near_.left - reach, near_.top - reach, near_.right - near_.left + 2 * reach,
+              near_.bottom - near_.top + 2 * reach)
+           .contains(at))
+    return;
+  UsePen({.colour = colour});
+  const double middle = scale_.LineWidth(1) / 2.0;
+  painter_.save();
+  painter_.setRenderHint(QPainter::Antialiasing);
+  if (fill)
+    painter_.setBrush(ToColour(colour));
+  painter_.drawEllipse(QPointF(at.x() + middle, at.y() + middle), reach, reach);
+  painter_.restore();
+}
+
+const QFont& PainterSurface::UseFont(const TextFont& font) {
+  if (fontName_ != font || fontName_.name.empty()) {
+    fontName_ = font;
+    font_ = DeviceFont(font, scale_, *painter_.device());
+  }
+  return font_;
+}
+
+void PainterSurface::Text(Point topLeft, std::string_view text, data::Rgb colour, const TextFont& font) {
+  const QPoint at = Unit(topLeft);
+  if (text.empty() || !near_.Holds({at.x(), at.y()}))
+    return;
+  UsePen({.colour = colour});
+  painter_.setFont(UseFont(font));
+  const int ascent = static_cast<int>(std::ceil(painter_.fontMetrics().ascent()));
+  painter_.drawText(at + QPoint(0, ascent),
+                    QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
+}
+
+}  // namespace zerbal::map

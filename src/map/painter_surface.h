@@ -1,0 +1,45 @@
+// The surface on a QPainter: any device that Qt paints on, such as a printer, a PDF or an SVG file.
+#pragma once
+
+#include <QFont>
+#include <QPainter>
+#include <QRectF>
+#include <optional>
+#include <vector>
+
+#include "map/clip_area.h"
+#include "map/pixel_scale.h"
+
+namespace zerbal::map {
+
+/// `scale` is the number of the painter's units a logical pixel; `area` is what Clear fills. The painter must
+/// outlive the surface. Whole runs of points go to the painter in one call; points that fall on the same
+/// unit as the one before are dropped.
+class PainterSurface final : public Surface {
+ public:
+  PainterSurface(QPainter& painter, double scale, const QRectF& area);
+
+  void BeginLayer(Layer) override {}
+  void Clear(data::Rgb colour) override;
+  void Polyline(std::span<const Point> points, const Pen& pen) override;
+  void Rectangle(Point corner1, Point corner2, const Pen& pen) override;
+  void Circle(Point centre, std::int32_t radius, data::Rgb colour, bool fill) override;
+  void Text(Point topLeft, std::string_view text, data::Rgb colour, const TextFont& font) override;
+
+ private:
+  void UsePen(const Pen& pen);
+  const QFont& UseFont(const TextFont& font);
+  QPoint Unit(Point twips) const { return {scale_.Pixel(twips.x), scale_.Pixel(twips.y)}; }
+  void DrawRun();
+
+  QPainter& painter_;
+  PixelScale scale_;
+  QRectF area_;
+  ClipArea near_;  ///< what can show anything: the area and as much again on every side
+  std::vector<QPoint> run_;
+  std::optional<Pen> pen_;  ///< the painter's
+  TextFont fontName_;       ///< of font_
+  QFont font_;
+};
+
+}  // namespace zerbal::map

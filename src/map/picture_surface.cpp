@@ -1,0 +1,121 @@
+#include "map/picture_surface.h"
+
+namespace zerbal::map {
+namespace {
+
+/// Larger discs (twips) are not markers; keeping pictures of them would be a waste.
+constexpr std::int32_t kLargestMarker = 300;
+
+/// The code points of UTF-8 text one by one; a damaged sequence gives U+FFFD.
+class Characters {
+ public:
+  explicit Characters(std::string_view text) : text_(text) {}
+  bool AtEnd() const { return text_.empty(); }
+  char32_t Next() {
+    const auto first = static_cast<unsigned char>(text_.front());
+    text_.remove_prefix(1);
+    if (first < 0x80)
+      return first;
+    const int more = first >= 0xF0 ? 3 : first >= 0xE0 ? 2 : first >= 0xC0 ? 1 : 0;
+    char32_t result = first & (0x3FU >> more);
+    for (int i = 0; i < more; ++i) {
+      if (text_.empty() || (static_cast<unsigned char>(text_.front()) & 0xC0U) != 0x80U)
+        return U'\uFFFD';
+      result = result << 6 | (static_cast<unsigned char>(text_.front()) & 0x3FU);
+      text_.remove_prefix(1);
+    }
+    return more == 0 ? U'\uFFFD' : result;
+  }
+
+ private:
+  std::string_view text_;
+};
+
+}  // namespace
+
+PictureSurface::PictureSurface(QImage& picture, double scale, PreparedPictures& prepared)
+    : picture_(picture), scale_(scale), prepared_(prepared), canvas_(picture) {}
+
+PictureSurface::~PictureSurface() = default;
+
+PainterSurface& PictureSurface::Rest() {
+  if (!rest_) {
+    painter_.emplace(&picture_);
+    rest_.emplace(*painter_, scale_.Ratio(), QRectF(picture_.rect()));
+  }
+  return *rest_;
+}
+
+void PictureSurface::Clear(data::Rgb colour) {
+  canvas_.Fill(PixelCanvas::Pixel(colour));
+}
+
+void PictureSurface::Polyline(std::span<const Point> points, const Pen& pen) {
+  if (pen.style != LineStyle::kSolid || pen.mode != PenMode::kCopy) {
+    Rest().Polyline(points, pen);
+    return;
+  }
+  if (points.size() < 2)
+    return;
+  const std::uint32_t pixel = PixelCanvas::Pixel(pen.colour);
+  const int width = scale_.LineWidth(pen.width);
+  Point from = Pixel(points.front());
+  bool drawn = false;
+  for (const Point& twips : points.subspan(1)) {
+    const Point to = Pixel(twips);
+    if (to == from)
+      continue;
+    canvas_.Line(from, to, pixel, width);
+    from = to;
+    drawn = true;
+  }
+  if (!drawn)
+    canvas_.Line(from, from, pixel, width);
+}
+
+void PictureSurface::Rectangle(Point corner1, Point corner2, const Pen& pen) {
+  canvas_.Rectangle(Pixel(corner1), Pixel(corner2), PixelCanvas::Pixel(pen.colour),
+                    {.size = scale_.LineWidth(pen.width),
+                     .dotted = pen.style == LineStyle::kDotted,
+                     .invert = pen.mode == PenMode::kXor});
+}
+
+void PictureSurface::Circle(Point centre, std::int32_t radius, data::Rgb colour, bool fill) {
+  if (!fill || radius < 0 || radius > kLargestMarker) {
+    Rest().Circle(centre, radius, colour, fill);
+    return;
+  }
+  const Point at = Pixel(centre);
+  canvas_.Blend(prepared_.Disc(radius, scale_), at.x, at.y, PixelCanvas::Pixel(colour));
+}
+
+GlyphSet& PictureSurface::Glyphs(const TextFont& font) {
+  if (glyphs_ == nullptr || font_ != font) {
+    font_ = font;
+    glyphs_ = &prepared_.Glyphs(font, scale_);
+  }
+  return *glyphs_;
+}
+
+void PictureSurface::Text(Point topLeft, std::string_view text, data::Rgb colour, const TextFont& font) {
+  GlyphSet& glyphs = Glyphs(font);
+  for (Characters characters(text); !characters.AtEnd();) {
+    if (!glyphs.Of(characters.Next()).known) {
+      Rest().Text(topLeft, text, colour, font);
+      return;
+    }
+  }
+  const Point at = Pixel(topLeft);
+  const std::uint32_t pixel = PixelCanvas::Pixel(colour);
+  if (at.x >= picture_.width() || at.y >= picture_.height())
+    return;
+  std::int64_t x = at.x;
+  const auto baseLine = static_cast<int>(std::int64_t{at.y} + glyphs.Ascent());
+  for (Characters characters(text); !characters.AtEnd() && x < picture_.width();) {
+    const GlyphSet::Glyph& glyph = glyphs.Of(characters.Next());
+    canvas_.Blend(glyph.mask, static_cast<int>(x), baseLine, pixel);
+    x += glyph.advance;
+  }
+}
+
+}  // namespace zerbal::map

@@ -1,0 +1,171 @@
+#include "map/pixel_canvas.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+
+namespace zerbal::map {
+namespace {
+
+/// `alpha` 1..254. Both colour pairs at once: red and blue, then green.
+std::uint32_t Mix(std::uint32_t below, std::uint32_t above, std::uint32_t alpha) {
+  const std::uint32_t weight = alpha + (alpha >> 7);  // 0..256
+  const std::uint32_t redBlue = ((below & 0xFF00FFU) * (256 - weight) + (above & 0xFF00FFU) * weight) >> 8;
+  const std::uint32_t green = ((below & 0x00FF00U) * (256 - weight) + (above & 0x00FF00U) * weight) >> 8;
+  return 0xFF000000U | (redBlue & 0xFF00FFU) | (green & 0x00FF00U);
+}
+
+}  // namespace
+
+PixelCanvas::PixelCanvas(QImage& image)
+    : pixels_(reinterpret_cast<std::uint32_t*>(image.bits())),
+      stride_(image.bytesPerLine() / static_cast<qsizetype>(sizeof(std::uint32_t))),
+      width_(image.width()),
+      height_(image.height()) {
+  Q_ASSERT(image.isNull() || image.format() == QImage::Format_RGB32);
+}
+
+std::uint32_t PixelCanvas::Pixel(data::Rgb colour) {
+  return qRgb(colour.red, colour.green, colour.blue);
+}
+
+void PixelCanvas::Fill(std::uint32_t pixel) {
+  for (int y = 0; y < height_; ++y)
+    std::fill_n(pixels_ + y * stride_, width_, pixel);
+}
+
+void PixelCanvas::ThinLine(Point from, Point to, std::uint32_t pixel) {
+  int dx = to.x - from.x;
+  int dy = to.y - from.y;
+  std::ptrdiff_t major = 1;
+  std::ptrdiff_t minor = stride_;
+  if (dx < 0) {
+    dx = -dx;
+    major = -1;
+  }
+  if (dy < 0) {
+    dy = -dy;
+    minor = -stride_;
+  }
+  if (dy > dx) {
+    std::swap(dx, dy);
+    std::swap(major, minor);
+  }
+  std::uint32_t* at = pixels_ + from.y * stride_ + from.x;
+  *at = pixel;
+  int error = 2 * dy - dx;
+  for (int step = 0; step < dx; ++step) {
+    const bool aside = error > 0;
+    at += aside ? major + minor : major;
+    error += aside ? 2 * (dy - dx) : 2 * dy;
+    *at = pixel;
+  }
+}
+
+void PixelCanvas::WideLine(Point from, Point to, std::uint32_t pixel, int width) {
+  const int dx = to.x - from.x;
+  const int dy = to.y - from.y;
+  const int steps = std::max(std::abs(dx), std::abs(dy));
+  const double slant = steps == 0 ? 1.0 : std::hypot(dx, dy) / steps;
+  const bool flat = std::abs(dx) >= std::abs(dy);
+  // A point is a square; a slanted line needs more pixels across to look equally thick.
+  const int across = std::max(1, static_cast<int>(std::lround(width * slant)));
+  const int before = (across - 1) / 2;
+  if (steps == 0) {
+    Block(from.x - (width - 1) / 2, from.y - (width - 1) / 2, width, width, pixel, false);
+    return;
+  }
+  for (int step = 0; step <= steps; ++step) {
+    const double part = static_cast<double>(step) / steps;
+    const int x = from.x + static_cast<int>(std::lround(part * dx));
+    const int y = from.y + static_cast<int>(std::lround(part * dy));
+    if (flat)
+      Block(x, y - before, 1, across, pixel, false);
+    else
+      Block(x - before, y, across, 1, pixel, false);
+  }
+}
+
+void PixelCanvas::Line(Point from, Point to, std::uint32_t pixel, int width) {
+  if (width <= 1) {
+    if ((Holds(from) && Holds(to)) || Area(0).Clip(from, to))
+      ThinLine(from, to, pixel);
+  } else if (Area(2 * width).Clip(from, to)) {
+    WideLine(from, to, pixel, width);
+  }
+}
+
+void PixelCanvas::Polyline(std::span<const Point> points, std::uint32_t pixel, int width) {
+  for (std::size_t i = 1; i < points.size(); ++i)
+    Line(points[i - 1], points[i], pixel, width);
+}
+
+void PixelCanvas::Blend(const Mask& mask, int x, int y, std::uint32_t pixel) {
+  const std::int64_t left = std::int64_t{x} + mask.left;
+  const std::int64_t top = std::int64_t{y} + mask.top;
+  const auto firstColumn = static_cast<int>(std::clamp<std::int64_t>(-left, 0, mask.width));
+  const auto lastColumn = static_cast<int>(std::clamp<std::int64_t>(width_ - left, 0, mask.width));
+  const auto firstRow = static_cast<int>(std::clamp<std::int64_t>(-top, 0, mask.height));
+  const auto lastRow = static_cast<int>(std::clamp<std::int64_t>(height_ - top, 0, mask.height));
+  for (int row = firstRow; row < lastRow; ++row) {
+    const std::uint8_t* coverage = mask.coverage.data() + static_cast<std::ptrdiff_t>(row) * mask.width;
+    std::uint32_t* line = pixels_ + (top + row) * stride_ + left;
+    for (int column = firstColumn; column < lastColumn; ++column) {
+      const std::uint8_t alpha = coverage[column];
+      if (alpha == 255)
+        line[column] = pixel;
+      else if (alpha != 0)
+        line[column] = Mix(line[column], pixel, alpha);
+    }
+  }
+}
+
+void PixelCanvas::Block(std::int64_t x, std::int64_t y, std::int64_t width, std::int64_t height,
+                        std::uint32_t pixel, bool invert) {
+  const auto left = std::max<std::int64_t>(x, 0);
+  const auto right = std::min<std::int64_t>(x + width, width_);
+  const auto top = std::max<std::int64_t>(y, 0);
+  const auto bottom = std::min<std::int64_t>(y + height, height_);
+  for (std::int64_t row = top; row < bottom; ++row) {
+    std::uint32_t* line = pixels_ + row * stride_;
+    for (std::int64_t column = left; column < right; ++column)
+      line[column] = invert ? line[column] ^ (pixel & 0x00FFFFFFU) : pixel;
+  }
+}
+
+void PixelCanvas::Rectangle(Point corner1, Point corner2, std::uint32_t pixel, const Dots& dots) {
+  const std::int64_t size = std::max(1, dots.size);
+  const std::int64_t left = std::min(corner1.x, corner2.x);
+  const std::int64_t right = std::max(corner1.x, corner2.x);
+  const std::int64_t top = std::min(corner1.y, corner2.y);
+  const std::int64_t bottom = std::max(corner1.y, corner2.y);
+  const std::int64_t period = dots.dotted ? 2 * size : size;
+  // The first dot at or after `from` that can touch the picture, on the pattern that begins at `from`.
+  const auto firstDot = [&](std::int64_t from) {
+    return from < -size ? from + (-size - from) / period * period : from;
+  };
+
+  const std::int64_t pastRight = std::min<std::int64_t>(right + size, width_);
+  const auto horizontal = [&](std::int64_t y) {
+    for (std::int64_t x = firstDot(left); x < pastRight; x += period)
+      Block(x, y, std::min(size, right + size - x), size, pixel, dots.invert);
+  };
+  horizontal(top);
+  if (bottom >= top + size)
+    horizontal(bottom);
+
+  // The sides stand between the top and the bottom line, in step with the dots of the corners.
+  const std::int64_t sideTop = top + size;
+  const std::int64_t pastSide = std::min<std::int64_t>(bottom, height_);
+  const auto vertical = [&](std::int64_t x) {
+    for (std::int64_t y = firstDot(top + period); y < pastSide; y += period) {
+      const std::int64_t from = std::max(y, sideTop);
+      Block(x, from, size, std::min(y + size, bottom) - from, pixel, dots.invert);
+    }
+  };
+  vertical(left);
+  if (right >= left + size)
+    vertical(right);
+}
+
+}  // namespace zerbal::map

@@ -1,0 +1,56 @@
+// Drawing straight into the pixels of a 32-bit picture: lines a pixel or more wide, shapes of coverage, and
+// the exclusive-or rectangle. Everything is clipped to the picture; no coordinate is too far away.
+#pragma once
+
+#include <QImage>
+#include <cstdint>
+#include <span>
+
+#include "map/clip_area.h"
+#include "map/mask.h"
+#include "map/surface.h"
+
+namespace zerbal::map {
+
+/// Positions are pixels. Lines have no soft edges: that keeps them crisp.
+class PixelCanvas {
+ public:
+  /// `image` has format RGB32 and must outlive the canvas unshared.
+  explicit PixelCanvas(QImage& image);
+
+  static std::uint32_t Pixel(data::Rgb colour);
+
+  void Fill(std::uint32_t pixel);
+  /// Both ends included. `width` counts along the axis that the line is steeper against, so that a slanted
+  /// line is as thick as a straight one; an even width has its extra pixel right of or below the ends.
+  void Line(Point from, Point to, std::uint32_t pixel, int width);
+  void Polyline(std::span<const Point> points, std::uint32_t pixel, int width);
+  void Blend(const Mask& mask, int x, int y, std::uint32_t pixel);
+
+  struct Dots {
+    int size = 1;         ///< a dot's length and width
+    bool dotted = false;  ///< dots with gaps of the same length, else a full line
+    bool invert = false;  ///< exclusive-or instead of copy
+  };
+  /// Touches each pixel of the outline once, so that inverting it twice restores the picture. A rectangle
+  /// without extent is one dot.
+  void Rectangle(Point corner1, Point corner2, std::uint32_t pixel, const Dots& dots);
+
+ private:
+  bool Holds(Point point) const {
+    return static_cast<std::uint32_t>(point.x) < static_cast<std::uint32_t>(width_) &&
+           static_cast<std::uint32_t>(point.y) < static_cast<std::uint32_t>(height_);
+  }
+  ClipArea Area(int margin) const { return {-margin, -margin, width_ - 1 + margin, height_ - 1 + margin}; }
+  void ThinLine(Point from, Point to, std::uint32_t pixel);
+  void WideLine(Point from, Point to, std::uint32_t pixel, int width);
+  void Block(std::int64_t x, std::int64_t y, std::int64_t width, std::int64_t height, std::uint32_t pixel,
+             bool invert);
+
+  std::uint32_t* pixels_;
+  std::ptrdiff_t stride_;  ///< pixels from one row to the next
+  int width_;
+  int height_;
+};
+
+}  // namespace zerbal::map
