@@ -1,0 +1,338 @@
+#include "map/picture_surface.h"
+
+#include <chrono>
+#include <limits>
+
+#include <gtest/gtest.h>
+
+#include "support/pictures.h"
+
+namespace zerbal::map {
+namespace {
+
+using test::Blank;
+using test::Ink;
+using test::InkBounds;
+
+constexpr data::Rgb kBlack{0, 0, 0};
+constexpr Pen kPen{.colour = kBlack};
+constexpr std::int32_t kFar = std::numeric_limits<std::int32_t>::max();
+constexpr std::int32_t kFarNegative = std::numeric_limits<std::int32_t>::min();
+
+class PictureSurfaceTest : public testing::Test {
+ protected:
+  template <typename Draw>
+  QImage Drawn(int width, int height, double ratio, const Draw& draw) {
+    QImage image = Blank(width, height);
+    PictureSurface surface(image, ratio, prepared_);
+    draw(surface);
+    return image;
+  }
+
+  PreparedPictures prepared_;
+};
+
+using Rows = std::vector<std::string>;
+
+TEST_F(PictureSurfaceTest, ClearFillsEverything) {
+  const QImage image = Drawn(7, 3, 1, [](Surface& surface) { surface.Clear({1, 2, 3}); });
+  for (int y = 0; y < 3; ++y)
+    for (int x = 0; x < 7; ++x)
+      EXPECT_EQ(image.pixel(x, y), qRgb(1, 2, 3));
+}
+
+TEST_F(PictureSurfaceTest, LineIsOnePixelWideAndHasBothEnds) {
+  const QImage image = Drawn(6, 4, 1, [](Surface& surface) { surface.Line({15, 15}, {74, 15}, kPen); });
+  EXPECT_EQ(Ink(image), (Rows{"......", ".####.", "......", "......"}));
+}
+
+TEST_F(PictureSurfaceTest, LineIsCrispAtEveryRatio) {
+  for (const double ratio : {1.0, 1.5, 2.0}) {
+    const QImage image = Drawn(40, 40, ratio, [](Surface& surface) {
+      surface.Line({60, 60}, {240, 60}, kPen);
+    });
+    const int width = PixelScale(ratio).LineWidth(1);
+    const int first = static_cast<int>(4 * ratio);
+    const int last = static_cast<int>(16 * ratio);
+    EXPECT_EQ(InkBounds(image), QRect(first, first, last - first + 1, width)) << ratio;
+    for (int y = first; y < first + width; ++y)
+      for (int x = first; x <= last; ++x)
+        EXPECT_EQ(image.pixel(x, y), qRgb(0, 0, 0)) << "no soft edge at " << ratio;
+  }
+}
+
+TEST_F(PictureSurfaceTest, SlantedLineHasOnePixelAStep) {
+  const QImage image = Drawn(8, 8, 1, [](Surface& surface) { surface.Line({0, 0}, {7 * 15, 3 * 15}, kPen); });
+  for (int x = 0; x < 8; ++x) {
+    int count = 0;
+    for (int y = 0; y < 8; ++y)
+      count += image.pixel(x, y) == qRgb(0, 0, 0) ? 1 : 0;
+    EXPECT_EQ(count, 1) << x;
+  }
+}
+
+TEST_F(PictureSurfaceTest, RunIsDrawnWithoutGaps) {
+  const QImage image = Drawn(5, 5, 1, [](Surface& surface) {
+    const Point run[] = {{0, 0}, {60, 0}, {61, 1}, {63, 60}, {0, 60}};
+    surface.Polyline(run, kPen);
+  });
+  EXPECT_EQ(Ink(image), (Rows{"#####", "....#", "....#", "....#", "#####"}));
+}
+
+TEST_F(PictureSurfaceTest, RunOnOnePixelIsThatPixel) {
+  const QImage image = Drawn(3, 3, 1, [](Surface& surface) {
+    const Point run[] = {{15, 15}, {20, 20}, {29, 29}};
+    surface.Polyline(run, kPen);
+    surface.Polyline(std::span<const Point>(run, 1), kPen);
+    surface.Polyline({}, kPen);
+  });
+  EXPECT_EQ(Ink(image), (Rows{"...", ".#.", "..."}));
+}
+
+TEST_F(PictureSurfaceTest, FewerThanTwoPointsDrawNothing) {
+  const QImage image = Drawn(3, 3, 1, [](Surface& surface) {
+    const Point run[] = {{15, 15}};
+    surface.Polyline(run, kPen);
+    surface.Polyline(run, {.colour = kBlack, .style = LineStyle::kDotted});
+  });
+  EXPECT_TRUE(InkBounds(image).isEmpty());
+}
+
+TEST_F(PictureSurfaceTest, WideLinesLieAroundTheirPixels) {
+  const auto wide = [&](int width, Point to) {
+    return Ink(Drawn(5, 5, 1, [&](Surface& surface) {
+      surface.Line({30, 30}, to, {.colour = kBlack, .width = width});
+    }));
+  };
+  EXPECT_EQ(wide(3, {60, 30}), (Rows{".....", "..###", "..###", "..###", "....."}));
+  EXPECT_EQ(wide(2, {60, 30}), (Rows{".....", ".....", "..###", "..###", "....."}));
+  EXPECT_EQ(wide(3, {30, 60}), (Rows{".....", ".....", ".###.", ".###.", ".###."}));
+}
+
+TEST_F(PictureSurfaceTest, SlantedWideLineIsAsThickAsAStraightOne) {
+  const auto thickness = [&](Point to) {
+    const QImage image = Drawn(300, 300, 1, [&](Surface& surface) {
+      surface.Line({150, 150}, to, {.colour = kBlack, .width = 3});
+    });
+    const double length = std::hypot(to.x - 150, to.y - 150) / 15;
+    return test::InkAmount(image) / length;
+  };
+  for (const Point to : {Point{4000, 150}, Point{4000, 1500}, Point{4000, 4000}, Point{1500, 4000}})
+    EXPECT_NEAR(thickness(to), 3, 0.35) << to.x << " " << to.y;
+}
+
+TEST_F(PictureSurfaceTest, MarkersAreRoundAndCentredAtEveryRatio) {
+  for (const double ratio : {1.0, 1.5, 2.0, 3.0}) {
+    for (const std::int32_t radius : {20, 30}) {
+      const QImage image = Drawn(60, 60, ratio, [&](Surface& surface) {
+        surface.Circle({150, 150}, radius, kBlack, true);
+      });
+      const QRect bounds = InkBounds(image);
+      EXPECT_EQ(bounds.width(), bounds.height());
+      // Centred on the middle of a line through the same place.
+      const int at = static_cast<int>(10 * ratio);
+      EXPECT_EQ(bounds.left() + bounds.right() + 1, 2 * at + PixelScale(ratio).LineWidth(1)) << ratio;
+      EXPECT_EQ(bounds.left(), bounds.top());
+      for (int y = bounds.top(); y <= bounds.bottom(); ++y) {
+        for (int x = bounds.left(); x <= bounds.right(); ++x) {
+          const int mirrored = bounds.left() + bounds.right() - x;
+          EXPECT_NEAR(qGray(image.pixel(x, y)), qGray(image.pixel(mirrored, y)), 12);
+          EXPECT_NEAR(qGray(image.pixel(x, y)), qGray(image.pixel(y, x)), 12);
+        }
+      }
+      // As much ink as the disc with its outline has.
+      const double reach = radius * ratio / 15 + PixelScale(ratio).LineWidth(1) / 2.0;
+      const double area = 3.14159265 * reach * reach;
+      EXPECT_NEAR(test::InkAmount(image), area, 0.06 * area) << ratio << " " << radius;
+      EXPECT_EQ(image.pixel(at, at), qRgb(0, 0, 0));
+    }
+  }
+}
+
+TEST_F(PictureSurfaceTest, OpenCircleIsEmptyInside) {
+  const QImage image = Drawn(30, 30, 1, [](Surface& surface) {
+    surface.Circle({225, 225}, 60, kBlack, false);
+  });
+  EXPECT_EQ(image.pixel(15, 15), qRgb(255, 255, 255));
+  const QRect bounds = InkBounds(image);
+  EXPECT_EQ(bounds.left() + bounds.right(), 30);
+  EXPECT_EQ(bounds.top() + bounds.bottom(), 30);
+  EXPECT_NEAR(bounds.width(), 10, 1);
+}
+
+TEST_F(PictureSurfaceTest, TextBeginsAtItsTopLeftCorner) {
+  const TextFont font{"Liberation Sans", 8};
+  for (const double ratio : {1.0, 1.5, 2.0}) {
+    const QImage image = Drawn(200, 60, ratio, [&](Surface& surface) {
+      surface.Text({150, 150}, "HHH", kBlack, font);
+    });
+    const QRect bounds = InkBounds(image);
+    const int at = static_cast<int>(10 * ratio);
+    EXPECT_GE(bounds.left(), at);
+    EXPECT_LE(bounds.left(), at + 3 * ratio);
+    // Capitals are about 0.72 of a letter's size high and end on the base line.
+    const double size = 8 * 96.0 / 72 * ratio;
+    EXPECT_NEAR(bounds.height(), 0.72 * size, 1.5) << ratio;
+    EXPECT_NEAR(bounds.bottom() + 1, at + 0.905 * size, 2) << ratio;
+    EXPECT_NEAR(bounds.width(), 3 * 0.722 * size, 0.3 * size) << ratio;
+  }
+}
+
+TEST_F(PictureSurfaceTest, TextLooksAsThePainterWouldDrawIt) {
+  const TextFont font{"Liberation Sans", 8};
+  const std::string_view text = "QAV 12 (2/3) Z\xC3\xBCrich";
+  const QImage fast = Drawn(160, 30, 1, [&](Surface& surface) {
+    surface.Text({75, 75}, text, kBlack, font);
+  });
+  QImage slow = Blank(160, 30);
+  QPainter painter(&slow);
+  PainterSurface(painter, 1, slow.rect()).Text({75, 75}, text, kBlack, font);
+  painter.end();
+  EXPECT_NEAR(test::InkAmount(fast), test::InkAmount(slow), 0.15 * test::InkAmount(slow));
+  EXPECT_NEAR(InkBounds(fast).left(), InkBounds(slow).left(), 1);
+  EXPECT_NEAR(InkBounds(fast).right(), InkBounds(slow).right(), 6);
+  EXPECT_NEAR(InkBounds(fast).top(), InkBounds(slow).top(), 1);
+  EXPECT_NEAR(InkBounds(fast).bottom(), InkBounds(slow).bottom(), 1);
+}
+
+TEST_F(PictureSurfaceTest, TextOfAnyContentIsDrawnOrLeftOut) {
+  const TextFont font{"Liberation Sans", 8};
+  for (const std::string_view text :
+       {std::string_view(""), std::string_view("\xFF\xC3"), std::string_view("a\0b", 3),
+        std::string_view("\xE4\xBD\xA0\xE5\xA5\xBD"), std::string_view("e\xCC\x81"), std::string_view("\n\t"),
+        std::string_view("\xF0\x9F\x9B\xA9")}) {
+    const QImage image = Drawn(80, 30, 1, [&](Surface& surface) {
+      surface.Text({75, 75}, text, kBlack, font);
+      surface.Text({75, 75}, text, kBlack, {"No such family", 7});
+    });
+    EXPECT_FALSE(image.isNull());
+  }
+}
+
+TEST_F(PictureSurfaceTest, TextIsCutAtEveryEdge) {
+  const TextFont font{"Liberation Sans", 8};
+  const QImage image = Drawn(20, 20, 1, [&](Surface& surface) {
+    for (const Point at :
+         {Point{-100, -60}, Point{240, 200}, Point{-4000, 0}, Point{0, -200}, Point{kFar, kFar},
+          Point{kFarNegative, kFarNegative}, Point{kFar, 0}, Point{0, kFar}})
+      surface.Text(at, "Harbour Field", kBlack, font);
+  });
+  EXPECT_FALSE(InkBounds(image).isEmpty());
+}
+
+TEST_F(PictureSurfaceTest, InvertingTwiceRestoresEveryPixel) {
+  for (const double ratio : {1.0, 1.5, 2.0}) {
+    QImage image(200, 150, QImage::Format_RGB32);
+    for (int y = 0; y < image.height(); ++y)
+      for (int x = 0; x < image.width(); ++x)
+        image.setPixel(x, y, qRgb(x * 7 & 255, y * 3 & 255, x * y & 255));
+    const QImage before = image.copy();
+    PictureSurface surface(image, ratio, prepared_);
+    for (const auto style : {LineStyle::kSolid, LineStyle::kDotted}) {
+      for (const Point to :
+           {Point{150, 150}, Point{151, 160}, Point{150, 900}, Point{900, 150}, Point{1200, 900},
+            Point{-300, -20}, Point{5000, 5000}, Point{kFar, kFarNegative}}) {
+        const Pen pen{.colour = {255, 200, 30}, .style = style, .mode = PenMode::kXor};
+        surface.Rectangle({150, 150}, to, pen);
+        EXPECT_NE(image, before);
+        surface.Rectangle({150, 150}, to, pen);
+        EXPECT_EQ(image, before) << ratio << " to " << to.x << ", " << to.y;
+      }
+    }
+  }
+}
+
+TEST_F(PictureSurfaceTest, InvertingTouchesNoPixelTwice) {
+  const QImage image = Drawn(8, 8, 1, [](Surface& surface) {
+    surface.Rectangle({15, 15}, {75, 60}, {.colour = {255, 255, 255}, .mode = PenMode::kXor});
+  });
+  EXPECT_EQ(Ink(image), (Rows{"........", ".#####..", ".#...#..", ".#...#..", ".#####..", "........",
+                              "........", "........"}));
+  EXPECT_EQ(image.pixel(1, 1), qRgb(0, 0, 0));
+}
+
+TEST_F(PictureSurfaceTest, RectangleWithoutExtentIsOneDot) {
+  const QImage image = Drawn(4, 4, 1, [](Surface& surface) {
+    surface.Rectangle({30, 30}, {30, 30},
+                      {.colour = {255, 255, 255}, .style = LineStyle::kDotted, .mode = PenMode::kXor});
+  });
+  EXPECT_EQ(Ink(image), (Rows{"....", "....", "..#.", "...."}));
+}
+
+TEST_F(PictureSurfaceTest, RectangleWithoutWidthIsALine) {
+  const QImage image = Drawn(5, 6, 1, [](Surface& surface) {
+    surface.Rectangle({30, 15}, {30, 60}, {.colour = {255, 255, 255}, .mode = PenMode::kXor});
+  });
+  EXPECT_EQ(Ink(image), (Rows{".....", "..#..", "..#..", "..#..", "..#..", "....."}));
+}
+
+TEST_F(PictureSurfaceTest, DottedRectangleHasDotsAndGapsOnAllSides) {
+  const QImage image = Drawn(60, 60, 1, [](Surface& surface) {
+    surface.Rectangle({75, 75}, {750, 750},
+                      {.colour = {255, 255, 255}, .style = LineStyle::kDotted, .mode = PenMode::kXor});
+  });
+  const Rows ink = Ink(image);
+  int dots[4] = {};
+  for (std::size_t i = 5; i <= 50; ++i) {
+    dots[0] += ink[5][i] == '#' ? 1 : 0;
+    dots[1] += ink[50][i] == '#' ? 1 : 0;
+    dots[2] += ink[i][5] == '#' ? 1 : 0;
+    dots[3] += ink[i][50] == '#' ? 1 : 0;
+  }
+  for (const int count : dots)
+    EXPECT_NEAR(count, 23, 3);
+}
+
+TEST_F(PictureSurfaceTest, FarthestCoordinatesAreQuickAndHarmless) {
+  const auto start = std::chrono::steady_clock::now();
+  const QImage image = Drawn(50, 40, 2, [](Surface& surface) {
+    const Point far[] = {
+        {kFarNegative, kFarNegative}, {kFar, kFar}, {kFarNegative, kFar}, {300, kFarNegative}};
+    for (const int width : {1, 2, 3, 1000}) {
+      for (const auto style : {LineStyle::kSolid, LineStyle::kDotted}) {
+        for (const auto mode : {PenMode::kCopy, PenMode::kXor}) {
+          const Pen pen{.colour = kBlack, .width = width, .style = style, .mode = mode};
+          surface.Polyline(far, pen);
+          surface.Rectangle(far[0], far[1], pen);
+          surface.Rectangle(far[2], {100, 100}, pen);
+        }
+      }
+    }
+    for (const std::int32_t radius : {0, 20, 300, 301, -5, kFar, kFarNegative}) {
+      for (const bool fill : {false, true}) {
+        surface.Circle(far[0], radius, kBlack, fill);
+        surface.Circle({100, 100}, radius, kBlack, fill);
+      }
+    }
+  });
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+  EXPECT_EQ(image.size(), QSize(50, 40));
+}
+
+TEST_F(PictureSurfaceTest, LineThroughThePictureIsCutToIt) {
+  const QImage image = Drawn(5, 3, 1, [](Surface& surface) {
+    surface.Line({kFarNegative, 15}, {kFar, 15}, kPen);
+  });
+  EXPECT_EQ(Ink(image), (Rows{".....", "#####", "....."}));
+}
+
+TEST_F(PictureSurfaceTest, EmptyPictureTakesEverything) {
+  QImage image;
+  PictureSurface surface(image, 1, prepared_);
+  surface.Clear(kBlack);
+  surface.Line({0, 0}, {15, 15}, kPen);
+  surface.Line({0, 0}, {15, 15}, {.colour = kBlack, .width = 3});
+  surface.Rectangle({0, 0}, {15, 15}, kPen);
+  surface.Circle({0, 0}, 20, kBlack, true);
+  surface.Text({0, 0}, "A", kBlack, {"Liberation Sans", 8});
+}
+
+TEST_F(PictureSurfaceTest, DottedRunHasGaps) {
+  const QImage image = Drawn(40, 5, 1, [](Surface& surface) {
+    surface.Line({15, 30}, {570, 30}, {.colour = kBlack, .style = LineStyle::kDotted});
+  });
+  EXPECT_NEAR(test::InkAmount(image), 18, 4);
+}
+
+}  // namespace
+}  // namespace zerbal::map
