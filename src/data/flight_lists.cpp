@@ -8,9 +8,9 @@
 namespace zerbal::data {
 namespace {
 
-void Append(FlightList& list, Flight&& flight, jet::Recordset& dest, bool citiesForStopovers) {
+void Append(FlightList& list, const Flight& flight, jet::Recordset& dest, bool citiesForStopovers) {
   list.lines.push_back(FlightLine(flight, dest, citiesForStopovers));
-  list.keys.push_back(std::move(flight.key));
+  list.keys.push_back(flight.key);
 }
 
 bool Touches(const Flight& flight, std::string_view airport, AirportRoles roles) {
@@ -24,11 +24,12 @@ bool Touches(const Flight& flight, std::string_view airport, AirportRoles roles)
 
 FlightList FlightsOfService(FlightSource source, std::int16_t position, bool citiesForStopovers) {
   FlightList list;
+  FlightReader reader(source.flit);
   const std::size_t first = position == 0 ? 0 : static_cast<std::size_t>(position - 1);
   const std::size_t end = position == 0 ? source.services.size() : first + 1;
   for (std::size_t i = first; i < end; ++i) {
     ForEachFlightOfService(source.flit, source.services.at(i).key, [&](const jet::Recordset& row) {
-      Append(list, ReadFlight(row), source.dest, citiesForStopovers);
+      Append(list, reader.Read(row), source.dest, citiesForStopovers);
       return true;
     });
   }
@@ -38,13 +39,14 @@ FlightList FlightsOfService(FlightSource source, std::int16_t position, bool cit
 FlightList FlightsTouching(FlightSource source, std::string_view airport, AirportRoles roles,
                            bool citiesForStopovers) {
   FlightList list;
+  FlightReader reader(source.flit);
   std::int16_t found = 0;
   for (const FlightService& service : source.services) {
     ForEachFlightOfService(source.flit, service.key, [&](const jet::Recordset& row) {
-      Flight flight = ReadFlight(row);
+      const Flight& flight = reader.Read(row);
       if (Touches(flight, airport, roles)) {
         CountUp(found);
-        Append(list, std::move(flight), source.dest, citiesForStopovers);
+        Append(list, flight, source.dest, citiesForStopovers);
       }
       return true;
     });

@@ -9,6 +9,7 @@ namespace {
 constexpr std::array<const char*, kMaxStopovers> kStopFields = {
     "Flit_Stop1", "Flit_Stop2", "Flit_Stop3", "Flit_Stop4", "Flit_Stop5",
     "Flit_Stop6", "Flit_Stop7", "Flit_Stop8", "Flit_Stop9", "Flit_Stop10"};
+constexpr int kNotLookedUp = -1;
 
 /// Appends the code, with the city before it when the airport is one of the destinations.
 void AppendWithCity(std::string& line, const std::string& code, jet::Recordset& dest) {
@@ -22,18 +23,47 @@ void AppendWithCity(std::string& line, const std::string& code, jet::Recordset& 
 
 }  // namespace
 
-Flight ReadFlight(const jet::Recordset& flit) {
-  Flight flight{flit["Flit_2015"].AsText(), flit["Flit_FSrv"].AsText(), flit["Flit"].AsText(), {}};
-  flight.route.reserve(4);  // most flights have no more than two stopovers
-  flight.route.push_back(flit["Flit_Dep"].AsText());
-  for (const char* name : kStopFields) {
-    const jet::Field stop = flit[name];
+FlightReader::FlightReader(const jet::Recordset& flit)
+    : key_(flit.FieldIndex("Flit_2015")),
+      service_(flit.FieldIndex("Flit_FSrv")),
+      number_(flit.FieldIndex("Flit")),
+      origin_(flit.FieldIndex("Flit_Dep")),
+      destination_(flit.FieldIndex("Flit_Arr")) {
+  stops_.fill(kNotLookedUp);
+}
+
+const Flight& FlightReader::Read(const jet::Recordset& flit) {
+  const auto set = [&flit](std::string& text, int field) {
+    text.clear();
+    flit.At(field).AppendText(text);
+  };
+  set(flight_.key, key_);
+  set(flight_.service, service_);
+  set(flight_.number, number_);
+  std::size_t points = 0;
+  AppendToRoute(flit.At(origin_), points++);
+  for (std::size_t i = 0; i < stops_.size(); ++i) {
+    if (stops_[i] == kNotLookedUp)
+      stops_[i] = flit.FieldIndex(kStopFields[i]);
+    const jet::Field stop = flit.At(stops_[i]);
     if (!stop.HoldsText())
       break;  // what follows the first gap does not count
-    flight.route.push_back(stop.AsText());
+    AppendToRoute(stop, points++);
   }
-  flight.route.push_back(flit["Flit_Arr"].AsText());
-  return flight;
+  AppendToRoute(flit.At(destination_), points++);
+  flight_.route.resize(points);
+  return flight_;
+}
+
+void FlightReader::AppendToRoute(const jet::Field& airport, std::size_t position) {
+  if (position == flight_.route.size())
+    flight_.route.emplace_back();
+  flight_.route[position].clear();
+  airport.AppendText(flight_.route[position]);
+}
+
+Flight ReadFlight(const jet::Recordset& flit) {
+  return FlightReader(flit).Read(flit);
 }
 
 void ForEachFlightOfService(jet::Recordset& flit, std::string_view service,

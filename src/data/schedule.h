@@ -3,6 +3,8 @@
 // stopovers" stands once.
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <functional>
 #include <optional>
 #include <string>
@@ -24,6 +26,26 @@ struct Flight {
 
   const std::string& Origin() const { return route.front(); }
   const std::string& Destination() const { return route.back(); }
+};
+
+/// Reads rows of `flit` into a flight whose memory is used again and again, for those who read thousands; the
+/// fields are looked up by name once.
+class FlightReader {
+ public:
+  explicit FlightReader(const jet::Recordset& flit);
+  /// Reads the current row of the same recordset. The result lasts until the next reading.
+  const Flight& Read(const jet::Recordset& flit);
+
+ private:
+  void AppendToRoute(const jet::Field& airport, std::size_t position);
+
+  int key_;
+  int service_;
+  int number_;
+  int origin_;
+  int destination_;
+  std::array<int, kMaxStopovers> stops_;  ///< looked up when a flight first gets that far
+  Flight flight_;
 };
 
 /// Reads the current row of `flit`.
