@@ -12,13 +12,13 @@ struct Operation {
   enum class Kind { kClear, kLine, kRectangle, kCircle, kText };
   Kind kind = Kind::kClear;
   Layer layer = Layer::kBackground;
-  Point from;  ///< line start, rectangle corner, circle centre, text's top left corner
-  Point to;    ///< line end, opposite corner
+  Point from{};  ///< line start, rectangle corner, circle centre, text's top left corner
+  Point to{};    ///< line end, opposite corner
   std::int32_t radius = 0;
   bool fill = false;
-  Pen pen;  ///< colour of every kind; width, style and mode of lines and rectangles
-  std::string text;
-  TextFont font;
+  Pen pen{};  ///< colour of every kind; width, style and mode of lines and rectangles
+  std::string text{};
+  TextFont font{};
   bool operator==(const Operation&) const = default;
 };
 
@@ -35,6 +35,8 @@ class Recorder final : public Surface {
   const std::vector<Operation>& Operations() const { return operations_; }
 
  private:
+  Operation& Add(Operation::Kind kind, Point from, const Pen& pen);
+
   Layer layer_ = Layer::kBackground;
   std::vector<Operation> operations_;
 };

@@ -23,7 +23,7 @@ enum class LineStyle { kSolid, kDotted };
 enum class PenMode { kCopy, kXor };
 
 struct Pen {
-  data::Rgb colour;
+  data::Rgb colour{};
   int width = 1;  ///< logical pixels
   LineStyle style = LineStyle::kSolid;
   PenMode mode = PenMode::kCopy;
@@ -31,8 +31,8 @@ struct Pen {
 };
 
 struct TextFont {
-  std::string name;  ///< family
-  int size = 8;      ///< points
+  std::string name{};  ///< family
+  int size = 8;        ///< points
   bool operator==(const TextFont&) const = default;
 };
 

@@ -6,12 +6,13 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <vector>
 
 #include "data/reference_tables.h"
+#include "map/position_text.h"
 #include "map/surface.h"
+#include "settings/rounding.h"
 
 namespace zerbal::map {
 
@@ -70,6 +71,12 @@ class Viewport {
   /// False only for the pen-up marker, which changes nothing. Otherwise sets PointInView and, when that is
   /// true, PointX and PointY.
   bool ProjectPoint(float lon, float lat);
+  /// Where a map position is on the drawing area, in view or not. Kept so far inside the range of its type
+  /// that the lengths of markers and labels can be added to it.
+  Point PictureAt(float lon, float lat) const {
+    return {Twips(static_cast<double>(MapScale) * lon + MapOffX),
+            Twips(static_cast<double>(MapScale) * lat + MapOffY)};
+  }
 
   /// The map position under a point of the drawing area, on the map or not.
   LonLat Unproject(double x, double y) const;
@@ -90,12 +97,25 @@ class Viewport {
   std::string ExtentText() const;
 
  private:
+  static std::int32_t Twips(double value) {
+    constexpr double kFar = 1e9;
+    if (value >= -kFar && value <= kFar)
+      return static_cast<std::int32_t>(settings::Int(value));
+    return value > 0 ? 1'000'000'000 : value < 0 ? -1'000'000'000 : 0;
+  }
+
+  void FitRequest();
+  void PlaceMap();
+  void ListDetailTiles();
+  /// Spans around the centre of what is shown.
   void RequestAround(float lonSpan, float latSpan);
+  /// Slides a view of this latitude span back between the poles.
+  void Request(float west, float top, float east, float bottom, float latSpan);
+
   const data::GridBands* bands_;
 };
 
-/// "W008° 30.00'": hemisphere, whole degrees and minutes of a geographic longitude or latitude.
-std::string LonText(double lon);
-std::string LatText(double lat);
+/// Geographic longitude and latitude, degrees, of a map position.
+LonLat ToGeographic(LonLat position);
 
 }  // namespace zerbal::map
