@@ -1,0 +1,219 @@
+#include "zerbal-pack/map_cells.h"
+
+#include <algorithm>
+#include <random>
+
+#include <gtest/gtest.h>
+
+namespace zerbal::pack {
+namespace {
+
+constexpr CellGrid kGrid{9, 9};  // cells of 40 by 20 degrees
+
+MapPoint At(double lon, double lat) {
+  return {static_cast<std::int32_t>(lon * kDegree), static_cast<std::int32_t>(lat * kDegree)};
+}
+
+// The lines of one cell, by column and row.
+std::vector<MapLine> LinesIn(CellCutter& cutter, int column, int row) {
+  std::vector<MapLine> lines;
+  for (const MapPiece& piece : cutter.Cells()[cutter.Grid().CellIndex(column, row)])
+    lines.push_back(piece.points);
+  return lines;
+}
+
+std::size_t PieceCount(CellCutter& cutter) {
+  std::size_t count = 0;
+  for (const auto& cell : cutter.Cells())
+    count += cell.size();
+  return count;
+}
+
+CellCutter Cut(const MapLine& line, CellGrid grid = kGrid) {
+  CellCutter cutter(grid);
+  cutter.Add({line, 7});
+  return cutter;
+}
+
+using Lines = std::vector<MapLine>;
+
+TEST(CellCutter, KeepsAPieceInsideOneCellWhole) {
+  const MapLine line{At(41, 21), At(50, 30), At(79, 39)};
+  CellCutter cutter = Cut(line);
+  EXPECT_EQ(LinesIn(cutter, 1, 1), Lines{line});
+  EXPECT_EQ(PieceCount(cutter), 1u);
+  EXPECT_EQ(cutter.Cells()[cutter.Grid().CellIndex(1, 1)].front().group, 7);
+}
+
+TEST(CellCutter, CutsASegmentAtTheBorderWithTheSamePointOnBothSides) {
+  CellCutter cutter = Cut({At(39, 30), At(41, 32)});
+  EXPECT_EQ(LinesIn(cutter, 0, 1), (Lines{{At(39, 30), At(40, 31)}}));
+  EXPECT_EQ(LinesIn(cutter, 1, 1), (Lines{{At(40, 31), At(41, 32)}}));
+}
+
+TEST(CellCutter, CutsALongSegmentAtEveryBorder) {
+  CellCutter cutter = Cut({At(10, 30), At(130, 30)});
+  EXPECT_EQ(LinesIn(cutter, 0, 1), (Lines{{At(10, 30), At(40, 30)}}));
+  EXPECT_EQ(LinesIn(cutter, 1, 1), (Lines{{At(40, 30), At(80, 30)}}));
+  EXPECT_EQ(LinesIn(cutter, 2, 1), (Lines{{At(80, 30), At(120, 30)}}));
+  EXPECT_EQ(LinesIn(cutter, 3, 1), (Lines{{At(120, 30), At(130, 30)}}));
+}
+
+TEST(CellCutter, CutsAtAPointThatLiesOnTheBorderAlready) {
+  CellCutter cutter = Cut({At(39, 30), At(40, 31), At(41, 31)});
+  EXPECT_EQ(LinesIn(cutter, 0, 1), (Lines{{At(39, 30), At(40, 31)}}));
+  EXPECT_EQ(LinesIn(cutter, 1, 1), (Lines{{At(40, 31), At(41, 31)}}));
+}
+
+TEST(CellCutter, DoesNotCutALineThatOnlyTouchesABorder) {
+  const MapLine line{At(39, 30), At(40, 31), At(39, 32)};
+  CellCutter cutter = Cut(line);
+  EXPECT_EQ(LinesIn(cutter, 0, 1), Lines{line});
+  EXPECT_EQ(PieceCount(cutter), 1u);
+}
+
+TEST(CellCutter, GivesALineAlongABorderToBothSides) {
+  CellCutter cutter = Cut({At(39, 30), At(40, 31), At(40, 33), At(41, 34)});
+  EXPECT_EQ(LinesIn(cutter, 0, 1), (Lines{{At(39, 30), At(40, 31), At(40, 33)}}));
+  EXPECT_EQ(LinesIn(cutter, 1, 1), (Lines{{At(40, 31), At(40, 33), At(41, 34)}}));
+}
+
+TEST(CellCutter, CutsALineAlongABorderAtACorner) {
+  CellCutter cutter = Cut({At(40, 35), At(40, 45)});
+  for (const int column : {0, 1}) {
+    EXPECT_EQ(LinesIn(cutter, column, 1), (Lines{{At(40, 35), At(40, 40)}}));
+    EXPECT_EQ(LinesIn(cutter, column, 2), (Lines{{At(40, 40), At(40, 45)}}));
+  }
+  EXPECT_EQ(PieceCount(cutter), 4u);
+}
+
+TEST(CellCutter, PassesThroughACornerWithoutTouchingTheOtherTwoCells) {
+  for (const bool reversed : {false, true}) {
+    MapLine line{At(39, 39), At(41, 41)};
+    if (reversed)
+      std::reverse(line.begin(), line.end());
+    CellCutter cutter = Cut(line);
+    EXPECT_EQ(PieceCount(cutter), 2u);
+    EXPECT_EQ(LinesIn(cutter, 0, 1).size(), 1u);
+    EXPECT_EQ(LinesIn(cutter, 1, 2).size(), 1u);
+  }
+}
+
+TEST(CellCutter, EndsAndBeginsInACorner) {
+  CellCutter cutter = Cut({At(39, 39), At(40, 40), At(41, 39)});
+  EXPECT_EQ(LinesIn(cutter, 0, 1), (Lines{{At(39, 39), At(40, 40)}}));
+  EXPECT_EQ(LinesIn(cutter, 1, 1), (Lines{{At(40, 40), At(41, 39)}}));
+  EXPECT_EQ(PieceCount(cutter), 2u);
+}
+
+TEST(CellCutter, CrossesTwoBordersNearACornerInOrder) {
+  CellCutter cutter = Cut({At(39, 39.5), At(41, 41)});
+  EXPECT_EQ(LinesIn(cutter, 0, 1), (Lines{{At(39, 39.5), {39'666'667, 40'000'000}}}));
+  EXPECT_EQ(LinesIn(cutter, 0, 2), (Lines{{{39'666'667, 40'000'000}, At(40, 40.25)}}));
+  EXPECT_EQ(LinesIn(cutter, 1, 2), (Lines{{At(40, 40.25), At(41, 41)}}));
+  EXPECT_EQ(PieceCount(cutter), 3u);
+}
+
+TEST(CellCutter, CutsAtTheFramesEdgeWithPointsAtExactly0And360) {
+  CellCutter cutter = Cut({At(358, 30), At(362, 32), At(363, 32)});
+  EXPECT_EQ(LinesIn(cutter, 8, 1), (Lines{{At(358, 30), At(360, 31)}}));
+  EXPECT_EQ(LinesIn(cutter, 0, 1), (Lines{{At(0, 31), At(2, 32), At(3, 32)}}));
+}
+
+TEST(CellCutter, CutsTheWholeFrameAtItsEdgeOnly) {
+  CellCutter cutter = Cut({At(300, 30), At(350, 30), At(370, 50), At(400, 50)}, {1, 1});
+  EXPECT_EQ(LinesIn(cutter, 0, 0),
+            (Lines{{At(300, 30), At(350, 30), At(360, 40)}, {At(0, 40), At(10, 50), At(40, 50)}}));
+}
+
+TEST(CellCutter, ShowsALineAlongTheFramesEdgeOnBothSides) {
+  for (const double lon : {0.0, 360.0}) {
+    CellCutter cutter = Cut({At(lon, 30), At(lon, 35)});
+    EXPECT_EQ(LinesIn(cutter, 8, 1), (Lines{{At(360, 30), At(360, 35)}}));
+    EXPECT_EQ(LinesIn(cutter, 0, 1), (Lines{{At(0, 30), At(0, 35)}}));
+    EXPECT_EQ(PieceCount(cutter), 2u);
+  }
+}
+
+TEST(CellCutter, HasOneCellAlongAPole) {
+  CellCutter cutter = Cut({At(10, 0), At(20, 0)});
+  cutter.Add({{At(10, 180), At(20, 180)}, 0});
+  EXPECT_EQ(LinesIn(cutter, 0, 0).size(), 1u);
+  EXPECT_EQ(LinesIn(cutter, 0, 8).size(), 1u);
+  EXPECT_EQ(PieceCount(cutter), 2u);
+}
+
+TEST(CellCutter, LeavesOutRepeatedPointsAndPiecesWithoutLength) {
+  CellCutter cutter = Cut({At(1, 1), At(1, 1), At(2, 2), At(2, 2)});
+  EXPECT_EQ(LinesIn(cutter, 0, 0), (Lines{{At(1, 1), At(2, 2)}}));
+  cutter.Add({{At(5, 5), At(5, 5)}, 0});
+  cutter.Add({{At(5, 5)}, 0});
+  cutter.Add({{}, 0});
+  EXPECT_EQ(PieceCount(cutter), 1u);
+}
+
+TEST(CellCutter, CutsTheSameWhicheverWayALineRuns) {
+  const std::uint32_t seed = std::random_device{}();
+  SCOPED_TRACE(seed);
+  std::mt19937 random(seed);
+  std::uniform_int_distribution<std::int32_t> lon(0, 2 * kFrameWidth);
+  std::uniform_int_distribution<std::int32_t> lat(0, kFrameHeight);
+  for (int round = 0; round < 500; ++round) {
+    const MapLine line{{lon(random), lat(random)}, {lon(random), lat(random)}};
+    CellCutter there = Cut(line);
+    CellCutter back = Cut({line[1], line[0]});
+    for (std::size_t cell = 0; cell < there.Cells().size(); ++cell) {
+      std::vector<MapLine> one;
+      std::vector<MapLine> other;
+      for (const MapPiece& piece : there.Cells()[cell])
+        one.push_back(piece.points);
+      for (MapPiece& piece : back.Cells()[cell])
+        other.push_back({piece.points.rbegin(), piece.points.rend()});
+      std::sort(one.begin(), one.end());
+      std::sort(other.begin(), other.end());
+      ASSERT_EQ(one, other);
+    }
+  }
+}
+
+// However a line runs, every piece stays within its cell, and end to end the pieces are the line again.
+TEST(CellCutter, CutsRandomLinesWithoutGaps) {
+  const std::uint32_t seed = std::random_device{}();
+  SCOPED_TRACE(seed);
+  std::mt19937 random(seed);
+  // Coarse steps, so that points on borders, corners and the frame's edges are frequent.
+  std::uniform_int_distribution<std::int32_t> lon(0, 72);
+  std::uniform_int_distribution<std::int32_t> lat(0, 36);
+  for (int round = 0; round < 500; ++round) {
+    MapLine line;
+    for (int i = 0; i < 5; ++i)
+      line.push_back(At(5 * lon(random), 5 * lat(random)));
+    CellCutter cutter = Cut(line);
+    std::size_t ends = 0;
+    for (int column = 0; column < 9; ++column) {
+      for (int row = 0; row < 9; ++row) {
+        for (const MapLine& part : LinesIn(cutter, column, row)) {
+          ASSERT_GE(part.size(), 2u);
+          for (const MapPoint point : part) {
+            ASSERT_TRUE(point.lon >= column * 40 * kDegree && point.lon <= (column + 1) * 40 * kDegree);
+            ASSERT_TRUE(point.lat >= row * 20 * kDegree && point.lat <= (row + 1) * 20 * kDegree);
+          }
+          for (const MapPoint end : {part.front(), part.back()}) {
+            const bool onBorder = end.lon % (40 * kDegree) == 0 || end.lat % (20 * kDegree) == 0;
+            const bool ofLine = end == line.front() || end == line.back() ||
+                                MapPoint{end.lon % kFrameWidth, end.lat} ==
+                                    MapPoint{line.front().lon % kFrameWidth, line.front().lat} ||
+                                MapPoint{end.lon % kFrameWidth, end.lat} ==
+                                    MapPoint{line.back().lon % kFrameWidth, line.back().lat};
+            ASSERT_TRUE(onBorder || ofLine);
+            ends += 1;
+          }
+        }
+      }
+    }
+    ASSERT_GE(ends, 2u);
+  }
+}
+
+}  // namespace
+}  // namespace zerbal::pack

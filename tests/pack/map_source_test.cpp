@@ -1,0 +1,209 @@
+#include "zerbal-pack/map_source.h"
+
+#include <filesystem>
+#include <fstream>
+#include <map>
+
+#include <gtest/gtest.h>
+#include <netcdf.h>
+
+namespace zerbal::pack {
+namespace {
+
+// A tiny file in the source's form: 90-degree bins, so four by two.
+struct TinySource {
+  std::map<std::string, std::vector<int>> ints;
+  std::map<std::string, std::vector<double>> doubles;
+
+  void WriteTo(const std::filesystem::path& file) const {
+    int id = 0;
+    ASSERT_EQ(nc_create(file.c_str(), NC_CLOBBER, &id), NC_NOERR);
+    std::map<std::string, int> variables;
+    const auto define = [&](const std::string& name, std::size_t size, int type) {
+      int dimension = 0;
+      ASSERT_EQ(nc_def_dim(id, ("n_" + name).c_str(), size, &dimension), NC_NOERR);
+      ASSERT_EQ(nc_def_var(id, name.c_str(), type, 1, &dimension, &variables[name]), NC_NOERR);
+    };
+    for (const auto& [name, values] : ints)
+      define(name, values.size(), name.starts_with("Relative") ? NC_SHORT : NC_INT);
+    for (const auto& [name, values] : doubles)
+      define(name, values.size(), NC_DOUBLE);
+    ASSERT_EQ(nc_enddef(id), NC_NOERR);
+    for (const auto& [name, values] : ints) {
+      // Offsets above 32767 are stored as the negative number of the same 16 bits.
+      std::vector<short> shorts;
+      for (const int value : values)
+        shorts.push_back(static_cast<short>(value));
+      const int status = name.starts_with("Relative") ? nc_put_var_short(id, variables[name], shorts.data())
+                                                      : nc_put_var_int(id, variables[name], values.data());
+      ASSERT_EQ(status, NC_NOERR);
+    }
+    for (const auto& [name, values] : doubles)
+      ASSERT_EQ(nc_put_var_double(id, variables[name], values.data()), NC_NOERR);
+    ASSERT_EQ(nc_close(id), NC_NOERR);
+  }
+};
+
+int Packed(int points, int level) {
+  return points << 9 | level << 6;
+}
+
+// One line from the bin north-east of Greenwich and the equator into the one east of it, and one in the
+// south-western bin of the frame's far side.
+TinySource Lines() {
+  TinySource source;
+  source.ints = {{"Bin_size_in_minutes", {90 * 60}},
+                 {"N_bins_in_360_longitude_range", {4}},
+                 {"N_bins_in_180_degree_latitude_range", {2}},
+                 {"Id_of_first_segment_in_a_bin", {0, 1, 2, 2, 2, 2, 2, 3}},
+                 {"N_segments_in_a_bin", {1, 1, 0, 0, 0, 0, 1, 0}},
+                 {"Id_of_first_point_in_a_segment", {0, 2, 4}},
+                 {"N_points_for_a_segment", {2, 2, 3}},
+                 {"Hierarchial_level_of_a_segment", {1, 1, 4}},
+                 {"Relative_longitude_from_SW_corner_of_bin", {32768, 65535, 0, 100, 0, 65535, 65535}},
+                 {"Relative_latitude_from_SW_corner_of_bin", {0, 21845, 21845, 65535, 0, 0, 65535}}};
+  return source;
+}
+
+// Three shores in one bin: land, the banks of a wide river, an island in it, a pond on that.
+TinySource Shores() {
+  TinySource source = Lines();
+  source.ints.erase("N_points_for_a_segment");
+  source.ints.erase("Hierarchial_level_of_a_segment");
+  source.ints["Id_of_first_segment_in_a_bin"] = {0, 4, 4, 4, 4, 4, 4, 4};
+  source.ints["N_segments_in_a_bin"] = {4, 0, 0, 0, 0, 0, 0, 0};
+  source.ints["Id_of_first_point_in_a_segment"] = {0, 0, 2, 5};
+  source.ints["Embedded_npts_levels_exit_entry_for_a_segment"] = {Packed(3, 1), Packed(2, 2), Packed(2, 3),
+                                                                  Packed(2, 4)};
+  source.ints["Id_of_GSHHS_ID"] = {0, 1, 2, 3};
+  source.ints["Id_of_parent_polygons"] = {-1, 0, 1, 2};
+  source.doubles["The_km_squared_area_of_polygons"] = {1e6, -250.5, 30, 2};
+  return source;
+}
+
+class MapSource : public testing::Test {
+ protected:
+  void SetUp() override {
+    const auto* test = testing::UnitTest::GetInstance()->current_test_info();
+    folder_ = std::filesystem::path(testing::TempDir()) / ("map source " + std::string(test->name()));
+    std::filesystem::remove_all(folder_);
+    std::filesystem::create_directories(folder_);
+  }
+  void TearDown() override { std::filesystem::remove_all(folder_); }
+
+  std::vector<SourcePiece> Read(const TinySource& source, MapTheme theme) {
+    source.WriteTo(MapSourceFile(folder_, theme, MapDetail::kLow));
+    return ReadMapSource(folder_, theme, MapDetail::kLow, [](const MapFeature&) { return true; });
+  }
+
+  std::string Failure(const TinySource& source, MapTheme theme) {
+    try {
+      Read(source, theme);
+    } catch (const MapSourceError& error) {
+      return error.what();
+    }
+    return "";
+  }
+
+  std::filesystem::path folder_;
+};
+
+TEST_F(MapSource, PutsPointsIntoTheMapFrame) {
+  const std::vector<SourcePiece> pieces = Read(Lines(), MapTheme::kRiver);
+  ASSERT_EQ(pieces.size(), 3u);
+  // 45 E on the equator, then 90 E 30 N on the edge between two bins.
+  EXPECT_EQ(pieces[0].points, (MapLine{{225'000'687, 90'000'000}, {270'000'000, 60'000'000}}));
+  EXPECT_EQ(pieces[1].points.front(), pieces[0].points.back());
+  EXPECT_EQ(pieces[1].points.back(), (MapPoint{270'137'331, 0}));
+  // West of the frame's edge by a quarter of the world: beyond 360, not wrapped.
+  EXPECT_EQ(pieces[2].points,
+            (MapLine{{360'000'000, 180'000'000}, {450'000'000, 180'000'000}, {450'000'000, 90'000'000}}));
+  EXPECT_EQ(pieces[2].feature.level, 4);
+}
+
+TEST_F(MapSource, GivesOnlyWhatIsWanted) {
+  Lines().WriteTo(MapSourceFile(folder_, MapTheme::kBoundary, MapDetail::kFull));
+  const auto pieces = ReadMapSource(folder_, MapTheme::kBoundary, MapDetail::kFull,
+                                    [](const MapFeature& feature) { return feature.level == 4; });
+  ASSERT_EQ(pieces.size(), 1u);
+  EXPECT_EQ(pieces[0].points.size(), 3u);
+}
+
+TEST_F(MapSource, TellsShoresApart) {
+  const std::vector<SourcePiece> pieces = Read(Shores(), MapTheme::kCoast);
+  ASSERT_EQ(pieces.size(), 4u);
+  EXPECT_EQ(pieces[0].points.size(), 3u);
+  for (int i = 0; i < 4; ++i) {
+    EXPECT_EQ(pieces[static_cast<std::size_t>(i)].feature.level, i + 1);
+    EXPECT_EQ(pieces[static_cast<std::size_t>(i)].feature.polygon, i);
+    // The river's banks, its island and what is on the island belong to the river.
+    EXPECT_EQ(pieces[static_cast<std::size_t>(i)].feature.riverLake, i > 0);
+  }
+  EXPECT_EQ(pieces[1].feature.areaKm2, 250.5);
+}
+
+TEST_F(MapSource, NamesThePackageOfAMissingFile) {
+  const std::pair<MapDetail, std::string> packages[] = {{MapDetail::kLow, "gmt-gshhg-low"},
+                                                        {MapDetail::kIntermediate, "gmt-gshhg-low"},
+                                                        {MapDetail::kHigh, "gmt-gshhg-high"},
+                                                        {MapDetail::kFull, "gmt-gshhg-full"}};
+  for (const auto& [detail, package] : packages) {
+    try {
+      ReadMapSource(folder_, MapTheme::kRiver, detail, [](const MapFeature&) { return true; });
+      FAIL() << "no error";
+    } catch (const MapSourceError& error) {
+      EXPECT_EQ(error.what(), "The map source " + MapSourceFile(folder_, MapTheme::kRiver, detail).string() +
+                                  " is missing. Install the Debian package " + package + ".");
+    }
+  }
+}
+
+TEST_F(MapSource, RefusesAFileThatIsNoNetcdf) {
+  std::ofstream(MapSourceFile(folder_, MapTheme::kRiver, MapDetail::kLow)) << "nothing of the kind";
+  EXPECT_THROW(
+      ReadMapSource(folder_, MapTheme::kRiver, MapDetail::kLow, [](const MapFeature&) { return true; }),
+      MapSourceError);
+}
+
+TEST_F(MapSource, RefusesDamagedFilesInWords) {
+  struct Damage {
+    const char* variable;
+    std::vector<int> values;
+    const char* message;
+  };
+  const Damage damages[] = {
+      {"Bin_size_in_minutes", {100}, "its bins do not cover the world"},
+      {"Bin_size_in_minutes", {0}, "its bins do not cover the world"},
+      {"N_bins_in_360_longitude_range", {-4}, "its bins do not cover the world"},
+      {"N_segments_in_a_bin", {1, 1, 0}, "\"N_segments_in_a_bin\" has 3 values where 8 are needed"},
+      {"N_segments_in_a_bin", {1, 1, 0, 0, 0, 0, 2, 0}, "bin 6 names segments that are not there"},
+      {"N_segments_in_a_bin", {-1, 1, 0, 0, 0, 0, 1, 0}, "bin 0 names segments that are not there"},
+      {"Id_of_first_segment_in_a_bin",
+       {0, 1, 2, 2, 2, 2, 2147483647, 3},
+       "bin 6 names segments that are not there"},
+      {"Id_of_first_point_in_a_segment", {0, 2, 5}, "segment 2 names points that are not there"},
+      {"Id_of_first_point_in_a_segment", {0, -1, 4}, "segment 1 names points that are not there"},
+      {"Relative_latitude_from_SW_corner_of_bin",
+       {0},
+       "\"Relative_latitude_from_SW_corner_of_bin\" has 1 values where 7 are needed"},
+  };
+  for (const Damage& damage : damages) {
+    TinySource source = Lines();
+    source.ints[damage.variable] = damage.values;
+    const std::string message = Failure(source, MapTheme::kRiver);
+    EXPECT_NE(message.find(damage.message), std::string::npos) << message;
+    EXPECT_NE(message.find("binned_river_l.nc"), std::string::npos) << message;
+  }
+  for (const auto& [variable, values] : Lines().ints) {
+    TinySource source = Lines();
+    source.ints.erase(variable);
+    const std::string message = Failure(source, MapTheme::kRiver);
+    EXPECT_NE(message.find("reading \"" + variable + "\" failed"), std::string::npos) << message;
+  }
+  TinySource shores = Shores();
+  shores.ints["Id_of_GSHHS_ID"] = {0, 1, 4, 3};
+  EXPECT_NE(Failure(shores, MapTheme::kCoast).find("segment 2 belongs to no polygon"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace zerbal::pack

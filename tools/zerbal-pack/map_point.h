@@ -1,0 +1,42 @@
+// Points and lines of the base map as the map tables hold them.
+#pragma once
+
+#include <compare>
+#include <cstdint>
+#include <vector>
+
+namespace zerbal::pack {
+
+inline constexpr std::int32_t kDegree = 1'000'000;           ///< whole numbers are millionths of a degree
+inline constexpr std::int32_t kFrameWidth = 360 * kDegree;   ///< map longitude 0 and 360 are both 180 W
+inline constexpr std::int32_t kFrameHeight = 180 * kDegree;  ///< map latitude 0 is the North Pole
+inline constexpr std::int32_t kPenUp = -kDegree;             ///< this `Lon` ends a polyline
+
+/// A position in the map frame: map longitude grows eastwards from 180 W, map latitude southwards from the
+/// North Pole. Tables hold longitudes 0 to 360 degrees; on the way there a line may run on beyond 360.
+struct MapPoint {
+  std::int32_t lon = 0;
+  std::int32_t lat = 0;
+  auto operator<=>(const MapPoint&) const = default;
+};
+
+using MapLine = std::vector<MapPoint>;
+
+/// A stretch of line that came in one piece. `group` tells what it is part of (a shore's polygon, a level of
+/// rivers): where several pieces meet, those of one group are joined first.
+struct MapPiece {
+  MapLine points;
+  std::int32_t group = 0;
+};
+
+/// numerator / denominator to the nearest whole number, halves up; numerator >= 0, denominator > 0.
+constexpr std::int64_t DivideRounded(std::int64_t numerator, std::int64_t denominator) {
+  return (2 * numerator + denominator) / (2 * denominator);
+}
+
+/// The place on the segment from `from` to `to` whose longitude is `lon`, which lies between theirs (they
+/// differ). The same whichever way round the segment is given.
+std::int32_t LatitudeAt(MapPoint from, MapPoint to, std::int32_t lon);
+std::int32_t LongitudeAt(MapPoint from, MapPoint to, std::int32_t lat);
+
+}  // namespace zerbal::pack

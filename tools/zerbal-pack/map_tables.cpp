@@ -1,0 +1,126 @@
+#include "zerbal-pack/map_tables.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <utility>
+
+#include "zerbal-pack/map_cells.h"
+#include "zerbal-pack/map_join.h"
+
+namespace zerbal::pack {
+
+namespace {
+
+constexpr CellGrid kWorldGrid{1, 1};
+constexpr CellGrid kDetailGrid{9, 9};
+constexpr char kBandLetters[] = "ACEGIKMOQ";
+
+// In a view of the whole world smaller shores would be specks that hide the larger ones.
+constexpr double kOverviewIslandKm2 = 50;
+constexpr double kOverviewLakeKm2 = 1000;
+
+// Antarctica is shown as far as its ice reaches, which is what a traveller sees. Wide rivers are
+// shown with the other rivers.
+bool InDetailCoast(const MapFeature& feature) {
+  return feature.level != kGroundingLine && !feature.riverLake;
+}
+
+bool InOverview(const MapFeature& feature) {
+  if (!InDetailCoast(feature) || feature.level == kIslandPond)
+    return false;
+  return feature.areaKm2 >= (feature.level == kLandShore ? kOverviewIslandKm2 : kOverviewLakeKm2);
+}
+
+bool IsPermanentRiver(const MapFeature& feature) {
+  return feature.level >= kMajorRiver && feature.level <= kMinorRiver;
+}
+
+// The banks of wide rivers are taken from the shores, where they have their islands.
+bool IsWideRiver(const MapFeature& feature) {
+  return feature.riverLake;
+}
+
+bool IsNationalBoundary(const MapFeature& feature) {
+  return feature.level == kNationalBoundary;
+}
+
+using Selection = bool (*)(const MapFeature&);
+
+std::string CellTableName(const CellGrid& grid, std::size_t cell) {
+  if (grid.CellCount() == 1)
+    return "wcl";
+  const std::size_t rows = static_cast<std::size_t>(grid.rows);
+  return std::string{kBandLetters[cell / rows], kBandLetters[cell % rows]} + "wdb2";
+}
+
+// Reads sources of one detail and cuts them into cells.
+class SourceCutter {
+ public:
+  SourceCutter(const CellGrid& grid, MapDetail detail, const std::filesystem::path& folder)
+      : cutter_(grid), detail_(detail), folder_(folder) {}
+
+  void Add(MapTheme theme, Selection selection) {
+    for (SourcePiece& piece : ReadMapSource(folder_, theme, detail_, selection)) {
+      // Shores have numbers from 0; rivers and boundaries are told apart by level only.
+      const int group = theme == MapTheme::kCoast ? piece.feature.polygon : -1 - piece.feature.level;
+      cutter_.Add({std::move(piece.points), group});
+    }
+  }
+
+  CellCutter& Cutter() { return cutter_; }
+
+ private:
+  CellCutter cutter_;
+  MapDetail detail_;
+  const std::filesystem::path& folder_;
+};
+
+enum class Repeats {
+  kKeep,  // shores: rings, which a repeated segment (a spike there and back) does not harm
+  kDrop,
+};
+
+void AppendTables(CellCutter& cutter, Repeats repeats, std::int32_t longestSegment,
+                  std::vector<MapTable>& tables) {
+  for (std::size_t cell = 0; cell < cutter.Cells().size(); ++cell) {
+    std::vector<MapPiece> pieces = std::move(cutter.Cells()[cell]);
+    if (pieces.empty())
+      continue;
+    if (repeats == Repeats::kDrop)
+      DropRepeatedSegments(pieces);
+    MapTable table{CellTableName(cutter.Grid(), cell), JoinPieces(std::move(pieces))};
+    for (MapLine& line : table.lines)
+      SubdivideLongSegments(line, longestSegment);
+    SortForDrawing(table.lines);
+    tables.push_back(std::move(table));
+  }
+}
+
+}  // namespace
+
+std::vector<MapTable> MakeMapTables(MapTheme theme, MapDetail detail,
+                                    const std::filesystem::path& sourceFolder) {
+  std::vector<MapTable> tables;
+  SourceCutter details(kDetailGrid, detail, sourceFolder);
+  switch (theme) {
+    case MapTheme::kCoast: {
+      SourceCutter overview(kWorldGrid, MapDetail::kLow, sourceFolder);
+      overview.Add(MapTheme::kCoast, InOverview);
+      AppendTables(overview.Cutter(), Repeats::kKeep, kLongestOverviewSegment, tables);
+      details.Add(MapTheme::kCoast, InDetailCoast);
+      break;
+    }
+    case MapTheme::kRiver:
+      details.Add(MapTheme::kRiver, IsPermanentRiver);
+      details.Add(MapTheme::kCoast, IsWideRiver);
+      break;
+    case MapTheme::kBoundary:
+      details.Add(MapTheme::kBoundary, IsNationalBoundary);
+      break;
+  }
+  const Repeats repeats = theme == MapTheme::kCoast ? Repeats::kKeep : Repeats::kDrop;
+  AppendTables(details.Cutter(), repeats, kLongestDetailSegment, tables);
+  return tables;
+}
+
+}  // namespace zerbal::pack

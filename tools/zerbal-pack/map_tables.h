@@ -1,0 +1,30 @@
+// What the map databases hold: which shores, rivers and boundaries are shown, as lines in tables.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "zerbal-pack/map_point.h"
+#include "zerbal-pack/map_source.h"
+
+namespace zerbal::pack {
+
+/// In detail tables no segment spans more than this in either coordinate (a segment is drawn only when both
+/// its ends are in view, and the closest view spans about half a degree).
+inline constexpr std::int32_t kLongestDetailSegment = kDegree / 20;
+/// The same in the overview, whose closest view spans 20 degrees.
+inline constexpr std::int32_t kLongestOverviewSegment = kDegree / 2;
+
+/// One table of a map database: its lines as they are drawn, the markers between them left out.
+struct MapTable {
+  std::string name;
+  std::vector<MapLine> lines;
+};
+
+/// Everything that coast.mdb, river.mdb or ibound.mdb holds, in the order in which it is written: for the
+/// coast first the overview of the world, always from the low resolution, then the cells that have lines.
+std::vector<MapTable> MakeMapTables(MapTheme theme, MapDetail detail,
+                                    const std::filesystem::path& sourceFolder);
+
+}  // namespace zerbal::pack
