@@ -1,0 +1,159 @@
+#include "dialogs/frm_deli.h"
+
+#include <QCheckBox>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include "dialogs/dialog_fixture.h"
+#include "dialogs/number_edit.h"
+
+namespace zerbal::test {
+namespace {
+
+using dialogs::frmDeli;
+
+class FrmDeliTest : public DialogTest {
+ protected:
+  std::unique_ptr<frmDeli> NewDialog(frmDeli::Layer layer = frmDeli::Layer::kAllAirports) {
+    return std::make_unique<frmDeli>(placement, layer, set, boxes);
+  }
+  static void SetText(QWidget& dialog, const char* name, const char* text) {
+    Child<QLineEdit>(dialog, name)->setText(text);
+  }
+  static bool Enabled(QWidget& dialog, const char* name) { return Child<QWidget>(dialog, name)->isEnabled(); }
+
+  map::AirportCriteria set;
+};
+
+TEST_F(FrmDeliTest, TheTwoDialogsDifferInNameTitleAndKey) {
+  const auto all = NewDialog();
+  EXPECT_EQ(all->objectName(), "frmDeliAprt");
+  EXPECT_EQ(all->windowTitle(), "Delimitation for all airports");
+  all->show();
+  all->move(11, 12);
+  all->reject();
+  const auto destinations = NewDialog(frmDeli::Layer::kDestinations);
+  EXPECT_EQ(destinations->objectName(), "frmDeliDest");
+  EXPECT_EQ(destinations->windowTitle(), "Delimitation for QAV destinations");
+  destinations->show();
+  destinations->move(13, 14);
+  destinations->reject();
+  EXPECT_EQ(Stored("Windows", "DelimitAllAirport"), "11,12");
+  EXPECT_EQ(Stored("Windows", "DelimitDestination"), "13,14");
+}
+
+TEST_F(FrmDeliTest, AnUncheckedCriterionDisablesItsControlsAndKeepsItsNumbers) {
+  set.numeric[1] = {false, map::Limit::kAtLeast, 1, 2, 3, 4};
+  const auto dialog = NewDialog();
+  auto* active = Child<QCheckBox>(*dialog, "chkRwyAnz");
+  for (const char* name : {"optRwyAnzZw", "optRwyAnzGr", "optRwyAnzKl", "txtRwyAnzZwVon", "txtRwyAnzZwBis",
+                           "txtRwyAnzGr", "txtRwyAnzKl"})
+    EXPECT_FALSE(Enabled(*dialog, name)) << name;
+  active->click();
+  EXPECT_TRUE(Enabled(*dialog, "optRwyAnzZw"));
+  EXPECT_TRUE(Enabled(*dialog, "txtRwyAnzGr"));
+  EXPECT_FALSE(Enabled(*dialog, "txtRwyAnzZwVon"));
+  EXPECT_FALSE(Enabled(*dialog, "txtRwyAnzKl"));
+  EXPECT_EQ(Child<QLineEdit>(*dialog, "txtRwyAnzGr")->text(), "3");
+  active->click();
+  EXPECT_FALSE(Enabled(*dialog, "txtRwyAnzGr"));
+  EXPECT_EQ(Child<QLineEdit>(*dialog, "txtRwyAnzGr")->text(), "3");
+}
+
+TEST_F(FrmDeliTest, TheSelectedLimitEnablesJustItsBoxes) {
+  set.numeric[0].active = true;
+  const auto dialog = NewDialog();
+  struct Case {
+    const char* option;
+    bool between, atLeast, atMost;
+  };
+  for (const Case& c : {Case{"optElevGr", false, true, false}, Case{"optElevKl", false, false, true},
+                        Case{"optElevZw", true, false, false}}) {
+    Child<QRadioButton>(*dialog, c.option)->click();
+    EXPECT_EQ(Enabled(*dialog, "txtElevZwVon"), c.between) << c.option;
+    EXPECT_EQ(Enabled(*dialog, "txtElevZwBis"), c.between) << c.option;
+    EXPECT_EQ(Enabled(*dialog, "txtElevGr"), c.atLeast) << c.option;
+    EXPECT_EQ(Enabled(*dialog, "txtElevKl"), c.atMost) << c.option;
+  }
+}
+
+TEST_F(FrmDeliTest, IlsEnablesItsTwoOptions) {
+  const auto dialog = NewDialog();
+  EXPECT_FALSE(Enabled(*dialog, "optILSMit"));
+  Child<QCheckBox>(*dialog, "chkILS")->click();
+  EXPECT_TRUE(Enabled(*dialog, "optILSMit"));
+  EXPECT_TRUE(Enabled(*dialog, "optILSOhne"));
+}
+
+TEST_F(FrmDeliTest, OkStoresEveryNumberAlsoOfUnselectedModes) {
+  const auto dialog = NewDialog();
+  const char* names[] = {"Elev", "RwyAnz", "RwyLen"};
+  for (int n = 0; n < 3; ++n) {
+    const std::string name = names[n];
+    SetText(*dialog, ("txt" + name + "ZwVon").c_str(), std::to_string(10 * n + 1).c_str());
+    SetText(*dialog, ("txt" + name + "ZwBis").c_str(), std::to_string(10 * n + 2).c_str());
+    SetText(*dialog, ("txt" + name + "Gr").c_str(), std::to_string(10 * n + 3).c_str());
+    SetText(*dialog, ("txt" + name + "Kl").c_str(), std::to_string(10 * n + 4).c_str());
+  }
+  Child<QCheckBox>(*dialog, "chkRwyLen")->click();
+  Child<QRadioButton>(*dialog, "optRwyLenKl")->click();
+  Child<QCheckBox>(*dialog, "chkILS")->click();
+  Child<QRadioButton>(*dialog, "optILSOhne")->click();
+  Child<QPushButton>(*dialog, "cmdOK")->click();
+  EXPECT_EQ(dialog->result(), QDialog::Accepted);
+  map::AirportCriteria expected;
+  expected.numeric[0] = {false, map::Limit::kBetween, 1, 2, 3, 4};
+  expected.numeric[1] = {false, map::Limit::kBetween, 11, 12, 13, 14};
+  expected.numeric[2] = {true, map::Limit::kAtMost, 21, 22, 23, 24};
+  expected.ilsActive = true;
+  expected.withIls = false;
+  EXPECT_EQ(set, expected);
+}
+
+TEST_F(FrmDeliTest, AFromValueAboveItsToValueIsRefusedEvenWhenTheCriterionIsUnchecked) {
+  const map::AirportCriteria before = set;
+  for (const char* name : {"txtElevZwVon", "txtRwyAnzZwVon", "txtRwyLenZwVon"}) {
+    const auto dialog = NewDialog();
+    dialog->show();
+    SetText(*dialog, name, "1");
+    boxes.shown.clear();
+    Child<QPushButton>(*dialog, "cmdOK")->click();
+    ASSERT_EQ(boxes.shown.size(), 1u);
+    EXPECT_EQ(boxes.shown[0], (RecordedBox{settings::BoxIcon::kExclamation,
+                                           "The from-value cannot be larger than the to-value"}));
+    EXPECT_TRUE(dialog->isVisible());
+    EXPECT_EQ(set, before);
+  }
+}
+
+TEST_F(FrmDeliTest, TheFocusGoesToTheFirstPairThatFails) {
+  set.numeric[1].active = set.numeric[2].active = true;
+  const auto dialog = NewDialog();
+  dialog->show();
+  SetText(*dialog, "txtRwyAnzZwVon", "5");
+  SetText(*dialog, "txtRwyLenZwVon", "5");
+  Child<QPushButton>(*dialog, "cmdOK")->click();
+  EXPECT_EQ(dialog->focusWidget()->objectName(), "txtRwyAnzZwVon");
+}
+
+TEST_F(FrmDeliTest, EqualFromAndToAreAccepted) {
+  const auto dialog = NewDialog();
+  SetText(*dialog, "txtElevZwVon", "5");
+  SetText(*dialog, "txtElevZwBis", "5");
+  Child<QPushButton>(*dialog, "cmdOK")->click();
+  EXPECT_TRUE(boxes.shown.empty());
+  EXPECT_EQ(set.numeric[0].from, 5);
+}
+
+TEST_F(FrmDeliTest, AbortLeavesTheSetUnchanged) {
+  const map::AirportCriteria before = set;
+  const auto dialog = NewDialog();
+  Child<QCheckBox>(*dialog, "chkElev")->click();
+  SetText(*dialog, "txtElevZwBis", "5");
+  Child<QPushButton>(*dialog, "cmdESC")->click();
+  EXPECT_EQ(dialog->result(), QDialog::Rejected);
+  EXPECT_EQ(set, before);
+}
+
+}  // namespace
+}  // namespace zerbal::test

@@ -1,0 +1,60 @@
+#include "dialogs/number_edit.h"
+
+#include <QFocusEvent>
+
+#include "dialogs/dialog_fixture.h"
+
+namespace zerbal::test {
+namespace {
+
+class NumberEditTest : public DialogTest {
+ protected:
+  dialogs::NumberEdit box;
+  void Focus(QEvent::Type type, Qt::FocusReason reason = Qt::TabFocusReason) {
+    QFocusEvent event(type, reason);
+    QApplication::sendEvent(&box, &event);
+  }
+};
+
+TEST_F(NumberEditTest, TakesOnlyDigitsAndBackspace) {
+  box.clear();
+  Type(&box, "1-2.3a 4,e+5");
+  EXPECT_EQ(box.text(), "12345");
+  Press(&box, Qt::Key_Backspace, "\b");
+  EXPECT_EQ(box.text(), "1234");
+}
+
+TEST_F(NumberEditTest, TheFocusSelectsTheWholeText) {
+  box.setText("123");
+  Focus(QEvent::FocusIn);
+  EXPECT_EQ(box.selectedText(), "123");
+  Type(&box, "9");
+  EXPECT_EQ(box.text(), "9");
+}
+
+TEST_F(NumberEditTest, LeavingAnEmptyBoxShowsZero) {
+  box.clear();
+  Focus(QEvent::FocusOut);
+  EXPECT_EQ(box.text(), "0");
+}
+
+TEST_F(NumberEditTest, PastedTextIsTakenByItsLeadingDigits) {
+  const std::pair<const char*, int> cases[] = {{"12abc", 12},  {"abc", 0}, {"-7", 0}, {"3.9", 3},
+                                               {"  44 5", 44}, {"", 0},    {"007", 7}};
+  for (const auto& [text, number] : cases) {
+    box.setText(text);
+    EXPECT_EQ(box.Number(), number) << text;
+  }
+}
+
+TEST_F(NumberEditTest, NumbersBeyond32BitsAreLimited) {
+  box.setText("2147483647");
+  EXPECT_EQ(box.Number(), 2147483647);
+  box.setText("2147483648");
+  EXPECT_EQ(box.Number(), 2147483647);
+  box.setText(QString(400, '9'));
+  EXPECT_EQ(box.Number(), 2147483647);
+}
+
+}  // namespace
+}  // namespace zerbal::test

@@ -1,0 +1,78 @@
+#include "dialogs/placed_dialog.h"
+
+#include "dialogs/dialog_fixture.h"
+
+namespace zerbal::test {
+namespace {
+
+class PlacedDialogTest : public DialogTest {
+ protected:
+  static constexpr char kKey[] = "HelpInfo";
+  std::unique_ptr<dialogs::PlacedDialog> NewDialog() {
+    auto dialog = std::make_unique<dialogs::PlacedDialog>(placement, kKey);
+    dialog->setFixedSize(301, 200);
+    return dialog;
+  }
+};
+
+TEST_F(PlacedDialogTest, FirstOpeningCentresOverTheMainWindowsFrameAndWritesNothing) {
+  const auto dialog = NewDialog();
+  dialog->show();
+  const QRect outer = mainWindow.frameGeometry();
+  EXPECT_EQ(dialog->x(), outer.left() + (outer.width() - dialog->frameGeometry().width()) / 2);
+  EXPECT_EQ(dialog->y(), outer.top() + (outer.height() - dialog->frameGeometry().height()) / 2);
+  EXPECT_EQ(Stored("Windows", kKey), "(none)");
+}
+
+TEST_F(PlacedDialogTest, ADialogLargerThanTheMainWindowIsCentredByTheNextLowerWhole) {
+  mainWindow.setGeometry(100, 80, 200, 100);
+  const auto dialog = NewDialog();
+  dialog->show();
+  const QRect outer = mainWindow.frameGeometry();
+  const int difference = outer.width() - dialog->frameGeometry().width();
+  ASSERT_LT(difference, 0);
+  EXPECT_EQ(dialog->x(), outer.left() + static_cast<int>(std::floor(difference / 2.0)));
+}
+
+TEST_F(PlacedDialogTest, EveryWayOfClosingWritesThePosition) {
+  for (const int way : {0, 1, 2}) {
+    const auto dialog = NewDialog();
+    dialog->show();
+    dialog->move(40 + way, 50);
+    if (way == 0)
+      dialog->accept();
+    else if (way == 1)
+      dialog->reject();
+    else
+      dialog->close();
+    EXPECT_EQ(Stored("Windows", kKey), std::to_string(40 + way) + ",50");
+  }
+}
+
+TEST_F(PlacedDialogTest, AStoredPositionIsUsedAsItStandsEvenOffTheScreen) {
+  ini.Write("Windows", kKey, "-5000,12345");
+  const auto dialog = NewDialog();
+  dialog->show();
+  EXPECT_EQ(dialog->pos(), QPoint(-5000, 12345));
+}
+
+TEST_F(PlacedDialogTest, AMissingFieldCountsAsZero) {
+  ini.Write("Windows", kKey, "300");
+  const auto dialog = NewDialog();
+  dialog->show();
+  EXPECT_EQ(dialog->pos(), QPoint(300, 0));
+}
+
+TEST_F(PlacedDialogTest, WithoutSavingEveryOpeningIsCentredAndNoKeyIsWritten) {
+  ini.Write("Windows", kKey, "7,8");
+  flags.windows = false;
+  const auto dialog = NewDialog();
+  dialog->show();
+  EXPECT_NE(dialog->pos(), QPoint(7, 8));
+  dialog->move(1, 2);
+  dialog->accept();
+  EXPECT_EQ(Stored("Windows", kKey), "7,8");
+}
+
+}  // namespace
+}  // namespace zerbal::test
