@@ -1,10 +1,14 @@
 #include "map/picture_surface.h"
 
+#include <cmath>
+
 namespace zerbal::map {
 namespace {
 
 /// Larger discs (twips) are not markers; keeping pictures of them would be a waste.
 constexpr std::int32_t kLargestMarker = 300;
+/// Strokes of symbols are shorter (twips).
+constexpr double kLongestSmoothStroke = 600;
 
 /// The code points of UTF-8 text one by one; a damaged sequence gives U+FFFD.
 class Characters {
@@ -58,7 +62,12 @@ void PictureSurface::Polyline(std::span<const Point> points, const Pen& pen) {
   if (points.size() < 2)
     return;
   const std::uint32_t pixel = PixelCanvas::Pixel(pen.colour);
-  const int width = scale_.LineWidth(pen.width);
+  if (pen.width > 1) {
+    for (std::size_t i = 1; i < points.size(); ++i)
+      Stroke(points[i - 1], points[i], pixel, pen.width);
+    return;
+  }
+  const int width = scale_.LineWidth(1);
   Point from = Pixel(points.front());
   bool drawn = false;
   for (const Point& twips : points.subspan(1)) {
@@ -71,6 +80,19 @@ void PictureSurface::Polyline(std::span<const Point> points, const Pen& pen) {
   }
   if (!drawn)
     canvas_.Line(from, from, pixel, width);
+}
+
+void PictureSurface::Stroke(Point from, Point to, std::uint32_t pixel, int width) {
+  // Straight strokes have crisp edges as they are; long ones are no small shapes.
+  const double length = std::hypot(static_cast<double>(from.x) - to.x, static_cast<double>(from.y) - to.y);
+  if (from.x == to.x || from.y == to.y || length > kLongestSmoothStroke) {
+    canvas_.Line(Pixel(from), Pixel(to), pixel, scale_.LineWidth(width));
+    return;
+  }
+  const auto spot = [this](Point twips) {
+    return PixelCanvas::Spot{scale_.Length(twips.x), scale_.Length(twips.y)};
+  };
+  canvas_.SmoothLine(spot(from), spot(to), pixel, width * scale_.Ratio());
 }
 
 void PictureSurface::Rectangle(Point corner1, Point corner2, const Pen& pen) {

@@ -7,7 +7,7 @@
 namespace zerbal::map {
 namespace {
 
-/// `alpha` 1..254. Both colour pairs at once: red and blue, then green.
+/// `alpha` 0..255. Both colour pairs at once: red and blue, then green.
 std::uint32_t Mix(std::uint32_t below, std::uint32_t above, std::uint32_t alpha) {
   const std::uint32_t weight = alpha + (alpha >> 7);  // 0..256
   const std::uint32_t redBlue = ((below & 0xFF00FFU) * (256 - weight) + (above & 0xFF00FFU) * weight) >> 8;
@@ -63,26 +63,18 @@ void PixelCanvas::ThinLine(Point from, Point to, std::uint32_t pixel) {
 }
 
 void PixelCanvas::WideLine(Point from, Point to, std::uint32_t pixel, int width) {
-  const int dx = to.x - from.x;
-  const int dy = to.y - from.y;
-  const int steps = std::max(std::abs(dx), std::abs(dy));
-  const double slant = steps == 0 ? 1.0 : std::hypot(dx, dy) / steps;
-  const bool flat = std::abs(dx) >= std::abs(dy);
-  // A point is a square; a slanted line needs more pixels across to look equally thick.
-  const int across = std::max(1, static_cast<int>(std::lround(width * slant)));
-  const int before = (across - 1) / 2;
-  if (steps == 0) {
+  const int dx = std::abs(to.x - from.x);
+  const int dy = std::abs(to.y - from.y);
+  if (dx == 0 && dy == 0) {
     Block(from.x - (width - 1) / 2, from.y - (width - 1) / 2, width, width, pixel, false);
     return;
   }
-  for (int step = 0; step <= steps; ++step) {
-    const double part = static_cast<double>(step) / steps;
-    const int x = from.x + static_cast<int>(std::lround(part * dx));
-    const int y = from.y + static_cast<int>(std::lround(part * dy));
-    if (flat)
-      Block(x, y - before, 1, across, pixel, false);
-    else
-      Block(x - before, y, across, 1, pixel, false);
+  // A slanted line needs more pixels across to look equally thick.
+  const int across = static_cast<int>(std::lround(width * std::hypot(dx, dy) / std::max(dx, dy)));
+  for (int i = 0; i < across; ++i) {
+    const int aside = i - (across - 1) / 2;
+    const Point shift = dx >= dy ? Point{0, aside} : Point{aside, 0};
+    Line({from.x + shift.x, from.y + shift.y}, {to.x + shift.x, to.y + shift.y}, pixel, 1);
   }
 }
 
@@ -95,9 +87,37 @@ void PixelCanvas::Line(Point from, Point to, std::uint32_t pixel, int width) {
   }
 }
 
-void PixelCanvas::Polyline(std::span<const Point> points, std::uint32_t pixel, int width) {
-  for (std::size_t i = 1; i < points.size(); ++i)
-    Line(points[i - 1], points[i], pixel, width);
+void PixelCanvas::SmoothLine(Spot from, Spot to, std::uint32_t pixel, double width) {
+  const double dx = to.x - from.x;
+  const double dy = to.y - from.y;
+  const double length = std::hypot(dx, dy);
+  // Unit vector along the line; a line without length lies flat.
+  const double ux = length > 0 ? dx / length : 1;
+  const double uy = length > 0 ? dy / length : 0;
+  const Spot middle{(from.x + to.x) / 2, (from.y + to.y) / 2};
+  const double reachAlong = length / 2 + 0.5;
+  const double reachAside = width / 2;
+  // Half the extent of the slanted bar on both axes, with its soft edge.
+  const double halfWidth = std::abs(ux) * (reachAlong + 1) + std::abs(uy) * (reachAside + 1);
+  const double halfHeight = std::abs(uy) * (reachAlong + 1) + std::abs(ux) * (reachAside + 1);
+  const auto first = [](double value) { return static_cast<int>(std::max(value, 0.0)); };
+  const auto past = [](double value, int limit) {
+    return static_cast<int>(std::clamp<double>(value, 0, limit));
+  };
+  const int bottom = past(middle.y + halfHeight + 1, height_);
+  const int right = past(middle.x + halfWidth + 1, width_);
+  for (int y = first(middle.y - halfHeight); y < bottom; ++y) {
+    for (int x = first(middle.x - halfWidth); x < right; ++x) {
+      const double px = x + 0.5 - middle.x;
+      const double py = y + 0.5 - middle.y;
+      const double along = std::clamp(reachAlong - std::abs(px * ux + py * uy) + 0.5, 0.0, 1.0);
+      const double aside = std::clamp(reachAside - std::abs(px * uy - py * ux) + 0.5, 0.0, 1.0);
+      std::uint32_t& at = pixels_[y * stride_ + x];
+      const auto alpha = static_cast<std::uint32_t>(along * aside * 255 + 0.5);
+      if (alpha != 0)
+        at = Mix(at, pixel, alpha);
+    }
+  }
 }
 
 void PixelCanvas::Blend(const Mask& mask, int x, int y, std::uint32_t pixel) {

@@ -1,10 +1,10 @@
-// Drawing straight into the pixels of a 32-bit picture: lines a pixel or more wide, shapes of coverage, and
-// the exclusive-or rectangle. Everything is clipped to the picture; no coordinate is too far away.
+// Drawing straight into the pixels of a 32-bit picture: crisp lines, small bars with soft edges, shapes of
+// coverage, and the exclusive-or rectangle. Everything is clipped to the picture; no coordinate is too far
+// away.
 #pragma once
 
 #include <QImage>
 #include <cstdint>
-#include <span>
 
 #include "map/clip_area.h"
 #include "map/mask.h"
@@ -12,7 +12,7 @@
 
 namespace zerbal::map {
 
-/// Positions are pixels. Lines have no soft edges: that keeps them crisp.
+/// Positions are pixels.
 class PixelCanvas {
  public:
   /// `image` has format RGB32 and must outlive the canvas unshared.
@@ -21,10 +21,18 @@ class PixelCanvas {
   static std::uint32_t Pixel(data::Rgb colour);
 
   void Fill(std::uint32_t pixel);
-  /// Both ends included. `width` counts along the axis that the line is steeper against, so that a slanted
-  /// line is as thick as a straight one; an even width has its extra pixel right of or below the ends.
+  /// Both ends included, no soft edges. A slanted line is as thick as a straight one; an even width has its
+  /// extra pixel right of or below the ends.
   void Line(Point from, Point to, std::uint32_t pixel, int width);
-  void Polyline(std::span<const Point> points, std::uint32_t pixel, int width);
+
+  /// A place between the pixels: the middle of the first pixel is 0.5, 0.5.
+  struct Spot {
+    double x = 0;
+    double y = 0;
+  };
+  /// A short bar with soft edges, half a pixel longer than the line at both ends; for small shapes, as its
+  /// cost grows with the area around it.
+  void SmoothLine(Spot from, Spot to, std::uint32_t pixel, double width);
   void Blend(const Mask& mask, int x, int y, std::uint32_t pixel);
 
   struct Dots {
