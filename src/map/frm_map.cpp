@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "map/picture_surface.h"
+#include "map/position_text.h"
 #include "map/tee_surface.h"
 #include "settings/rounding.h"
 
@@ -132,12 +133,9 @@ void frmMap::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void frmMap::ShowPosition(float x, float y) {
-  const LonLat position = scene_.viewport.Unproject(x, y);
-  double lon = position.lon;
-  while (lon > 360)
-    lon -= 360;
-  emit PositionChanged(QString::fromStdString(LonText(lon - 180)),
-                       QString::fromStdString(LatText(90.0 - position.lat)));
+  const LonLat position = ToGeographic(scene_.viewport.Unproject(x, y));
+  emit PositionChanged(QString::fromStdString(LonText(position.lon)),
+                       QString::fromStdString(LatText(position.lat)));
 }
 
 void frmMap::MoveZoomBox(float x, float y) {
