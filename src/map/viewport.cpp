@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "settings/rounding.h"
+
 namespace zerbal::map {
 
 namespace {

@@ -1,0 +1,65 @@
+#include "map/leg_clip.h"
+
+#include <cmath>
+
+namespace zerbal::map {
+
+namespace {
+
+/// The value at `at` of the straight line that is `from` at `begin` and `to` at `end`.
+float Interpolate(float at, float begin, float end, float from, float to) {
+  const double part = (static_cast<double>(at) - begin) / (static_cast<double>(end) - begin);
+  return static_cast<float>(from + (static_cast<double>(to) - from) * part);
+}
+
+/// Moves an outside end onto one bound that it lies beyond: latitudes before longitudes.
+void MoveOntoBound(const Viewport& view, unsigned code, LonLat& end, const LonLat& other) {
+  if (code & (kBeyondUpperLat | kBeyondLowerLat)) {
+    const float bound = code & kBeyondUpperLat ? view.MapLatMax : view.MapLatMin;
+    end = {Interpolate(bound, end.lat, other.lat, end.lon, other.lon), bound};
+  } else {
+    const float bound = code & kEastOfView ? view.MapLonMax : view.MapLonMin;
+    end = {bound, Interpolate(bound, end.lon, other.lon, end.lat, other.lat)};
+  }
+}
+
+bool IsFinite(const LonLat& position) {
+  return std::isfinite(position.lon) && std::isfinite(position.lat);
+}
+
+}  // namespace
+
+unsigned GetClipCode(const Viewport& viewport, LonLat position) {
+  unsigned code = 0;
+  if (position.lat > viewport.MapLatMax)
+    code |= kBeyondUpperLat;
+  if (position.lat < viewport.MapLatMin)
+    code |= kBeyondLowerLat;
+  if (position.lon < viewport.MapLonMin)
+    code |= kWestOfView;
+  if (position.lon > viewport.MapLonMax)
+    code |= kEastOfView;
+  return code;
+}
+
+bool ClipLeg(const Viewport& viewport, LonLat& from, LonLat& to) {
+  if (!IsFinite(from) || !IsFinite(to))
+    return false;
+  // Each move settles one bound of one end for good, so that four are enough; only a region whose bounds are
+  // the wrong way round could go on for ever.
+  for (int move = 0; move <= 4; ++move) {
+    const unsigned fromCode = GetClipCode(viewport, from);
+    const unsigned toCode = GetClipCode(viewport, to);
+    if ((fromCode | toCode) == 0)
+      return true;
+    if ((fromCode & toCode) != 0)
+      return false;
+    if (fromCode != 0)
+      MoveOntoBound(viewport, fromCode, from, to);
+    else
+      MoveOntoBound(viewport, toCode, to, from);
+  }
+  return false;
+}
+
+}  // namespace zerbal::map

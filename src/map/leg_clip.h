@@ -1,0 +1,21 @@
+// Cuts a leg off at the edges of the view.
+#pragma once
+
+#include "map/viewport.h"
+
+namespace zerbal::map {
+
+/// Bits of GetClipCode. A point exactly on a bound is inside.
+inline constexpr unsigned kBeyondUpperLat = 1;  ///< above MapLatMax
+inline constexpr unsigned kBeyondLowerLat = 2;  ///< below MapLatMin
+inline constexpr unsigned kWestOfView = 4;
+inline constexpr unsigned kEastOfView = 8;
+
+/// Beyond which bounds of the shown region a position lies; 0 inside.
+unsigned GetClipCode(const Viewport& viewport, LonLat position);
+
+/// Moves the ends of a segment onto the bounds it crosses (Cohen-Sutherland). Returns false when nothing of
+/// it is in view, or when an end is not a number.
+bool ClipLeg(const Viewport& viewport, LonLat& from, LonLat& to);
+
+}  // namespace zerbal::map

@@ -1,0 +1,123 @@
+#include "map/leg_symbol.h"
+
+#include <cmath>
+
+#include "settings/rounding.h"
+
+namespace zerbal::map {
+
+namespace {
+
+using settings::Int;
+using settings::ToInt32;
+
+struct Sizes {
+  double nose;  ///< anchor to nose tip
+  double wing;  ///< anchor to wing centre
+  double halfWing;
+  double halfTail;
+};
+constexpr Sizes kDetailSizes{160, 110, 100, 50};
+constexpr Sizes kOverviewSizes{120, 82, 75, 37};
+
+const Sizes& SizesOf(bool detailMode) {
+  return detailMode ? kDetailSizes : kOverviewSizes;
+}
+
+/// -1, 0 or 1.
+int Sign(double value) {
+  return (value > 0) - (value < 0);
+}
+
+/// A leg's direction. Cosine and sine are those of its acute angle with the x axis, taken from its sides so
+/// that a leg along an axis, or of whole-numbered sides, gives whole numbers exactly.
+class Direction {
+ public:
+  Direction(Point from, Point to)
+      : from_(from),
+        dx_(static_cast<double>(to.x) - from.x),
+        dy_(static_cast<double>(to.y) - from.y),
+        length_(std::sqrt(dx_ * dx_ + dy_ * dy_)) {}
+
+  int SignX() const { return Sign(dx_); }
+  int SignY() const { return Sign(dy_); }
+
+  /// A quarter of the leg from its start, rounded down after the addition.
+  Point Anchor() const { return {ToInt32(Int(from_.x + dx_ / 4)), ToInt32(Int(from_.y + dy_ / 4))}; }
+
+  /// `distance` further along the leg; what is added or subtracted is rounded down.
+  Point Along(Point point, double distance) const {
+    return {point.x + SignX() * ToInt32(Int(TimesCos(distance))),
+            point.y + SignY() * ToInt32(Int(TimesSin(distance)))};
+  }
+
+  /// `distance` to the left of the direction of the leg, to the right when negative; rounded down after the
+  /// addition.
+  Point Aside(Point point, double distance) const {
+    return {ToInt32(Int(point.x + SignY() * TimesSin(distance))),
+            ToInt32(Int(point.y - SignX() * TimesCos(distance)))};
+  }
+
+ private:
+  double TimesCos(double distance) const { return distance * std::fabs(dx_) / length_; }
+  double TimesSin(double distance) const { return distance * std::fabs(dy_) / length_; }
+
+  Point from_;
+  double dx_;
+  double dy_;
+  double length_;
+};
+
+/// From the reference point two nose lengths along the leg to the label's top left corner.
+Point LabelOffset(int signX, int signY) {
+  if (signX == 0)
+    return {40, 0};
+  if (signY == 0)
+    return {0, 40};
+  if (signX > 0)
+    return signY < 0 ? Point{40, 40} : Point{40, -240};
+  return signY < 0 ? Point{40, -200} : Point{40, 20};
+}
+
+}  // namespace
+
+LegSymbol ComputeLegSymbol(Point from, Point to, bool detailMode) {
+  const Sizes& sizes = SizesOf(detailMode);
+  const Direction direction(from, to);
+  const Point anchor = direction.Anchor();
+  const Point wing = direction.Along(anchor, sizes.wing);
+  return {.anchor = anchor,
+          .nose = direction.Along(anchor, sizes.nose),
+          .wingFrom = direction.Aside(wing, sizes.halfWing),
+          .wingTo = direction.Aside(wing, -sizes.halfWing),
+          .tailFrom = direction.Aside(anchor, sizes.halfTail),
+          .tailTo = direction.Aside(anchor, -sizes.halfTail)};
+}
+
+Point LegLabelPosition(Point from, Point to, bool detailMode) {
+  if (from == to)
+    return {from.x + 50, from.y - 240};
+  const Direction direction(from, to);
+  const Point reference = direction.Along(direction.Anchor(), 2 * SizesOf(detailMode).nose);
+  const Point offset = LabelOffset(direction.SignX(), direction.SignY());
+  return {reference.x + offset.x, reference.y + offset.y};
+}
+
+void DrawLegSymbol(Canvas& canvas, Point from, Point to, std::string_view label,
+                   const LegSymbolOptions& options) {
+  const bool detailMode = canvas.viewport.DetailMode;
+  if (options.symbol && from != to) {
+    constexpr int kFuselageWidth = 3;
+    constexpr int kWingWidth = 2;
+    const LegSymbol symbol = ComputeLegSymbol(from, to, detailMode);
+    const Pen across{.colour = options.symbolColour, .width = kWingWidth};
+    canvas.surface.Line(symbol.anchor, symbol.nose,
+                        {.colour = options.symbolColour, .width = kFuselageWidth});
+    canvas.surface.Line(symbol.wingFrom, symbol.wingTo, across);
+    canvas.surface.Line(symbol.tailFrom, symbol.tailTo, across);
+  }
+  if (options.label)
+    canvas.surface.Text(LegLabelPosition(from, to, detailMode), label, options.labelColour, canvas.font);
+}
+
+}  // namespace zerbal::map

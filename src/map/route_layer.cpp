@@ -1,0 +1,183 @@
+#include "map/route_layer.h"
+
+#include <array>
+#include <cmath>
+#include <exception>
+#include <string>
+#include <string_view>
+
+#include "data/schedule.h"
+#include "map/airport_layer.h"
+#include "map/leg_clip.h"
+#include "map/leg_symbol.h"
+
+namespace zerbal::map {
+
+namespace {
+
+constexpr std::size_t kMaxPoints = data::kMaxStopovers + 2;
+
+struct RoutePoint {
+  LonLat position;
+  AirportTexts texts;  ///< only when airports are drawn
+};
+
+/// Draws one flight after the other; keeps its buffers.
+class FlightPainter {
+ public:
+  FlightPainter(Canvas& canvas, MapScene& scene)
+      : canvas_(canvas),
+        options_(scene.options),
+        airportColour_(scene.tables.colours[data::ColourCode::kApDest]),
+        symbolColour_(scene.tables.colours[data::ColourCode::kAcSymb]),
+        dest_(scene.databases.dest),
+        lonField_(dest_.FieldIndex("AP_Lon")),
+        latField_(dest_.FieldIndex("AP_Lat")) {
+    if (options_.flightAirports) {
+      nameField_ = dest_.FieldIndex("AP_Name");
+      cityField_ = dest_.FieldIndex("AP_City");
+    }
+  }
+
+  void Draw(const data::Flight& flight, data::Rgb colour) {
+    if (!ReadRoute(flight))
+      return;
+    colour_ = colour;
+    DrawPass(flight, 0.0F);
+    if (secondPass_)
+      DrawPass(flight, 360.0F);
+  }
+
+ private:
+  /// Looks every airport up. False when one is not among the destinations.
+  bool ReadRoute(const data::Flight& flight) {
+    count_ = 0;
+    secondPass_ = false;
+    for (const std::string& code : flight.route) {
+      dest_.Seek(code);
+      if (dest_.NoMatch())
+        return false;
+      RoutePoint& point = points_.at(count_++);
+      point.position = {dest_.At(lonField_).AsSingle(), dest_.At(latField_).AsSingle()};
+      if (options_.flightAirports) {
+        point.texts.code = code;
+        Read(nameField_, point.texts.name);
+        Read(cityField_, point.texts.city);
+      }
+      // West of a view that runs through 360: this end is seen one turn further east.
+      if (canvas_.viewport.MapWrap && point.position.lon < canvas_.viewport.MapLonMin)
+        secondPass_ = true;
+    }
+    return true;
+  }
+
+  void Read(int field, std::string& text) {
+    text.clear();
+    dest_.At(field).AppendText(text);
+  }
+
+  void DrawPass(const data::Flight& flight, float offset) {
+    for (std::size_t leg = 1; leg < count_; ++leg) {
+      const LonLat from = Shifted(points_[leg - 1].position, offset);
+      const LonLat to = Shifted(points_[leg].position, offset);
+      MakeLabel(flight.number, leg);
+      if (DrawFlightLeg(from, to))
+        DrawFlightLeg(Shifted(from, -360.0F), Shifted(to, -360.0F));
+      DrawRouteAirport(points_[leg - 1], offset);
+    }
+    DrawRouteAirport(points_[count_ - 1], offset);
+  }
+
+  static LonLat Shifted(LonLat position, float offset) { return {position.lon + offset, position.lat}; }
+
+  void MakeLabel(std::string_view number, std::size_t leg) {
+    label_ = number;
+    if (options_.legNumbers)
+      label_.append(" (")
+          .append(std::to_string(leg))
+          .append("/")
+          .append(std::to_string(count_ - 1))
+          .append(")");
+  }
+
+  /// Returns whether the leg goes the short way round through 360.
+  bool DrawFlightLeg(LonLat from, LonLat to) {
+    const bool wrapped = std::fabs(static_cast<double>(from.lon) - to.lon) > 180.0;
+    if (wrapped)
+      (from.lon < to.lon ? from : to).lon += 360.0F;
+    if (!ClipLeg(canvas_.viewport, from, to))
+      return wrapped;
+    const Point start = canvas_.viewport.PictureAt(from.lon, from.lat);
+    const Point end = canvas_.viewport.PictureAt(to.lon, to.lat);
+    canvas_.surface.Line(start, end, {.colour = colour_});
+    if (options_.flightNumbers || options_.aircraftSymbols)
+      DrawLegSymbol(canvas_, start, end, label_,
+                    {.symbol = options_.aircraftSymbols,
+                     .label = options_.flightNumbers,
+                     .symbolColour = symbolColour_,
+                     .labelColour = colour_});
+    return wrapped;
+  }
+
+  void DrawRouteAirport(const RoutePoint& point, float offset) {
+    if (!options_.flightAirports)
+      return;
+    try {
+      DrawAirport(canvas_, point.texts, point.position.lon + offset, point.position.lat, airportColour_);
+    } catch (const std::exception&) {
+      // An airport that cannot be drawn costs neither its flight nor the others.
+    }
+  }
+
+  Canvas& canvas_;
+  const DisplayOptions& options_;
+  data::Rgb airportColour_;
+  data::Rgb symbolColour_;
+  jet::Recordset& dest_;
+  int lonField_;
+  int latField_;
+  int nameField_ = 0;
+  int cityField_ = 0;
+
+  data::Rgb colour_;
+  std::array<RoutePoint, kMaxPoints> points_;
+  std::size_t count_ = 0;
+  bool secondPass_ = false;
+  std::string label_;
+};
+
+/// Every service of that name has its say; the last one counts.
+data::Rgb ServiceColour(const data::FlightServiceTable& services, std::string_view name) {
+  data::Rgb colour;
+  for (const data::FlightService& service : services)
+    if (service.key == name)
+      colour = service.rgb;
+  return colour;
+}
+
+}  // namespace
+
+void DrawServiceFlights(Canvas& canvas, MapScene& scene) {
+  FlightPainter painter(canvas, scene);
+  for (const data::FlightService& service : scene.tables.services)
+    if (service.displayFlag)
+      data::ForEachFlightOfService(scene.databases.flit, service.key, [&](const jet::Recordset& flit) {
+        painter.Draw(data::ReadFlight(flit), service.rgb);
+        return true;
+      });
+}
+
+void DrawSelectedFlights(Canvas& canvas, MapScene& scene) {
+  FlightPainter painter(canvas, scene);
+  jet::Recordset& flit = scene.databases.flit;
+  flit.SetIndex("flituni");
+  for (const std::string& key : scene.flights.selectedFlights) {
+    flit.Seek(key);
+    if (flit.NoMatch())
+      continue;
+    const data::Flight flight = data::ReadFlight(flit);
+    painter.Draw(flight, ServiceColour(scene.tables.services, flight.service));
+  }
+}
+
+}  // namespace zerbal::map
