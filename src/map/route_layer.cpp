@@ -159,10 +159,11 @@ data::Rgb ServiceColour(const data::FlightServiceTable& services, std::string_vi
 
 void DrawServiceFlights(Canvas& canvas, MapScene& scene) {
   FlightPainter painter(canvas, scene);
+  data::FlightReader reader(scene.databases.flit);
   for (const data::FlightService& service : scene.tables.services)
     if (service.displayFlag)
       data::ForEachFlightOfService(scene.databases.flit, service.key, [&](const jet::Recordset& flit) {
-        painter.Draw(data::ReadFlight(flit), service.rgb);
+        painter.Draw(reader.Read(flit), service.rgb);
         return true;
       });
 }
@@ -170,12 +171,13 @@ void DrawServiceFlights(Canvas& canvas, MapScene& scene) {
 void DrawSelectedFlights(Canvas& canvas, MapScene& scene) {
   FlightPainter painter(canvas, scene);
   jet::Recordset& flit = scene.databases.flit;
+  data::FlightReader reader(flit);
   flit.SetIndex("flituni");
   for (const std::string& key : scene.flights.selectedFlights) {
     flit.Seek(key);
     if (flit.NoMatch())
       continue;
-    const data::Flight flight = data::ReadFlight(flit);
+    const data::Flight& flight = reader.Read(flit);
     painter.Draw(flight, ServiceColour(scene.tables.services, flight.service));
   }
 }
