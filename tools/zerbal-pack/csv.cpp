@@ -1,4 +1,4 @@
-#include "csv.h"
+#include "zerbal-pack/csv.h"
 
 #include <utility>
 

@@ -1,0 +1,40 @@
+// The airline's tables and the reference tables, read from CSV files.
+#pragma once
+
+#include <filesystem>
+
+#include "zerbal-pack/csv_table.h"
+#include "zerbal-pack/problems.h"
+
+namespace zerbal::pack {
+
+struct Schedule {
+  CsvTable services;
+  CsvTable destinations;
+  CsvTable flights;
+};
+
+struct ScheduleSources {
+  std::filesystem::path services;
+  std::filesystem::path destinations;
+  std::filesystem::path flights;
+};
+
+/// Colours, fonts and regions: the program's own data.
+struct ProgramData {
+  CsvTable colours;
+  CsvTable fonts;
+  CsvTable regions;
+};
+
+/// Each reads its files and reports everything that is wrong with them, also between them. What was read is
+/// only to be used when nothing was reported.
+Schedule ReadSchedule(const ScheduleSources& sources, Problems& problems);
+ProgramData ReadProgramData(const std::filesystem::path& folder, Problems& problems);
+CsvTable ReadAirports(const std::filesystem::path& file, Problems& problems);
+
+/// What depends on several rows or tables; the readers above call these.
+void CheckSchedule(const Schedule& schedule, Problems& problems);
+void CheckProgramData(const ProgramData& data, Problems& problems);
+
+}  // namespace zerbal::pack

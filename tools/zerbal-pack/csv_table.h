@@ -1,0 +1,44 @@
+// Reading the rows of one table from a planner's CSV file.
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "jet/writer.h"
+#include "zerbal-pack/layout.h"
+#include "zerbal-pack/problems.h"
+
+namespace zerbal::pack {
+
+struct CsvRow {
+  std::size_t line = 0;
+  std::vector<jet::Value> values;  ///< one for each column of the layout; Null where the file's value was bad
+
+  /// The text in a column; "" when it holds none.
+  std::string_view Text(std::size_t column) const;
+};
+
+struct CsvTable {
+  const TableLayout* layout = nullptr;
+  std::string file;                 ///< for messages
+  std::vector<std::string> titles;  ///< of each column of the layout, as the file's header names it
+  std::vector<CsvRow> rows;
+  bool headerRead = false;  ///< false: nothing is known about the rows, `rows` is empty
+
+  void Report(Problems& problems, const CsvRow& row, std::size_t column, std::string reason) const;
+};
+
+/// Reads `file` and reports everything that is wrong with it and its values alone: form, header, missing and
+/// superfluous columns, values that do not fit, keys that occur twice. What depends on other tables is left
+/// to the caller. Rows whose form is right are kept even when a value is bad, so that others can refer to
+/// them.
+CsvTable ReadCsvTable(const std::filesystem::path& file, const TableLayout& layout, Problems& problems);
+
+/// The same from a text in memory.
+CsvTable ParseCsvTable(std::string_view text, std::string fileName, const TableLayout& layout,
+                       Problems& problems);
+
+}  // namespace zerbal::pack
