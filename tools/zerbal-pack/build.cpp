@@ -1,0 +1,115 @@
+#include "zerbal-pack/build.h"
+
+#include <fstream>
+#include <sstream>
+#include <utility>
+
+#include "zerbal-pack/airline.h"
+#include "zerbal-pack/output_file.h"
+#include "zerbal-pack/staged_folders.h"
+#include "zerbal-pack/write_tables.h"
+
+namespace zerbal::pack {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr double kDataShare = 0.08;  // of the whole work
+
+/// Stands in the revision file and tells that a folder is ours to replace.
+constexpr const char* kMark = "MadeBy=zerbal-pack";
+
+struct Sources {
+  Schedule schedule;
+  ProgramData program;
+  CsvTable airports;
+  std::string revision;
+};
+
+std::string ReadText(const fs::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  std::ostringstream text;
+  if (stream)
+    text << stream.rdbuf();
+  return text.str();
+}
+
+/// The revision file's lines as the program's settings files have them, with our mark at the end.
+std::string RevisionText(const std::string& source) {
+  std::istringstream lines(source);
+  std::string text;
+  for (std::string line; std::getline(lines, line);) {
+    if (line.ends_with('\r'))
+      line.pop_back();
+    text.append(line).append("\r\n");
+  }
+  return text.append("\r\n[Pack]\r\n").append(kMark).append("\r\n");
+}
+
+void CheckReplaceable(const fs::path& out) {
+  if (fs::exists(out) && !fs::is_directory(out))
+    throw BuildRefused(out.string() + " is not a folder");
+  const bool ours = ReadText(out / kDataFolder / kRevisionFile).find(kMark) != std::string::npos;
+  for (const char* name : {kDataFolder, kMapFolder}) {
+    const fs::path folder = out / name;
+    if (fs::exists(folder) && !ours && !(fs::is_directory(folder) && fs::is_empty(folder)))
+      throw BuildRefused(folder.string() +
+                         " was not made by zerbal-pack; move it away or choose another folder");
+  }
+}
+
+Sources ReadSources(const fs::path& folder, Problems& problems) {
+  Sources sources;
+  sources.program = ReadProgramData(folder, problems);
+  sources.schedule =
+      ReadSchedule({folder / "services.csv", folder / "destinations.csv", folder / "flights.csv"}, problems);
+  sources.airports = ReadAirports(folder / "airports.csv", problems);
+  sources.revision = ReadText(folder / kRevisionFile);
+  if (sources.revision.find("[RevZBL]") == std::string::npos)
+    problems.Add({(folder / kRevisionFile).string(), 0, "", "cannot be read or has no section [RevZBL]"});
+  return sources;
+}
+
+void AddSize(std::vector<TableSize>& sizes, const std::string& file, const CsvTable& table) {
+  sizes.push_back({std::string(kDataFolder) + "/" + file, table.layout->name, table.rows.size()});
+}
+
+std::vector<TableSize> WriteData(const fs::path& folder, const Sources& sources) {
+  std::vector<TableSize> sizes;
+  WriteProgramData(folder / "zbldata.mdb", sources.program);
+  for (const CsvTable* table : {&sources.program.colours, &sources.program.fonts, &sources.program.regions})
+    AddSize(sizes, "zbldata.mdb", *table);
+  WriteSchedule(folder / "qavdata.mdb", sources.schedule);
+  for (const CsvTable* table :
+       {&sources.schedule.services, &sources.schedule.destinations, &sources.schedule.flights})
+    AddSize(sizes, "qavdata.mdb", *table);
+  WriteAirports(folder / "allaprt.mdb", sources.airports);
+  AddSize(sizes, "allaprt.mdb", sources.airports);
+  OutputFile revision(folder / kRevisionFile);
+  revision.Write(RevisionText(sources.revision));
+  revision.Commit();
+  return sizes;
+}
+
+}  // namespace
+
+std::vector<TableSize> BuildFolder(const BuildOptions& options, const MapBuilder& buildMap,
+                                   const BuildProgress& progress, Problems& problems) {
+  CheckReplaceable(options.out);
+  progress(0, "reading");
+  const Sources sources = ReadSources(options.sources, problems);
+  if (!problems.Empty())
+    return {};
+  StagedFolders staged(options.out, {kDataFolder, kMapFolder});
+  progress(kDataShare / 2, "airports and flights");
+  std::vector<TableSize> sizes = WriteData(staged.WorkFolder() / kDataFolder, sources);
+  progress(kDataShare, "map");
+  const auto mapProgress = [&](double done) { progress(kDataShare + (1 - kDataShare) * done, "map"); };
+  for (TableSize& size : buildMap(staged.WorkFolder(), mapProgress))
+    sizes.push_back(std::move(size));
+  staged.Commit();
+  return sizes;
+}
+
+}  // namespace zerbal::pack

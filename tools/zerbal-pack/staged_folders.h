@@ -1,0 +1,36 @@
+// Replacing sub-folders of a folder all together or not at all.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace zerbal::pack {
+
+/// New sub-folders of `target`, made in a working folder on the same file system and put in their places by
+/// Commit(). A target that does not exist yet appears complete. Without Commit() everything is as it was
+/// before. Failures are std::filesystem::filesystem_error.
+class StagedFolders {
+ public:
+  StagedFolders(std::filesystem::path target, std::vector<std::string> names);
+  ~StagedFolders();
+  StagedFolders(const StagedFolders&) = delete;
+  StagedFolders& operator=(const StagedFolders&) = delete;
+
+  /// Holds the new sub-folders, empty at first.
+  const std::filesystem::path& WorkFolder() const { return work_; }
+
+  /// Puts the new sub-folders in place of the old ones, which are removed.
+  void Commit();
+
+ private:
+  void Swap(const std::string& name);
+  void SwapBack(std::size_t count) noexcept;
+
+  std::filesystem::path target_;
+  std::vector<std::string> names_;
+  bool targetExisted_ = false;
+  std::filesystem::path work_;
+};
+
+}  // namespace zerbal::pack
