@@ -1,0 +1,309 @@
+#include "zerbal-pack/check.h"
+
+#include <algorithm>
+#include <array>
+#include <functional>
+#include <optional>
+#include <set>
+#include <string_view>
+
+#include "data/schedule.h"
+#include "jet/database.h"
+#include "jet/error.h"
+#include "jet/pair_reader.h"
+#include "jet/recordset.h"
+#include "zerbal-pack/check_table.h"
+#include "zerbal-pack/csv_value.h"
+#include "zerbal-pack/layout.h"
+#include "zerbal-pack/text.h"
+
+namespace zerbal::pack {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::int32_t kPenUp = -1'000'000;  // millionths of a degree, in `Lon`
+constexpr std::int32_t kMostLongitude = 360'000'000;
+constexpr std::int32_t kMostLatitude = 180'000'000;
+
+/// An entry of a folder by its name without regard to letter case; an exact match wins.
+std::optional<fs::path> FindEntry(const fs::path& folder, const std::string& name) {
+  if (fs::exists(folder / name))
+    return folder / name;
+  std::error_code failed;
+  for (const fs::directory_entry& entry : fs::directory_iterator(folder, failed)) {
+    if (EqualIgnoringCase(entry.path().filename().string(), name))
+      return entry.path();
+  }
+  return std::nullopt;
+}
+
+class FolderCheck {
+ public:
+  FolderCheck(fs::path folder, CheckReport& report) : folder_(std::move(folder)), report_(report) {}
+
+  void Run() {
+    CheckProgramData();
+    CheckSchedule();
+    CheckAirports();
+    CheckMap("coast.mdb", true);
+    CheckMap("river.mdb", false);
+    CheckMap("ibound.mdb", false);
+    if (!Find("app_data/zblrev.ini"))
+      report_.AddNote("app_data/zblrev.ini", "is missing; revision numbers show as Unknown");
+  }
+
+ private:
+  using RowAction = std::function<void(const jet::Recordset&)>;
+
+  std::optional<fs::path> Find(const std::string& name) const {
+    const std::size_t slash = name.find('/');
+    const std::optional<fs::path> folder = FindEntry(folder_, name.substr(0, slash));
+    return folder ? FindEntry(*folder, name.substr(slash + 1)) : std::nullopt;
+  }
+
+  std::optional<jet::Database> Open(const std::string& name, bool required, std::string_view without) {
+    const std::optional<fs::path> path = Find(name);
+    if (!path && required)
+      report_.Add(name, "file", "the file is missing; the program does not start without it");
+    else if (!path)
+      report_.AddNote(name, "is missing; " + std::string(without));
+    if (!path)
+      return std::nullopt;
+    try {
+      return jet::Database::Open(*path);
+    } catch (const jet::EngineError& error) {
+      report_.Add(name, "file", "cannot be opened: " + error.Reason());
+      return std::nullopt;
+    }
+  }
+
+  /// Rows of the table; nothing when it could not be opened.
+  std::optional<std::size_t> Check(const jet::Database& database, const std::string& file,
+                                   const TableLayout& layout, const RowAction& action) {
+    const std::string where = file + ": table '" + layout.name + "'";
+    std::optional<jet::Recordset> rows = OpenChecked(database, where, layout.name, report_);
+    if (!rows)
+      return std::nullopt;
+    std::size_t count = 0;
+    CheckTable(*rows, layout, where, report_, [&](const jet::Recordset& row) {
+      ++count;
+      action(row);
+    });
+    return count;
+  }
+
+  void CheckProgramData() {
+    const std::string file = "app_data/zbldata.mdb";
+    const std::optional<jet::Database> database = Open(file, true, "");
+    if (!database)
+      return;
+    Check(*database, file, ColourLayout(), [](const jet::Recordset&) {});
+    CheckCodes(*database, file, "col", "colcode",
+               {"MAPBG", "ZOOM", "CENTRE", "COAST", "RIVER", "IBOUND", "APALL", "APDEST", "ACSYMB"});
+    Check(*database, file, FontLayout(), [](const jet::Recordset&) {});
+    CheckCodes(*database, file, "fon", "foncode", {"LORES", "HIRES"});
+    const auto regions =
+        Check(*database, file, RegionLayout(), [&](const jet::Recordset& row) { CheckRegion(row); });
+    if (regions)
+      report_.AddCount("regions", *regions);
+    if (regions == std::size_t{0})
+      report_.Add(file + ": table 'reg'", "rows", "there is no region; the program needs at least one");
+  }
+
+  /// Seeks as the program does.
+  void CheckCodes(const jet::Database& database, const std::string& file, const std::string& table,
+                  const std::string& index, const std::vector<std::string>& codes) {
+    const std::string where = file + ": table '" + table + "'";
+    try {
+      if (!database.HasTable(table))
+        return;
+      jet::Recordset rows = database.OpenTable(table);
+      rows.SetIndex(index);
+      for (const std::string& code : codes) {
+        rows.Seek(code);
+        if (rows.NoMatch())
+          report_.Add(where, "code", "there is no row with code " + Quoted(code));
+      }
+    } catch (const jet::EngineError& error) {
+      if (HasIndexFor(database, table, index))
+        report_.Add(where, "damage", error.Reason());
+    }
+  }
+
+  /// A missing index was reported with the table.
+  static bool HasIndexFor(const jet::Database& database, const std::string& table, const std::string& index) {
+    try {
+      const jet::Recordset rows = database.OpenTable(table);
+      return std::any_of(rows.Indexes().begin(), rows.Indexes().end(),
+                         [&](const jet::IndexInfo& info) { return EqualIgnoringCase(info.name, index); });
+    } catch (const jet::EngineError&) {
+      return false;
+    }
+  }
+
+  void CheckRegion(const jet::Recordset& row) {
+    const std::string where = "app_data/zbldata.mdb: table 'reg'";
+    try {
+      const std::string name = RowName(row, RegionLayout());
+      if (row["Reg_FromLon"].AsDouble() == row["Reg_ToLon"].AsDouble())
+        report_.Add(where, "width", name + " has no width; choosing it shows nothing");
+      if (row["Reg_FromLat"].AsDouble() >= row["Reg_ToLat"].AsDouble())
+        report_.Add(where, "height", name + ": Reg_ToLat is not south of Reg_FromLat");
+    } catch (const jet::ConversionError&) {
+      return;  // reported with the values
+    }
+  }
+
+  void CheckSchedule() {
+    const std::string file = "app_data/qavdata.mdb";
+    const std::optional<jet::Database> database = Open(file, true, "");
+    if (!database)
+      return;
+    const auto services = Check(*database, file, ServiceLayout(),
+                                [&](const jet::Recordset& row) { services_.insert(row["FSrv"].AsText()); });
+    if (services == std::size_t{0})
+      report_.Add(file + ": table 'fsrv'", "rows",
+                  "there is no flight service; the program needs at least one");
+    const auto destinations = Check(*database, file, DestinationLayout(),
+                                    [&](const jet::Recordset& row) { CheckDestination(row); });
+    knowDestinations_ = destinations.has_value();
+    knowServices_ = services.has_value();
+    const auto flights =
+        Check(*database, file, FlightLayout(), [&](const jet::Recordset& row) { CheckFlight(row); });
+    report_.AddCount("flight services", services.value_or(0));
+    report_.AddCount("destinations", destinations.value_or(0));
+    report_.AddCount("flights", flights.value_or(0));
+  }
+
+  void CheckDestination(const jet::Recordset& row) {
+    const std::string code = row["AP"].AsText();
+    if (!airports_.insert(code).second)
+      report_.Add("app_data/qavdata.mdb: table 'dest'", "twice",
+                  "destination " + Quoted(code) + " is there twice");
+  }
+
+  void CheckFlight(const jet::Recordset& row) {
+    const std::string where = "app_data/qavdata.mdb: table 'flit'";
+    const data::Flight flight = data::ReadFlight(row);
+    const std::string name = "flight " + Quoted(flight.number) + " (key " + Quoted(flight.key) + ")";
+    if (!flights_.insert(flight.key).second)
+      report_.Add(where, "twice", name + ": another flight has the same key");
+    if (knowServices_ && !services_.contains(flight.service))
+      report_.Add(where, "service",
+                  name + ": there is no flight service " + Quoted(flight.service) +
+                      ", so it is drawn black or not at all");
+    for (const std::string& code : flight.route) {
+      if (!knowDestinations_ || airports_.contains(code))
+        continue;
+      report_.Add(
+          where, "airport",
+          name + ": airport " + Quoted(code) + " is not among the destinations, so it is never drawn");
+      break;
+    }
+    CheckStops(row, flight, where, name);
+  }
+
+  void CheckStops(const jet::Recordset& row, const data::Flight& flight, const std::string& where,
+                  const std::string& name) {
+    const int used = static_cast<int>(flight.route.size()) - 2;
+    for (int stop = used + 1; stop <= data::kMaxStopovers; ++stop) {
+      if (row["Flit_Stop" + std::to_string(stop)].IsNull())
+        continue;
+      report_.Add(where, "gap",
+                  name + ": stopover " + std::to_string(stop) + " is ignored, because stopover " +
+                      std::to_string(used + 1) + " is empty");
+      return;
+    }
+  }
+
+  void CheckAirports() {
+    const std::string file = "app_data/allaprt.mdb";
+    const std::optional<jet::Database> database = Open(file, true, "");
+    if (!database)
+      return;
+    const auto count = Check(*database, file, AirportLayout(), [](const jet::Recordset&) {});
+    report_.AddCount("airports", count.value_or(0));
+  }
+
+  void CheckMap(const std::string& name, bool coast) {
+    const std::string file = "app_map/" + name;
+    const std::optional<jet::Database> database = Open(file, coast, "its lines are never drawn");
+    if (!database)
+      return;
+    if (coast && !database->HasTable("wcl"))
+      report_.Add(file, "wcl", "table 'wcl' is missing; there is no coastline in wide views");
+    std::size_t tables = 0;
+    for (const std::string& table : database->TableNames()) {
+      const bool detail = IsCellTable(table);
+      tables += detail ? 1 : 0;
+      if (detail || (coast && EqualIgnoringCase(table, "wcl")))
+        CheckLines(*database, file + ": table '" + table + "'", table);
+    }
+    if (tables == 0)
+      report_.Add(file, "cells", "there is no table of a grid cell; close views show no lines");
+    report_.AddCount("cells in " + name, tables);
+  }
+
+  /// A cell's name, two of the letters A, C, E, ... Q, and "wdb2".
+  static bool IsCellTable(std::string_view name) {
+    const std::string plain = LowerCase(name);
+    const auto isBand = [](char c) { return c >= 'a' && c <= 'q' && (c - 'a') % 2 == 0; };
+    return plain.size() == 6 && isBand(plain[0]) && isBand(plain[1]) && plain.ends_with("wdb2");
+  }
+
+  void CheckLines(const jet::Database& database, const std::string& where, const std::string& table) {
+    const std::optional<jet::Recordset> rows = OpenChecked(database, where, table, report_);
+    if (!rows)
+      return;
+    bool fields = true;
+    for (const char* field : {"Lon", "Lat"}) {
+      if (rows->FindField(field))
+        continue;
+      report_.Add(where, "field", "field '" + std::string(field) + "' is missing");
+      fields = false;
+    }
+    try {
+      if (fields)
+        CheckPoints(*rows, where);
+    } catch (const jet::EngineError& error) {
+      report_.Add(where, "damage", error.Reason());
+    }
+  }
+
+  void CheckPoints(const jet::Recordset& rows, const std::string& where) {
+    jet::PairReader reader(rows, "Lon", "Lat");
+    std::array<jet::LongPair, 1024> points;
+    std::size_t number = 0;
+    while (const std::size_t count = reader.Read(points)) {
+      for (std::size_t i = 0; i < count; ++i) {
+        ++number;
+        const auto [lon, lat] = points[i];
+        if (lon == kPenUp || (lon >= 0 && lon <= kMostLongitude && lat >= 0 && lat <= kMostLatitude))
+          continue;
+        report_.Add(where, "point",
+                    "row " + std::to_string(number) + ": the point " + std::to_string(lon) + ", " +
+                        std::to_string(lat) + " is outside the map frame");
+      }
+    }
+  }
+
+  fs::path folder_;
+  CheckReport& report_;
+  std::set<std::string> services_;
+  std::set<std::string> airports_;
+  std::set<std::string> flights_;
+  bool knowServices_ = false;
+  bool knowDestinations_ = false;
+};
+
+}  // namespace
+
+CheckReport CheckFolder(const fs::path& folder) {
+  CheckReport report;
+  FolderCheck(folder, report).Run();
+  return report;
+}
+
+}  // namespace zerbal::pack

@@ -1,0 +1,165 @@
+#include "zerbal-pack/check_table.h"
+
+#include <algorithm>
+#include <array>
+
+#include "jet/error.h"
+#include "zerbal-pack/csv_value.h"
+#include "zerbal-pack/text.h"
+
+namespace zerbal::pack {
+
+namespace {
+
+/// An index that the program selects. A field is given where it matters which one it is on.
+struct NeededIndex {
+  std::string_view table;
+  std::string_view index;
+  std::string_view field;
+};
+
+constexpr std::array<NeededIndex, 8> kNeededIndexes = {{{"col", "colcode", ""},
+                                                        {"fon", "foncode", ""},
+                                                        {"reg", "sort", ""},
+                                                        {"fsrv", "sort", ""},
+                                                        {"dest", "aprt", "AP"},
+                                                        {"flit", "fsrv", "Flit_FSrv"},
+                                                        {"flit", "flituni", "Flit_2015"},
+                                                        {"allaprt", "aprt", "AP"}}};
+
+bool CheckFields(const jet::Recordset& rows, const TableLayout& layout, const std::string& where,
+                 CheckReport& report) {
+  bool all = true;
+  for (const ColumnLayout& column : layout.columns) {
+    if (!column.read || rows.FindField(column.field.name))
+      continue;
+    report.Add(where, "field", "field " + Quoted(column.field.name) + " is missing");
+    all = false;
+  }
+  return all;
+}
+
+void CheckIndex(const jet::Recordset& rows, const NeededIndex& needed, const std::string& where,
+                CheckReport& report) {
+  const auto& indexes = rows.Indexes();
+  const auto found = std::find_if(indexes.begin(), indexes.end(), [&](const jet::IndexInfo& index) {
+    return EqualIgnoringCase(index.name, needed.index);
+  });
+  if (found == indexes.end()) {
+    report.Add(where, "index", "index " + Quoted(needed.index) + " is missing");
+    return;
+  }
+  if (needed.field.empty())
+    return;
+  const bool onField =
+      found->columns.size() == 1 && EqualIgnoringCase(found->columns.front().name, needed.field);
+  if (!onField)
+    report.Add(where, "index",
+               "index " + Quoted(needed.index) + " is not on the one field " + Quoted(needed.field));
+}
+
+/// Throws ConversionError where the program's own conversion would.
+std::string NumberFault(const jet::Field& field, const ColumnLayout& column) {
+  switch (column.use) {
+    case ColumnUse::kWhole: {
+      const std::int64_t value = field.AsLong();
+      if (value < column.least || value > column.most)
+        return Quoted(field.AsText()) + " is not within " + std::to_string(column.least) + " to " +
+               std::to_string(column.most);
+      return {};
+    }
+    case ColumnUse::kLongitude:
+    case ColumnUse::kLatitude: {
+      const double most = column.use == ColumnUse::kLongitude ? 360 : 180;
+      const double value = field.AsDouble();
+      if (value >= 0 && value <= most)
+        return {};
+      return Quoted(field.AsText()) + " is outside the map frame (0 to " + (most > 180 ? "360" : "180") + ")";
+    }
+    default:
+      return {};
+  }
+}
+
+std::string ValueFault(const jet::Field& field, const ColumnLayout& column) {
+  switch (column.use) {
+    case ColumnUse::kKey:
+    case ColumnUse::kReference:
+      return field.IsNull() || field.EqualsText("") ? "is empty" : "";
+    case ColumnUse::kFlag:
+      if (field.EqualsText("0") || field.EqualsText("1"))
+        return {};
+      return field.IsNull() ? "is empty" : Quoted(field.AsText()) + " is neither 0 nor 1";
+    case ColumnUse::kText:
+    case ColumnUse::kRequiredText:
+    case ColumnUse::kStop:
+    case ColumnUse::kSort:
+      return {};
+    case ColumnUse::kWhole:
+    case ColumnUse::kLongitude:
+    case ColumnUse::kLatitude:
+      break;
+  }
+  if (field.IsNull())
+    return "is empty";
+  try {
+    return NumberFault(field, column);
+  } catch (const jet::ConversionError&) {
+    return Quoted(field.AsText()) + " is not a number that fits";
+  }
+}
+
+void CheckValues(const jet::Recordset& rows, const TableLayout& layout, const std::string& where,
+                 CheckReport& report) {
+  for (const ColumnLayout& column : layout.columns) {
+    if (!column.read)
+      continue;
+    const std::string fault = ValueFault(rows[column.field.name], column);
+    if (!fault.empty())
+      report.Add(where, column.field.name, RowName(rows, layout) + ": " + column.field.name + " " + fault);
+  }
+}
+
+}  // namespace
+
+std::optional<jet::Recordset> OpenChecked(const jet::Database& database, const std::string& where,
+                                          const std::string& table, CheckReport& report) {
+  if (!database.HasTable(table)) {
+    report.Add(where, "table", "the table is missing");
+    return std::nullopt;
+  }
+  try {
+    return database.OpenTable(table);
+  } catch (const jet::EngineError& error) {
+    report.Add(where, "damage", error.Reason());
+    return std::nullopt;
+  }
+}
+
+void CheckTable(jet::Recordset& rows, const TableLayout& layout, const std::string& where,
+                CheckReport& report, const std::function<void(const jet::Recordset&)>& row) {
+  for (const NeededIndex& needed : kNeededIndexes) {
+    if (needed.table == layout.name)
+      CheckIndex(rows, needed, where, report);
+  }
+  if (!CheckFields(rows, layout, where, report))
+    return;
+  try {
+    for (; !rows.Eof(); rows.MoveNext()) {
+      CheckValues(rows, layout, where, report);
+      row(rows);
+    }
+  } catch (const jet::EngineError& error) {
+    report.Add(where, "damage", error.Reason());
+  }
+}
+
+std::string RowName(const jet::Recordset& rows, const TableLayout& layout) {
+  for (const ColumnLayout& column : layout.columns) {
+    if (column.use == ColumnUse::kKey && rows.FindField(column.field.name))
+      return layout.rowName + " " + Quoted(rows[column.field.name].AsText());
+  }
+  return "a " + layout.rowName;
+}
+
+}  // namespace zerbal::pack

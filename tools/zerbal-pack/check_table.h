@@ -1,0 +1,29 @@
+// Checking one table of a user's database against what the program reads from it.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "jet/database.h"
+#include "jet/recordset.h"
+#include "zerbal-pack/check.h"
+#include "zerbal-pack/layout.h"
+
+namespace zerbal::pack {
+
+/// Opens a table; nothing, with a finding, when that cannot be done.
+std::optional<jet::Recordset> OpenChecked(const jet::Database& database, const std::string& where,
+                                          const std::string& table, CheckReport& report);
+
+/// Checks that the fields and indexes of `layout` that the program uses are there, then every row's values,
+/// in stored order. `row` is called for each row, when the fields are all there. Damage ends the table with a
+/// finding. `where` names file and table.
+void CheckTable(jet::Recordset& rows, const TableLayout& layout, const std::string& where,
+                CheckReport& report, const std::function<void(const jet::Recordset&)>& row);
+
+/// How messages call the current row: "flight 'QV101'".
+std::string RowName(const jet::Recordset& rows, const TableLayout& layout);
+
+}  // namespace zerbal::pack

@@ -1,0 +1,189 @@
+#include "zerbal-pack/export.h"
+
+#include <algorithm>
+#include <ostream>
+#include <set>
+#include <string_view>
+#include <vector>
+
+#include "jet/database.h"
+#include "jet/error.h"
+#include "zerbal-pack/csv.h"
+#include "zerbal-pack/output_file.h"
+#include "zerbal-pack/schema_csv.h"
+#include "zerbal-pack/text.h"
+
+namespace zerbal::pack {
+
+namespace {
+
+constexpr std::size_t kFlushAt = 1U << 20;  // bytes
+
+void AppendHex(const std::vector<std::uint8_t>& bytes, std::string& out) {
+  constexpr char kDigits[] = "0123456789abcdef";
+  out += "0x";
+  for (const std::uint8_t byte : bytes) {
+    out.push_back(kDigits[byte >> 4U]);
+    out.push_back(kDigits[byte & 15U]);
+  }
+}
+
+std::string Joined(const std::vector<std::string>& names) {
+  std::string joined;
+  for (const std::string& name : names)
+    joined.append(joined.empty() ? "" : ", ").append(name);
+  return joined.empty() ? "none" : joined;
+}
+
+bool HasIndex(const jet::Recordset& rows, std::string_view name) {
+  return std::any_of(rows.Indexes().begin(), rows.Indexes().end(),
+                     [&](const jet::IndexInfo& index) { return EqualIgnoringCase(index.name, name); });
+}
+
+void WriteRows(jet::Recordset& rows, const std::filesystem::path& file) {
+  OutputFile output(file);
+  std::string text;
+  const int columns = static_cast<int>(rows.Columns().size());
+  for (int i = 0; i < columns; ++i) {
+    text.append(i == 0 ? "" : ",");
+    AppendCsvText(rows.Columns()[static_cast<std::size_t>(i)].name, text);
+  }
+  text += kCsvLineEnd;
+  for (; !rows.Eof(); rows.MoveNext()) {
+    for (int i = 0; i < columns; ++i) {
+      if (i > 0)
+        text.push_back(',');
+      AppendCsvValue(rows.At(i), text);
+    }
+    text += kCsvLineEnd;
+    if (text.size() >= kFlushAt) {
+      output.Write(text);
+      text.clear();
+    }
+  }
+  output.Write(text);
+  output.Commit();
+}
+
+/// One export of one database.
+class Exporter {
+ public:
+  Exporter(const ExportOptions& options, std::ostream& err)
+      : options_(options), err_(err), database_(jet::Database::Open(options.file)) {}
+
+  bool Run() {
+    std::vector<std::string> tables = database_.TableNames();
+    if (!options_.table.empty() && !KeepOne(tables))
+      return false;
+    std::filesystem::create_directories(options_.folder);
+    if (options_.schema)
+      fileNames_.insert(LowerCase(kSchemaFile));
+    for (const std::string& table : tables)
+      ExportTable(table);
+    if (options_.schema)
+      WriteSchemaCsv(database_, tables, options_.folder / kSchemaFile);
+    if (!options_.index.empty() && !indexFound_ && good_)
+      Fail("no table has an index '" + options_.index + "'");
+    return good_;
+  }
+
+ private:
+  bool KeepOne(std::vector<std::string>& tables) {
+    const auto found = std::find_if(tables.begin(), tables.end(), [&](const std::string& name) {
+      return EqualIgnoringCase(name, options_.table);
+    });
+    if (found == tables.end()) {
+      Fail("there is no table '" + options_.table + "'; the tables are: " + Joined(tables));
+      return false;
+    }
+    tables = {*found};
+    return true;
+  }
+
+  void ExportTable(const std::string& table) {
+    try {
+      jet::Recordset rows = database_.OpenTable(table);
+      if (!SelectIndex(rows, table))
+        return;
+      WriteRows(rows, options_.folder / FreeFileName(table));
+    } catch (const jet::EngineError& error) {
+      err_ << "zerbal-pack: " << error.what() << "\n";
+      good_ = false;
+    }
+  }
+
+  bool SelectIndex(jet::Recordset& rows, const std::string& table) {
+    if (options_.index.empty())
+      return true;
+    if (HasIndex(rows, options_.index)) {
+      indexFound_ = true;
+      rows.SetIndex(options_.index);
+      return true;
+    }
+    if (options_.table.empty())
+      return true;
+    std::vector<std::string> names;
+    for (const jet::IndexInfo& index : rows.Indexes())
+      names.push_back(index.name);
+    Fail("table '" + table + "' has no index '" + options_.index + "'; its indexes are: " + Joined(names));
+    return false;
+  }
+
+  /// Tables whose names differ only in what a file name cannot show get a number.
+  std::string FreeFileName(const std::string& table) {
+    const std::string plain = CsvFileName(table);
+    std::string name = plain + ".csv";
+    for (int number = 2; !fileNames_.insert(LowerCase(name)).second; ++number)
+      name = plain + "_" + std::to_string(number) + ".csv";
+    return name;
+  }
+
+  void Fail(const std::string& reason) {
+    err_ << "zerbal-pack: " << options_.file.string() << ": " << reason << "\n";
+    good_ = false;
+  }
+
+  const ExportOptions& options_;
+  std::ostream& err_;
+  jet::Database database_;
+  std::set<std::string> fileNames_;  // in lower case
+  bool indexFound_ = false;
+  bool good_ = true;
+};
+
+}  // namespace
+
+bool ExportTables(const ExportOptions& options, std::ostream& err) {
+  return Exporter(options, err).Run();
+}
+
+void AppendCsvValue(const jet::Field& field, std::string& out) {
+  if (field.IsNull())
+    return;
+  switch (field.Column().type) {
+    case jet::ColumnType::kText:
+    case jet::ColumnType::kMemo:
+      return AppendCsvText(field.AsText(), out);
+    case jet::ColumnType::kBoolean:
+      out.push_back(field.AsBoolean() ? '1' : '0');
+      return;
+    case jet::ColumnType::kBinary:
+    case jet::ColumnType::kOle:
+      return AppendHex(field.AsBytes(), out);
+    default:
+      return field.AppendText(out);
+  }
+}
+
+std::string CsvFileName(const std::string& table) {
+  std::string name = table;
+  for (char& c : name) {
+    const bool plain = (c >= '0' && c <= '9') || (LowerCase(c) >= 'a' && LowerCase(c) <= 'z') || c == '_' ||
+                       c == '-' || c == ' ' || static_cast<unsigned char>(c) >= 0x80;
+    if (!plain)
+      c = '_';
+  }
+  return name;
+}
+
+}  // namespace zerbal::pack
