@@ -1,0 +1,216 @@
+// The sample data itself: whole, consistent, and rich enough to try every feature of the program on.
+#include <cmath>
+#include <cstdint>
+#include <filesystem>
+#include <map>
+#include <set>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "zerbal-pack/airline.h"
+
+namespace zerbal::pack {
+namespace {
+
+const std::filesystem::path kPack = std::filesystem::path(ZERBAL_SOURCE_DIR) / "pack";
+
+struct Route {
+  std::string service;
+  std::string number;
+  std::vector<std::string> airports;
+};
+
+class PackContent : public testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    Problems problems;
+    schedule = new Schedule(
+        ReadSchedule({kPack / "services.csv", kPack / "destinations.csv", kPack / "flights.csv"}, problems));
+    program = new ProgramData(ReadProgramData(kPack, problems));
+    airports = new CsvTable(ReadAirports(kPack / "airports.csv", problems));
+    std::ostringstream text;
+    problems.Print(text);
+    faults = new std::string(text.str());
+  }
+
+  static void TearDownTestSuite() {
+    delete schedule;
+    delete program;
+    delete airports;
+    delete faults;
+  }
+
+  static std::string Text(const CsvTable& table, const CsvRow& row, std::string_view field) {
+    return std::string(row.Text(table.layout->ColumnIndex(field)));
+  }
+
+  template <typename Number>
+  static Number Value(const CsvTable& table, const CsvRow& row, std::string_view field) {
+    return std::get<Number>(row.values[table.layout->ColumnIndex(field)]);
+  }
+
+  static std::vector<Route> Routes() {
+    std::vector<Route> routes;
+    const CsvTable& flights = schedule->flights;
+    for (const CsvRow& row : flights.rows) {
+      Route route{Text(flights, row, "Flit_FSrv"), Text(flights, row, "Flit"), {}};
+      const std::size_t last = flights.layout->ColumnIndex("Flit_Arr");
+      for (std::size_t i = flights.layout->ColumnIndex("Flit_Dep"); i <= last; ++i) {
+        if (!row.Text(i).empty())
+          route.airports.emplace_back(row.Text(i));
+      }
+      routes.push_back(std::move(route));
+    }
+    return routes;
+  }
+
+  static std::map<std::string, float> Longitudes() {
+    std::map<std::string, float> longitudes;
+    for (const CsvRow& row : schedule->destinations.rows)
+      longitudes[Text(schedule->destinations, row, "AP")] =
+          Value<float>(schedule->destinations, row, "AP_Lon");
+    return longitudes;
+  }
+
+  static Schedule* schedule;
+  static ProgramData* program;
+  static CsvTable* airports;
+  static std::string* faults;
+};
+
+Schedule* PackContent::schedule = nullptr;
+ProgramData* PackContent::program = nullptr;
+CsvTable* PackContent::airports = nullptr;
+std::string* PackContent::faults = nullptr;
+
+TEST_F(PackContent, HasNoFaults) {
+  EXPECT_EQ(*faults, "");
+}
+
+TEST_F(PackContent, IsRichEnough) {
+  EXPECT_EQ(airports->rows.size(), 14705U);
+  EXPECT_GE(schedule->services.rows.size(), 12U);
+  EXPECT_GE(schedule->destinations.rows.size(), 90U);
+  EXPECT_GE(schedule->flights.rows.size(), 400U);
+  EXPECT_GE(program->regions.rows.size(), 15U);
+  EXPECT_EQ(program->colours.rows.size(), 9U);
+  EXPECT_EQ(program->fonts.rows.size(), 2U);
+}
+
+TEST_F(PackContent, HasRoutesOfEveryLength) {
+  std::set<std::size_t> stops;
+  for (const Route& route : Routes())
+    stops.insert(route.airports.size() - 2);
+  for (const std::size_t count : {0U, 1U, 2U, 3U, 9U, 10U})
+    EXPECT_TRUE(stops.contains(count)) << count << " stopovers";
+}
+
+TEST_F(PackContent, CrossesTheDateLineBothWays) {
+  const std::map<std::string, float> longitudes = Longitudes();
+  int eastwards = 0;
+  int westwards = 0;
+  for (const Route& route : Routes()) {
+    for (std::size_t i = 1; i < route.airports.size(); ++i) {
+      const float step = longitudes.at(route.airports[i]) - longitudes.at(route.airports[i - 1]);
+      eastwards += step < -180 ? 1 : 0;
+      westwards += step > 180 ? 1 : 0;
+    }
+  }
+  EXPECT_GE(eastwards, 10);
+  EXPECT_GE(westwards, 10);
+}
+
+/// Counts as the program does: flights that follow each other and come back to where the first one began.
+TEST_F(PackContent, HasRoundTripsInEveryService) {
+  std::map<std::string, int> roundTrips;
+  std::string service, from, to;
+  for (const Route& route : Routes()) {
+    const bool goesOn = route.service == service && !from.empty() && route.airports.front() == to;
+    if (!goesOn)
+      from = route.airports.front();
+    service = route.service;
+    to = route.airports.back();
+    if (to == from) {
+      ++roundTrips[service];
+      from.clear();
+    }
+  }
+  for (const CsvRow& row : schedule->services.rows) {
+    const std::string key = Text(schedule->services, row, "FSrv");
+    EXPECT_GE(roundTrips[key], 5) << key;
+  }
+}
+
+TEST_F(PackContent, KeepsTheFlightsOfAServiceTogether) {
+  std::set<std::string> ended;
+  std::string current;
+  for (const Route& route : Routes()) {
+    if (route.service == current)
+      continue;
+    ended.insert(current);
+    current = route.service;
+    EXPECT_FALSE(ended.contains(current)) << current;
+  }
+}
+
+TEST_F(PackContent, TakesDestinationsFromTheWorldsAirports) {
+  std::map<std::string, const CsvRow*> world;
+  for (const CsvRow& row : airports->rows)
+    world[Text(*airports, row, "AP")] = &row;
+  std::set<std::string> used;
+  for (const Route& route : Routes())
+    used.insert(route.airports.begin(), route.airports.end());
+  const CsvTable& destinations = schedule->destinations;
+  for (const CsvRow& row : destinations.rows) {
+    const std::string code = Text(destinations, row, "AP");
+    ASSERT_TRUE(world.contains(code)) << code;
+    for (const char* field : {"AP_Lon", "AP_Lat"})
+      EXPECT_EQ(Value<float>(destinations, row, field), Value<float>(*airports, *world[code], field)) << code;
+    EXPECT_TRUE(used.contains(code)) << code << " has no flight";
+  }
+}
+
+int Distance(const std::vector<std::int32_t>& a, const std::vector<std::int32_t>& b) {
+  int sum = 0;
+  for (std::size_t i = 0; i < a.size(); ++i)
+    sum += std::abs(a[i] - b[i]);
+  return sum;
+}
+
+TEST_F(PackContent, GivesServicesColoursThatDifferAndStandOut) {
+  const auto rgb = [](const CsvTable& table, const CsvRow& row, const std::string& prefix) {
+    std::vector<std::int32_t> components;
+    for (const char* component : {"_R", "_G", "_B"})
+      components.push_back(Value<std::int32_t>(table, row, prefix + component));
+    return components;
+  };
+  std::vector<std::vector<std::int32_t>> colours;
+  for (const CsvRow& row : program->colours.rows) {
+    if (Text(program->colours, row, "Col") == "MAPBG")
+      colours.push_back(rgb(program->colours, row, "Col"));
+  }
+  for (const CsvRow& row : schedule->services.rows) {
+    const std::vector<std::int32_t> colour = rgb(schedule->services, row, "FSrv");
+    for (const std::vector<std::int32_t>& other : colours)
+      EXPECT_GE(Distance(colour, other), 60) << Text(schedule->services, row, "FSrv");
+    colours.push_back(colour);
+  }
+}
+
+TEST_F(PackContent, HasRegionsAcrossTheDateLine) {
+  int wrapping = 0;
+  for (const CsvRow& row : program->regions.rows) {
+    const double west = Value<double>(program->regions, row, "Reg_FromLon");
+    const double east = Value<double>(program->regions, row, "Reg_ToLon");
+    wrapping += east < west ? 1 : 0;
+  }
+  EXPECT_GE(wrapping, 3);
+}
+
+}  // namespace
+}  // namespace zerbal::pack
