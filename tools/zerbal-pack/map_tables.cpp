@@ -15,8 +15,9 @@ constexpr CellGrid kWorldGrid{1, 1};
 constexpr CellGrid kDetailGrid{9, 9};
 constexpr char kBandLetters[] = "ACEGIKMOQ";
 
-// In a view of the whole world smaller shores would be specks that hide the larger ones.
-constexpr double kOverviewIslandKm2 = 50;
+// The low resolution knows places to 5 km, so that a smaller island is hardly more than a splinter; smaller
+// lakes would be specks that hide the coasts.
+constexpr double kOverviewIslandKm2 = 10;
 constexpr double kOverviewLakeKm2 = 1000;
 
 // Antarctica is shown as far as its ice reaches, which is what a traveller sees. Wide rivers are
