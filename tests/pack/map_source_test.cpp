@@ -1,11 +1,12 @@
 #include "zerbal-pack/map_source.h"
 
 #include <filesystem>
-#include <fstream>
 #include <map>
 
 #include <gtest/gtest.h>
 #include <netcdf.h>
+
+#include "support/temp_folder.h"
 
 namespace zerbal::pack {
 namespace {
@@ -83,17 +84,9 @@ TinySource Shores() {
 
 class MapSource : public testing::Test {
  protected:
-  void SetUp() override {
-    const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-    folder_ = std::filesystem::path(testing::TempDir()) / ("map source " + std::string(test->name()));
-    std::filesystem::remove_all(folder_);
-    std::filesystem::create_directories(folder_);
-  }
-  void TearDown() override { std::filesystem::remove_all(folder_); }
-
   std::vector<SourcePiece> Read(const TinySource& source, MapTheme theme) {
-    source.WriteTo(MapSourceFile(folder_, theme, MapDetail::kLow));
-    return ReadMapSource(folder_, theme, MapDetail::kLow, [](const MapFeature&) { return true; });
+    source.WriteTo(MapSourceFile(folder_.Path(), theme, MapDetail::kLow));
+    return ReadMapSource(folder_.Path(), theme, MapDetail::kLow, [](const MapFeature&) { return true; });
   }
 
   std::string Failure(const TinySource& source, MapTheme theme) {
@@ -105,7 +98,7 @@ class MapSource : public testing::Test {
     return "";
   }
 
-  std::filesystem::path folder_;
+  test::TempFolder folder_;
 };
 
 TEST_F(MapSource, PutsPointsIntoTheMapFrame) {
@@ -122,8 +115,8 @@ TEST_F(MapSource, PutsPointsIntoTheMapFrame) {
 }
 
 TEST_F(MapSource, GivesOnlyWhatIsWanted) {
-  Lines().WriteTo(MapSourceFile(folder_, MapTheme::kBoundary, MapDetail::kFull));
-  const auto pieces = ReadMapSource(folder_, MapTheme::kBoundary, MapDetail::kFull,
+  Lines().WriteTo(MapSourceFile(folder_.Path(), MapTheme::kBoundary, MapDetail::kFull));
+  const auto pieces = ReadMapSource(folder_.Path(), MapTheme::kBoundary, MapDetail::kFull,
                                     [](const MapFeature& feature) { return feature.level == 4; });
   ASSERT_EQ(pieces.size(), 1u);
   EXPECT_EQ(pieces[0].points.size(), 3u);
@@ -149,20 +142,21 @@ TEST_F(MapSource, NamesThePackageOfAMissingFile) {
                                                         {MapDetail::kFull, "gmt-gshhg-full"}};
   for (const auto& [detail, package] : packages) {
     try {
-      ReadMapSource(folder_, MapTheme::kRiver, detail, [](const MapFeature&) { return true; });
+      ReadMapSource(folder_.Path(), MapTheme::kRiver, detail, [](const MapFeature&) { return true; });
       FAIL() << "no error";
     } catch (const MapSourceError& error) {
-      EXPECT_EQ(error.what(), "The map source " + MapSourceFile(folder_, MapTheme::kRiver, detail).string() +
+      EXPECT_EQ(error.what(), "The map source " +
+                                  MapSourceFile(folder_.Path(), MapTheme::kRiver, detail).string() +
                                   " is missing. Install the Debian package " + package + ".");
     }
   }
 }
 
 TEST_F(MapSource, RefusesAFileThatIsNoNetcdf) {
-  std::ofstream(MapSourceFile(folder_, MapTheme::kRiver, MapDetail::kLow)) << "nothing of the kind";
-  EXPECT_THROW(
-      ReadMapSource(folder_, MapTheme::kRiver, MapDetail::kLow, [](const MapFeature&) { return true; }),
-      MapSourceError);
+  test::WriteBytes(MapSourceFile(folder_.Path(), MapTheme::kRiver, MapDetail::kLow), "nothing of the kind");
+  EXPECT_THROW(ReadMapSource(folder_.Path(), MapTheme::kRiver, MapDetail::kLow,
+                             [](const MapFeature&) { return true; }),
+               MapSourceError);
 }
 
 TEST_F(MapSource, RefusesDamagedFilesInWords) {
