@@ -3,12 +3,12 @@
 #pragma once
 
 #include <filesystem>
-#include <memory>
 #include <optional>
 
+#include "app/clock.h"
+#include "app/random_generator.h"
 #include "data/databases.h"
 #include "data/flight_finder.h"
-#include "data/random_source.h"
 #include "data/reference_tables.h"
 #include "map/criteria.h"
 #include "map/draw_map.h"
@@ -19,27 +19,26 @@
 
 namespace zerbal::app {
 
-/// Seconds since midnight, as the start-up's wait reads them.
-class Clock {
- public:
-  virtual ~Clock() = default;
-  virtual double SecondsSinceMidnight() = 0;
-};
-
-/// What the program takes from outside itself; tests and the script driver supply their own.
+/// What the program takes from outside itself; tests and the script driver supply their own. All of it
+/// outlives the program.
 struct Environment {
-  std::filesystem::path appPath;  ///< the working directory at start
+  std::filesystem::path appPath;  ///< the working directory at start, with a separator at its end
   Clock& clock;
-  data::RandomSource& random;
+  RandomGenerator& random;
   settings::MessageBoxes& boxes;
+  map::Surface* mapObserver =
+      nullptr;  ///< is given everything that is drawn on the map, from the first redraw
 };
 
 struct Program {
-  explicit Program(const Environment& environment);
+  explicit Program(const Environment& outside);
+  // The viewport refers to the bands beside it.
+  Program(const Program&) = delete;
+  Program& operator=(const Program&) = delete;
 
   Environment environment;
   settings::IniValues iniValues;
-  settings::IniFile iniFile;  ///< appPath / "zerbal.ini"
+  settings::IniFile iniFile;  ///< "zerbal.ini" in the working directory
   data::DataFiles files;
   bool riverAvailable = false;
   bool boundaryAvailable = false;
@@ -54,5 +53,8 @@ struct Program {
   map::FlightSelection flights;
   data::FlightFinderState finder;
 };
+
+/// The path with one separator at its end.
+std::filesystem::path WithSeparator(const std::filesystem::path& folder);
 
 }  // namespace zerbal::app

@@ -1,0 +1,42 @@
+// The one place where an error that nobody caught ends the program.
+#pragma once
+
+#include <QApplication>
+#include <functional>
+#include <string>
+
+#include "settings/message_boxes.h"
+
+namespace zerbal::app {
+
+/// A Qt application whose events may throw. What a handler throws (the database engine's errors, counters
+/// that overflow) is told to the user in a critical box with the error's own words; then every event loop
+/// ends and exec() returns kErrorStatus. What fails after that is not told again.
+class Application final : public QApplication {
+  Q_OBJECT
+
+ public:
+  static constexpr int kErrorStatus = 1;
+  using ErrorHook = std::function<void(const std::string& words)>;
+
+  /// `boxes` outlives the application.
+  Application(int& argc, char** argv, settings::MessageBoxes& boxes);
+
+  bool notify(QObject* receiver, QEvent* event) override;
+
+  /// Runs `work` as an event handler is run; false when it threw.
+  bool Guard(const std::function<void()>& work);
+  bool Failed() const { return failed_; }
+
+  /// Called in place of the box and the end of the event loops, for whoever drives the program.
+  void SetErrorHook(ErrorHook hook) { hook_ = std::move(hook); }
+
+ private:
+  void EndWithError(const std::string& words);
+
+  settings::MessageBoxes& boxes_;
+  ErrorHook hook_;
+  bool failed_ = false;
+};
+
+}  // namespace zerbal::app

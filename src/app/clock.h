@@ -1,0 +1,22 @@
+// The time of day.
+#pragma once
+
+namespace zerbal::app {
+
+inline constexpr float kSecondsADay = 86400;
+
+/// Seconds since midnight, as the start-up's wait reads them.
+class Clock {
+ public:
+  virtual ~Clock() = default;
+  /// 0 <= seconds < kSecondsADay, local time.
+  virtual float SecondsSinceMidnight() = 0;
+};
+
+/// The computer's clock.
+class SystemClock final : public Clock {
+ public:
+  float SecondsSinceMidnight() override;
+};
+
+}  // namespace zerbal::app

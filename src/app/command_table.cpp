@@ -1,0 +1,99 @@
+#include <array>
+
+#include "app/commands.h"
+
+namespace zerbal::app {
+namespace {
+
+using map::DisplayOptions;
+
+constexpr Command kSeparator;
+
+constexpr Command OptionEntry(const char* name, const char* caption, bool DisplayOptions::*option,
+                              const char* settingKey) {
+  return {.name = name, .caption = caption, .option = option, .settingKey = settingKey};
+}
+
+constexpr std::array kFile = {
+    Command{"mnuFileUserSett", "&User settings...", &Commands::UserSettings},
+    Command{"mnuFileMapSett", "&Map settings...", &Commands::MapSettings},
+    Command{"mnuFileColoSett", "&Color settings...", &Commands::ColourSettings},
+    kSeparator,
+    Command{"mnuFileQuit", "&Quit", &Commands::Quit},
+};
+
+constexpr std::array kZoom = {
+    Command{"mnuZoomIn", "Zoom in", &Commands::ZoomIn, "cmdZoomIn", ":/app/zoom_in.svg"},
+    Command{"mnuZoomIn2", "Zoom in (more)", &Commands::ZoomInMore, "cmdZoomIn2", ":/app/zoom_in_2.svg"},
+    Command{"mnuZoomReset", "Reset zoom", &Commands::ZoomReset, "cmdZoomReset", ":/app/zoom_reset.svg"},
+    Command{"mnuZoomOut2", "Zoom out (more)", &Commands::ZoomOutMore, "cmdZoomOut2", ":/app/zoom_out_2.svg"},
+    Command{"mnuZoomOut", "Zoom out", &Commands::ZoomOut, "cmdZoomOut", ":/app/zoom_out.svg"},
+};
+
+constexpr std::array kViews = {
+    OptionEntry("mnuViewCentr", "Centre of map", &DisplayOptions::centreOfMap, "ViewCentreOfMap"),
+    OptionEntry("mnuViewRiver", "Rivers", &DisplayOptions::rivers, "ViewRiver"),
+    OptionEntry("mnuViewIBound", "Int. boundaries", &DisplayOptions::boundaries, "ViewIntBoundary"),
+    kSeparator,
+    OptionEntry("mnuViewAprt", "All airports", &DisplayOptions::allAirports, "ViewAllAirport"),
+    OptionEntry("mnuViewDest", "QAV destinations", &DisplayOptions::destinations, "ViewDestination"),
+    kSeparator,
+    Command{"mnuViewAprtDeli", "Delimitation for all airports...", &Commands::DelimitAllAirports},
+    Command{"mnuViewDestDeli", "Delimitation for QAV destinations...", &Commands::DelimitDestinations},
+};
+
+constexpr std::array kRegion = {
+    Command{"mnuRegWorld", "World", &Commands::ShowWorld},
+};
+
+constexpr std::array kFlights = {
+    OptionEntry("mnuFlitAprt", "Show airports", &DisplayOptions::flightAirports, "ShowAirport"),
+    OptionEntry("mnuFlitFlNr", "Show flightnumbers", &DisplayOptions::flightNumbers, "ShowFlightnumber"),
+    OptionEntry("mnuFlitLegNr", "Show legnumbers for flights", &DisplayOptions::legNumbers, "ShowLegnumber"),
+    OptionEntry("mnuFlitSymb", "Show aircraft symbols", &DisplayOptions::aircraftSymbols,
+                "ShowAircraftSymbol"),
+    kSeparator,
+    Command{"mnuFlitNone", "Clear all flights", &Commands::ClearAllFlights},
+    Command{"mnuFlitSele", "Show selected flights", &Commands::ShowSelectedFlights},
+    kSeparator,
+    Command{"mnuFlitRandFlit", "Random flight(s)...", &Commands::RandomFlights, "cmdRandFlit",
+            ":/app/random_flights.svg"},
+    Command{"mnuFlitSeleFlit", "Select flight(s)...", &Commands::SelectFlights, "cmdSeleFlit",
+            ":/app/select_flights.svg"},
+    Command{"mnuFlitSeleDest", "Select destination...", &Commands::SelectDestination, "cmdSeleDest",
+            ":/app/select_destination.svg"},
+    kSeparator,
+    Command{"mnuFlitFSrv(0)", "Show all flights", &Commands::ShowAllFlights},
+};
+
+constexpr std::array kHelp = {
+    Command{"mnuHelpRev", "&Revision number...", &Commands::HelpRevision},
+    Command{"mnuHelpMous", "&Using the mouse...", &Commands::HelpMouse},
+    Command{"mnuHelpInfo", "&Info...", &Commands::HelpInfo},
+};
+
+constexpr std::array kMenus = {
+    MenuDescription{"mnuFile", "&File", kFile},
+    MenuDescription{"mnuZoom", "&Zoom", kZoom},
+    MenuDescription{"mnuView", "&Views", kViews},
+    MenuDescription{"mnuReg", "&Region", kRegion, "mnuRegPart"},
+    MenuDescription{"mnuFlit", "&Flights", kFlights, "mnuFlitFSrv", "mnuPop"},
+    MenuDescription{"mnuHelp", "&?", kHelp},
+};
+
+}  // namespace
+
+std::span<const MenuDescription> MenuTable() {
+  return kMenus;
+}
+
+void ForEachOption(const std::function<void(const Command&)>& visit) {
+  for (const MenuDescription& menu : kMenus) {
+    for (const Command& command : menu.commands) {
+      if (command.option != nullptr)
+        visit(command);
+    }
+  }
+}
+
+}  // namespace zerbal::app

@@ -1,0 +1,62 @@
+// The menu bar and the pop-up menu of the main window, built from the commands' table.
+#pragma once
+
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "app/commands.h"
+#include "data/reference_tables.h"
+
+namespace zerbal::app {
+
+/// What the entries' check marks and enabled states show.
+struct MenuState {
+  const map::DisplayOptions& options;
+  const data::FlightServiceTable& services;
+  bool selectionAvailable = false;
+};
+
+class MainMenu {
+ public:
+  using RunCommand = std::function<void(const Command&)>;
+  using RunEntry = std::function<void(int index)>;
+
+  /// Fills `bar`; every entry belongs to `owner`, the pop-up menu too.
+  MainMenu(QMenuBar& bar, QWidget& owner, RunCommand run);
+
+  /// One entry a region behind "World". Entry 0 of the array is the line above them.
+  void AddRegions(const data::RegionTable& regions, const RunEntry& show);
+  /// One entry a flight service behind "Show all flights", in the menu bar and in the pop-up menu.
+  void AddServices(const data::FlightServiceTable& services, const RunEntry& toggle);
+
+  void Show(const MenuState& state);
+  /// Grays an entry that has nothing to show in this run.
+  void Disable(const char* name);
+
+  QMenu& Popup() { return *popup_; }
+
+ private:
+  /// An entry and the options' member that it shows.
+  struct OptionEntry {
+    QAction* action;
+    bool map::DisplayOptions::*option;
+  };
+
+  void Build(const MenuDescription& description, QMenu& menu, bool twin);
+  QAction* AddEntry(QMenu& menu, const QString& name, const QString& caption);
+
+  QWidget& owner_;
+  RunCommand run_;
+  QMenu* popup_ = nullptr;
+  QMenu* regionMenu_ = nullptr;
+  std::vector<QMenu*> flightMenus_;  ///< in the menu bar; the pop-up menu
+  std::vector<OptionEntry> options_;
+  std::vector<QAction*> selectionEntries_;             ///< "Show selected flights"
+  std::vector<std::vector<QAction*>> serviceEntries_;  ///< the entries of each service
+};
+
+}  // namespace zerbal::app

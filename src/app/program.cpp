@@ -1,0 +1,27 @@
+#include "app/program.h"
+
+#include "settings/find_file.h"
+
+namespace zerbal::app {
+namespace {
+
+constexpr char kIniFile[] = "zerbal.ini";
+
+/// The settings file that is there, whatever the letter case of its name, or the one that will be made.
+std::filesystem::path IniPath(const std::filesystem::path& appPath) {
+  return settings::FindFile(appPath, kIniFile).value_or(appPath / kIniFile);
+}
+
+}  // namespace
+
+Program::Program(const Environment& outside)
+    : environment(outside),
+      iniValues(environment.boxes),
+      iniFile(IniPath(environment.appPath), iniValues),
+      viewport(tables.bands) {}
+
+std::filesystem::path WithSeparator(const std::filesystem::path& folder) {
+  return folder / "";
+}
+
+}  // namespace zerbal::app

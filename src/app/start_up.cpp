@@ -1,0 +1,202 @@
+#include "app/start_up.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QFontDatabase>
+#include <QThread>
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "data/load_tables.h"
+#include "data/table_settings.h"
+#include "settings/find_file.h"
+#include "settings/value_text.h"
+
+namespace zerbal::app {
+namespace {
+
+using settings::BoxIcon;
+using settings::NL;
+
+constexpr char kDataFolder[] = "app_data";
+constexpr char kMapFolder[] = "app_map";
+constexpr int kDefaultSplashSeconds = 2;
+constexpr int kWaitSliceMs = 10;
+
+std::vector<std::string> InstalledFonts() {
+  std::vector<std::string> names;
+  for (const QString& family : QFontDatabase::families())
+    names.push_back(family.toStdString());
+  return names;
+}
+
+/// Lets windows be painted, but keeps the user's keys and clicks from a program that is not built yet.
+void PaintWindows() {
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+}  // namespace
+
+Main::Main(const Environment& environment)
+    : program_(environment), ownDialogs_(program_), dialogs_(ownDialogs_) {}
+
+Main::Main(const Environment& environment, Dialogs& dialogs)
+    : program_(environment), ownDialogs_(program_), dialogs_(dialogs) {}
+
+Main::~Main() = default;
+
+bool Main::Start() {
+  const bool started = RunSteps();
+  if (!started)
+    ShutDown();
+  return started;
+}
+
+bool Main::RunSteps() {
+  ShowSplash();
+  if (!FindFiles())
+    return false;
+  program_.databases = data::OpenDatabases(program_.files);
+  if (!LoadTables())
+    return false;
+  LoadMainWindow();
+  const int splashSeconds = SplashSeconds();
+  if (!ReadSettings())
+    return false;
+  SetWorldView();
+  mainWindow_->SetBackground(program_.tables.colours[data::ColourCode::kMapBg]);
+  // A clock that stands at the same second of the day gives the same flights again; its fractions do not.
+  program_.environment.random.Seed(
+      static_cast<std::uint32_t>(program_.environment.clock.SecondsSinceMidnight() * 1000));
+  ResetRunState();
+  WaitForSplash(splashSeconds);
+  ShowWindows();
+  return true;
+}
+
+void Main::ShowSplash() {
+  splash_ = std::make_unique<frmSplash>();
+  splash_->show();
+  splash_->repaint();
+  PaintWindows();
+  splashShown_ = program_.environment.clock.SecondsSinceMidnight();
+}
+
+bool Main::FindFiles() {
+  bool allFound = true;
+  data::DataFiles& files = program_.files;
+  files.zbldata = RequiredFile(kDataFolder, "zbldata.mdb", allFound);
+  files.qavdata = RequiredFile(kDataFolder, "qavdata.mdb", allFound);
+  files.allaprt = RequiredFile(kDataFolder, "allaprt.mdb", allFound);
+  files.coast = RequiredFile(kMapFolder, "coast.mdb", allFound);
+  const std::filesystem::path& appPath = program_.environment.appPath;
+  const std::filesystem::path mapFolder = kMapFolder;
+  files.river = settings::FindFile(appPath, mapFolder / "river.mdb");
+  files.ibound = settings::FindFile(appPath, mapFolder / "ibound.mdb");
+  program_.riverAvailable = files.river.has_value();
+  program_.boundaryAvailable = files.ibound.has_value();
+  if (!allFound)
+    program_.environment.boxes.Show(BoxIcon::kCritical, "Not all files found. The program aborts.");
+  return allFound;
+}
+
+std::filesystem::path Main::RequiredFile(const char* folder, const char* name, bool& allFound) {
+  const std::filesystem::path relative = std::filesystem::path(folder) / name;
+  const std::filesystem::path& appPath = program_.environment.appPath;
+  const auto file = settings::FindFile(appPath, relative);
+  if (file)
+    return *file;
+  allFound = false;
+  const std::string fullPath = (appPath / relative).string();
+  program_.environment.boxes.Show(BoxIcon::kExclamation, "File '" + fullPath + "' could not be found.");
+  return {};
+}
+
+bool Main::LoadTables() {
+  data::ReferenceTables& tables = program_.tables;
+  settings::MessageBoxes& boxes = program_.environment.boxes;
+  const std::filesystem::path& zbldata = program_.files.zbldata;
+  tables.bands = data::BuildGridBands();
+  if (!data::LoadColours(zbldata, tables.colours, boxes) || !data::LoadFonts(zbldata, tables.fonts, boxes))
+    return false;
+  data::LoadRegions(zbldata, tables.regions);
+  return data::LoadFlightServices(program_.databases->fsrv, tables.services, boxes);
+}
+
+void Main::LoadMainWindow() {
+  mainWindow_ = std::make_unique<frmMain>(program_, dialogs_);
+  mainWindow_->Load();
+}
+
+int Main::SplashSeconds() {
+  const auto value = program_.iniFile.Read("SplashWindow", "SecondsToShow");
+  if (!value)
+    return kDefaultSplashSeconds;
+  return std::max<int>(0, settings::ParseInt16(*value));
+}
+
+bool Main::ReadSettings() {
+  settings::IniFile& ini = program_.iniFile;
+  data::ReferenceTables& tables = program_.tables;
+  const bool read = data::ReadFontSettings(ini, tables.fonts, InstalledFonts()) &&
+                    data::ReadColourSettings(ini, tables.colours) &&
+                    data::ReadFlightColourSettings(ini, tables.services) &&
+                    data::ReadRegionSettings(ini, tables.regions);
+  if (read)
+    data::ReadFlightFinderSettings(ini, program_.finder);
+  return read;
+}
+
+void Main::SetWorldView() {
+  const data::Region& world = program_.tables.regions.rows.front();
+  map::Viewport& viewport = program_.viewport;
+  viewport.ReqLonMin = static_cast<float>(world.fromLon);
+  viewport.ReqLatMin = static_cast<float>(world.fromLat);
+  viewport.ReqLonMax = static_cast<float>(world.toLon);
+  viewport.ReqLatMax = static_cast<float>(world.toLat);
+}
+
+void Main::ResetRunState() {
+  program_.viewport.DetailMode = false;
+  program_.finder.chosenService = 0;
+  program_.finder.chosenAirport = 0;
+  program_.finder.drawnService = 0;
+  program_.finder.drawnFlights.clear();
+  program_.flights = {};
+  program_.allAirportCriteria = {};
+  program_.destinationCriteria = {};
+  mainWindow_->UpdateDelimitationInfo();
+}
+
+void Main::WaitForSplash(int seconds) {
+  float end = splashShown_ + static_cast<float>(seconds);
+  if (end >= kSecondsADay) {
+    end -= kSecondsADay;
+    WaitWhile([=](float now) { return now > end; });  // until midnight has set the clock back
+  }
+  WaitWhile([=](float now) { return now < end; });
+}
+
+void Main::WaitWhile(const std::function<bool(float now)>& condition) {
+  while (condition(program_.environment.clock.SecondsSinceMidnight())) {
+    PaintWindows();
+    QThread::msleep(kWaitSliceMs);
+  }
+}
+
+void Main::ShowWindows() {
+  splash_.reset();
+  mainWindow_->show();
+  mainWindow_->MapWindow().show();
+}
+
+void Main::ShutDown() {
+  splash_.reset();
+  if (mainWindow_ != nullptr)
+    mainWindow_->Unload();
+  mainWindow_.reset();
+  program_.databases.reset();
+}
+
+}  // namespace zerbal::app

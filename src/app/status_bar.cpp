@@ -1,0 +1,48 @@
+#include "app/status_bar.h"
+
+namespace zerbal::app {
+namespace {
+
+/// A text that changes often: it always takes the room of the longest one, and less where there is none, so
+/// that no other control and not the window itself moves with it.
+class ReadOut final : public QLabel {
+ public:
+  ReadOut(const char* name, const QString& meaning, const QString& longest, QWidget* parent)
+      : QLabel(parent), longest_(longest) {
+    setObjectName(name);
+    setAccessibleName(meaning);
+    setTextFormat(Qt::PlainText);
+  }
+
+  QSize sizeHint() const override {
+    return {fontMetrics().horizontalAdvance(longest_) + kAir, QLabel::sizeHint().height()};
+  }
+  QSize minimumSizeHint() const override { return {1, QLabel::minimumSizeHint().height()}; }
+
+ private:
+  static constexpr int kAir = 16;  // logical pixels beside the text
+  QString longest_;
+};
+
+}  // namespace
+
+StatusBar::StatusBar(QWidget* parent) : QStatusBar(parent) {
+  setObjectName("picStat");
+  lblPosY_ = new ReadOut("lblPosY", tr("Latitude"), QString::fromUtf8("N00° 00.00'"), this);
+  lblPosX_ = new ReadOut("lblPosX", tr("Longitude"), QString::fromUtf8("W000° 00.00'"), this);
+  lblMapSize_ = new ReadOut("lblMapSize", tr("Extent of the map"),
+                            QString::fromUtf8("180.00° Latitude / 350.00° Longitude"), this);
+  for (QLabel* label : {lblPosY_, lblPosX_, lblMapSize_})
+    addWidget(label);
+}
+
+void StatusBar::ShowPosition(const QString& lonText, const QString& latText) {
+  lblPosX_->setText(lonText);
+  lblPosY_->setText(latText);
+}
+
+void StatusBar::ShowExtent(const QString& extentText) {
+  lblMapSize_->setText(extentText);
+}
+
+}  // namespace zerbal::app

@@ -1,0 +1,24 @@
+// The status bar: the position under the mouse and the extent of the view.
+#pragma once
+
+#include <QLabel>
+#include <QStatusBar>
+
+namespace zerbal::app {
+
+class StatusBar final : public QStatusBar {
+  Q_OBJECT
+
+ public:
+  explicit StatusBar(QWidget* parent);
+
+  void ShowPosition(const QString& lonText, const QString& latText);
+  void ShowExtent(const QString& extentText);
+
+ private:
+  QLabel* lblPosX_;
+  QLabel* lblPosY_;
+  QLabel* lblMapSize_;
+};
+
+}  // namespace zerbal::app

@@ -1,0 +1,91 @@
+#include "app/window_settings.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+#include "app/commands.h"
+#include "settings/value_text.h"
+
+namespace zerbal::app {
+namespace {
+
+constexpr char kMainWindow[] = "MainWindow";
+constexpr char kMenuEntries[] = "MenuEntryChecked";
+/// A longer side is a slip of the pen; the picture of the map alone would take the computer's memory.
+constexpr int kLongestSide = 10000;
+
+const char* SwitchText(bool value) {
+  return value ? "1" : "0";
+}
+
+bool ReadSwitchKey(settings::IniFile& ini, const char* section, const char* key, bool byDefault) {
+  return ini.Read(section, key, SwitchText(byDefault)) == "1";
+}
+
+std::string PairText(int first, int second) {
+  return std::to_string(first) + "," + std::to_string(second);
+}
+
+std::pair<int, int> ReadPair(settings::IniFile& ini, const char* key, int first, int second) {
+  const auto value = ini.Read(kMainWindow, key, PairText(first, second));
+  if (!value)
+    return {first, second};
+  const auto fields = settings::SplitList(*value, 2, ",");
+  return {settings::ParseInt32(fields[1]), settings::ParseInt32(fields[2])};
+}
+
+FrameState ReadState(settings::IniFile& ini) {
+  const auto value = ini.Read(kMainWindow, "State", "0");
+  switch (settings::ParseInt32(value.value_or("0"))) {
+    case 1:
+      return FrameState::kMinimised;
+    case 2:
+      return FrameState::kMaximised;
+    default:
+      return FrameState::kNormal;
+  }
+}
+
+}  // namespace
+
+bool ReadSwitch(settings::IniFile& ini, const char* section, bool byDefault) {
+  return ReadSwitchKey(ini, section, "Save", byDefault);
+}
+
+FramePlacement ReadFramePlacement(settings::IniFile& ini, const FramePlacement& current) {
+  FramePlacement placement;
+  placement.state = ReadState(ini);
+  std::tie(placement.left, placement.top) = ReadPair(ini, "Position", current.left, current.top);
+  std::tie(placement.height, placement.width) = ReadPair(ini, "Size", current.height, current.width);
+  placement.width = std::clamp(placement.width, 1, kLongestSide);
+  placement.height = std::clamp(placement.height, 1, kLongestSide);
+  return placement;
+}
+
+void SaveFramePlacement(settings::IniFile& ini, const FramePlacement& placement) {
+  ini.Write(kMainWindow, "State", std::to_string(static_cast<int>(placement.state)));
+  if (placement.state != FrameState::kNormal)
+    return;
+  ini.Write(kMainWindow, "Position", PairText(placement.left, placement.top));
+  ini.Write(kMainWindow, "Size", PairText(placement.height, placement.width));
+}
+
+map::DisplayOptions ReadDisplayOptions(settings::IniFile& ini, bool saved) {
+  map::DisplayOptions options;
+  if (!saved)
+    return options;
+  ForEachOption([&](const Command& command) {
+    bool& option = options.*command.option;
+    option = ReadSwitchKey(ini, kMenuEntries, command.settingKey, option);
+  });
+  return options;
+}
+
+void SaveDisplayOptions(settings::IniFile& ini, const map::DisplayOptions& options) {
+  ForEachOption([&](const Command& command) {
+    ini.Write(kMenuEntries, command.settingKey, SwitchText(options.*command.option));
+  });
+}
+
+}  // namespace zerbal::app
