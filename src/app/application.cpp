@@ -1,5 +1,7 @@
 #include "app/application.h"
 
+#include <QIcon>
+#include <QWidget>
 #include <exception>
 
 namespace zerbal::app {

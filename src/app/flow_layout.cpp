@@ -1,5 +1,6 @@
 #include "app/flow_layout.h"
 
+#include <QWidget>
 #include <algorithm>
 #include <limits>
 
