@@ -1,0 +1,138 @@
+#include "jet/writer.h"
+
+#include <functional>
+#include <optional>
+#include <utility>
+
+#include "jet/error.h"
+#include "jet/output_file.h"
+#include "jet/refusal.h"
+#include "jet/system_tables.h"
+#include "jet/table_writer.h"
+
+namespace zerbal::jet {
+namespace {
+
+// Gives a user's table its pages and the places of its maps.
+UsageMapPages AssignPages(OutputFile& file, TableLayout& layout) {
+  layout.page = file.Allocate();
+  UsageMapPages maps(file, layout.MapCount());
+  layout.ownedMap = maps.Reserve();
+  layout.freeMap = maps.Reserve();
+  for (IndexLayout& index : layout.indexes) {
+    index.rootPage = file.Allocate();
+    index.map = maps.Reserve();
+  }
+  for (ColumnLayout& column : layout.columns) {
+    if (!column.IsLong())
+      continue;
+    column.ownedLongMap = maps.Reserve();
+    column.freeLongMap = maps.Reserve();
+  }
+  return maps;
+}
+
+}  // namespace
+
+struct DatabaseWriter::State {
+  std::string fileName;
+  std::optional<OutputFile> file;
+  std::vector<CatalogEntry> catalog;
+  std::optional<UsageMapPages> maps;  ///< of the table at hand
+  std::optional<TableWriter> table;
+  bool broken = false;  ///< a table could not be ended, so neither can the file
+  bool finished = false;
+
+  /// Runs a step; what it refuses is reported under the names of file and table.
+  template <class Step>
+  void Run(const std::string& tableName, Step step) {
+    try {
+      if (broken || finished)
+        throw Refusal(finished ? "the database is finished" : "the database has failed already");
+      step();
+    } catch (const Refusal& refusal) {
+      throw EngineError(fileName, tableName, refusal.what());
+    }
+  }
+
+  std::string TableName() const { return table ? table->Layout().name : std::string(); }
+
+  TableWriter& Table() {
+    if (!table)
+      throw Refusal("no table has been begun");
+    return *table;
+  }
+
+  void BeginTable(const TableSpec& spec) {
+    if (table)
+      throw Refusal("table '" + TableName() + "' has not been ended");
+    TableLayout layout = LayOutTable(spec);
+    for (const CatalogEntry& other : catalog) {
+      if (IsSameName(other.name, spec.name))
+        throw Refusal("there is a table of this name already");
+    }
+    maps.emplace(AssignPages(*file, layout));
+    table.emplace(*file, std::move(layout));
+  }
+
+  void EndTable() {
+    TableWriter& ending = Table();
+    broken = true;  // unless all goes well
+    ending.End(*maps);
+    maps->Write();
+    catalog.push_back({ending.Layout().name, ending.Layout().page});
+    table.reset();
+    broken = false;
+  }
+
+  void Finish() {
+    if (table)
+      throw Refusal("table '" + TableName() + "' has not been ended");
+    broken = true;
+    WriteSystemTables(*file, catalog);
+    WriteGlobalMap(*file);
+    WriteHeader(*file);
+    file->Commit();
+    finished = true;
+  }
+};
+
+DatabaseWriter::DatabaseWriter(const std::filesystem::path& file) : state_(std::make_unique<State>()) {
+  state_->fileName = file.string();
+  state_->Run("", [&] {
+    state_->file.emplace(file);
+    while (state_->file->PageCount() < kSystemPages)
+      state_->file->Allocate();
+  });
+}
+
+DatabaseWriter::~DatabaseWriter() = default;
+
+void DatabaseWriter::BeginTable(const TableSpec& table) {
+  state_->Run(table.name, [&] { state_->BeginTable(table); });
+}
+
+void DatabaseWriter::AddRow(std::span<const Value> row) {
+  state_->Run(state_->TableName(), [&] { state_->Table().AddRow(row); });
+}
+
+void DatabaseWriter::AddPair(std::int32_t first, std::int32_t second) {
+  // Once per point of a map: no name is made up beforehand.
+  if (!state_->table || state_->broken)
+    return state_->Run("", [&] { state_->Table(); });
+  try {
+    state_->table->AddPair(first, second);
+  } catch (const Refusal& refusal) {
+    throw EngineError(state_->fileName, state_->TableName(), refusal.what());
+  }
+}
+
+void DatabaseWriter::EndTable() {
+  state_->Run(state_->TableName(), [&] { state_->EndTable(); });
+}
+
+void DatabaseWriter::Finish() {
+  state_->Run("", [&] { state_->Finish(); });
+}
+
+}  // namespace zerbal::jet
