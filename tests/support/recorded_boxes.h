@@ -1,6 +1,7 @@
 // Message boxes that nobody has to press away: they are kept for the test to look at.
 #pragma once
 
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -13,6 +14,10 @@ struct RecordedBox {
   std::string text;
   bool operator==(const RecordedBox&) const = default;
 };
+
+inline void PrintTo(const RecordedBox& box, std::ostream* stream) {
+  *stream << "box with icon " << static_cast<int>(box.icon) << ": " << box.text;
+}
 
 class RecordedBoxes : public settings::MessageBoxes {
  public:

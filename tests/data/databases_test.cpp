@@ -1,0 +1,89 @@
+#include "data/databases.h"
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "sample_databases.h"
+#include "support/temp_folder.h"
+
+namespace zerbal::data {
+namespace {
+
+namespace fs = std::filesystem;
+
+test::Table LineTable(const std::string& name) {
+  return test::MapTable(name, {{1000000, 2000000}});
+}
+
+class OpenDatabasesTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    test::WriteDatabase(files_.qavdata, {test::FsrvTable({{1, "Q1", "1", "One", 1, 2, 3}}),
+                                         test::AirportTable("dest", {{"BBB", "Beta"}, {"AAA", "Alpha"}}),
+                                         test::FlitTable({test::Flight("Q1", "1", "AAA", {}, "BBB")})});
+    test::WriteDatabase(files_.allaprt, {test::AirportTable("allaprt", {{"ZZZ", "Omega"}})});
+    for (const fs::path& file : {files_.coast, *files_.river, *files_.ibound})
+      test::WriteDatabase(file, {LineTable("wcl")});
+  }
+
+  test::TempFolder folder_;
+  DataFiles files_{folder_ / "zbldata.mdb", folder_ / "qavdata.mdb", folder_ / "allaprt.mdb",
+                   folder_ / "coast.mdb",   folder_ / "river.mdb",   folder_ / "ibound.mdb"};
+};
+
+TEST_F(OpenDatabasesTest, OpensEverythingWithItsIndexes) {
+  Databases databases = OpenDatabases(files_);
+  databases.dest.Seek("AAA");
+  ASSERT_FALSE(databases.dest.NoMatch());
+  EXPECT_EQ(databases.dest["AP_City"].AsText(), "Alpha");
+  databases.allaprt.Seek("ZZZ");
+  EXPECT_FALSE(databases.allaprt.NoMatch());
+  databases.flit.SetIndex("flituni");
+  databases.flit.SetIndex("fsrv");
+  databases.fsrv.SetIndex("sort");
+  EXPECT_TRUE(databases.coast.HasTable("WCL"));
+  ASSERT_TRUE(databases.river && databases.ibound);
+  EXPECT_TRUE(databases.river->HasTable("wcl"));
+}
+
+TEST_F(OpenDatabasesTest, GoesWithoutRiversAndBoundaries) {
+  files_.river.reset();
+  files_.ibound.reset();
+  const Databases databases = OpenDatabases(files_);
+  EXPECT_FALSE(databases.river);
+  EXPECT_FALSE(databases.ibound);
+}
+
+TEST_F(OpenDatabasesTest, LeavesTheFilesAsTheyAre) {
+  const std::string before = test::ReadBytes(files_.qavdata);
+  const auto time = fs::last_write_time(files_.qavdata);
+  {
+    Databases databases = OpenDatabases(files_);
+    databases.flit.SetIndex("fsrv");
+    databases.flit.Seek("Q1");
+  }
+  EXPECT_EQ(test::ReadBytes(files_.qavdata), before);
+  EXPECT_EQ(fs::last_write_time(files_.qavdata), time);
+}
+
+TEST_F(OpenDatabasesTest, NamesTheFileThatCannotBeOpened) {
+  const auto fault = [&]() -> std::string {
+    try {
+      OpenDatabases(files_);
+    } catch (const jet::EngineError& error) {
+      return error.File();
+    }
+    return "none";
+  };
+  EXPECT_EQ(fault(), "none");
+  test::WriteBytes(*files_.ibound, "no database");
+  EXPECT_EQ(fault(), files_.ibound->string());
+  fs::remove(files_.coast);
+  EXPECT_EQ(fault(), files_.coast.string());
+  test::WriteDatabase(files_.allaprt, {LineTable("other")});
+  EXPECT_EQ(fault(), files_.allaprt.string());
+}
+
+}  // namespace
+}  // namespace zerbal::data

@@ -1,0 +1,145 @@
+#include "data/schedule.h"
+
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "jet/database.h"
+#include "sample_databases.h"
+#include "support/temp_folder.h"
+
+namespace zerbal::data {
+namespace {
+
+using Codes = std::vector<std::string>;
+
+class Schedule : public testing::Test {
+ protected:
+  void Open(std::vector<test::Row> flights, std::vector<test::Row> airports = {}) {
+    const std::filesystem::path file = folder_ / "qavdata.mdb";
+    test::WriteDatabase(
+        file, {test::FlitTable(std::move(flights)), test::AirportTable("dest", std::move(airports))});
+    const jet::Database database = jet::Database::Open(file);
+    flit_.emplace(database.OpenTable("flit"));
+    dest_.emplace(database.OpenTable("dest"));
+    dest_->SetIndex("aprt");
+  }
+
+  Flight Find(std::string_view key) {
+    flit_->SetIndex("flituni");
+    flit_->Seek(key);
+    EXPECT_FALSE(flit_->NoMatch()) << key;
+    return ReadFlight(*flit_);
+  }
+
+  Codes KeysOf(std::string_view service) {
+    Codes keys;
+    ForEachFlightOfService(*flit_, service, [&](const jet::Recordset& row) {
+      keys.push_back(row["Flit_2015"].AsText());
+      return true;
+    });
+    return keys;
+  }
+
+  test::TempFolder folder_;
+  std::optional<jet::Recordset> flit_;
+  std::optional<jet::Recordset> dest_;
+};
+
+TEST_F(Schedule, AFlightIsReadWithItsRoute) {
+  Open({test::Flight("Q1", "11", "AAA", {"BBB", "CCC"}, "DDD")});
+  const Flight flight = Find("11");
+  EXPECT_EQ(flight.key, "11");
+  EXPECT_EQ(flight.service, "Q1");
+  EXPECT_EQ(flight.number, "QV11");
+  EXPECT_EQ(flight.route, (Codes{"AAA", "BBB", "CCC", "DDD"}));
+  EXPECT_EQ(flight.Origin(), "AAA");
+  EXPECT_EQ(flight.Destination(), "DDD");
+}
+
+TEST_F(Schedule, TheFirstNullEndsTheStopovers) {
+  Open({test::Flight("Q1", "1", "AAA", {}, "ZZZ"), test::Flight("Q1", "2", "AAA", {"-", "CCC"}, "ZZZ"),
+        test::Flight("Q1", "3", "AAA", {"BBB", "-", "DDD", "EEE"}, "ZZZ"),
+        test::Flight("Q1", "4", "AAA", {"B1", "B2", "B3", "B4", "B5", "B6", "B7", "B8", "B9", "BX"}, "ZZZ"),
+        test::Flight("Q1", "5", "AAA", {"-", "B2", "B3", "B4", "B5", "B6", "B7", "B8", "B9", "BX"}, "ZZZ"),
+        test::Flight("Q1", "6", "AAA", {"", "CCC"}, "ZZZ")});
+  EXPECT_EQ(Find("1").route, (Codes{"AAA", "ZZZ"}));
+  EXPECT_EQ(Find("2").route, (Codes{"AAA", "ZZZ"}));
+  EXPECT_EQ(Find("3").route, (Codes{"AAA", "BBB", "ZZZ"}));
+  EXPECT_EQ(Find("4").route,
+            (Codes{"AAA", "B1", "B2", "B3", "B4", "B5", "B6", "B7", "B8", "B9", "BX", "ZZZ"}));
+  EXPECT_EQ(Find("5").route, (Codes{"AAA", "ZZZ"}));
+  EXPECT_EQ(Find("6").route, (Codes{"AAA", "", "CCC", "ZZZ"})) << "an empty text is a text";
+}
+
+TEST_F(Schedule, AReaderGivesEveryFlightAfterAnotherTheSame) {
+  Open({test::Flight("Q1", "4", "AAA", {"B1", "B2", "B3"}, "ZZZ"), test::Flight("Q1", "1", "AAA", {}, "ZZZ"),
+        test::Flight("Q1", "2", "AAA", {"LONGERCODETHANFITSINPLACE", "CCC"}, "ZZZ"),
+        test::Flight("Q1", "3", "X", {"Y"}, "Z")});
+  FlightReader reader(*flit_);
+  int rows = 0;
+  for (flit_->MoveFirst(); !flit_->Eof(); flit_->MoveNext(), ++rows) {
+    const Flight expected = ReadFlight(*flit_);
+    const Flight& flight = reader.Read(*flit_);
+    EXPECT_EQ(flight.key, expected.key);
+    EXPECT_EQ(flight.service, expected.service);
+    EXPECT_EQ(flight.number, expected.number);
+    EXPECT_EQ(flight.route, expected.route);
+  }
+  EXPECT_EQ(rows, 4);
+}
+
+TEST_F(Schedule, TheFlightsOfAServiceStandTogetherInItsIndex) {
+  Open({test::Flight("Q2", "1", "A", {}, "B"), test::Flight("Q1", "2", "A", {}, "B"),
+        test::Flight("Q2X", "3", "A", {}, "B"), test::Flight("Q2", "4", "A", {}, "B"),
+        test::Flight("Q3", "5", "A", {}, "B")});
+  EXPECT_EQ(KeysOf("Q2"), (Codes{"1", "4"}));
+  EXPECT_EQ(KeysOf("Q1"), Codes{"2"});
+  EXPECT_EQ(KeysOf("Q3"), Codes{"5"}) << "ends with the table";
+  EXPECT_EQ(KeysOf("Q4"), Codes{});
+  EXPECT_EQ(KeysOf(""), Codes{});
+}
+
+TEST_F(Schedule, ServiceKeysAreComparedExactly) {
+  Open({test::Flight("PAC", "1", "A", {}, "B"), test::Flight("PAC", "2", "A", {}, "B"),
+        test::Flight("pac", "3", "A", {}, "B")});
+  EXPECT_EQ(KeysOf("PAC"), (Codes{"1", "2"}));
+  EXPECT_EQ(KeysOf("pac"), Codes{"3"});
+  EXPECT_EQ(KeysOf("Pac"), Codes{});
+}
+
+TEST_F(Schedule, AWalkThatIsStoppedLeavesTheCursorThere) {
+  Open({test::Flight("Q1", "1", "A", {}, "B"), test::Flight("Q1", "2", "A", {}, "B"),
+        test::Flight("Q1", "3", "A", {}, "B")});
+  int rows = 0;
+  ForEachFlightOfService(*flit_, "Q1", [&](const jet::Recordset&) { return ++rows < 2; });
+  EXPECT_EQ(rows, 2);
+  EXPECT_EQ((*flit_)["Flit_2015"].AsText(), "2");
+}
+
+TEST_F(Schedule, AnEmptyScheduleHasNoFlights) {
+  Open({});
+  EXPECT_EQ(KeysOf("Q1"), Codes{});
+}
+
+TEST_F(Schedule, AFlightLineNamesTheCitiesThatItKnows) {
+  Open({}, {{"AAA", "Alpha"}, {"BBB", "Beta"}, {"CCC", "Gamma"}, {"NUL", jet::Null()}});
+  const auto line = [&](Codes route, bool cities) {
+    return FlightLine({"key", "Q1", "123", std::move(route)}, *dest_, cities);
+  };
+  EXPECT_EQ(line({"AAA", "BBB", "CCC"}, false), "123 - Alpha AAA -> BBB -> Gamma CCC");
+  EXPECT_EQ(line({"AAA", "BBB", "CCC"}, true), "123 - Alpha AAA -> Beta BBB -> Gamma CCC");
+  EXPECT_EQ(line({"AAA", "CCC"}, false), "123 - Alpha AAA -> Gamma CCC");
+  EXPECT_EQ(line({"XXX", "YYY", "ZZZ"}, true), "123 - XXX -> YYY -> ZZZ");
+  EXPECT_EQ(line({"aaa", "bbb", "Ccc"}, true), "123 - aaa -> bbb -> Ccc") << "codes are compared exactly";
+  EXPECT_EQ(line({"NUL", "AAA"}, false), "123 -  NUL -> Alpha AAA");
+}
+
+TEST_F(Schedule, EveryListUsesTheSameLineForAGap) {
+  Open({test::Flight("Q1", "7", "AAA", {"-", "BBB"}, "CCC")}, {{"AAA", "Alpha"}});
+  EXPECT_EQ(FlightLine(Find("7"), *dest_, true), "QV7 - Alpha AAA -> CCC");
+}
+
+}  // namespace
+}  // namespace zerbal::data
