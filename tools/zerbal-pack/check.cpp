@@ -79,7 +79,7 @@ class FolderCheck {
     }
   }
 
-  /// Rows of the table; nothing when it could not be opened.
+  /// Rows of the table; nothing when they could not be looked at.
   std::optional<std::size_t> Check(const jet::Database& database, const std::string& file,
                                    const TableLayout& layout, const RowAction& action) {
     const std::string where = file + ": table '" + layout.name + "'";
@@ -87,10 +87,12 @@ class FolderCheck {
     if (!rows)
       return std::nullopt;
     std::size_t count = 0;
-    CheckTable(*rows, layout, where, report_, [&](const jet::Recordset& row) {
+    const bool walked = CheckTable(*rows, layout, where, report_, [&](const jet::Recordset& row) {
       ++count;
       action(row);
     });
+    if (!walked)
+      return std::nullopt;
     return count;
   }
 

@@ -136,14 +136,14 @@ std::optional<jet::Recordset> OpenChecked(const jet::Database& database, const s
   }
 }
 
-void CheckTable(jet::Recordset& rows, const TableLayout& layout, const std::string& where,
+bool CheckTable(jet::Recordset& rows, const TableLayout& layout, const std::string& where,
                 CheckReport& report, const std::function<void(const jet::Recordset&)>& row) {
   for (const NeededIndex& needed : kNeededIndexes) {
     if (needed.table == layout.name)
       CheckIndex(rows, needed, where, report);
   }
   if (!CheckFields(rows, layout, where, report))
-    return;
+    return false;
   try {
     for (; !rows.Eof(); rows.MoveNext()) {
       CheckValues(rows, layout, where, report);
@@ -152,6 +152,7 @@ void CheckTable(jet::Recordset& rows, const TableLayout& layout, const std::stri
   } catch (const jet::EngineError& error) {
     report.Add(where, "damage", error.Reason());
   }
+  return true;
 }
 
 std::string RowName(const jet::Recordset& rows, const TableLayout& layout) {

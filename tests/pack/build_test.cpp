@@ -1,0 +1,180 @@
+#include "zerbal-pack/build.h"
+
+#include <stdexcept>
+
+#include <gtest/gtest.h>
+
+#include "pack/pack_fixture.h"
+#include "support/temp_folder.h"
+#include "zerbal-pack/check.h"
+
+namespace zerbal::pack {
+namespace {
+
+namespace fs = std::filesystem;
+using test::FolderContent;
+using test::kPackFolder;
+using test::ReadText;
+using test::WritePoints;
+using test::WriteText;
+using zerbal::test::TempFolder;
+
+/// A map of one cell, made in no time.
+std::vector<TableSize> SmallMap(const fs::path& parent, const std::function<void(double)>& progress) {
+  WritePoints(parent / "app_map" / "coast.mdb", {"wcl", "IEwdb2"});
+  progress(0.5);
+  WritePoints(parent / "app_map" / "river.mdb", {"IEwdb2"});
+  WritePoints(parent / "app_map" / "ibound.mdb", {"IEwdb2"});
+  progress(1);
+  return {{"app_map/coast.mdb", "wcl", 3}};
+}
+
+void NoProgress(double, const std::string&) {}
+
+/// A copy of the sample data's sources with few airports, so that building is quick.
+fs::path SmallSources(const TempFolder& folder) {
+  const fs::path sources = folder / "pack";
+  fs::create_directory(sources);
+  for (const char* file : {"colours.csv", "fonts.csv", "regions.csv", "services.csv", "destinations.csv",
+                           "flights.csv", "zblrev.ini"})
+    fs::copy_file(kPackFolder / file, sources / file);
+  fs::copy_file(kPackFolder / "destinations.csv", sources / "airports.csv");
+  return sources;
+}
+
+TEST(BuildFolder, MakesEveryFileAndPassesItsOwnCheck) {
+  const TempFolder folder;
+  Problems problems;
+  const std::vector<TableSize> sizes =
+      BuildFolder({folder / "out", kPackFolder}, SmallMap, NoProgress, problems);
+  EXPECT_TRUE(problems.Empty());
+  std::vector<std::string> files;
+  for (const auto& [name, content] : FolderContent(folder / "out"))
+    files.push_back(name);
+  EXPECT_EQ(files,
+            (std::vector<std::string>{"app_data/allaprt.mdb", "app_data/qavdata.mdb", "app_data/zbldata.mdb",
+                                      "app_data/zblrev.ini", "app_map/coast.mdb", "app_map/ibound.mdb",
+                                      "app_map/river.mdb"}));
+  ASSERT_EQ(sizes.size(), 8U);
+  EXPECT_EQ(sizes[0].file + " " + sizes[0].table, "app_data/zbldata.mdb col");
+  EXPECT_EQ(sizes[6].table, "allaprt");
+  EXPECT_EQ(sizes[6].rows, 14705U);
+  EXPECT_EQ(sizes[7].table, "wcl");
+  std::ostringstream report;
+  const CheckReport check = CheckFolder(folder / "out");
+  check.Print(report);
+  EXPECT_TRUE(check.AllIsWell()) << report.str();
+}
+
+TEST(BuildFolder, GivesTheSameBytesTwice) {
+  const TempFolder folder;
+  const fs::path sources = SmallSources(folder);
+  Problems problems;
+  BuildFolder({folder / "one", sources}, SmallMap, NoProgress, problems);
+  BuildFolder({folder / "two", sources}, SmallMap, NoProgress, problems);
+  EXPECT_TRUE(FolderContent(folder / "one") == FolderContent(folder / "two"));
+}
+
+TEST(BuildFolder, WritesNothingWhenASourceIsBad) {
+  const TempFolder folder;
+  const fs::path sources = SmallSources(folder);
+  WriteText(sources / "fonts.csv", "Code,Font,Size,Entry\nLORES,x,99,e\n");
+  Problems problems;
+  BuildFolder({folder / "out", sources}, SmallMap, NoProgress, problems);
+  ASSERT_EQ(problems.List().size(), 2U);
+  EXPECT_EQ(problems.List()[0].reason, "'99' is not within 6 to 14");
+  EXPECT_FALSE(fs::exists(folder / "out"));
+  fs::remove(sources / "zblrev.ini");
+  fs::remove(sources / "airports.csv");
+  Problems more;
+  BuildFolder({folder / "out", sources}, SmallMap, NoProgress, more);
+  ASSERT_EQ(more.List().size(), 4U);
+  EXPECT_EQ(more.List()[2].reason, "cannot be read");
+  EXPECT_EQ(more.List()[3].reason, "cannot be read or has no section [RevZBL]");
+}
+
+TEST(BuildFolder, LeavesEverythingAsItWasWhenTheMapFails) {
+  const TempFolder folder;
+  const fs::path sources = SmallSources(folder);
+  Problems problems;
+  BuildFolder({folder / "out", sources}, SmallMap, NoProgress, problems);
+  const auto before = FolderContent(folder / "out");
+  const MapBuilder failing = [](const fs::path& parent, const std::function<void(double)>&) {
+    WriteText(parent / "app_map" / "coast.mdb", "half");
+    throw std::runtime_error("no map");
+    return std::vector<TableSize>();
+  };
+  EXPECT_THROW(BuildFolder({folder / "out", sources}, failing, NoProgress, problems), std::runtime_error);
+  EXPECT_TRUE(FolderContent(folder / "out") == before);
+  EXPECT_THROW(BuildFolder({folder / "new", sources}, failing, NoProgress, problems), std::runtime_error);
+  EXPECT_FALSE(fs::exists(folder / "new"));
+}
+
+TEST(BuildFolder, ReplacesWhatItMadeAndKeepsOtherFiles) {
+  const TempFolder folder;
+  const fs::path sources = SmallSources(folder);
+  Problems problems;
+  BuildFolder({folder / "out", sources}, SmallMap, NoProgress, problems);
+  WriteText(folder / "out" / "zerbal.ini", "settings");
+  WriteText(folder / "out" / "app_data" / "qavdata.mdb", "old");
+  BuildFolder({folder / "out", sources}, SmallMap, NoProgress, problems);
+  const auto content = FolderContent(folder / "out");
+  EXPECT_EQ(content.size(), 8U);
+  EXPECT_EQ(content.at("zerbal.ini"), "settings");
+  EXPECT_NE(content.at("app_data/qavdata.mdb"), "old");
+}
+
+TEST(BuildFolder, NeverReplacesAnAirlinesOwnData) {
+  const TempFolder folder;
+  const fs::path sources = SmallSources(folder);
+  Problems problems;
+  for (const char* name : {"app_data", "app_map"}) {
+    const fs::path out = folder / (std::string("out ") + name);
+    fs::create_directories(out / "app_data");
+    fs::create_directories(out / "app_map");
+    WriteText(out / name / "own.mdb", "own");
+    EXPECT_THROW(BuildFolder({out, sources}, SmallMap, NoProgress, problems), BuildRefused);
+    EXPECT_EQ(ReadText(out / name / "own.mdb"), "own");
+    fs::remove(out / name / "own.mdb");
+    BuildFolder({out, sources}, SmallMap, NoProgress, problems);  // empty folders are in nobody's way
+    EXPECT_EQ(FolderContent(out).size(), 7U);
+  }
+  WriteText(folder / "file", "own");
+  EXPECT_THROW(BuildFolder({folder / "file", sources}, SmallMap, NoProgress, problems), BuildRefused);
+}
+
+TEST(BuildFolder, TellsHowFarItIs) {
+  const TempFolder folder;
+  const fs::path sources = SmallSources(folder);
+  Problems problems;
+  std::vector<double> steps;
+  BuildFolder(
+      {folder / "out", sources}, SmallMap,
+      [&](double done, const std::string& what) {
+        EXPECT_FALSE(what.empty());
+        steps.push_back(done);
+      },
+      problems);
+  EXPECT_TRUE(std::is_sorted(steps.begin(), steps.end()));
+  EXPECT_EQ(steps.front(), 0);
+  EXPECT_EQ(steps.back(), 1);
+}
+
+TEST(BuildFolder, WritesTheRevisionFileForWindows) {
+  const TempFolder folder;
+  const fs::path sources = SmallSources(folder);
+  WriteText(sources / "zblrev.ini", "[RevZBL]\nRevZBLAll=7\r\n");
+  Problems problems;
+  BuildFolder({folder / "out", sources}, SmallMap, NoProgress, problems);
+  EXPECT_EQ(ReadText(folder / "out" / "app_data" / "zblrev.ini"),
+            "[RevZBL]\r\nRevZBLAll=7\r\n\r\n[Pack]\r\nMadeBy=zerbal-pack\r\n");
+}
+
+TEST(SampleRevisions, AreComplete) {
+  const std::string text = ReadText(kPackFolder / "zblrev.ini");
+  for (const char* key : {"RevZBLAll=", "RevSchdMain=", "RevSchdFSrv=", "RevStemAprt=", "RevZBLData="})
+    EXPECT_NE(text.find(std::string("\n") + key), std::string::npos) << key;
+}
+
+}  // namespace
+}  // namespace zerbal::pack

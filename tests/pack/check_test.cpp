@@ -1,0 +1,322 @@
+#include "zerbal-pack/check.h"
+
+#include <functional>
+#include <sstream>
+
+#include <gtest/gtest.h>
+
+#include "jet/writer.h"
+#include "pack/pack_fixture.h"
+#include "support/temp_folder.h"
+#include "zerbal-pack/layout.h"
+
+namespace zerbal::pack {
+namespace {
+
+namespace fs = std::filesystem;
+using jet::Null;
+using jet::Value;
+using test::WritePoints;
+using test::WriteText;
+using zerbal::test::TempFolder;
+
+using Row = std::vector<Value>;
+struct Content {
+  jet::TableSpec spec;
+  std::vector<Row> rows;
+};
+
+Value Text(const char* text) {
+  return std::string(text);
+}
+
+Row Airport(const char* code, float lon, float lat, Value elevation = 100, Value ils = Text("1")) {
+  return {Text(code), Text("Name"), Text("City"), lon, lat, std::move(elevation), 2, 8000, std::move(ils)};
+}
+
+Row Flight(const char* service, const char* key, const std::vector<const char*>& route) {
+  Row row = {Text(service), Text(key), Text(key), Text(route.front())};
+  for (std::size_t i = 1; i <= 10; ++i) {
+    const bool stop = i + 1 < route.size() && std::string(route[i]) != "-";
+    row.push_back(stop ? Text(route[i]) : Value(Null{}));
+  }
+  row.push_back(Text(route.back()));
+  return row;
+}
+
+/// A small but faultless set of files, to be spoilt.
+struct Files {
+  Files() {
+    for (const char* code :
+         {"MAPBG", "ZOOM", "CENTRE", "COAST", "RIVER", "IBOUND", "APALL", "APDEST", "ACSYMB"})
+      colours.rows.push_back({Text(code), Null{}, 1, 2, 3, Text(code)});
+    fonts.rows = {{Text("LORES"), Text("Arial"), 7, Text("l")}, {Text("HIRES"), Text("Arial"), 8, Text("h")}};
+    regions.rows = {{Text("EUR"), 10, Text("Europe"), 155.0, 20.0, 225.0, 55.0}};
+    services.rows = {{Text("EUR"), 10, Text("1"), Text("Europe"), 0, 0, 255}};
+    destinations.rows = {Airport("LPPT", 170.9F, 51.2F), Airport("EGLL", 179.5F, 38.5F)};
+    flights.rows = {Flight("EUR", "QV1", {"LPPT", "EGLL"}), Flight("EUR", "QV2", {"EGLL", "LPPT", "EGLL"})};
+    airports.rows = destinations.rows;
+  }
+
+  void Write(const fs::path& folder) const {
+    fs::create_directories(folder / "app_data");
+    fs::create_directories(folder / "app_map");
+    WriteDatabase(folder / "app_data" / "zbldata.mdb", {colours, fonts, regions});
+    WriteDatabase(folder / "app_data" / "qavdata.mdb", {services, destinations, flights});
+    WriteDatabase(folder / "app_data" / "allaprt.mdb", {airports});
+    WritePoints(folder / "app_map" / "coast.mdb", {"wcl", "IEwdb2"});
+    WritePoints(folder / "app_map" / "river.mdb", {"IEwdb2"});
+    WritePoints(folder / "app_map" / "ibound.mdb", {"IEwdb2"});
+    WriteText(folder / "app_data" / "zblrev.ini", "[RevZBL]\n");
+  }
+
+  static void WriteDatabase(const fs::path& file, const std::vector<Content>& tables) {
+    jet::DatabaseWriter writer(file);
+    for (const Content& table : tables) {
+      writer.BeginTable(table.spec);
+      for (const Row& row : table.rows)
+        writer.AddRow(row);
+      writer.EndTable();
+    }
+    writer.Finish();
+  }
+
+  Content colours{ColourLayout().Spec(), {}};
+  Content fonts{FontLayout().Spec(), {}};
+  Content regions{RegionLayout().Spec(), {}};
+  Content services{ServiceLayout().Spec(), {}};
+  Content destinations{DestinationLayout().Spec(), {}};
+  Content flights{FlightLayout().Spec(), {}};
+  Content airports{AirportLayout().Spec(), {}};
+};
+
+std::string Report(const fs::path& folder) {
+  std::ostringstream out;
+  const CheckReport report = CheckFolder(folder);
+  report.Print(out);
+  EXPECT_EQ(report.AllIsWell(), out.str().find("All is well.") != std::string::npos);
+  return out.str();
+}
+
+/// What the check says of files that were spoilt, without the last two lines.
+std::string FindingsAfter(
+    const std::function<void(Files&)>& spoil,
+    const std::function<void(const fs::path&)>& spoilFolder = [](const fs::path&) {}) {
+  const TempFolder folder;
+  Files files;
+  spoil(files);
+  files.Write(folder.Path());
+  spoilFolder(folder.Path());
+  const std::string report = Report(folder.Path());
+  return report.substr(0, report.find("Found "));
+}
+
+TEST(CheckFolder, FindsNothingWrongWithGoodFiles) {
+  const TempFolder folder;
+  Files().Write(folder.Path());
+  EXPECT_EQ(
+      Report(folder.Path()),
+      "Found 1 regions, 1 flight services, 2 destinations, 2 flights, 2 airports, 1 cells in coast.mdb, "
+      "1 cells in river.mdb, 1 cells in ibound.mdb.\nAll is well.\n");
+}
+
+TEST(CheckFolder, FindsFilesWhateverTheirLetterCase) {
+  EXPECT_EQ(FindingsAfter([](Files&) {},
+                          [](const fs::path& folder) {
+                            fs::rename(folder / "app_data" / "zbldata.mdb",
+                                       folder / "app_data" / "ZBLDATA.MDB");
+                            fs::rename(folder / "app_map", folder / "App_Map");
+                          }),
+            "");
+}
+
+TEST(CheckFolder, NamesMissingFiles) {
+  EXPECT_EQ(FindingsAfter([](Files&) {},
+                          [](const fs::path& folder) {
+                            fs::remove(folder / "app_data" / "allaprt.mdb");
+                            fs::remove(folder / "app_data" / "zblrev.ini");
+                            fs::remove(folder / "app_map" / "river.mdb");
+                          }),
+            "app_data/allaprt.mdb: the file is missing; the program does not start without it\n"
+            "Note: app_map/river.mdb: is missing; its lines are never drawn\n"
+            "Note: app_data/zblrev.ini: is missing; revision numbers show as Unknown\n");
+}
+
+TEST(CheckFolder, ReportsAFolderWithoutAnything) {
+  const TempFolder folder;
+  const std::string report = Report(folder.Path());
+  EXPECT_NE(report.find("app_data/zbldata.mdb: the file is missing"), std::string::npos);
+  EXPECT_TRUE(report.ends_with("4 things are wrong.\n")) << report;
+}
+
+TEST(CheckFolder, ReportsFilesThatAreNoDatabases) {
+  const std::string findings = FindingsAfter(
+      [](Files&) {},
+      [](const fs::path& folder) { WriteText(folder / "app_map" / "ibound.mdb", "no database"); });
+  EXPECT_TRUE(findings.starts_with("app_map/ibound.mdb: cannot be opened: ")) << findings;
+}
+
+TEST(CheckFolder, NamesMissingTablesFieldsAndIndexes) {
+  EXPECT_EQ(FindingsAfter([](Files& files) { files.fonts.spec.name = "fonts"; }),
+            "app_data/zbldata.mdb: table 'fon': the table is missing\n");
+  EXPECT_EQ(FindingsAfter([](Files& files) { files.services.spec.columns[3].name = "Title"; }),
+            "app_data/qavdata.mdb: table 'fsrv': field 'FSrv_Name' is missing\n");
+  EXPECT_EQ(FindingsAfter([](Files& files) { files.flights.spec.indexes.clear(); }),
+            "app_data/qavdata.mdb: table 'flit': index 'fsrv' is missing\n"
+            "app_data/qavdata.mdb: table 'flit': index 'flituni' is missing\n");
+  EXPECT_EQ(FindingsAfter([](Files& files) { files.colours.spec.indexes.clear(); }),
+            "app_data/zbldata.mdb: table 'col': index 'colcode' is missing\n");
+  EXPECT_EQ(FindingsAfter([](Files& files) { files.flights.spec.indexes[0].columns[0].name = "Flit"; }),
+            "app_data/qavdata.mdb: table 'flit': index 'flituni' is not on the one field 'Flit_2015'\n");
+}
+
+TEST(CheckFolder, DoesNotAskForFieldsThatNothingReads) {
+  EXPECT_EQ(FindingsAfter([](Files& files) {
+              files.colours.spec.columns[0].name = "Code";
+              files.colours.spec.indexes[0].columns[0].name = "Code";
+              files.services.spec.columns[1].name = "Rank";
+              files.services.spec.indexes[1].columns[0].name = "Rank";
+            }),
+            "");
+}
+
+TEST(CheckFolder, NamesMissingCodesAndRows) {
+  EXPECT_EQ(FindingsAfter([](Files& files) {
+              files.colours.rows.pop_back();
+              files.fonts.rows.clear();
+              files.regions.rows.clear();
+            }),
+            "app_data/zbldata.mdb: table 'col': there is no row with code 'ACSYMB'\n"
+            "app_data/zbldata.mdb: table 'fon': there is no row with code 'LORES'\n"
+            "app_data/zbldata.mdb: table 'fon': there is no row with code 'HIRES'\n"
+            "app_data/zbldata.mdb: table 'reg': there is no region; the program needs at least one\n");
+  EXPECT_EQ(
+      FindingsAfter([](Files& files) {
+        files.services.rows.clear();
+        files.flights.rows.clear();
+      }),
+      "app_data/qavdata.mdb: table 'fsrv': there is no flight service; the program needs at least one\n");
+}
+
+TEST(CheckFolder, ReportsFlightsThatCannotBeDrawn) {
+  EXPECT_EQ(
+      FindingsAfter([](Files& files) {
+        files.flights.rows = {Flight("EUR", "QV1", {"LPPT", "XXXX"}), Flight("ASI", "QV2", {"LPPT", "EGLL"}),
+                              Flight("EUR", "QV3", {"LPPT", "-", "EGLL", "LPPT"}),
+                              Flight("EUR", "QV4", {"LPPT", "egll", "LPPT"})};
+      }),
+      "app_data/qavdata.mdb: table 'flit': flight 'QV1' (key 'QV1'): airport 'XXXX' is not among the "
+      "destinations, so it is never drawn\n"
+      "app_data/qavdata.mdb: table 'flit': flight 'QV4' (key 'QV4'): airport 'egll' is not among the "
+      "destinations, so it is never drawn\n"
+      "app_data/qavdata.mdb: table 'flit': flight 'QV2' (key 'QV2'): there is no flight service 'ASI', so it "
+      "is drawn black or not at all\n"
+      "app_data/qavdata.mdb: table 'flit': flight 'QV3' (key 'QV3'): stopover 2 is ignored, because stopover "
+      "1 is empty\n");
+}
+
+TEST(CheckFolder, ReportsKeysThatOccurTwice) {
+  EXPECT_EQ(
+      FindingsAfter([](Files& files) {
+        files.destinations.spec.indexes[0].unique = files.destinations.spec.indexes[0].primary = false;
+        files.destinations.rows.push_back(files.destinations.rows[0]);
+        files.flights.spec.indexes[0].unique = files.flights.spec.indexes[0].primary = false;
+        files.flights.rows.push_back(files.flights.rows[0]);
+      }),
+      "app_data/qavdata.mdb: table 'dest': destination 'LPPT' is there twice\n"
+      "app_data/qavdata.mdb: table 'flit': flight 'QV1' (key 'QV1'): another flight has the same key\n");
+}
+
+TEST(CheckFolder, ReportsPositionsOutsideTheMapFrame) {
+  EXPECT_EQ(
+      FindingsAfter([](Files& files) {
+        files.airports.rows = {Airport("A", 360, 180), Airport("B", -0.5F, 90), Airport("C", 0, 180.5F)};
+      }),
+      "app_data/allaprt.mdb: table 'allaprt': airport 'B': AP_Lon '-0.5' is outside the map frame (0 to "
+      "360)\n"
+      "app_data/allaprt.mdb: table 'allaprt': airport 'C': AP_Lat '180.5' is outside the map frame (0 to "
+      "180)\n");
+  EXPECT_EQ(
+      FindingsAfter([](Files& files) {
+        files.regions.rows = {{Text("A"), 1, Text("a"), 10.0, 60.0, 10.0, 50.0},
+                              {Text("B"), 2, Text("b"), 350.0, 60.0, 370.0, 80.0}};
+      }),
+      "app_data/zbldata.mdb: table 'reg': region 'A' has no width; choosing it shows nothing\n"
+      "app_data/zbldata.mdb: table 'reg': region 'A': Reg_ToLat is not south of Reg_FromLat\n"
+      "app_data/zbldata.mdb: table 'reg': region 'B': Reg_ToLon '370' is outside the map frame (0 to 360)\n");
+}
+
+TEST(CheckFolder, ReportsMapPointsOutsideTheMapFrame) {
+  EXPECT_EQ(FindingsAfter([](Files&) {},
+                          [](const fs::path& folder) {
+                            jet::DatabaseWriter writer(folder / "app_map" / "coast.mdb");
+                            writer.BeginTable(test::PointTable("IEwdb2"));
+                            writer.AddPair(0, 0);
+                            writer.AddPair(360'000'000, 180'000'000);
+                            writer.AddPair(-1'000'000, 999);
+                            writer.AddPair(360'000'001, 1);
+                            writer.AddPair(1, -1);
+                            writer.EndTable();
+                            writer.BeginTable(test::PointTable("BBwdb2"));  // no cell: never read
+                            writer.AddPair(-5, -5);
+                            writer.EndTable();
+                            writer.Finish();
+                          }),
+            "app_map/coast.mdb: table 'wcl' is missing; there is no coastline in wide views\n"
+            "app_map/coast.mdb: table 'IEwdb2': row 4: the point 360000001, 1 is outside the map frame\n"
+            "app_map/coast.mdb: table 'IEwdb2': row 5: the point 1, -1 is outside the map frame\n");
+}
+
+TEST(CheckFolder, ReportsMapTablesThatAreNone) {
+  EXPECT_EQ(FindingsAfter([](Files&) {},
+                          [](const fs::path& folder) {
+                            jet::DatabaseWriter writer(folder / "app_map" / "river.mdb");
+                            jet::TableSpec spec = test::PointTable("IEwdb2");
+                            spec.columns[1].name = "Latitude";
+                            writer.BeginTable(spec);
+                            writer.EndTable();
+                            writer.Finish();
+                            WritePoints(folder / "app_map" / "ibound.mdb", {"other"});
+                          }),
+            "app_map/river.mdb: table 'IEwdb2': field 'Lat' is missing\n"
+            "app_map/ibound.mdb: there is no table of a grid cell; close views show no lines\n");
+}
+
+TEST(CheckFolder, ReportsValuesThatDoNotFit) {
+  EXPECT_EQ(FindingsAfter([](Files& files) {
+              for (std::size_t i = 4; i < 7; ++i) {
+                files.services.spec.columns[i].type = jet::ColumnType::kLong;
+                files.services.spec.columns[i].length = 4;
+              }
+              files.services.rows = {{Text("EUR"), 10, Text("1"), Text("Europe"), 256, -1, 255}};
+              files.fonts.rows[0][2] = 5;
+              files.airports.rows = {Airport("A", 1, 1, Null{}, Text("x")), Airport("B", 1, 1, 1, Null{})};
+            }),
+            "app_data/zbldata.mdb: table 'fon': font 'LORES': Fon_Size '5' is not within 6 to 14\n"
+            "app_data/qavdata.mdb: table 'fsrv': flight service 'EUR': FSrv_R '256' is not within 0 to 255\n"
+            "app_data/qavdata.mdb: table 'fsrv': flight service 'EUR': FSrv_G '-1' is not within 0 to 255\n"
+            "app_data/allaprt.mdb: table 'allaprt': airport 'A': AP_Elev is empty\n"
+            "app_data/allaprt.mdb: table 'allaprt': airport 'A': AP_ILS 'x' is neither 0 nor 1\n"
+            "app_data/allaprt.mdb: table 'allaprt': airport 'B': AP_ILS is empty\n");
+}
+
+TEST(CheckFolder, CountsWhatIsWrongManyTimes) {
+  const TempFolder folder;
+  Files files;
+  files.airports.rows.clear();
+  std::vector<std::string> codes;
+  for (int i = 0; i < 25; ++i) {
+    codes.push_back("A" + std::to_string(i));
+    files.airports.rows.push_back(Airport(codes.back().c_str(), 400, 1));
+  }
+  files.Write(folder.Path());
+  const std::string report = Report(folder.Path());
+  EXPECT_NE(report.find("'A19': AP_Lon"), std::string::npos);
+  EXPECT_EQ(report.find("'A20': AP_Lon"), std::string::npos);
+  EXPECT_NE(report.find("app_data/allaprt.mdb: table 'allaprt': ... and 5 more like this\n"),
+            std::string::npos);
+  EXPECT_TRUE(report.ends_with("25 things are wrong.\n"));
+}
+
+}  // namespace
+}  // namespace zerbal::pack

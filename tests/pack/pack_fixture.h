@@ -1,0 +1,76 @@
+// Small files for the tests of this folder.
+#pragma once
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "jet/writer.h"
+
+namespace zerbal::pack::test {
+
+inline const std::filesystem::path kPackFolder = std::filesystem::path(ZERBAL_SOURCE_DIR) / "pack";
+
+inline void WriteText(const std::filesystem::path& file, const std::string& text) {
+  std::ofstream(file, std::ios::binary) << text;
+}
+
+inline std::string ReadText(const std::filesystem::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  if (!stream)
+    throw std::runtime_error("no file " + file.string());
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+/// Every file below a folder by its name relative to it, with what it holds.
+inline std::map<std::string, std::string> FolderContent(const std::filesystem::path& folder) {
+  std::map<std::string, std::string> content;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
+    if (entry.is_regular_file())
+      content[std::filesystem::relative(entry.path(), folder).generic_string()] = ReadText(entry.path());
+  }
+  return content;
+}
+
+inline jet::ColumnInfo NumberColumn(std::string name, jet::ColumnType type, int length) {
+  jet::ColumnInfo column;
+  column.name = std::move(name);
+  column.type = type;
+  column.length = length;
+  column.fixed = true;
+  return column;
+}
+
+inline jet::ColumnInfo TextColumn(std::string name, int length) {
+  jet::ColumnInfo column;
+  column.name = std::move(name);
+  column.type = jet::ColumnType::kText;
+  column.length = length;
+  column.compressed = true;
+  return column;
+}
+
+inline jet::TableSpec PointTable(std::string name) {
+  return {std::move(name),
+          {NumberColumn("Lon", jet::ColumnType::kLong, 4), NumberColumn("Lat", jet::ColumnType::kLong, 4)},
+          {}};
+}
+
+/// A database of point tables, each with one short line.
+inline void WritePoints(const std::filesystem::path& file, const std::vector<std::string>& tables) {
+  jet::DatabaseWriter writer(file);
+  for (const std::string& table : tables) {
+    writer.BeginTable(PointTable(table));
+    writer.AddPair(170'000'000, 51'000'000);
+    writer.AddPair(171'000'000, 52'000'000);
+    writer.AddPair(-1'000'000, 0);
+    writer.EndTable();
+  }
+  writer.Finish();
+}
+
+}  // namespace zerbal::pack::test

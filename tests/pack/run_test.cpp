@@ -1,0 +1,201 @@
+// The commands as a user gives them, from the words to the exit status.
+#include "zerbal-pack/run.h"
+
+#include <sstream>
+
+#include <gtest/gtest.h>
+
+#include "jet/database.h"
+#include "jet/recordset.h"
+#include "pack/pack_fixture.h"
+#include "support/temp_folder.h"
+
+namespace zerbal::pack {
+namespace {
+
+namespace fs = std::filesystem;
+using test::kPackFolder;
+using test::ReadText;
+using test::WriteText;
+using zerbal::test::TempFolder;
+
+class RunPackTest : public testing::Test {
+ protected:
+  int Run(const std::vector<std::string>& words) {
+    out.str("");
+    err.str("");
+    return RunPack(words, {.out = out, .err = err, .executable = executable, .interrupted = [this] {
+                             return interrupted;
+                           }});
+  }
+
+  std::string Name(const fs::path& name) const { return (folder / name).string(); }
+
+  /// Replaces the folder's name in a message.
+  std::string Err() const {
+    std::string text = err.str();
+    const std::string name = folder.Path().string() + "/";
+    for (std::size_t at = text.find(name); at != std::string::npos; at = text.find(name))
+      text.erase(at, name.size());
+    return text;
+  }
+
+  /// The schedule of the sample airline.
+  int MakeSampleSchedule(const std::string& out_file) {
+    return Run({"schedule", "--out", out_file, "--services", (kPackFolder / "services.csv").string(),
+                "--destinations", (kPackFolder / "destinations.csv").string(), "--flights",
+                (kPackFolder / "flights.csv").string()});
+  }
+
+  int MakeSchedule(const std::string& out_file, const fs::path& exported) {
+    return Run({"schedule", "--out", out_file, "--services", (exported / "fsrv.csv").string(),
+                "--destinations", (exported / "dest.csv").string(), "--flights",
+                (exported / "flit.csv").string()});
+  }
+
+  TempFolder folder;
+  fs::path executable = fs::path(ZERBAL_SOURCE_DIR) / "build" / "x" / "bin" / "zerbal-pack";
+  bool interrupted = false;
+  std::ostringstream out;
+  std::ostringstream err;
+};
+
+TEST_F(RunPackTest, HelpsOnStandardOutput) {
+  for (const std::vector<std::string>& words :
+       {std::vector<std::string>{"--help"}, {"-h"}, {"build", "--help"}, {"export", "x", "-h"}}) {
+    EXPECT_EQ(Run(words), 0);
+    EXPECT_NE(out.str().find("zerbal-pack build --out DIR"), std::string::npos);
+    EXPECT_EQ(err.str(), "");
+  }
+}
+
+TEST_F(RunPackTest, TellsItsVersion) {
+  EXPECT_EQ(Run({"--version"}), 0);
+  EXPECT_EQ(out.str(), "zerbal-pack 1.100\n");
+}
+
+TEST_F(RunPackTest, RefusesWhatMakesNoSense) {
+  const auto usage = [this](const std::vector<std::string>& words) {
+    EXPECT_EQ(Run(words), 2);
+    EXPECT_EQ(out.str(), "");
+    std::string text = err.str();
+    EXPECT_TRUE(text.ends_with("\nTry 'zerbal-pack --help'.\n")) << text;
+    return text.substr(0, text.find('\n'));
+  };
+  EXPECT_EQ(usage({}), "zerbal-pack: a command is missing");
+  EXPECT_EQ(usage({"make"}), "zerbal-pack: there is no command 'make'");
+  EXPECT_EQ(usage({"build"}), "zerbal-pack: option '--out' is missing");
+  EXPECT_EQ(usage({"build", "--out", Name("x"), "--detail", "best"}),
+            "zerbal-pack: detail 'best' is none of low, intermediate, high and full");
+  EXPECT_EQ(usage({"build", "--out", Name("x"), "here"}), "zerbal-pack: 'here' is one argument too many");
+  EXPECT_EQ(usage({"schedule", "--out", Name("x")}), "zerbal-pack: option '--services' is missing");
+  EXPECT_EQ(usage({"export", "x.mdb"}), "zerbal-pack: DIR is missing");
+  EXPECT_EQ(usage({"export", "x.mdb", "y", "--table"}), "zerbal-pack: option '--table' needs a value");
+  EXPECT_EQ(usage({"check"}), "zerbal-pack: DIR is missing");
+  executable = folder / "bin" / "zerbal-pack";
+  EXPECT_EQ(usage({"build", "--out", Name("x")}),
+            "zerbal-pack: the sources of the sample data are not found; name their folder with --pack");
+}
+
+TEST_F(RunPackTest, FindsTheSourcesFromWhereItIs) {
+  EXPECT_EQ(FindSources(executable), kPackFolder);
+  fs::create_directories(folder / "usr" / "share" / "zerbal" / "pack");
+  WriteText(folder / "usr" / "share" / "zerbal" / "pack" / "airports.csv", "");
+  EXPECT_EQ(FindSources(folder / "usr" / "bin" / "zerbal-pack"),
+            folder / "usr" / "share" / "zerbal" / "pack");
+  EXPECT_EQ(FindSources(folder / "opt" / "bin" / "zerbal-pack"), fs::path());
+  EXPECT_EQ(FindSources(fs::path()), fs::path());
+}
+
+TEST_F(RunPackTest, BuildsAndChecksTheSampleData) {
+  ASSERT_EQ(Run({"build", "--out", Name("data"), "--detail", "low"}), 0) << err.str();
+  EXPECT_EQ(err.str(), "");
+  EXPECT_NE(out.str().find("app_data/allaprt.mdb allaprt: 14705 rows\n"), std::string::npos) << out.str();
+  EXPECT_NE(out.str().find("app_map/coast.mdb wcl: "), std::string::npos) << out.str();
+  EXPECT_EQ(Run({"check", Name("data")}), 0) << out.str();
+  EXPECT_TRUE(out.str().ends_with("All is well.\n")) << out.str();
+  EXPECT_EQ(out.str().find("Note"), std::string::npos) << out.str();
+}
+
+TEST_F(RunPackTest, LeavesNothingWhenInterrupted) {
+  interrupted = true;
+  EXPECT_EQ(Run({"build", "--out", Name("data"), "--detail", "low"}), 1);
+  EXPECT_EQ(Err(), "zerbal-pack: interrupted; nothing was written\n");
+  EXPECT_TRUE(fs::is_empty(folder.Path()));
+}
+
+TEST_F(RunPackTest, RefusesToReplaceOthersData) {
+  fs::create_directories(folder / "app_data");
+  WriteText(folder / "app_data" / "qavdata.mdb", "own");
+  EXPECT_EQ(Run({"build", "--out", folder.Path().string(), "--detail", "low"}), 1);
+  EXPECT_EQ(Err(),
+            "zerbal-pack: app_data was not made by zerbal-pack; move it away or choose another folder\n");
+  EXPECT_EQ(ReadText(folder / "app_data" / "qavdata.mdb"), "own");
+}
+
+TEST_F(RunPackTest, ExportsWhatTheScheduleWasMadeOf) {
+  ASSERT_EQ(MakeSampleSchedule(Name("a.mdb")), 0) << err.str();
+  ASSERT_EQ(Run({"export", Name("a.mdb"), Name("a"), "--schema"}), 0) << err.str();
+  ASSERT_EQ(MakeSchedule(Name("b.mdb"), folder / "a"), 0) << err.str();
+  ASSERT_EQ(Run({"export", Name("b.mdb"), Name("b"), "--schema"}), 0) << err.str();
+  EXPECT_EQ(test::FolderContent(folder / "a"), test::FolderContent(folder / "b"));
+  EXPECT_EQ(test::FolderContent(folder / "a").size(), 4U);
+  EXPECT_EQ(ReadText(folder / "a.mdb"), ReadText(folder / "b.mdb"));
+}
+
+TEST_F(RunPackTest, TakesAPlannersChange) {
+  ASSERT_EQ(MakeSampleSchedule(Name("a.mdb")), 0) << err.str();
+  ASSERT_EQ(Run({"export", Name("a.mdb"), Name("plan")}), 0) << err.str();
+  std::string flights = ReadText(folder / "plan" / "flit.csv");
+  const std::string old = "\"HOME\",\"QV101\",\"QV101\",\"LPPT\",,,,,,,,,,,\"LPPR\"\r\n";
+  const std::string edited = "HOME,QV101X,QV101,LPPT,LPFR,,,,,,,,,,LPPR\r\n";
+  ASSERT_NE(flights.find(old), std::string::npos) << flights.substr(0, 500);
+  flights.replace(flights.find(old), old.size(), edited);
+  WriteText(folder / "plan" / "flit.csv", flights);
+  ASSERT_EQ(MakeSchedule(Name("a.mdb"), folder / "plan"), 0) << err.str();
+  ASSERT_EQ(Run({"export", Name("a.mdb"), Name("again")}), 0) << err.str();
+  const std::string stored = "\"HOME\",\"QV101X\",\"QV101\",\"LPPT\",\"LPFR\",,,,,,,,,,\"LPPR\"\r\n";
+  flights.replace(flights.find(edited), edited.size(), stored);
+  EXPECT_EQ(ReadText(folder / "again" / "flit.csv"), flights);
+  EXPECT_EQ(ReadText(folder / "again" / "dest.csv"), ReadText(folder / "plan" / "dest.csv"));
+  jet::Recordset rows = jet::Database::Open(folder / "a.mdb").OpenTable("flit");
+  rows.SetIndex("flituni");
+  rows.Seek("QV101");
+  ASSERT_FALSE(rows.NoMatch());
+  EXPECT_EQ(rows["Flit_Stop1"].AsText(), "LPFR");
+  EXPECT_TRUE(rows["Flit_Stop2"].IsNull());
+}
+
+TEST_F(RunPackTest, WritesNoScheduleFromBadRows) {
+  ASSERT_EQ(MakeSampleSchedule(Name("a.mdb")), 0) << err.str();
+  const std::string before = ReadText(folder / "a.mdb");
+  WriteText(folder / "fsrv.csv", "Service,Line,Name,Red,Green,Blue\nEUR,1,Europe,0,0,256\n");
+  WriteText(
+      folder / "dest.csv",
+      "Code,Name,City,Longitude,Latitude,Elevation,Runways,Longest runway,ILS\nLPPT,x,y,-9.1,98,1,1,1,1\n");
+  WriteText(folder / "flit.csv", "Service,Flight,Key,From,To\nEUR,QV1,A,LPPT,EGLL\n");
+  EXPECT_EQ(MakeSchedule(Name("a.mdb"), folder.Path()), 1);
+  EXPECT_EQ(out.str(), "");
+  EXPECT_EQ(Err(),
+            "fsrv.csv:2: column 'Blue': '256' is not within 0 to 255\n"
+            "dest.csv:2: column 'Latitude': '98' is not within -90 to 90\n"
+            "flit.csv:2: column 'To': unknown airport 'EGLL'\n"
+            "zerbal-pack: 3 problems; nothing was written\n");
+  EXPECT_EQ(ReadText(folder / "a.mdb"), before);
+  EXPECT_EQ(MakeSchedule(Name("b.mdb"), folder.Path()), 1);
+  EXPECT_FALSE(fs::exists(folder / "b.mdb"));
+}
+
+TEST_F(RunPackTest, SaysWhichFileIsMissing) {
+  EXPECT_EQ(MakeSchedule(Name("a.mdb"), folder.Path()), 1);
+  EXPECT_EQ(Err(),
+            "fsrv.csv: cannot be read\ndest.csv: cannot be read\nflit.csv: cannot be read\n"
+            "zerbal-pack: 3 problems; nothing was written\n");
+  EXPECT_EQ(Run({"export", Name("none.mdb"), Name("x")}), 1);
+  EXPECT_NE(err.str().find("none.mdb"), std::string::npos) << err.str();
+  EXPECT_EQ(Run({"check", Name("none")}), 1);
+  EXPECT_EQ(Err(), "zerbal-pack: none is not a folder\n");
+}
+
+}  // namespace
+}  // namespace zerbal::pack
