@@ -19,7 +19,7 @@ constexpr QColor kTextColour(0xB8, 0xCF, 0xE6);
 
 frmSplash::frmSplash() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint) {
   setObjectName("frmSplash");
-  setWindowTitle(settings::kProgramTitle);
+  setWindowTitle(tr("Zerbal is starting"));
   setAttribute(Qt::WA_OpaquePaintEvent);
   setAttribute(Qt::WA_QuitOnClose, false);
   setFixedSize(kSize);
