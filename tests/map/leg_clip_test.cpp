@@ -1,0 +1,182 @@
+#include "map/leg_clip.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <optional>
+#include <random>
+#include <string>
+#include <utility>
+
+#include <gtest/gtest.h>
+
+namespace zerbal::map {
+namespace {
+
+const data::GridBands kBands = data::BuildGridBands();
+
+/// 100..140 by 40..60, 100 twips a degree.
+Viewport View() {
+  Viewport view(kBands);
+  view.SetSize(4'000, 2'000);
+  view.ReqLonMin = 100;
+  view.ReqLatMin = 40;
+  view.ReqLonMax = 140;
+  view.ReqLatMax = 60;
+  view.ComputeViewport();
+  return view;
+}
+
+using Leg = std::pair<LonLat, LonLat>;
+
+std::optional<Leg> Clipped(LonLat from, LonLat to) {
+  if (!ClipLeg(View(), from, to))
+    return std::nullopt;
+  return Leg{from, to};
+}
+
+void ExpectLeg(const std::optional<Leg>& leg, LonLat from, LonLat to) {
+  ASSERT_TRUE(leg.has_value());
+  EXPECT_FLOAT_EQ(leg->first.lon, from.lon);
+  EXPECT_FLOAT_EQ(leg->first.lat, from.lat);
+  EXPECT_FLOAT_EQ(leg->second.lon, to.lon);
+  EXPECT_FLOAT_EQ(leg->second.lat, to.lat);
+}
+
+TEST(GetClipCode, ABitForEachBound) {
+  const Viewport view = View();
+  EXPECT_EQ(GetClipCode(view, {120, 50}), 0U);
+  EXPECT_EQ(GetClipCode(view, {120, 61}), 1U);
+  EXPECT_EQ(GetClipCode(view, {120, 39}), 2U);
+  EXPECT_EQ(GetClipCode(view, {99, 50}), 4U);
+  EXPECT_EQ(GetClipCode(view, {141, 50}), 8U);
+  EXPECT_EQ(GetClipCode(view, {99, 61}), 5U);
+  EXPECT_EQ(GetClipCode(view, {99, 39}), 6U);
+  EXPECT_EQ(GetClipCode(view, {141, 61}), 9U);
+  EXPECT_EQ(GetClipCode(view, {141, 39}), 10U);
+}
+
+TEST(GetClipCode, APointOnABoundIsInside) {
+  const Viewport view = View();
+  for (const LonLat corner : {LonLat{100, 40}, {140, 40}, {100, 60}, {140, 60}})
+    EXPECT_EQ(GetClipCode(view, corner), 0U);
+  EXPECT_EQ(GetClipCode(view, {std::nextafter(100.0F, 0.0F), 50}), 4U);
+}
+
+TEST(ClipLeg, LeavesALegInsideAlone) {
+  ExpectLeg(Clipped({110, 45}, {130, 55}), {110, 45}, {130, 55});
+  ExpectLeg(Clipped({100, 40}, {140, 60}), {100, 40}, {140, 60});
+  ExpectLeg(Clipped({110, 45}, {110, 45}), {110, 45}, {110, 45});
+}
+
+TEST(ClipLeg, CutsEachEndAtItsBound) {
+  ExpectLeg(Clipped({90, 50}, {120, 50}), {100, 50}, {120, 50});
+  ExpectLeg(Clipped({120, 50}, {150, 50}), {120, 50}, {140, 50});
+  ExpectLeg(Clipped({120, 50}, {120, 30}), {120, 50}, {120, 40});
+  ExpectLeg(Clipped({120, 70}, {120, 50}), {120, 60}, {120, 50});
+  ExpectLeg(Clipped({90, 50}, {150, 50}), {100, 50}, {140, 50});
+  // From beyond a corner: first onto the latitude, 105 by 40, which is in view.
+  ExpectLeg(Clipped({95, 30}, {120, 55}), {105, 40}, {120, 55});
+  // Both bounds: at latitude 40 the longitude is still 95, so the leg begins at 100 by 45.
+  ExpectLeg(Clipped({85, 30}, {115, 60}), {100, 45}, {115, 60});
+}
+
+TEST(ClipLeg, RejectsWhatIsBesideTheView) {
+  EXPECT_FALSE(Clipped({90, 45}, {95, 55}));
+  EXPECT_FALSE(Clipped({145, 45}, {150, 55}));
+  EXPECT_FALSE(Clipped({110, 30}, {130, 39}));
+  EXPECT_FALSE(Clipped({110, 61}, {130, 80}));
+  // Past a corner: the ends share no bound, and yet nothing is in view.
+  EXPECT_FALSE(Clipped({90, 45}, {110, 25}));
+  EXPECT_FALSE(Clipped({135, 70}, {150, 55}));
+}
+
+TEST(ClipLeg, TouchingACornerIsAPoint) {
+  ExpectLeg(Clipped({90, 50}, {110, 30}), {100, 40}, {100, 40});
+}
+
+TEST(ClipLeg, RejectsEndsThatAreNoNumbers) {
+  constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
+  constexpr float kInf = std::numeric_limits<float>::infinity();
+  for (const float odd : {kNaN, kInf, -kInf}) {
+    EXPECT_FALSE(Clipped({odd, 50}, {120, 50}));
+    EXPECT_FALSE(Clipped({120, 50}, {120, odd}));
+  }
+}
+
+TEST(ClipLeg, EndsWithBoundsTheWrongWayRound) {
+  Viewport view = View();
+  std::swap(view.MapLatMin, view.MapLatMax);
+  LonLat from{110, 30};
+  LonLat to{120, 70};
+  EXPECT_FALSE(ClipLeg(view, from, to));
+}
+
+TEST(ClipLeg, TakesHugeNumbers) {
+  constexpr float kHuge = std::numeric_limits<float>::max();
+  const std::optional<Leg> leg = Clipped({-kHuge, 50}, {kHuge, 50});
+  ASSERT_TRUE(leg);
+  EXPECT_EQ(leg->first.lon, 100);
+  EXPECT_EQ(leg->second.lon, 140);
+}
+
+/// The part of a segment that is in view, by the definition: where along it all four bounds hold.
+std::optional<std::pair<double, double>> PartInView(const Viewport& view, LonLat from, LonLat to) {
+  double begin = 0;
+  double end = 1;
+  const auto hold = [&](double start, double slope, double low, double high) {
+    if (slope == 0) {
+      if (start < low || start > high)
+        end = -1;
+      return;
+    }
+    const double t1 = (low - start) / slope;
+    const double t2 = (high - start) / slope;
+    begin = std::max(begin, std::min(t1, t2));
+    end = std::min(end, std::max(t1, t2));
+  };
+  hold(from.lon, static_cast<double>(to.lon) - from.lon, view.MapLonMin, view.MapLonMax);
+  hold(from.lat, static_cast<double>(to.lat) - from.lat, view.MapLatMin, view.MapLatMax);
+  if (begin > end)
+    return std::nullopt;
+  return std::pair{begin, end};
+}
+
+TEST(ClipLeg, GivesThePartThatIsInView) {
+  const unsigned seed = std::random_device{}();
+  SCOPED_TRACE("seed " + std::to_string(seed));
+  std::mt19937 random(seed);
+  const auto number = [&](float low, float high) {
+    const float value = std::uniform_real_distribution<float>(low, high)(random);
+    return random() % 4 == 0 ? std::round(value / 10) * 10 : value;  // often on a bound
+  };
+  const Viewport view = View();
+  int accepted = 0;
+  for (int i = 0; i < 50'000; ++i) {
+    const LonLat from{number(60, 180), number(20, 80)};
+    const LonLat to{number(60, 180), number(20, 80)};
+    const auto part = PartInView(view, from, to);
+    const std::optional<Leg> leg = Clipped(from, to);
+    if (part.has_value() != leg.has_value()) {
+      // Only a leg that just touches a corner may fall on either side.
+      const double length = part ? part->second - part->first : 0;
+      const Leg cut = leg.value_or(Leg{});
+      EXPECT_NEAR(length, 0, 1e-5);
+      EXPECT_NEAR(cut.first.lon, cut.second.lon, 1e-3);
+      continue;
+    }
+    if (!leg)
+      continue;
+    ++accepted;
+    const auto at = [](double t, float a, float b) { return a + (static_cast<double>(b) - a) * t; };
+    EXPECT_NEAR(leg->first.lon, at(part->first, from.lon, to.lon), 1e-3);
+    EXPECT_NEAR(leg->first.lat, at(part->first, from.lat, to.lat), 1e-3);
+    EXPECT_NEAR(leg->second.lon, at(part->second, from.lon, to.lon), 1e-3);
+    EXPECT_NEAR(leg->second.lat, at(part->second, from.lat, to.lat), 1e-3);
+    EXPECT_EQ(GetClipCode(view, leg->first) | GetClipCode(view, leg->second), 0U);
+  }
+  EXPECT_GT(accepted, 10'000);
+}
+
+}  // namespace
+}  // namespace zerbal::map
