@@ -4,13 +4,9 @@
 
 #include <gtest/gtest.h>
 
-#include "map/recorder.h"
+#include "map/map_world.h"
 
 namespace zerbal::map {
-
-void PrintTo(const Point& point, std::ostream* out) {
-  *out << '(' << point.x << ", " << point.y << ')';
-}
 
 namespace {
 

@@ -1,0 +1,225 @@
+#include "map/map_world.h"
+
+#include <cmath>
+#include <ostream>
+#include <utility>
+
+#include "data/schedule.h"
+
+namespace zerbal::map {
+
+namespace {
+
+void WriteLines(const std::filesystem::path& file, const std::map<std::string, Rows>& lines) {
+  std::vector<test::Table> lineTables;
+  for (const auto& [name, rows] : lines) {
+    std::vector<test::Point> points;
+    for (const jet::LongPair& row : rows)
+      points.push_back({row.first, row.second});
+    lineTables.push_back(test::MapTable(name, std::move(points)));
+  }
+  test::WriteDatabase(file, lineTables);
+}
+
+std::string ShortOf(const Operation& operation) {
+  const auto point = [](Point at) { return std::to_string(at.x) + "," + std::to_string(at.y); };
+  switch (operation.kind) {
+    case Operation::Kind::kClear:
+      return "clear";
+    case Operation::Kind::kLine:
+      return point(operation.from) + "-" + point(operation.to);
+    case Operation::Kind::kRectangle:
+      return "rect " + point(operation.from) + "-" + point(operation.to);
+    case Operation::Kind::kCircle:
+      return "o " + point(operation.from);
+    case Operation::Kind::kText:
+      break;
+  }
+  return operation.text + "@" + point(operation.from);
+}
+
+}  // namespace
+
+jet::LongPair At(double lon, double lat) {
+  return {static_cast<std::int32_t>(std::lround(lon * 1e6)),
+          static_cast<std::int32_t>(std::lround(lat * 1e6))};
+}
+
+AirportRow Airport(std::string code, float lon, float lat) {
+  AirportRow row;
+  row.code = std::move(code);
+  row.lon = lon;
+  row.lat = lat;
+  return row;
+}
+
+FlightRow Flight(std::string key, std::string service, std::vector<std::string> route) {
+  FlightRow row;
+  row.number = key;
+  row.key = std::move(key);
+  row.service = std::move(service);
+  row.origin = route.front();
+  row.destination = route.back();
+  row.stops.assign(route.begin() + 1, route.end() - 1);
+  return row;
+}
+
+MapWorld::MapWorld() : viewport((tables.bands = data::BuildGridBands(), tables.bands)) {
+  // Each colour is told apart by its red part: 1 background, 2 zoom box, 3 centre and so on.
+  for (std::size_t i = 0; i < tables.colours.rows.size(); ++i)
+    tables.colours.rows[i].rgb = {static_cast<std::uint8_t>(i + 1), 100, 200};
+  tables.fonts[data::FontCode::kLoRes] = {"LORES", "Small", 7, "LoRes"};
+  tables.fonts[data::FontCode::kHiRes] = {"HIRES", "Large", 10, "HiRes"};
+  options.flightAirports = false;
+  options.flightNumbers = false;
+  Show(100, 40, 160, 70);
+}
+
+void MapWorld::Show(float west, float top, float east, float bottom) {
+  const float lonSpan = east > west ? east - west : east + 360 - west;
+  viewport.SetSize(lonSpan * 100.0, (bottom - top) * 100.0);
+  viewport.ReqLonMin = west;
+  viewport.ReqLatMin = top;
+  viewport.ReqLonMax = east;
+  viewport.ReqLatMax = bottom;
+  viewport.ComputeViewport();
+}
+
+void MapWorld::AddService(std::string key, data::Rgb colour, bool shown) {
+  data::FlightService service;
+  service.key = std::move(key);
+  service.displayFlag = shown;
+  service.rgb = colour;
+  tables.services.push_back(std::move(service));
+}
+
+test::Table MapWorld::AirportTable(const char* name, const std::vector<AirportRow>& rows) const {
+  test::Table table{name,
+                    {test::Text("AP", 10), test::Text("AP_Name"), test::Text("AP_City"),
+                     test::Single("AP_Lon"), test::Single("AP_Lat"), test::Long("AP_Elev"),
+                     test::Long("AP_RwyNr"), test::Long("AP_RwyMaxL"), test::Text("AP_ILS")},
+                    {test::Index("aprt", "AP")},
+                    {}};
+  for (const jet::ColumnInfo& column : airportColumns)
+    table.columns.at(static_cast<std::size_t>(table.ColumnIndex(column.name))) = column;
+  for (const AirportRow& row : rows)
+    table.rows.push_back({row.code, row.name, row.city, row.lon, row.lat, row.elevation, row.runways,
+                          row.longestRunway, row.ils});
+  return table;
+}
+
+test::Table MapWorld::FlightTable() const {
+  test::Table table{"flit",
+                    {test::Text("Flit_2015", 20), test::Text("Flit_FSrv", 20), test::Text("Flit", 20),
+                     test::Text("Flit_Dep", 10), test::Text("Flit_Arr", 10)},
+                    {test::Index("fsrv", "Flit_FSrv"), test::Index("flituni", "Flit_2015")},
+                    {}};
+  for (int stop = 1; stop <= data::kMaxStopovers; ++stop)
+    table.columns.push_back(test::Text("Flit_Stop" + std::to_string(stop), 10));
+  for (const FlightRow& flight : flit) {
+    test::Row row{flight.key, flight.service, flight.number, flight.origin, flight.destination};
+    row.insert(row.end(), flight.stops.begin(), flight.stops.end());
+    row.resize(table.columns.size(), test::Null());
+    table.rows.push_back(std::move(row));
+  }
+  return table;
+}
+
+data::DataFiles MapWorld::WriteAll() {
+  data::DataFiles files;
+  files.qavdata = folder_ / "qavdata.mdb";
+  files.allaprt = folder_ / "allaprt.mdb";
+  files.coast = folder_ / "coast.mdb";
+  test::WriteDatabase(files.qavdata,
+                      {test::Table{"fsrv", {test::Text("FSrv")}, {test::Index("sort", "FSrv")}, {}},
+                       AirportTable("dest", dest), FlightTable()});
+  test::WriteDatabase(files.allaprt, {AirportTable("allaprt", allaprt)});
+  WriteLines(files.coast, coast);
+  if (river) {
+    files.river = folder_ / "river.mdb";
+    WriteLines(*files.river, *river);
+  }
+  if (ibound) {
+    files.ibound = folder_ / "ibound.mdb";
+    WriteLines(*files.ibound, *ibound);
+  }
+  return files;
+}
+
+data::Databases& MapWorld::Databases() {
+  if (!databases_)
+    databases_.emplace(data::OpenDatabases(WriteAll()));
+  return *databases_;
+}
+
+void MapWorld::DrawOn(Surface& surface) {
+  MapScene scene{viewport, options, tables, Databases(), allAirportCriteria, destinationCriteria, flights};
+  DrawMap(scene, surface);
+}
+
+std::vector<Operation> MapWorld::Draw() {
+  Recorder recorder;
+  DrawOn(recorder);
+  return recorder.Operations();
+}
+
+std::vector<Operation> MapWorld::Draw(Layer layer) {
+  std::vector<Operation> operations = Draw();
+  std::erase_if(operations, [&](const Operation& operation) { return operation.layer != layer; });
+  return operations;
+}
+
+Operation LineOp(Layer layer, Point from, Point to, data::Rgb colour, int width) {
+  return {.kind = Operation::Kind::kLine,
+          .layer = layer,
+          .from = from,
+          .to = to,
+          .pen = {.colour = colour, .width = width}};
+}
+
+Operation CircleOp(Layer layer, Point centre, std::int32_t radius, data::Rgb colour, bool fill) {
+  return {.kind = Operation::Kind::kCircle,
+          .layer = layer,
+          .from = centre,
+          .radius = radius,
+          .fill = fill,
+          .pen = {.colour = colour}};
+}
+
+Operation TextOp(Layer layer, Point topLeft, std::string text, data::Rgb colour, TextFont font) {
+  return {.kind = Operation::Kind::kText,
+          .layer = layer,
+          .from = topLeft,
+          .pen = {.colour = colour},
+          .text = std::move(text),
+          .font = std::move(font)};
+}
+
+std::vector<std::string> Short(const std::vector<Operation>& operations) {
+  std::vector<std::string> result;
+  for (const Operation& operation : operations)
+    result.push_back(ShortOf(operation));
+  return result;
+}
+
+std::vector<std::string> Texts(const std::vector<Operation>& operations) {
+  std::vector<std::string> result;
+  for (const Operation& operation : operations)
+    if (operation.kind == Operation::Kind::kText)
+      result.push_back(operation.text);
+  return result;
+}
+
+void PrintTo(const Point& point, std::ostream* out) {
+  *out << '(' << point.x << ", " << point.y << ')';
+}
+
+void PrintTo(const Operation& operation, std::ostream* out) {
+  const data::Rgb& colour = operation.pen.colour;
+  *out << ShortOf(operation) << " layer " << static_cast<int>(operation.layer) << " colour "
+       << int{colour.red} << ' ' << int{colour.green} << ' ' << int{colour.blue} << " width "
+       << operation.pen.width << " radius " << operation.radius << (operation.fill ? " filled" : "")
+       << " font " << operation.font.name << ' ' << operation.font.size;
+}
+
+}  // namespace zerbal::map
