@@ -1,6 +1,7 @@
 #include "map/map_world.h"
 
 #include <cmath>
+#include <cstring>
 #include <ostream>
 #include <utility>
 
@@ -19,6 +20,20 @@ void WriteLines(const std::filesystem::path& file, const std::map<std::string, R
     lineTables.push_back(test::MapTable(name, std::move(points)));
   }
   test::WriteDatabase(file, lineTables);
+}
+
+std::string Bytes(float value) {
+  std::string bytes(sizeof value, ' ');
+  std::memcpy(bytes.data(), &value, sizeof value);
+  return bytes;
+}
+
+void Exchange(const std::filesystem::path& file, const std::vector<std::pair<float, float>>& singles) {
+  std::string bytes = test::ReadBytes(file);
+  for (const auto& [from, to] : singles)
+    for (std::size_t at = 0; (at = bytes.find(Bytes(from), at)) != std::string::npos; at += sizeof from)
+      bytes.replace(at, sizeof from, Bytes(to));
+  test::WriteBytes(file, bytes);
 }
 
 std::string ShortOf(const Operation& operation) {
@@ -134,6 +149,10 @@ data::DataFiles MapWorld::WriteAll() {
                       {test::Table{"fsrv", {test::Text("FSrv")}, {test::Index("sort", "FSrv")}, {}},
                        AirportTable("dest", dest), FlightTable()});
   test::WriteDatabase(files.allaprt, {AirportTable("allaprt", allaprt)});
+  if (!storedSingles.empty()) {
+    Exchange(files.qavdata, storedSingles);
+    Exchange(files.allaprt, storedSingles);
+  }
   WriteLines(files.coast, coast);
   if (river) {
     files.river = folder_ / "river.mdb";

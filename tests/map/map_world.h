@@ -6,6 +6,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "data/databases.h"
@@ -59,6 +60,8 @@ class MapWorld {
   std::vector<FlightRow> flit;
   /// Columns of airport tables that are not the usual ones.
   std::vector<jet::ColumnInfo> airportColumns;
+  /// Singles to be exchanged in the finished airport files, for those that no writer writes.
+  std::vector<std::pair<float, float>> storedSingles;
 
   // What a redraw reads besides.
   data::ReferenceTables tables;

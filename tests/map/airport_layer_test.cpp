@@ -1,0 +1,286 @@
+#include "map/airport_layer.h"
+
+#include <limits>
+
+#include <gtest/gtest.h>
+
+#include "map/map_world.h"
+
+namespace zerbal::map {
+namespace {
+
+using Strings = std::vector<std::string>;
+
+constexpr data::Rgb kAll{7, 100, 200};
+constexpr data::Rgb kDest{8, 100, 200};
+
+std::string Label(const char* name, const char* city, bool detail = true) {
+  std::string label;
+  AppendAirportLabel(label, {"QHN", name, city}, detail);
+  return label;
+}
+
+TEST(AirportLabel, IsTheCodeInOverviewMode) {
+  EXPECT_EQ(Label("Harbour Field North", "Elsewhere", false), "QHN");
+}
+
+TEST(AirportLabel, NamesTheCityUnlessTheNameHoldsIt) {
+  EXPECT_EQ(Label("Harbour Field North", "Harbour"), "QHN - Harbour Field North");
+  EXPECT_EQ(Label("Harbour Field North", "North"), "QHN - Harbour Field North");
+  EXPECT_EQ(Label("Harbour Field North", "harbour"), "QHN - Harbour Field North (harbour)");
+  EXPECT_EQ(Label("Harbour Field North", ""), "QHN - Harbour Field North");
+  EXPECT_EQ(Label("", "Harbour"), "QHN -  (Harbour)");
+  EXPECT_EQ(Label("Z\xC3\xBCrich", "Z\xC3\xBC"), "QHN - Z\xC3\xBCrich");
+}
+
+/// In a view of 100..160 by 40..70 a position is at 100 (lon - 100), 100 (lat - 40).
+class AirportLayer : public testing::Test {
+ protected:
+  AirportLayer() { world_.options.allAirports = true; }
+
+  /// Codes of the airports drawn, in order.
+  Strings Shown(Layer layer = Layer::kAirports) { return Texts(world_.Draw(layer)); }
+
+  NumericCriterion& Limit(Criterion which) {
+    NumericCriterion& criterion = world_.allAirportCriteria.numeric[static_cast<std::size_t>(which)];
+    criterion.active = true;
+    return criterion;
+  }
+
+  MapWorld world_;
+};
+
+TEST_F(AirportLayer, MarkerAndLabelInOverviewMode) {
+  world_.allaprt = {Airport("QHN", 110, 45)};
+  const std::vector<Operation> expected{CircleOp(Layer::kAirports, {1'000, 500}, 20, kAll, true),
+                                        TextOp(Layer::kAirports, {1'050, 550}, "QHN", kAll, {"Small", 7})};
+  EXPECT_EQ(world_.Draw(Layer::kAirports), expected);
+}
+
+TEST_F(AirportLayer, MarkerAndLabelInDetailMode) {
+  world_.Show(100, 40, 120, 50);
+  world_.allaprt = {Airport("QHN", 110, 45)};
+  const std::vector<Operation> expected{
+      CircleOp(Layer::kAirports, {1'000, 500}, 30, kAll, true),
+      TextOp(Layer::kAirports, {1'050, 550}, "QHN - Field (Town)", kAll, {"Large", 10})};
+  EXPECT_EQ(world_.Draw(Layer::kAirports), expected);
+}
+
+TEST_F(AirportLayer, EachLayerHasItsSwitchTableAndColour) {
+  world_.allaprt = {Airport("AAA", 110, 45)};
+  world_.dest = {Airport("BBB", 111, 45)};
+  EXPECT_EQ(Shown(Layer::kAirports), Strings{"AAA"});
+  EXPECT_EQ(Shown(Layer::kDestinations), Strings{});
+  world_.options = {.destinations = true};
+  EXPECT_EQ(Shown(Layer::kAirports), Strings{});
+  const std::vector<Operation> expected{
+      CircleOp(Layer::kDestinations, {1'100, 500}, 20, kDest, true),
+      TextOp(Layer::kDestinations, {1'150, 550}, "BBB", kDest, {"Small", 7})};
+  EXPECT_EQ(world_.Draw(Layer::kDestinations), expected);
+}
+
+TEST_F(AirportLayer, DestinationsCoverTheSameAirportOfTheWorld) {
+  world_.allaprt = world_.dest = {Airport("AAA", 110, 45)};
+  world_.options.destinations = true;
+  const auto operations = world_.Draw();
+  ASSERT_EQ(operations.size(), 5U);
+  EXPECT_EQ(operations.back().pen.colour, kDest);
+  EXPECT_EQ(operations.back().from, operations[2].from);
+}
+
+TEST_F(AirportLayer, EachLayerHasItsOwnCriteria) {
+  world_.allaprt = world_.dest = {Airport("AAA", 110, 45)};
+  world_.options.destinations = true;
+  world_.destinationCriteria.ilsActive = true;
+  EXPECT_EQ(Shown(Layer::kAirports), Strings{"AAA"});
+  EXPECT_EQ(Shown(Layer::kDestinations), Strings{});
+  std::swap(world_.destinationCriteria, world_.allAirportCriteria);
+  EXPECT_EQ(Shown(Layer::kAirports), Strings{});
+  EXPECT_EQ(Shown(Layer::kDestinations), Strings{"AAA"});
+}
+
+TEST_F(AirportLayer, RowsComeInTheOrderOfTheirCodes) {
+  world_.allaprt = {Airport("CCC", 110, 45), Airport("AAA", 111, 45), Airport("BBB", 112, 45)};
+  EXPECT_EQ(Shown(), (Strings{"AAA", "BBB", "CCC"}));
+  EXPECT_EQ(Shown(), (Strings{"AAA", "BBB", "CCC"}));  // every redraw begins at the first row
+}
+
+TEST_F(AirportLayer, OnlyWhatIsInViewItsEdgesIncluded) {
+  world_.allaprt = {Airport("AAA", 100, 40), Airport("BBB", 160, 70), Airport("CCC", 99.99F, 45),
+                    Airport("DDD", 160.01F, 45), Airport("EEE", 130, 70.01F)};
+  // Markers and labels of the first two reach over the edge and are whole.
+  EXPECT_EQ(Short(world_.Draw(Layer::kAirports)),
+            (Strings{"o 0,0", "AAA@50,50", "o 6000,3000", "BBB@6050,3050"}));
+}
+
+TEST_F(AirportLayer, AViewThatWrapsShowsBothSidesOfTheSeam) {
+  world_.Show(340, 60, 20, 100);
+  world_.allaprt = {Airport("AAA", 350, 80), Airport("BBB", 10, 80), Airport("CCC", 0, 80),
+                    Airport("DDD", 360, 80), Airport("EEE", 30, 80)};
+  EXPECT_EQ(Short(world_.Draw(Layer::kAirports)),
+            (Strings{"o 1000,2000", "AAA@1050,2050", "o 3000,2000", "BBB@3050,2050", "o 2000,2000",
+                     "CCC@2050,2050", "o 2000,2000", "DDD@2050,2050"}));
+}
+
+TEST_F(AirportLayer, ThePenUpMarkerIsNoPosition) {
+  world_.allaprt = {Airport("AAA", 110, 45), Airport("BBB", -1, 45)};
+  EXPECT_EQ(Shown(), Strings{"AAA"});
+}
+
+TEST_F(AirportLayer, LimitsThemselvesAreShown) {
+  for (const char* code : {"LOW", "MID", "TOP"}) {
+    world_.allaprt.push_back(Airport(code, 110, 45));
+    world_.allaprt.back().elevation = code[0] == 'L' ? 999 : code[0] == 'M' ? 1'000 : 1'001;
+  }
+  Limit(Criterion::kElevation) = {.active = true, .limit = map::Limit::kAtLeast, .atLeast = 1'000};
+  EXPECT_EQ(Shown(), (Strings{"MID", "TOP"}));
+  Limit(Criterion::kElevation) = {.active = true, .limit = map::Limit::kAtMost, .atMost = 1'000};
+  EXPECT_EQ(Shown(), (Strings{"LOW", "MID"}));
+  Limit(Criterion::kElevation) = {.active = true, .from = 1'000, .to = 1'001};
+  EXPECT_EQ(Shown(), (Strings{"MID", "TOP"}));
+  Limit(Criterion::kElevation) = {.active = true, .from = 1'001, .to = 1'000};
+  EXPECT_EQ(Shown(), Strings{});
+}
+
+TEST_F(AirportLayer, EachCriterionReadsItsOwnField) {
+  AirportRow row = Airport("AAA", 110, 45);
+  row.elevation = 1;
+  row.runways = 2;
+  row.longestRunway = 3;
+  row.ils = "1";
+  world_.allaprt = {row};
+  const auto only = [](std::int32_t value) {
+    return NumericCriterion{.active = true, .from = value, .to = value};
+  };
+  for (const Criterion which : {Criterion::kElevation, Criterion::kRunways, Criterion::kLongestRunway}) {
+    world_.allAirportCriteria = {};
+    const int right = static_cast<int>(which) + 1;
+    for (int value = 0; value <= 4; ++value) {
+      Limit(which) = only(value);
+      EXPECT_EQ(Shown().size(), value == right ? 1U : 0U) << right << " " << value;
+    }
+  }
+  world_.allAirportCriteria = {};
+  world_.allAirportCriteria.ilsActive = true;
+  EXPECT_EQ(Shown().size(), 1U);
+  world_.allAirportCriteria.withIls = false;
+  EXPECT_EQ(Shown().size(), 0U);
+}
+
+TEST_F(AirportLayer, AnEmptyIlsPassesNeitherWay) {
+  world_.allaprt = {Airport("AAA", 110, 45), Airport("BBB", 110, 45), Airport("CCC", 110, 45)};
+  world_.allaprt[0].ils = "";
+  world_.allaprt[1].ils = test::Null();
+  world_.allaprt[2].ils = "2";
+  EXPECT_EQ(Shown().size(), 3U);
+  world_.allAirportCriteria.ilsActive = true;
+  EXPECT_EQ(Shown().size(), 0U);
+  world_.allAirportCriteria.withIls = false;
+  EXPECT_EQ(Shown().size(), 0U);
+}
+
+TEST_F(AirportLayer, AMissingNumberCountsAsZeroWhateverCameBefore) {
+  world_.allaprt = {Airport("AAA", 110, 45), Airport("BBB", 111, 45), Airport("CCC", 112, 45)};
+  world_.allaprt[0].elevation = 900;
+  world_.allaprt[1].elevation = test::Null();
+  world_.allaprt[2].elevation = 900;
+  EXPECT_EQ(Shown(), (Strings{"AAA", "BBB", "CCC"}));
+  Limit(Criterion::kElevation) = {.active = true, .limit = map::Limit::kAtLeast, .atLeast = 500};
+  EXPECT_EQ(Shown(), (Strings{"AAA", "CCC"}));
+  Limit(Criterion::kElevation) = {.active = true, .limit = map::Limit::kAtMost, .atMost = 500};
+  EXPECT_EQ(Shown(), Strings{"BBB"});
+}
+
+TEST_F(AirportLayer, ANumberThatDoesNotConvertCountsAsZero) {
+  world_.airportColumns = {test::Text("AP_RwyNr"), test::Double("AP_Elev")};
+  world_.allaprt = {Airport("AAA", 110, 45), Airport("BBB", 111, 45), Airport("CCC", 112, 45)};
+  for (AirportRow& row : world_.allaprt)
+    row.elevation = 1e300;
+  world_.allaprt[0].runways = "several";
+  world_.allaprt[1].runways = "4";
+  world_.allaprt[2].runways = "";
+  Limit(Criterion::kRunways) = {.active = true, .limit = map::Limit::kAtLeast, .atLeast = 1};
+  EXPECT_EQ(Shown(), Strings{"BBB"});
+  Limit(Criterion::kElevation) = {.active = true, .from = 0, .to = 0};
+  EXPECT_EQ(Shown(), Strings{"BBB"});
+}
+
+TEST_F(AirportLayer, WithoutAPositionAnAirportIsLeftOutAndTheNextOneDrawn) {
+  world_.airportColumns = {test::Text("AP_Lat")};
+  world_.allaprt = {Airport("AAA", 110, 0), Airport("BBB", 111, 0), Airport("CCC", 112, 0),
+                    Airport("DDD", 113, 0)};
+  world_.allaprt[0].lat = "45";
+  world_.allaprt[1].lat = "far south";
+  world_.allaprt[2].lat = "45";
+  world_.allaprt[2].lon = test::Null();
+  world_.allaprt[3].lat = "46";
+  EXPECT_EQ(Shown(), (Strings{"AAA", "DDD"}));
+}
+
+TEST_F(AirportLayer, OddPositionsAreNotInView) {
+  constexpr float kInf = std::numeric_limits<float>::infinity();
+  world_.storedSingles = {
+      {1111.5F, std::numeric_limits<float>::quiet_NaN()}, {2222.5F, kInf}, {3333.5F, -kInf}};
+  world_.allaprt = {Airport("AAA", 1111.5F, 45), Airport("BBB", 2222.5F, 45), Airport("CCC", 110, 3333.5F),
+                    Airport("DDD", 1e30F, 45), Airport("EEE", 110, 45)};
+  EXPECT_EQ(Shown(), Strings{"EEE"});
+}
+
+TEST_F(AirportLayer, NullTextsAreEmpty) {
+  world_.Show(100, 40, 120, 50);
+  world_.allaprt = {Airport("AAA", 110, 45), Airport("BBB", 110, 45), Airport("CCC", 110, 45)};
+  world_.allaprt[0].name = test::Null();
+  world_.allaprt[1].city = test::Null();
+  world_.allaprt[2].code = test::Null();
+  const Strings shown = Shown();
+  EXPECT_EQ(Strings(shown.end() - 2, shown.end()), (Strings{"AAA -  (Town)", "BBB - Field"}));
+}
+
+TEST_F(AirportLayer, TextsBelongToTheirOwnAirport) {
+  world_.Show(100, 40, 120, 50);
+  world_.allaprt = {Airport("AAA", 110, 45), Airport("BBB", 110, 45)};
+  world_.allaprt[0].name = "A long name";
+  world_.allaprt[1].name = "B";
+  world_.allaprt[1].city = "";
+  EXPECT_EQ(Shown(), (Strings{"AAA - A long name (Town)", "BBB - B"}));
+}
+
+TEST_F(AirportLayer, LongTextsAreShownWhole) {
+  world_.Show(100, 40, 120, 50);
+  world_.airportColumns = {test::Memo("AP_Name")};
+  world_.allaprt = {Airport("AAA", 110, 45)};
+  world_.allaprt[0].name = std::string(65'536, 'x');
+  world_.allaprt[0].city = "y";
+  EXPECT_EQ(Shown(), Strings{"AAA - " + std::string(65'536, 'x') + " (y)"});
+}
+
+TEST_F(AirportLayer, AnEmptyTableDrawsNothing) {
+  EXPECT_EQ(Shown(), Strings{});
+}
+
+TEST_F(AirportLayer, WithoutAColumnForAFilterItsValueIsZeroAndWithoutOneForThePlaceNothingIsDrawn) {
+  test::TempFolder folder;
+  const auto table = [](const char* last) {
+    return test::Table{"allaprt",
+                       {test::Text("AP", 4), test::Text("AP_Name"), test::Text("AP_City"),
+                        test::Single("AP_Lon"), test::Single(last)},
+                       {test::Index("aprt", "AP")},
+                       {{"AAA", "Field", "Town", 110.0F, 45.0F}}};
+  };
+  test::WriteDatabase(folder / "whole.mdb", {table("AP_Lat")});
+  test::WriteDatabase(folder / "broken.mdb", {table("AP_Latitude")});
+  const auto use = [&](const char* file) {
+    world_.Databases().allaprt = jet::Database::Open(folder / file).OpenTable("allaprt");
+  };
+  use("whole.mdb");
+  EXPECT_EQ(Shown(), Strings{"AAA"});
+  Limit(Criterion::kElevation) = {.active = true, .limit = map::Limit::kAtLeast, .atLeast = 1};
+  EXPECT_EQ(Shown(), Strings{});
+  Limit(Criterion::kElevation) = {.active = true, .limit = map::Limit::kAtLeast, .atLeast = 0};
+  EXPECT_EQ(Shown(), Strings{"AAA"});
+  use("broken.mdb");
+  EXPECT_EQ(Shown(), Strings{});
+}
+
+}  // namespace
+}  // namespace zerbal::map
