@@ -1,0 +1,152 @@
+#include "user_actions.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QEnterEvent>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPointer>
+#include <QStyleOptionButton>
+
+#include "failure.h"
+
+namespace zerbal::drive {
+namespace {
+
+void SendMouse(QWidget* widget, QEvent::Type type, Qt::MouseButton button, Qt::MouseButtons held) {
+  // The clickable part of a check box or option button is its mark and caption, not its whole width.
+  const QPoint at(std::min(widget->width() / 2, std::max(8, widget->sizeHint().width() / 2)),
+                  widget->height() / 2);
+  QMouseEvent event(type, at, widget->mapToGlobal(at), button, held, Qt::NoModifier);
+  QApplication::sendEvent(widget, &event);
+}
+
+struct Key {
+  int code = 0;
+  QString text;
+};
+
+Key EscapedKey(QChar letter) {
+  switch (letter.unicode()) {
+    case 'b':
+      return {Qt::Key_Backspace, "\b"};
+    case 't':
+      return {Qt::Key_Tab, "\t"};
+    case 'n':
+      return {Qt::Key_Return, "\r"};
+    case 'e':
+      return {Qt::Key_Escape, "\x1b"};
+    default:
+      throw NotACommand(QString("'\\%1' is no key").arg(letter));
+  }
+}
+
+int KeyCode(QChar letter) {
+  const char16_t unit = letter.toUpper().unicode();
+  return unit < 0x80 ? static_cast<int>(unit) : static_cast<int>(Qt::Key_unknown);
+}
+
+void PressKey(QWidget* widget, const Key& key) {
+  // The focus moves while typing (Tab), and a key may close the window.
+  const QPointer<QWidget> window = widget->window();
+  QPointer<QWidget> target = window->focusWidget() ? window->focusWidget() : widget;
+  for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+    if (!target)
+      return;
+    QKeyEvent event(type, key.code, Qt::NoModifier, key.text);
+    QApplication::sendEvent(target, &event);
+  }
+}
+
+}  // namespace
+
+void ClickMiddle(QWidget* widget, Qt::MouseButton button) {
+  // A disabled control swallows the click; Qt would hand it to its parent.
+  if (!widget->isEnabled())
+    return;
+  const QPointer<QWidget> alive = widget;
+  if (button == Qt::LeftButton && (widget->focusPolicy() & Qt::ClickFocus))
+    widget->setFocus(Qt::MouseFocusReason);
+  SendMouse(widget, QEvent::MouseButtonPress, button, button);
+  if (alive && button == Qt::RightButton) {
+    const QPoint at = widget->rect().center();
+    QContextMenuEvent event(QContextMenuEvent::Mouse, at, widget->mapToGlobal(at));
+    QApplication::sendEvent(widget, &event);
+  }
+  if (alive)
+    SendMouse(widget, QEvent::MouseButtonRelease, button, Qt::NoButton);
+}
+
+void HoverMiddle(QWidget* widget) {
+  const QPointF at(widget->width() / 2.0, widget->height() / 2.0);
+  const QPointF global = widget->mapToGlobal(at);
+  QEnterEvent enter(at, at, global);
+  QApplication::sendEvent(widget, &enter);
+  QMouseEvent move(QEvent::MouseMove, at, global, Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+  QApplication::sendEvent(widget, &move);
+  QHelpEvent help(QEvent::ToolTip, at.toPoint(), global.toPoint());
+  QApplication::sendEvent(widget, &help);
+}
+
+void FocusByTab(QWidget* widget) {
+  widget->window()->activateWindow();
+  // Focusing a control that has the focus would not be an event: leave it first.
+  if (widget->window()->focusWidget() == widget)
+    widget->clearFocus();
+  widget->setFocus(Qt::TabFocusReason);
+}
+
+void LeaveByTab(QWidget* widget) {
+  PressKey(widget, {Qt::Key_Tab, "\t"});
+}
+
+void TypeKeys(QWidget* widget, const QString& text, bool escapes) {
+  const QPointer<QWidget> alive = widget;
+  for (qsizetype i = 0; i < text.size() && alive; ++i) {
+    if (escapes && text[i] == '\\' && i + 1 < text.size())
+      PressKey(widget, EscapedKey(text[++i]));
+    else
+      PressKey(widget, {KeyCode(text[i]), text.mid(i, 1)});
+  }
+}
+
+void Paste(QWidget* widget, const QString& text) {
+  QApplication::clipboard()->setText(text);
+  if (auto* line = qobject_cast<QLineEdit*>(widget)) {
+    if (widget->window()->focusWidget() != widget)
+      FocusByTab(widget);
+    line->paste();
+    return;
+  }
+  throw Failure("nothing can be pasted there");
+}
+
+void Choose(QWidget* widget, int index) {
+  auto* combo = qobject_cast<QComboBox*>(widget);
+  if (index < 0 || index >= combo->count())
+    throw Failure(QString("the list has no entry %1").arg(index));
+  combo->setFocus(Qt::MouseFocusReason);
+  combo->setCurrentIndex(index);
+  // What the widget itself emits when its pop-up list is left by a choice.
+  emit combo->textActivated(combo->itemText(index));
+  emit combo->activated(index);
+}
+
+void PickRows(QWidget* widget, const std::vector<int>& rows) {
+  auto* list = qobject_cast<QAbstractItemView*>(widget);
+  const QAbstractItemModel& model = *list->model();
+  QItemSelection selection;
+  for (const int row : rows) {
+    if (row < 0 || row >= model.rowCount())
+      throw Failure(QString("the list has no line %1").arg(row));
+    selection.select(model.index(row, 0), model.index(row, 0));
+  }
+  list->setFocus(Qt::MouseFocusReason);
+  list->selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
+}  // namespace zerbal::drive
