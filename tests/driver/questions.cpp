@@ -7,6 +7,7 @@
 
 #include "controls.h"
 #include "json_values.h"
+#include "settings/code_page.h"
 #include "settings/profile_file.h"
 
 namespace zerbal::drive {
@@ -32,7 +33,7 @@ std::optional<QString> ReadSetting(const QString& section, const QString& key) {
                                                         key.toLatin1().toStdString(), kSentinel, kBuffer);
   if (value == kSentinel)
     return std::nullopt;
-  return QString::fromStdString(settings::FromCodePage(value));
+  return QString::fromStdString(settings::FromCodePage1252(value));
 }
 
 }  // namespace
