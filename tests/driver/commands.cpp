@@ -27,7 +27,7 @@ void RandomCommand(const Arguments& arguments, Stage& stage) {
       throw NotACommand(QString("%1 is not in [0, 1)").arg(value));
     values.push_back(static_cast<float>(value));
   }
-  stage.program.PrepareRandom(std::move(values));
+  stage.program.PrepareRandom(values);
 }
 
 void StartCommand(const Arguments&, Stage& stage) {

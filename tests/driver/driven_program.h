@@ -3,8 +3,6 @@
 #pragma once
 
 #include <QWidget>
-#include <deque>
-#include <functional>
 #include <memory>
 #include <optional>
 
@@ -22,7 +20,7 @@ class DrivenProgram {
   /// Before Start: the seed that takes the place of the clock's.
   void Seed(std::uint32_t seed);
   /// The next values of the uniform generator.
-  void PrepareRandom(std::vector<float> values);
+  void PrepareRandom(const std::vector<float>& values);
 
   /// Runs the start-up; true when the main window is shown.
   bool Start();

@@ -1,0 +1,87 @@
+#include "driven_program.h"
+
+#include <QApplication>
+#include <filesystem>
+
+#include "app/clock.h"
+#include "app/random_generator.h"
+#include "app/start_up.h"
+#include "dialogs/qt_message_boxes.h"
+
+namespace zerbal::drive {
+namespace {
+
+/// The program's own generator, with values and a seed that a script prescribes.
+class LedRandom final : public app::RandomGenerator {
+ public:
+  void Prepare(const std::vector<float>& values) {
+    prepared_.insert(prepared_.end(), values.begin(), values.end());
+  }
+  void PrescribeSeed(std::uint32_t seed) { prescribedSeed_ = seed; }
+
+  void Seed(std::uint32_t seed) override { generator_.Seed(prescribedSeed_.value_or(seed)); }
+  float Next() override {
+    if (prepared_.empty())
+      return generator_.Next();
+    const float value = prepared_.front();
+    prepared_.pop_front();
+    return value;
+  }
+
+ private:
+  app::MersenneRandom generator_;
+  std::optional<std::uint32_t> prescribedSeed_;
+  std::deque<float> prepared_;
+};
+
+}  // namespace
+
+struct DrivenProgram::Parts {
+  app::SystemClock clock;
+  LedRandom random;
+  dialogs::QtMessageBoxes boxes;
+  map::Recorder recorder;
+  std::unique_ptr<app::Main> main;
+};
+
+DrivenProgram::DrivenProgram() : parts_(std::make_unique<Parts>()) {}
+DrivenProgram::~DrivenProgram() = default;
+
+void DrivenProgram::Seed(std::uint32_t seed) {
+  parts_->random.PrescribeSeed(seed);
+}
+void DrivenProgram::PrepareRandom(const std::vector<float>& values) {
+  parts_->random.Prepare(values);
+}
+
+bool DrivenProgram::Start() {
+  parts_->main = std::make_unique<app::Main>(
+      app::Environment{app::WithSeparator(std::filesystem::current_path()), parts_->clock, parts_->random,
+                       parts_->boxes, &parts_->recorder});
+  if (!parts_->main->Start())
+    return false;
+  // The windows are shown; the first redraw comes with their first events.
+  QApplication::processEvents();
+  return true;
+}
+
+bool DrivenProgram::Running() const {
+  return parts_->main && parts_->main->Running();
+}
+app::Program& DrivenProgram::State() {
+  return parts_->main->State();
+}
+QWidget& DrivenProgram::MainWindow() {
+  return parts_->main->MainWindow();
+}
+map::frmMap& DrivenProgram::MapWindow() {
+  return parts_->main->MainWindow().MapWindow();
+}
+const std::vector<map::Operation>& DrivenProgram::Operations() const {
+  return parts_->recorder.Operations();
+}
+int DrivenProgram::Draws() const {
+  return parts_->main->MainWindow().MapWindow().Draws();
+}
+
+}  // namespace zerbal::drive

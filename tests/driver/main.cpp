@@ -1,0 +1,28 @@
+// zerbal-drive: plays a script of user actions on the real program.
+#include <fstream>
+#include <iostream>
+
+#include "app/application.h"
+#include "dialogs/qt_message_boxes.h"
+#include "runner.h"
+
+int main(int argc, char** argv) {
+  using namespace zerbal;
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+  dialogs::QtMessageBoxes boxes;
+  app::Application application(argc, argv, boxes);
+  QApplication::setQuitOnLastWindowClosed(false);
+
+  std::ifstream file;
+  if (argc > 1) {
+    file.open(argv[1]);
+    if (!file) {
+      std::cerr << "zerbal-drive: '" << argv[1] << "' cannot be read" << std::endl;
+      return static_cast<int>(drive::Outcome::kNoScript);
+    }
+  }
+  drive::Runner runner(argc > 1 ? static_cast<std::istream&>(file) : std::cin, std::cout, std::cerr);
+  application.SetErrorHook([&runner](const std::string& words) { runner.EngineFailed(words); });
+  return static_cast<int>(runner.Play());
+}
