@@ -71,7 +71,7 @@ void TextCommand(const Arguments& arguments, Stage&) {
 void KeysCommand(const Arguments& arguments, Stage&) {
   auto* widget = FindWidget<QWidget>(arguments.Text(0));
   RequireUsable(widget, arguments.Text(0));
-  widget->window()->activateWindow();
+  Activate(widget);
   // Neither a Tab nor a mouse focus, so that nothing is selected beforehand.
   if (widget->window()->focusWidget() != widget && !widget->isWindow())
     widget->setFocus(Qt::OtherFocusReason);

@@ -1,6 +1,7 @@
 #include "driven_program.h"
 
 #include <QApplication>
+#include <deque>
 #include <filesystem>
 
 #include "app/clock.h"

@@ -6,10 +6,21 @@
 #include "dialogs/qt_message_boxes.h"
 #include "runner.h"
 
+namespace {
+
+/// The offscreen platform says of each window what it cannot do; scripts need not hear it.
+void KeepQuietAboutThePlatform(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+  if (!message.startsWith("This plugin does not support"))
+    std::cerr << qFormatLogMessage(type, context, message).toStdString() << std::endl;
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
   using namespace zerbal;
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
     qputenv("QT_QPA_PLATFORM", "offscreen");
+  qInstallMessageHandler(KeepQuietAboutThePlatform);
   dialogs::QtMessageBoxes boxes;
   app::Application application(argc, argv, boxes);
   QApplication::setQuitOnLastWindowClosed(false);

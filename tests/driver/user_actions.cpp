@@ -69,6 +69,7 @@ void ClickMiddle(QWidget* widget, Qt::MouseButton button) {
   if (!widget->isEnabled())
     return;
   const QPointer<QWidget> alive = widget;
+  Activate(widget);
   if (button == Qt::LeftButton && (widget->focusPolicy() & Qt::ClickFocus))
     widget->setFocus(Qt::MouseFocusReason);
   SendMouse(widget, QEvent::MouseButtonPress, button, button);
@@ -92,8 +93,13 @@ void HoverMiddle(QWidget* widget) {
   QApplication::sendEvent(widget, &help);
 }
 
+void Activate(QWidget* widget) {
+  // Asking the window system would take effect later; focus events come to the active window only.
+  QApplication::setActiveWindow(widget->window());
+}
+
 void FocusByTab(QWidget* widget) {
-  widget->window()->activateWindow();
+  Activate(widget);
   // Focusing a control that has the focus would not be an event: leave it first.
   if (widget->window()->focusWidget() == widget)
     widget->clearFocus();
@@ -129,6 +135,7 @@ void Choose(QWidget* widget, int index) {
   auto* combo = qobject_cast<QComboBox*>(widget);
   if (index < 0 || index >= combo->count())
     throw Failure(QString("the list has no entry %1").arg(index));
+  Activate(combo);
   combo->setFocus(Qt::MouseFocusReason);
   combo->setCurrentIndex(index);
   // What the widget itself emits when its pop-up list is left by a choice.
@@ -145,6 +152,7 @@ void PickRows(QWidget* widget, const std::vector<int>& rows) {
       throw Failure(QString("the list has no line %1").arg(row));
     selection.select(model.index(row, 0), model.index(row, 0));
   }
+  Activate(list);
   list->setFocus(Qt::MouseFocusReason);
   list->selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }

@@ -6,6 +6,8 @@
 
 namespace zerbal::drive {
 
+/// Makes the control's window the active one.
+void Activate(QWidget* widget);
 /// Presses and releases a button in the middle of the control.
 void ClickMiddle(QWidget* widget, Qt::MouseButton button);
 /// Moves the mouse over the middle of the control.
