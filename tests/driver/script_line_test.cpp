@@ -7,7 +7,8 @@ namespace {
 
 std::vector<std::string> Words(std::string_view line) {
   std::vector<std::string> words;
-  for (const Word& word : ParseLine(line).value().words)
+  const ScriptLine parsed = ParseLine(line).value();
+  for (const Word& word : parsed.words)
     words.push_back(word.text);
   return words;
 }
