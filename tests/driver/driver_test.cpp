@@ -1,0 +1,122 @@
+// The driver's own promises: what it can tell apart, and that its expectations can fail.
+#include <gtest/gtest.h>
+
+#include "settings/profile_file.h"
+#include "support/drive.h"
+#include "support/small_world.h"
+#include "support/temp_folder.h"
+
+namespace zerbal::test {
+namespace {
+
+class DriverTest : public testing::Test {
+ protected:
+  DriverTest() {
+    settings::WriteProfileString(folder / "zerbal.ini", "SplashWindow", "SecondsToShow", "0");
+    world.Write(folder.Path());
+  }
+  Played Run(const std::string& script) { return Play(script, folder.Path()); }
+  int StatusAfterStart(const std::string& line) { return Run("start\n" + line + "\n").status; }
+
+  TempFolder folder;
+  SmallWorld world;
+};
+
+TEST_F(DriverTest, ASatisfiedScriptEndsWith0) {
+  const Played played = Run("start\nexpect {\"started\": true}\nquit\nexpect {\"ended\": true}\n");
+  EXPECT_EQ(played.status, 0) << played.reasons;
+  EXPECT_EQ(played.answers, "{\"started\":true}\n{\"ended\":true}\n");
+}
+
+TEST_F(DriverTest, AFailedExpectationEndsWith1AndPrintsBothSides) {
+  const Played played = Run("start\nexpect {\"started\": false}\n");
+  EXPECT_EQ(played.status, 1);
+  EXPECT_NE(played.reasons.find("line 2"), std::string::npos) << played.reasons;
+  EXPECT_NE(played.reasons.find("{\"started\":false}"), std::string::npos) << played.reasons;
+  EXPECT_NE(played.reasons.find("{\"started\":true}"), std::string::npos) << played.reasons;
+}
+
+TEST_F(DriverTest, ExpectationsOnOperationsCanFailBothWays) {
+  EXPECT_EQ(StatusAfterStart(R"(expect-op {"op": "clear"})"), 0);
+  EXPECT_EQ(StatusAfterStart(R"(expect-op {"op": "clear", "layer": "flights"})"), 1);
+  EXPECT_EQ(StatusAfterStart(R"(expect-no-op {"layer": "flights"})"), 0);
+  EXPECT_EQ(StatusAfterStart(R"(expect-no-op {"op": "clear"})"), 1);
+}
+
+TEST_F(DriverTest, WhatAUserCouldNotDoEndsWith1) {
+  for (const char* line : {"menu mnuFlitSele", "menu mnuNoSuchEntry", "click cmdNowhere", "get cmdNowhere",
+                           "choose chkAprt 1", "answer OK", "menu mnuFileUserSett\nmenu mnuZoomIn",
+                           "menu mnuFileUserSett\nclick chkAprt", "start\nseed 1"})
+    EXPECT_EQ(StatusAfterStart(line), 1) << line;
+  EXPECT_EQ(Run("get frmMain\n").status, 1) << "before start";
+}
+
+TEST_F(DriverTest, ADisabledButtonSwallowsTheClick) {
+  const Played played = Run("start\nmenu mnuFlitSeleDest\nclick cmdDisp\nwindows\n");
+  EXPECT_EQ(played.status, 0) << played.reasons;
+  EXPECT_NE(played.answers.find("frmSeleDest"), std::string::npos);
+}
+
+TEST_F(DriverTest, LinesThatAreNoCommandsEndWith2) {
+  for (const char* line : {"dance", "menu", "menu a b", "mapsize 10 x", "expect {", "text a \"b",
+                           "random 1", "press middle 1 1", "state sideways"})
+    EXPECT_EQ(StatusAfterStart(line), 2) << line;
+}
+
+TEST_F(DriverTest, AMissingScriptEndsWith2) {
+  QProcess process;
+  process.start(ZERBAL_DRIVE, {QFile::decodeName((folder / "none.script").c_str())});
+  ASSERT_TRUE(process.waitForFinished());
+  EXPECT_EQ(process.exitCode(), 2);
+}
+
+TEST_F(DriverTest, AnEngineErrorEndsWith3AndItsWords) {
+  WriteBytes(folder / "app_data" / "qavdata.mdb", "no database");
+  const Played played = Run("start\n");
+  EXPECT_EQ(played.status, 3);
+  EXPECT_NE(played.reasons.find("qavdata.mdb"), std::string::npos) << played.reasons;
+}
+
+TEST_F(DriverTest, BoxesAreMetWhileTheProgramStarts) {
+  std::filesystem::remove(folder / "app_map" / "coast.mdb");
+  const Played played = Run(
+      "start\nbox\nexpect {\"box\": {\"title\": \"Zerbal\", \"icon\": \"exclamation\", \"buttons\": "
+      "[\"OK\"]}}\n"
+      "answer OK\nbox\n"
+      "expect {\"box\": {\"text\": \"Not all files found. The program aborts.\", \"icon\": \"critical\"}}\n"
+      "answer OK\nexpect {\"started\": false}\n");
+  EXPECT_EQ(played.status, 0) << played.reasons;
+}
+
+TEST_F(DriverTest, AnyOtherCommandInFrontOfABoxFails) {
+  EXPECT_EQ(StatusAfterStart("menu mnuFlitSeleFlit\nclick cmdDisp\nwindows"), 1);
+}
+
+TEST_F(DriverTest, PreparedRandomValuesComeFirst) {
+  // 0.999 draws the last service, then its last candidate.
+  const Played played =
+      Run("start\nmenu mnuFlitRandFlit\nclick optAnzFlitOne\nrandom 0 0\nclick cmdRndFlit\nget lblFlitFSrv\n"
+          "random 0.999 0\n");
+  EXPECT_EQ(played.status, 0) << played.reasons;
+}
+
+TEST_F(DriverTest, TheSeedMakesDrawsRepeatable) {
+  const std::string script =
+      "seed 7\nstart\nmenu mnuFlitRandFlit\nclick optAnzFlitOne\nclick cmdRndFlit\nget lstFlit\n";
+  const Played first = Run(script);
+  EXPECT_EQ(first.status, 0) << first.reasons;
+  EXPECT_EQ(first.answers, Run(script).answers);
+}
+
+TEST_F(DriverTest, QuestionsPrintOneObjectALine) {
+  const Played played = Run(
+      "start\nview\nproject 180 90\nops\ncolours\nfonts\nregions\nservices\nselection\nini MainWindow Save\n"
+      "file zerbal.ini\nshot picture.png\necho \"a \\\"b\\\"\"\n");
+  EXPECT_EQ(played.status, 0) << played.reasons;
+  EXPECT_EQ(std::count(played.answers.begin(), played.answers.end(), '\n'), 13);
+  EXPECT_TRUE(std::filesystem::exists(folder / "picture.png"));
+  EXPECT_NE(played.answers.find("{\"echo\":\"a \\\"b\\\"\"}"), std::string::npos) << played.answers;
+}
+
+}  // namespace
+}  // namespace zerbal::test
