@@ -202,7 +202,7 @@ void AddObject(TableWriter& objects, const CatalogRow& row) {
   objects.AddRow(values);
 }
 
-void AddObjects(TableWriter& objects, const std::vector<CatalogEntry>& tables) {
+void AddObjects(TableWriter& objects, const std::vector<WrittenTable>& tables) {
   AddObject(objects, {kTables, kRoot, "Tables", kContainerType, kSystemObject, kEngine});
   AddObject(objects, {kDatabases, kRoot, "Databases", kContainerType, kSystemObject, kEngine});
   AddObject(objects, {kRelationships, kRoot, "Relationships", kContainerType, kSystemObject, kEngine});
@@ -211,7 +211,7 @@ void AddObjects(TableWriter& objects, const std::vector<CatalogEntry>& tables) {
   AddObject(objects, {3, kTables, "MSysACEs", kTableType, kSystemObject, kEngine});
   AddObject(objects, {4, kTables, "MSysQueries", kTableType, kSystemObject, kEngine});
   AddObject(objects, {5, kTables, "MSysRelationships", kTableType, kSystemObject, kEngine});
-  for (const CatalogEntry& table : tables)
+  for (const WrittenTable& table : tables)
     AddObject(objects, {table.page, kTables, table.name, kTableType, 0, kAdministrator});
 }
 
@@ -220,7 +220,7 @@ void AddRight(TableWriter& rights, std::uint32_t object, UserId user, std::uint3
   rights.AddRow(row);
 }
 
-void AddRights(TableWriter& rights, const std::vector<CatalogEntry>& tables) {
+void AddRights(TableWriter& rights, const std::vector<WrittenTable>& tables) {
   AddRight(rights, 2, kAdministrator, 0x060000, false);
   AddRight(rights, 3, kAdministrator, 0x060000, false);
   AddRight(rights, 4, kAdministrator, 0x060000, false);
@@ -237,7 +237,7 @@ void AddRights(TableWriter& rights, const std::vector<CatalogEntry>& tables) {
   AddRight(rights, 2, kUsers, 0x000014, false);
   AddRight(rights, kTables, kUsers, 0x0FFEFF, true);
   AddRight(rights, kRelationships, kUsers, 0x0FFFFF, true);
-  for (const CatalogEntry& table : tables) {
+  for (const WrittenTable& table : tables) {
     AddRight(rights, table.page, kAdministrator, kAllRights, false);
     AddRight(rights, table.page, kUsers, kAllRights, false);
   }
@@ -257,7 +257,7 @@ constexpr std::array<std::uint8_t, 128> kHeaderMask = {
 
 }  // namespace
 
-void WriteSystemTables(OutputFile& file, const std::vector<CatalogEntry>& tables) {
+void WriteSystemTables(OutputFile& file, const std::vector<WrittenTable>& tables) {
   UsageMapPages maps(file, kMapCount, {kMapPage});
   // Lay-outs first: they take their maps in the order of the tables.
   const auto writer = [&](const SystemTable& table) {

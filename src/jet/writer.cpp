@@ -37,7 +37,7 @@ UsageMapPages AssignPages(OutputFile& file, TableLayout& layout) {
 struct DatabaseWriter::State {
   std::string fileName;
   std::optional<OutputFile> file;
-  std::vector<CatalogEntry> catalog;
+  std::vector<WrittenTable> catalog;
   std::optional<UsageMapPages> maps;  ///< of the table at hand
   std::optional<TableWriter> table;
   bool broken = false;  ///< a table could not be ended, so neither can the file
@@ -67,7 +67,7 @@ struct DatabaseWriter::State {
     if (table)
       throw Refusal("table '" + TableName() + "' has not been ended");
     TableLayout layout = LayOutTable(spec);
-    for (const CatalogEntry& other : catalog) {
+    for (const WrittenTable& other : catalog) {
       if (IsSameName(other.name, spec.name))
         throw Refusal("there is a table of this name already");
     }
