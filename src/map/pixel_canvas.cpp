@@ -35,29 +35,25 @@ void PixelCanvas::Fill(std::uint32_t pixel) {
 }
 
 void PixelCanvas::ThinLine(Point from, Point to, std::uint32_t pixel) {
-  int dx = to.x - from.x;
-  int dy = to.y - from.y;
-  std::ptrdiff_t major = 1;
-  std::ptrdiff_t minor = stride_;
-  if (dx < 0) {
-    dx = -dx;
-    major = -1;
-  }
-  if (dy < 0) {
-    dy = -dy;
-    minor = -stride_;
-  }
-  if (dy > dx) {
-    std::swap(dx, dy);
-    std::swap(major, minor);
-  }
+  int length = std::abs(to.x - from.x);
+  int aside = std::abs(to.y - from.y);
+  const bool flat = length >= aside;
+  if (!flat)
+    std::swap(length, aside);
+  // Always rightwards or downwards, so that a line there and a line back are the same pixels.
+  if (flat ? to.x < from.x : to.y < from.y)
+    std::swap(from, to);
+  const std::ptrdiff_t down = to.y < from.y ? -stride_ : stride_;
+  const std::ptrdiff_t right = to.x < from.x ? -1 : 1;
+  const std::ptrdiff_t along = flat ? right : down;
+  const std::ptrdiff_t across = flat ? down : right;
   std::uint32_t* at = pixels_ + from.y * stride_ + from.x;
   *at = pixel;
-  int error = 2 * dy - dx;
-  for (int step = 0; step < dx; ++step) {
-    const bool aside = error > 0;
-    at += aside ? major + minor : major;
-    error += aside ? 2 * (dy - dx) : 2 * dy;
+  int error = 2 * aside - length;
+  for (int step = 0; step < length; ++step) {
+    const bool turn = error > 0;
+    at += turn ? along + across : along;
+    error += turn ? 2 * (aside - length) : 2 * aside;
     *at = pixel;
   }
 }
@@ -104,18 +100,29 @@ void PixelCanvas::SmoothLine(Spot from, Spot to, std::uint32_t pixel, double wid
   const auto past = [](double value, int limit) {
     return static_cast<int>(std::clamp<double>(value, 0, limit));
   };
+  const int top = first(middle.y - halfHeight);
   const int bottom = past(middle.y + halfHeight + 1, height_);
+  const int left = first(middle.x - halfWidth);
   const int right = past(middle.x + halfWidth + 1, width_);
-  for (int y = first(middle.y - halfHeight); y < bottom; ++y) {
-    for (int x = first(middle.x - halfWidth); x < right; ++x) {
-      const double px = x + 0.5 - middle.x;
-      const double py = y + 0.5 - middle.y;
-      const double along = std::clamp(reachAlong - std::abs(px * ux + py * uy) + 0.5, 0.0, 1.0);
-      const double aside = std::clamp(reachAside - std::abs(px * uy - py * ux) + 0.5, 0.0, 1.0);
-      std::uint32_t& at = pixels_[y * stride_ + x];
-      const auto alpha = static_cast<std::uint32_t>(along * aside * 255 + 0.5);
-      if (alpha != 0)
-        at = Mix(at, pixel, alpha);
+  // How far beyond the bar's edges a pixel's middle is, plus half a pixel: 0 and less is outside, 1 and more
+  // inside. Both change by a fixed step from one pixel to the next.
+  const auto stepAlong = static_cast<float>(ux);
+  const auto stepAside = static_cast<float>(uy);
+  const auto edgeAlong = static_cast<float>(reachAlong + 0.5);
+  const auto edgeAside = static_cast<float>(reachAside + 0.5);
+  for (int y = top; y < bottom; ++y) {
+    const double px = left + 0.5 - middle.x;
+    const double py = y + 0.5 - middle.y;
+    auto along = static_cast<float>(px * ux + py * uy);
+    auto aside = static_cast<float>(px * uy - py * ux);
+    std::uint32_t* at = pixels_ + y * stride_;
+    for (int x = left; x < right; ++x, along += stepAlong, aside += stepAside) {
+      const float insideAlong = edgeAlong - std::abs(along);
+      const float insideAside = edgeAside - std::abs(aside);
+      if (insideAlong <= 0 || insideAside <= 0)
+        continue;
+      const float coverage = std::min(insideAlong, 1.0F) * std::min(insideAside, 1.0F);
+      at[x] = Mix(at[x], pixel, static_cast<std::uint32_t>(coverage * 255 + 0.5F));
     }
   }
 }

@@ -71,6 +71,18 @@ TEST_F(PictureSurfaceTest, SlantedLineHasOnePixelAStep) {
   }
 }
 
+TEST_F(PictureSurfaceTest, LineBackCoversTheLineThere) {
+  for (const double ratio : {1.0, 2.0}) {
+    for (const Point to :
+         {Point{750, 360}, Point{360, 750}, Point{75, 420}, Point{630, 100}, Point{90, 30}}) {
+      const Point from{300, 270};
+      const auto there = [&](Surface& surface) { surface.Line(from, to, kPen); };
+      const auto back = [&](Surface& surface) { surface.Line(to, from, kPen); };
+      EXPECT_EQ(Drawn(110, 110, ratio, there), Drawn(110, 110, ratio, back)) << to.x << ", " << to.y;
+    }
+  }
+}
+
 TEST_F(PictureSurfaceTest, RunIsDrawnWithoutGaps) {
   const QImage image = Drawn(5, 5, 1, [](Surface& surface) {
     const Point run[] = {{0, 0}, {60, 0}, {61, 1}, {63, 60}, {0, 60}};
