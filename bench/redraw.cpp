@@ -1,0 +1,344 @@
+// How long does a complete redraw take? Four scenes on built sample data, each beside three measures taken in
+// the same run: the same operations drawn one QPainter call each ("naive"), QPainter drawing nothing but the
+// already projected line segments ("lines"), and libmdb reading the same rows ("scan").
+//
+//     bench_redraw DATA [FULL] [--picture DIR] [--seconds N]
+//
+// DATA and FULL are folders as zerbal-pack build writes them, FULL with full detail for scene F.
+#include <QGuiApplication>
+#include <QPainter>
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <exception>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "data/load_tables.h"
+#include "map/draw_map.h"
+#include "map/picture_surface.h"
+#include "map/recorder.h"
+#include "mdb_scan.h"
+
+namespace zerbal::bench {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int kWidth = 1280;
+constexpr int kHeight = 900;
+
+class SilentBoxes : public settings::MessageBoxes {
+ public:
+  void Show(settings::BoxIcon, const std::string& text) override {
+    std::fprintf(stderr, "%s\n", text.c_str());
+  }
+};
+
+/// One folder's data and what a redraw takes from it.
+struct World {
+  explicit World(const fs::path& folder)
+      : databases(data::OpenDatabases({.zbldata = folder / "app_data/zbldata.mdb",
+                                       .qavdata = folder / "app_data/qavdata.mdb",
+                                       .allaprt = folder / "app_data/allaprt.mdb",
+                                       .coast = folder / "app_map/coast.mdb",
+                                       .river = folder / "app_map/river.mdb",
+                                       .ibound = folder / "app_map/ibound.mdb"})) {
+    SilentBoxes boxes;
+    tables.bands = data::BuildGridBands();
+    data::LoadColours(folder / "app_data/zbldata.mdb", tables.colours, boxes);
+    data::LoadFonts(folder / "app_data/zbldata.mdb", tables.fonts, boxes);
+    data::LoadFlightServices(databases.fsrv, tables.services, boxes);
+    for (data::FlightService& service : tables.services)
+      service.displayFlag = true;
+    viewport.SetSize(kWidth * map::kTwipsPerPixel, kHeight * map::kTwipsPerPixel);
+  }
+
+  map::MapScene Scene() {
+    return {viewport, options, tables, databases, allAirportCriteria, destinationCriteria, flights};
+  }
+
+  data::Databases databases;
+  data::ReferenceTables tables;
+  map::Viewport viewport{tables.bands};
+  map::DisplayOptions options;
+  map::AirportCriteria allAirportCriteria;
+  map::AirportCriteria destinationCriteria;
+  map::FlightSelection flights;
+};
+
+struct View {
+  const char* name;
+  const char* what;
+  float west, top, east, bottom;
+  map::DisplayOptions options;
+};
+
+constexpr map::DisplayOptions kEverything{.centreOfMap = true,
+                                          .rivers = true,
+                                          .boundaries = true,
+                                          .allAirports = true,
+                                          .destinations = true,
+                                          .flightAirports = true,
+                                          .flightNumbers = true,
+                                          .legNumbers = true,
+                                          .aircraftSymbols = true};
+constexpr map::DisplayOptions kMapAndAirports{
+    .rivers = true, .boundaries = true, .allAirports = true, .destinations = true};
+
+// The corner of four cells in northern Norway: fjords, islands, rivers and three borders. The window's shape
+// leaves 14 of the 20 degrees of longitude that a view with detail may span.
+constexpr View kWorldView{"W", "world, everything shown", 5, 0, 355, 180, kEverything};
+constexpr View kRoughCoast{"R", "rough coast, four cells", 192.95F, 15.05F, 207.05F, 24.95F, kMapAndAirports};
+constexpr View kClosest{"Z", "closest zoom", 203.4F, 19.85F, 203.9F, 20.15F, kMapAndAirports};
+constexpr View kFullDetail{"F", "R on full-detail data", 192.95F, 15.05F, 207.05F, 24.95F, kMapAndAirports};
+
+// ---- The three measures ----
+
+QColor ToColour(data::Rgb colour) {
+  return {colour.red, colour.green, colour.blue};
+}
+
+QPoint ToPixel(map::Point twips) {
+  const map::PixelScale scale(1);
+  return {scale.Pixel(twips.x), scale.Pixel(twips.y)};
+}
+
+/// Each recorded operation by one call, as straightforward drawing code would do.
+void DrawNaively(const std::vector<map::Operation>& operations, QImage& picture) {
+  QPainter painter(&picture);
+  map::TextFont fontName;
+  for (const map::Operation& operation : operations) {
+    const QColor colour = ToColour(operation.pen.colour);
+    const QPoint from = ToPixel(operation.from);
+    switch (operation.kind) {
+      case map::Operation::Kind::kClear:
+        painter.fillRect(picture.rect(), colour);
+        break;
+      case map::Operation::Kind::kLine:
+        painter.setPen(QPen(colour, operation.pen.width));
+        painter.drawLine(from, ToPixel(operation.to));
+        break;
+      case map::Operation::Kind::kRectangle:
+        painter.setPen(colour);
+        painter.drawRect(QRect(from, ToPixel(operation.to)));
+        break;
+      case map::Operation::Kind::kCircle: {
+        painter.setPen(colour);
+        painter.setBrush(operation.fill ? QBrush(colour) : QBrush(Qt::NoBrush));
+        const double radius = operation.radius / static_cast<double>(map::kTwipsPerPixel);
+        painter.drawEllipse(QPointF(from.x() + 0.5, from.y() + 0.5), radius, radius);
+        break;
+      }
+      case map::Operation::Kind::kText:
+        if (!(operation.font == fontName)) {
+          fontName = operation.font;
+          painter.setFont(map::DeviceFont(fontName, map::PixelScale(1), picture));
+        }
+        painter.setPen(colour);
+        painter.drawText(from + QPoint(0, painter.fontMetrics().ascent()),
+                         QString::fromStdString(operation.text));
+        break;
+    }
+  }
+}
+
+/// Projected segments of one pen.
+struct Strokes {
+  map::Pen pen;
+  std::vector<QLine> lines;
+};
+
+std::vector<Strokes> ProjectedLines(const std::vector<map::Operation>& operations) {
+  std::vector<Strokes> result;
+  for (const map::Operation& operation : operations) {
+    if (operation.kind != map::Operation::Kind::kLine)
+      continue;
+    if (result.empty() || !(result.back().pen == operation.pen))
+      result.push_back({operation.pen, {}});
+    result.back().lines.emplace_back(ToPixel(operation.from), ToPixel(operation.to));
+  }
+  return result;
+}
+
+void DrawLines(const std::vector<Strokes>& strokes, QImage& picture) {
+  QPainter painter(&picture);
+  for (const Strokes& stroke : strokes) {
+    painter.setPen(QPen(ToColour(stroke.pen.colour), stroke.pen.width));
+    painter.drawLines(stroke.lines.data(), static_cast<int>(stroke.lines.size()));
+  }
+}
+
+/// The databases of one folder opened with libmdb, to read what a redraw of a view reads.
+class Scanner {
+ public:
+  explicit Scanner(const fs::path& folder)
+      : coast_(folder / "app_map/coast.mdb"),
+        river_(folder / "app_map/river.mdb"),
+        ibound_(folder / "app_map/ibound.mdb"),
+        allaprt_(folder / "app_data/allaprt.mdb"),
+        qavdata_(folder / "app_data/qavdata.mdb") {}
+
+  std::size_t Scan(const map::Viewport& viewport, const map::DisplayOptions& options) {
+    const std::vector<std::string> point = {"Lon", "Lat"};
+    const std::vector<std::string> airport = {"AP",      "AP_Name",  "AP_City",    "AP_Lon", "AP_Lat",
+                                              "AP_Elev", "AP_RwyNr", "AP_RwyMaxL", "AP_ILS"};
+    std::size_t rows = 0;
+    if (!viewport.DetailMode)
+      rows += coast_.Scan("wcl", point);
+    for (const std::string& tile : viewport.DetailTiles) {
+      rows += coast_.Scan(tile + "wdb2", point);
+      rows += options.rivers ? river_.Scan(tile + "wdb2", point) : 0;
+      rows += options.boundaries ? ibound_.Scan(tile + "wdb2", point) : 0;
+    }
+    rows += options.allAirports ? allaprt_.Scan("allaprt", airport) : 0;
+    rows += options.destinations ? qavdata_.Scan("dest", airport) : 0;
+    std::vector<std::string> flight = {"Flit_FSrv", "Flit", "Flit_Dep", "Flit_Arr"};
+    for (int stop = 1; stop <= 10; ++stop)
+      flight.push_back("Flit_Stop" + std::to_string(stop));
+    return rows + qavdata_.Scan("flit", flight);
+  }
+
+ private:
+  MdbScan coast_, river_, ibound_, allaprt_, qavdata_;
+};
+
+// ---- Measuring ----
+
+double Seconds(const std::function<void()>& work) {
+  const auto start = std::chrono::steady_clock::now();
+  work();
+  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+struct Measure {
+  std::function<void()> work;
+  std::vector<double> times;
+
+  double Milliseconds() {
+    std::nth_element(times.begin(), times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2),
+                     times.end());
+    return times[times.size() / 2] * 1000;
+  }
+};
+
+/// Takes turns, so that whatever else the machine does meets all of them alike; medians count.
+void TakeTurns(std::vector<Measure>& measures, double seconds) {
+  for (Measure& measure : measures)
+    measure.work();  // warms caches, the glyphs' too
+  double spent = 0;
+  for (int round = 0; round < 5 || spent < seconds; ++round) {
+    for (Measure& measure : measures) {
+      const double time = Seconds(measure.work);
+      measure.times.push_back(time);
+      spent += time;
+    }
+  }
+}
+
+struct Options {
+  fs::path data;
+  std::optional<fs::path> full;
+  std::optional<fs::path> pictures;
+  double seconds = 3;
+  bool onlyRedraw = false;  ///< for a profiler
+};
+
+void Run(const View& view, const fs::path& folder, const Options& options) {
+  World world(folder);
+  world.options = view.options;
+  world.viewport.ReqLonMin = view.west;
+  world.viewport.ReqLatMin = view.top;
+  world.viewport.ReqLonMax = view.east;
+  world.viewport.ReqLatMax = view.bottom;
+  world.viewport.ComputeViewport();
+  map::MapScene scene = world.Scene();
+
+  QImage picture(kWidth, kHeight, QImage::Format_RGB32);
+  map::PreparedPictures prepared;
+  const auto redraw = [&] {
+    map::PictureSurface surface(picture, 1, prepared);
+    map::DrawMap(scene, surface);
+  };
+  if (options.onlyRedraw) {
+    redraw();
+    int count = 0;
+    for (double spent = 0; spent < options.seconds; ++count)
+      spent += Seconds(redraw);
+    std::printf("%s: %d redraws, %.3f ms each\n", view.name, count, options.seconds * 1000 / count);
+    return;
+  }
+
+  map::Recorder recorder;
+  map::DrawMap(scene, recorder);
+  const auto& operations = recorder.Operations();
+  const std::vector<Strokes> strokes = ProjectedLines(operations);
+  Scanner scanner(folder);
+  const std::size_t rows = scanner.Scan(world.viewport, view.options);
+  QImage other(kWidth, kHeight, QImage::Format_RGB32);
+  std::vector<Measure> measures = {{redraw, {}},
+                                   {[&] { DrawNaively(operations, other); }, {}},
+                                   {[&] { DrawLines(strokes, other); }, {}},
+                                   {[&] { scanner.Scan(world.viewport, view.options); }, {}}};
+  TakeTurns(measures, options.seconds);
+  const double ours = measures[0].Milliseconds();
+  const double naive = measures[1].Milliseconds();
+  const double lines = measures[2].Milliseconds();
+  const double scan = measures[3].Milliseconds();
+  const double bound = 1.5 * lines + 2e-6 * static_cast<double>(rows);
+  std::printf("%-2s %-24s %8zu %8zu %9.3f %9.3f %9.3f %9.3f %8.2f %8.2f %8.1f\n", view.name, view.what, rows,
+              operations.size(), ours, naive, lines, scan, ours / naive, ours / bound, scan / ours);
+  if (options.pictures) {
+    redraw();
+    picture.save(QString::fromStdString((*options.pictures / (std::string(view.name) + ".png")).string()));
+  }
+}
+
+int Main(const QStringList& arguments) {
+  Options options;
+  for (int i = 1; i < arguments.size(); ++i) {
+    const QString& argument = arguments[i];
+    if (argument == "--picture" && i + 1 < arguments.size())
+      options.pictures = arguments[++i].toStdString();
+    else if (argument == "--seconds" && i + 1 < arguments.size())
+      options.seconds = arguments[++i].toDouble();
+    else if (argument == "--only-redraw")
+      options.onlyRedraw = true;
+    else if (options.data.empty())
+      options.data = argument.toStdString();
+    else
+      options.full = argument.toStdString();
+  }
+  if (options.data.empty()) {
+    std::fprintf(stderr, "usage: bench_redraw DATA [FULL] [--picture DIR] [--seconds N] [--only-redraw]\n");
+    return 2;
+  }
+  std::printf(
+      "Median milliseconds at %d x %d. Goals: W: redraw/naive <= 0.3; R, F: redraw/bound <= 1, where\n"
+      "bound = 1.5 lines + 2 ns a row; R: scan/redraw >= 5.\n\n",
+      kWidth, kHeight);
+  std::printf("%-2s %-24s %8s %8s %9s %9s %9s %9s %8s %8s %8s\n", "", "scene", "rows", "ops", "redraw",
+              "naive", "lines", "scan", "/naive", "/bound", "scan/");
+  for (const View& view : {kWorldView, kRoughCoast, kClosest})
+    Run(view, options.data, options);
+  if (options.full)
+    Run(kFullDetail, *options.full, options);
+  return 0;
+}
+
+}  // namespace
+}  // namespace zerbal::bench
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QGuiApplication application(argc, argv);
+  try {
+    return zerbal::bench::Main(QGuiApplication::arguments());
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "bench_redraw: %s\n", error.what());
+    return 1;
+  }
+}
