@@ -46,16 +46,21 @@ std::int16_t WalkCandidates(jet::Recordset& flit, const std::string& service, st
 /// Feeds rows to a chain without building flights.
 class ChainReader {
  public:
+  explicit ChainReader(const jet::Recordset& flit)
+      : originField_(flit.FieldIndex("Flit_Dep")), destinationField_(flit.FieldIndex("Flit_Arr")) {}
+
   bool operator()(const jet::Recordset& row) {
     origin_.clear();
     destination_.clear();
-    row["Flit_Dep"].AppendText(origin_);
-    row["Flit_Arr"].AppendText(destination_);
+    row.At(originField_).AppendText(origin_);
+    row.At(destinationField_).AppendText(destination_);
     return chain_.Add(origin_, destination_);
   }
   std::int16_t Length() const { return chain_.Length(); }
 
  private:
+  int originField_;
+  int destinationField_;
   RoundTripChain chain_;
   std::string origin_;
   std::string destination_;
@@ -74,11 +79,11 @@ void DrawOneFlight(FlightSource source, const std::string& service, RandomSource
 
 void DrawRoundTrip(FlightSource source, const std::string& service, RandomSource& random,
                    FlightFinderState& state) {
-  const std::int16_t candidates = WalkCandidates(source.flit, service, 0, ChainReader());
+  const std::int16_t candidates = WalkCandidates(source.flit, service, 0, ChainReader(source.flit));
   if (candidates == 0)
     return;
   const auto wanted = static_cast<std::int16_t>(random.Draw(candidates));
-  ChainReader chain;
+  ChainReader chain(source.flit);
   WalkCandidates(source.flit, service, wanted, [&chain](const jet::Recordset& row) { return chain(row); });
   // The cursor stands on the last flight of the round trip.
   for (std::int16_t back = 1; back < chain.Length(); ++back)
