@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -21,6 +22,16 @@ namespace {
 constexpr std::pair<MapTheme, const char*> kFiles[] = {
     {MapTheme::kCoast, "coast.mdb"}, {MapTheme::kRiver, "river.mdb"}, {MapTheme::kBoundary, "ibound.mdb"}};
 
+// One build of the installed low resolution data serves all tests that only look.
+struct Built {
+  test::TempFolder folder;
+  std::vector<double> progress;
+  std::vector<MapTableSize> sizes = BuildMapDatabases({MapDetail::kLow, folder.Path(), kMapSourceFolder},
+                                                      [this](double done) { progress.push_back(done); });
+
+  std::filesystem::path File(const char* name) const { return folder / "app_map" / name; }
+};
+
 class MapBuild : public testing::Test {
  protected:
   void SetUp() override {
@@ -30,11 +41,18 @@ class MapBuild : public testing::Test {
     }
   }
 
-  std::vector<MapTableSize> BuildLow(const std::filesystem::path& folder) const {
-    return BuildMapDatabases({MapDetail::kLow, folder, kMapSourceFolder}, {});
+  static void TearDownTestSuite() { built_.reset(); }
+
+  static const Built& Low() {
+    if (!built_)
+      built_ = std::make_unique<Built>();
+    return *built_;
   }
 
   test::TempFolder folder_;
+
+ private:
+  static inline std::unique_ptr<Built> built_;
 };
 
 std::vector<MapPoint> ReadTable(const jet::Database& database, const std::string& table) {
@@ -49,10 +67,10 @@ std::vector<MapPoint> ReadTable(const jet::Database& database, const std::string
 }
 
 TEST_F(MapBuild, WritesEveryLineWithAMarkerAfterIt) {
-  const std::vector<MapTableSize> sizes = BuildLow(folder_.Path());
+  const std::vector<MapTableSize>& sizes = Low().sizes;
   auto size = sizes.begin();
   for (const auto& [theme, file] : kFiles) {
-    const jet::Database database = jet::Database::Open(folder_ / "app_map" / file);
+    const jet::Database database = jet::Database::Open(Low().File(file));
     const std::vector<MapTable> tables = MakeMapTables(theme, MapDetail::kLow, kMapSourceFolder);
     std::vector<std::string> names = database.TableNames();
     EXPECT_EQ(names.size(), tables.size());
@@ -76,8 +94,7 @@ TEST_F(MapBuild, WritesEveryLineWithAMarkerAfterIt) {
 }
 
 TEST_F(MapBuild, HasTheTwoColumnsAsWholeNumbersAndNoIndex) {
-  BuildLow(folder_.Path());
-  const jet::Recordset world = jet::Database::Open(folder_ / "app_map" / "coast.mdb").OpenTable("wcl");
+  const jet::Recordset world = jet::Database::Open(Low().File("coast.mdb")).OpenTable("wcl");
   ASSERT_EQ(world.Columns().size(), 2u);
   EXPECT_EQ(world.Columns()[0].name, "Lon");
   EXPECT_EQ(world.Columns()[1].name, "Lat");
@@ -87,19 +104,16 @@ TEST_F(MapBuild, HasTheTwoColumnsAsWholeNumbersAndNoIndex) {
 }
 
 TEST_F(MapBuild, GivesTheSameBytesAgain) {
-  BuildLow(folder_ / "one");
-  BuildLow(folder_ / "other");
+  BuildMapDatabases({MapDetail::kLow, folder_.Path(), kMapSourceFolder}, {});
   for (const auto& [theme, file] : kFiles) {
-    const std::string one = test::ReadBytes(folder_ / "one" / "app_map" / file);
-    EXPECT_GT(one.size(), 100'000u);
-    EXPECT_TRUE(one == test::ReadBytes(folder_ / "other" / "app_map" / file)) << file;
+    const std::string again = test::ReadBytes(folder_ / "app_map" / file);
+    EXPECT_GT(again.size(), 100'000u);
+    EXPECT_TRUE(again == test::ReadBytes(Low().File(file))) << file;
   }
 }
 
 TEST_F(MapBuild, TellsHowFarItIs) {
-  std::vector<double> progress;
-  BuildMapDatabases({MapDetail::kLow, folder_.Path(), kMapSourceFolder},
-                    [&progress](double done) { progress.push_back(done); });
+  const std::vector<double>& progress = Low().progress;
   EXPECT_GT(progress.size(), 50u);
   EXPECT_EQ(progress.front(), 0);
   EXPECT_EQ(progress.back(), 1);
@@ -124,7 +138,7 @@ TEST_F(MapBuild, NamesThePackageOfADetailThatIsNotInstalled) {
 
 TEST_F(MapBuild, FailsWithAMessageWhereItCannotWrite) {
   std::filesystem::create_directories(folder_ / "app_map" / "coast.mdb");  // a folder is in the way
-  EXPECT_THROW(BuildLow(folder_.Path()), jet::EngineError);
+  EXPECT_THROW(BuildMapDatabases({MapDetail::kLow, folder_.Path(), kMapSourceFolder}, {}), jet::EngineError);
 }
 
 }  // namespace
