@@ -1,0 +1,118 @@
+// The program in a temporary folder with the small world, a clock that the test turns, boxes that nobody has
+// to press away and dialogs that only say that they were asked for.
+#pragma once
+
+#include <QAction>
+#include <QCheckBox>
+#include <QCoreApplication>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "app/start_up.h"
+#include "map/recorder.h"
+#include "settings/profile_file.h"
+#include "support/recorded_boxes.h"
+#include "support/small_world.h"
+#include "support/temp_folder.h"
+
+namespace zerbal::test {
+
+/// Each look at it moves it on.
+class FakeClock final : public app::Clock {
+ public:
+  float SecondsSinceMidnight() override {
+    const float seen = now;
+    seenTimes.push_back(seen);
+    now += step;
+    if (now >= app::kSecondsADay)
+      now -= app::kSecondsADay;
+    return seen;
+  }
+  float now = 1000;
+  float step = 0.25F;
+  std::vector<float> seenTimes;
+};
+
+class FakeDialogs final : public app::Dialogs {
+ public:
+  bool Confirmed(app::DialogKind kind, const dialogs::Placement&) override {
+    shown.push_back(kind);
+    if (whileOpen)
+      whileOpen();
+    return confirm;
+  }
+  std::vector<app::DialogKind> shown;
+  bool confirm = false;
+  std::function<void()> whileOpen;
+};
+
+class AppTest : public testing::Test {
+ protected:
+  /// Runs the start-up in the folder, which gets the world's files first.
+  bool Start() {
+    world.Write(folder.Path());
+    return StartHere();
+  }
+  bool StartHere() {
+    main.emplace(app::Environment{app::WithSeparator(folder.Path()), clock, random, boxes, &drawn}, dialogs);
+    return main->Start();
+  }
+  void SetIni(const char* section, const char* key, std::string_view value) {
+    ASSERT_TRUE(settings::WriteProfileString(IniFile(), section, key, value));
+  }
+  /// The value in the file, "(missing)" when there is none.
+  std::string Ini(const char* section, const char* key) const {
+    return settings::ReadProfileString(IniFile(), section, key, "(missing)", 2000);
+  }
+  std::filesystem::path IniFile() const { return folder / "zerbal.ini"; }
+  /// No settings can be written: a folder stands where the file would be.
+  void MakeIniUnwritable() { std::filesystem::create_directory(IniFile()); }
+
+  app::frmMain& Window() { return main->MainWindow(); }
+  app::Program& State() { return main->State(); }
+  int Draws() { return Window().MapWindow().Draws(); }
+  QAction* Entry(const char* name) {
+    auto* action = Window().findChild<QAction*>(name);
+    if (action == nullptr)
+      throw std::runtime_error(std::string("no entry ") + name);
+    return action;
+  }
+  template <class Control>
+  Control* Find(const char* name) {
+    auto* control = Window().findChild<Control*>(name);
+    if (control == nullptr)
+      throw std::runtime_error(std::string("no control ") + name);
+    return control;
+  }
+  /// How often choosing an entry redraws.
+  int DrawsOf(const char* name) {
+    const int before = Draws();
+    Entry(name)->trigger();
+    return Draws() - before;
+  }
+
+  TempFolder folder;
+  SmallWorld world;
+  FakeClock clock;
+  app::MersenneRandom random;
+  RecordedBoxes boxes;
+  FakeDialogs dialogs;
+  map::Recorder drawn;
+  std::optional<app::Main> main;
+};
+
+/// A program that has started at once.
+class RunningTest : public AppTest {
+ protected:
+  void SetUp() override {
+    SetIni("SplashWindow", "SecondsToShow", "0");
+    ASSERT_TRUE(Start());
+  }
+};
+
+}  // namespace zerbal::test

@@ -1,0 +1,386 @@
+#include "app/start_up.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <csignal>
+
+#include <sys/resource.h>
+
+#include "app/frm_splash.h"
+#include "app_test.h"
+#include "jet/error.h"
+
+namespace zerbal::app {
+namespace {
+
+using settings::BoxIcon;
+using test::RecordedBox;
+using Boxes = std::vector<RecordedBox>;
+
+class StartUp : public test::AppTest {
+ protected:
+  void SetUp() override { SetIni("SplashWindow", "SecondsToShow", "0"); }
+
+  RecordedBox NotFound(const char* folderName, const char* file) const {
+    const std::string path = (folder / folderName / file).string();
+    return {BoxIcon::kExclamation, "File '" + path + "' could not be found."};
+  }
+  const RecordedBox kAbort{BoxIcon::kCritical, "Not all files found. The program aborts."};
+
+  /// Seconds from the first look at the clock to the last one: the splash's.
+  float SecondsWaited() const {
+    const float span = clock.seenTimes.back() - clock.seenTimes.front();
+    return span < 0 ? span + kSecondsADay : span;
+  }
+};
+
+TEST_F(StartUp, ShowsTheMapInTheMainWindow) {
+  ASSERT_TRUE(Start());
+  EXPECT_TRUE(Window().isVisible());
+  EXPECT_TRUE(Window().MapWindow().isVisible());
+  EXPECT_EQ(Draws(), 1);
+  EXPECT_FALSE(drawn.Operations().empty());
+  EXPECT_EQ(Window().findChild<QLabel*>("lblMapSize")->text().right(11), "° Longitude");
+  EXPECT_TRUE(boxes.shown.empty());
+  for (const QWidget* widget : QApplication::topLevelWidgets())
+    EXPECT_NE(widget->objectName(), "frmSplash");
+}
+
+TEST_F(StartUp, LooksForEveryRequiredFile) {
+  EXPECT_FALSE(StartHere());
+  EXPECT_EQ(boxes.shown,
+            (Boxes{NotFound("app_data", "zbldata.mdb"), NotFound("app_data", "qavdata.mdb"),
+                   NotFound("app_data", "allaprt.mdb"), NotFound("app_map", "coast.mdb"), kAbort}));
+  EXPECT_FALSE(main->Running());
+}
+
+TEST_F(StartUp, TwoMissingFilesHaveABoxEach) {
+  world.LeaveOut("qavdata.mdb");
+  world.LeaveOut("coast.mdb");
+  EXPECT_FALSE(Start());
+  EXPECT_EQ(boxes.shown,
+            (Boxes{NotFound("app_data", "qavdata.mdb"), NotFound("app_map", "coast.mdb"), kAbort}));
+}
+
+TEST_F(StartUp, RunsWithoutRiversAndBoundaries) {
+  world.LeaveOut("river.mdb");
+  world.LeaveOut("ibound.mdb");
+  ASSERT_TRUE(Start());
+  EXPECT_TRUE(boxes.shown.empty());
+  EXPECT_FALSE(State().riverAvailable);
+  EXPECT_FALSE(State().boundaryAvailable);
+}
+
+TEST_F(StartUp, FindsFilesInAnyLetterCase) {
+  world.Write(folder.Path());
+  std::filesystem::rename(folder / "app_data" / "zbldata.mdb", folder / "app_data" / "ZblData.MDB");
+  std::filesystem::rename(folder / "app_map", folder / "App_Map");
+  ASSERT_TRUE(StartHere());
+  EXPECT_TRUE(State().riverAvailable);
+  EXPECT_TRUE(State().boundaryAvailable);
+}
+
+TEST_F(StartUp, AFolderIsNoFile) {
+  world.LeaveOut("allaprt.mdb");
+  world.Write(folder.Path());
+  std::filesystem::create_directory(folder / "app_data" / "allaprt.mdb");
+  EXPECT_FALSE(StartHere());
+  EXPECT_EQ(boxes.shown, (Boxes{NotFound("app_data", "allaprt.mdb"), kAbort}));
+}
+
+TEST_F(StartUp, UsesTheSettingsFileThatIsThere) {
+  std::filesystem::rename(IniFile(), folder / "ZERBAL.INI");
+  ASSERT_TRUE(Start());
+  EXPECT_FALSE(std::filesystem::exists(IniFile()));
+}
+
+TEST_F(StartUp, AMissingColourEndsIt) {
+  world.col.RemoveRow("Col", "RIVER");
+  EXPECT_FALSE(Start());
+  EXPECT_EQ(boxes.shown,
+            (Boxes{{BoxIcon::kCritical,
+                    "Colors are missing in the table for:\r\nCode = RIVER\r\n\r\nThe program aborts."}}));
+  EXPECT_FALSE(State().databases.has_value());
+  // The main window had not been loaded: none of its settings is there.
+  EXPECT_EQ(Ini("MainWindow", "Save"), "(missing)");
+}
+
+TEST_F(StartUp, MissingFontsAreToldAfterTheColoursWereFound) {
+  world.fon.RemoveRow("Fon", "LORES");
+  world.fon.RemoveRow("Fon", "HIRES");
+  EXPECT_FALSE(Start());
+  EXPECT_EQ(boxes.shown, (Boxes{{BoxIcon::kCritical,
+                                 "Fonts are missing in the table for:\r\nCode = LORES\r\nCode = "
+                                 "HIRES\r\n\r\nThe program aborts."}}));
+}
+
+TEST_F(StartUp, MissingColoursHideMissingFonts) {
+  world.col.RemoveRow("Col", "RIVER");
+  world.fon.RemoveRow("Fon", "LORES");
+  EXPECT_FALSE(Start());
+  EXPECT_EQ(boxes.shown.size(), 1U);
+}
+
+TEST_F(StartUp, WithoutFlightServicesThereIsNoProgram) {
+  world.fsrv.rows.clear();
+  EXPECT_FALSE(Start());
+  EXPECT_EQ(boxes.shown, (Boxes{{BoxIcon::kCritical, "No flightservices found. The program aborts."}}));
+  EXPECT_FALSE(State().databases.has_value());
+}
+
+TEST_F(StartUp, OneFlightServiceIsEnough) {
+  world.fsrv.rows = {{"NOR", "Nordic", "1", 0, 0, 250, 10}};
+  ASSERT_TRUE(Start());
+  EXPECT_NE(Window().findChild<QAction*>("mnuFlitFSrv(1)"), nullptr);
+  EXPECT_EQ(Window().findChild<QAction*>("mnuFlitFSrv(2)"), nullptr);
+}
+
+TEST_F(StartUp, AnUnreadableDatabaseIsTheEnginesError) {
+  world.Write(folder.Path());
+  test::WriteBytes(folder / "app_map" / "coast.mdb", "this is no database");
+  EXPECT_THROW(StartHere(), jet::EngineError);
+  EXPECT_TRUE(boxes.shown.empty());
+}
+
+TEST_F(StartUp, WithoutRegionsItIsAnError) {
+  world.reg.rows.clear();
+  EXPECT_THROW(Start(), jet::EngineError);
+}
+
+TEST_F(StartUp, AFailingSettingsFileEndsIt) {
+  std::filesystem::remove(IniFile());
+  MakeIniUnwritable();
+  EXPECT_FALSE(Start());
+  // Each key of the main window once, then the first of those without which there is no start.
+  std::vector<std::string> keys;
+  for (const RecordedBox& box : boxes.shown) {
+    EXPECT_EQ(box.icon, BoxIcon::kExclamation);
+    const auto from = box.text.find("Section");
+    keys.push_back(box.text.substr(from, box.text.find(", Value") - from));
+  }
+  EXPECT_EQ(keys,
+            (std::vector<std::string>{
+                "Section = 'SplashWindow', Entry = 'SecondsToShow'", "Section = 'MainWindow', Entry = 'Save'",
+                "Section = 'MainWindow', Entry = 'State'", "Section = 'MainWindow', Entry = 'Position'",
+                "Section = 'MainWindow', Entry = 'Size'", "Section = 'Windows', Entry = 'Save'",
+                "Section = 'MenuEntryChecked', Entry = 'Save'", "Section = 'Fonts', Entry = 'Far'"}));
+  EXPECT_FALSE(State().databases.has_value());
+  EXPECT_FALSE(main->Running());
+}
+
+/// As long as it lives, no file can be written, by nobody; reading goes on.
+class NoRoomOnDisk {
+ public:
+  NoRoomOnDisk() {
+    ::signal(SIGXFSZ, SIG_IGN);
+    ::getrlimit(RLIMIT_FSIZE, &before_);
+    const rlimit none{0, before_.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &none);
+  }
+  ~NoRoomOnDisk() { ::setrlimit(RLIMIT_FSIZE, &before_); }
+
+ private:
+  rlimit before_{};
+};
+
+TEST_F(StartUp, ShutDownUnloadsTheMainWindow) {
+  // All keys but those of one section are there, so that nothing is written before the start fails at it.
+  ASSERT_TRUE(Start());
+  Window().close();
+  std::string text = test::ReadBytes(IniFile());
+  const auto section = text.find("[Region]");
+  ASSERT_NE(section, std::string::npos);
+  text.resize(section);
+  test::WriteBytes(IniFile(), text);
+  boxes.shown.clear();
+  const NoRoomOnDisk noRoom;
+  EXPECT_FALSE(StartHere());
+  ASSERT_EQ(boxes.shown.size(), 4U) << "what failed, and the place of the window";
+  EXPECT_NE(boxes.shown[0].text.find("Entry = 'CentreWorld'"), std::string::npos);
+  EXPECT_NE(boxes.shown[1].text.find("Entry = 'State'"), std::string::npos);
+  EXPECT_NE(boxes.shown[3].text.find("Entry = 'Size'"), std::string::npos);
+  EXPECT_FALSE(State().databases.has_value());
+  EXPECT_EQ(test::ReadBytes(IniFile()), text);
+}
+
+TEST_F(StartUp, FillsTheSettingsFile) {
+  std::filesystem::remove(IniFile());
+  ASSERT_TRUE(Start());
+  EXPECT_EQ(Ini("SplashWindow", "SecondsToShow"), "2");
+  EXPECT_EQ(Ini("MainWindow", "Save"), "1");
+  EXPECT_EQ(Ini("MainWindow", "State"), "0");
+  EXPECT_EQ(Ini("Windows", "Save"), "1");
+  EXPECT_EQ(Ini("MenuEntryChecked", "Save"), "0");
+  EXPECT_EQ(Ini("MenuEntryChecked", "ViewRiver"), "(missing)");
+  EXPECT_EQ(Ini("Fonts", "Far"), "Arial,7");
+  EXPECT_EQ(Ini("Colors", "Coast"), "10,10,10");
+  EXPECT_EQ(Ini("FlightColors", "NORX"), "0,0,190");
+  EXPECT_EQ(Ini("Region", "CentreWorld"), "1");
+  EXPECT_EQ(Ini("Region", "CentreWorldAtLON"), "0");
+  EXPECT_EQ(Ini("Program", "RandomFlitHowMany"), "2");
+  EXPECT_EQ(Ini("Program", "SeleDestCheckDest"), "1");
+  EXPECT_EQ(Ini("Program", "SeleDestCheckStop"), "1");
+  EXPECT_EQ(Ini("Program", "SeleDestCheckArr"), "1");
+}
+
+TEST_F(StartUp, TheSplashStaysForTheSecondsOfTheSettings) {
+  struct Case {
+    const char* value;
+    float seconds;
+  };
+  for (const Case& c : {Case{"-3", 0}, Case{"1.6", 2}, Case{"0", 0}, Case{"1", 1}, Case{"word", 0}}) {
+    SetIni("SplashWindow", "SecondsToShow", c.value);
+    clock.seenTimes.clear();
+    ASSERT_TRUE(Start());
+    EXPECT_GE(SecondsWaited(), c.seconds) << c.value;
+    EXPECT_LE(SecondsWaited(), c.seconds + 3 * clock.step) << c.value;
+    Window().close();
+  }
+}
+
+TEST_F(StartUp, AMissingKeyWaitsTwoSeconds) {
+  std::filesystem::remove(IniFile());
+  ASSERT_TRUE(Start());
+  EXPECT_GE(SecondsWaited(), 2);
+  EXPECT_LE(SecondsWaited(), 3);
+}
+
+TEST_F(StartUp, TheWaitEndsAcrossMidnight) {
+  SetIni("SplashWindow", "SecondsToShow", "4");
+  clock.now = kSecondsADay - 2;
+  ASSERT_TRUE(Start());
+  EXPECT_GE(SecondsWaited(), 4);
+  EXPECT_LE(SecondsWaited(), 5);
+  EXPECT_LT(clock.now, 10);
+}
+
+TEST_F(StartUp, TheWaitEndsAtMidnightItself) {
+  SetIni("SplashWindow", "SecondsToShow", "2");
+  clock.now = kSecondsADay - 2;
+  ASSERT_TRUE(Start());
+  EXPECT_GE(SecondsWaited(), 2);
+  EXPECT_LE(SecondsWaited(), 3);
+}
+
+/// Closes, or clicks, whatever it finds when the wait lets events through.
+class WaitIntruder final : public QObject {
+ public:
+  bool event(QEvent* event) override {
+    if (event->type() != QEvent::User)
+      return QObject::event(event);
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+      if (widget->objectName() == "frmSplash") {
+        splashSeen = widget->isVisible();
+        widget->close();
+        splashStayed = widget->isVisible();
+      } else if (widget->objectName() == "frmMain") {
+        mainVisible = widget->isVisible();
+      }
+    }
+    return true;
+  }
+  bool splashSeen = false;
+  bool splashStayed = false;
+  bool mainVisible = false;
+};
+
+TEST_F(StartUp, WindowsLiveWhileTheSplashStays) {
+  SetIni("SplashWindow", "SecondsToShow", "1");
+  WaitIntruder intruder;
+  QCoreApplication::postEvent(&intruder, new QEvent(QEvent::User));
+  ASSERT_TRUE(Start());
+  EXPECT_TRUE(intruder.splashSeen);
+  EXPECT_TRUE(intruder.splashStayed) << "the splash window is not closed by its user";
+  EXPECT_FALSE(intruder.mainVisible);
+}
+
+TEST_F(StartUp, ShowsTheWorldAroundItsCentre) {
+  struct Case {
+    const char* centre;
+    const char* at;
+    float west;
+    float east;
+  };
+  for (const Case& c : {Case{"0", "0", 5, 355}, Case{"1", "0", 290, 280}, Case{"2", "170", 175, 165},
+                        Case{"2", "200", 185, 175}, Case{"2", "-200", 185, 175}, Case{"7", "0", 290, 280}}) {
+    SetIni("Region", "CentreWorld", c.centre);
+    SetIni("Region", "CentreWorldAtLON", c.at);
+    ASSERT_TRUE(Start());
+    EXPECT_EQ(State().viewport.ReqLonMin, c.west) << c.centre << ' ' << c.at;
+    EXPECT_EQ(State().viewport.ReqLonMax, c.east) << c.centre << ' ' << c.at;
+    EXPECT_EQ(State().viewport.ReqLatMin, 0);
+    EXPECT_EQ(State().viewport.ReqLatMax, 180);
+    Window().close();
+  }
+}
+
+TEST_F(StartUp, ReadsTheFlightFindersSettings) {
+  SetIni("Program", "RandomFlitHowMany", "1");
+  SetIni("Program", "SeleDestCheckStop", "0");
+  SetIni("Program", "SeleDestCheckArr", "yes");
+  ASSERT_TRUE(Start());
+  EXPECT_EQ(State().finder.howMany, data::HowMany::kOneFlight);
+  EXPECT_TRUE(State().finder.searchOrigin);
+  EXPECT_FALSE(State().finder.searchStopovers);
+  EXPECT_TRUE(State().finder.searchDestination);
+}
+
+TEST_F(StartUp, BeginsWithNothingChosen) {
+  ASSERT_TRUE(Start());
+  EXPECT_TRUE(State().flights.serviceMode);
+  EXPECT_TRUE(State().flights.selectedFlights.empty());
+  EXPECT_EQ(State().allAirportCriteria, map::AirportCriteria{});
+  EXPECT_EQ(State().destinationCriteria, map::AirportCriteria{});
+  EXPECT_EQ(Find<QCheckBox>("chkAprt")->toolTip(), "No delimitations set");
+  EXPECT_EQ(Find<QCheckBox>("chkDest")->toolTip(), "No delimitations set");
+}
+
+TEST_F(StartUp, TheBackgroundIsTheMapsAsTheSettingsSay) {
+  SetIni("Colors", "Background", "300,-5,12");
+  ASSERT_TRUE(Start());
+  EXPECT_EQ(Window().property("colour").value<QColor>(), QColor(255, 0, 12));
+}
+
+TEST_F(StartUp, TheClockSeedsTheGenerator) {
+  const auto firstValue = [&](float time) {
+    clock.now = time;
+    EXPECT_TRUE(Start());
+    Window().close();
+    return random.Next();
+  };
+  const float atNoon = firstValue(43200);
+  EXPECT_EQ(firstValue(43200), atNoon);
+  EXPECT_NE(firstValue(43200.5F), atNoon);
+}
+
+TEST(MersenneRandom, StaysBelowOne) {
+  MersenneRandom random;
+  random.Seed(7);
+  float least = 1;
+  float most = 0;
+  for (int i = 0; i < 200000; ++i) {
+    const float value = random.Next();
+    least = std::min(least, value);
+    most = std::max(most, value);
+  }
+  EXPECT_GE(least, 0.0F);
+  EXPECT_LT(least, 0.001F);
+  EXPECT_LT(most, 1.0F);
+  EXPECT_GT(most, 0.999F);
+}
+
+TEST(SystemClock, TellsTheTimeOfTheDay) {
+  SystemClock clock;
+  const float now = clock.SecondsSinceMidnight();
+  EXPECT_GE(now, 0);
+  EXPECT_LT(now, kSecondsADay);
+}
+
+TEST(AppPath, EndsWithOneSeparator) {
+  EXPECT_EQ(WithSeparator("/some/folder"), std::filesystem::path("/some/folder/"));
+  EXPECT_EQ(WithSeparator("/some/folder/"), std::filesystem::path("/some/folder/"));
+  EXPECT_EQ(WithSeparator("/"), std::filesystem::path("/"));
+}
+
+}  // namespace
+}  // namespace zerbal::app
