@@ -80,7 +80,7 @@ inline constexpr std::string_view kJet3Tokens =
     "60.3 60.4 60.5 60.7 60.6 60.8 6066** 62.9 66.3 66.4 66.5 66.6 6A.3 6A.4 6A.5 6A.6 "
     "65 70.7 72.3 72.4 72.5 72.7 72.6 55 81 78.3 78.4 78.5 78.6 7D.4 7F 7D.6 ";
 
-consteval unsigned Hex(std::string_view digits) {
+constexpr unsigned Hex(std::string_view digits) {
   unsigned value = 0;
   for (char digit : digits)
     value = value * 16 + static_cast<unsigned>(digit <= '9' ? digit - '0' : digit - 'A' + 10);
@@ -88,14 +88,14 @@ consteval unsigned Hex(std::string_view digits) {
 }
 
 /// Cuts the next token off `rest`.
-consteval std::string_view NextToken(std::string_view& rest) {
+constexpr std::string_view NextToken(std::string_view& rest) {
   const std::size_t end = rest.find(' ');
   const std::string_view token = rest.substr(0, end);
   rest.remove_prefix(end + 1);
   return token;
 }
 
-consteval KeyWeight ParseWeight(std::string_view token) {
+constexpr KeyWeight ParseWeight(std::string_view token) {
   KeyWeight weight;
   if (token == "-")
     return weight;
@@ -117,7 +117,7 @@ consteval KeyWeight ParseWeight(std::string_view token) {
 }
 
 template <std::size_t kSize>
-consteval std::array<KeyWeight, kSize> ParseTable(std::string_view tokens) {
+constexpr std::array<KeyWeight, kSize> ParseTable(std::string_view tokens) {
   std::array<KeyWeight, kSize> table;
   for (KeyWeight& weight : table)
     weight = ParseWeight(NextToken(tokens));
@@ -125,7 +125,7 @@ consteval std::array<KeyWeight, kSize> ParseTable(std::string_view tokens) {
 }
 
 template <std::size_t kSize>
-consteval std::array<SparseKeyWeight, kSize> ParseSparseTable(std::string_view tokens) {
+constexpr std::array<SparseKeyWeight, kSize> ParseSparseTable(std::string_view tokens) {
   std::array<SparseKeyWeight, kSize> table;
   for (SparseKeyWeight& entry : table) {
     const std::string_view token = NextToken(tokens);

@@ -11,8 +11,7 @@ constexpr std::size_t kDescriptorSize = 12;
 
 // The two upper bits of the descriptor.
 constexpr unsigned kChain = 0;
-constexpr unsigned kOneRow = 1;
-constexpr unsigned kInline = 2;
+constexpr unsigned kInline = 2;  // 1 = the value is a row of another page
 
 [[noreturn]] void ThrowShort() {
   throw Damage("a long value ends before its stated length");
