@@ -1,0 +1,40 @@
+// What the engine says is wrong.
+#pragma once
+
+#include <string>
+#include <utility>
+
+#include "jet/error.h"
+
+namespace zerbal::jet::test {
+
+/// The reason of the EngineError that `work` throws; "none" when it throws nothing.
+template <class Work>
+std::string ReasonOf(Work&& work) {
+  try {
+    std::forward<Work>(work)();
+  } catch (const EngineError& error) {
+    return error.Reason();
+  }
+  return "none";
+}
+
+/// Why `work` could not convert; nothing else may be thrown.
+template <class Work>
+std::string CauseOf(Work&& work) {
+  try {
+    std::forward<Work>(work)();
+  } catch (const ConversionError& error) {
+    switch (error.Why()) {
+      case ConversionError::Cause::kNull:
+        return "Null";
+      case ConversionError::Cause::kRange:
+        return "range";
+      case ConversionError::Cause::kNotANumber:
+        return "not a number";
+    }
+  }
+  return "none";
+}
+
+}  // namespace zerbal::jet::test
