@@ -26,8 +26,8 @@ struct DatabaseState {
   DatabaseState(std::string name, FileImage image, const OpenOptions& openOptions)
       : fileName(std::move(name)), pages(std::move(image)), options(openOptions) {}
 
-  /// Runs `work` and turns Damage into an EngineError. What was read from a file that has been cut short
-  /// meanwhile is not delivered either.
+  /// Runs `work` and turns Damage into an EngineError. Neither results nor errors from a file that has been
+  /// cut short meanwhile are delivered: all of them may come from zeros.
   template <class Work>
   auto Guarded(const std::string& table, Work&& work) const {
     try {
@@ -42,6 +42,9 @@ struct DatabaseState {
     } catch (const Damage& damage) {
       CheckWhole(table);
       throw EngineError(fileName, table, damage.what());
+    } catch (const EngineError&) {
+      CheckWhole(table);
+      throw;
     }
   }
 

@@ -31,12 +31,15 @@ std::mutex slotMutex;
 struct sigaction previousHandler;
 std::uintptr_t systemPageSize = 4096;
 
+/// A bus error that is none of ours gets what it would have got without us.
 void PassOn(int signal, siginfo_t* info, void* context) {
-  if ((previousHandler.sa_flags & SA_SIGINFO) != 0 && previousHandler.sa_sigaction != nullptr) {
+  if ((previousHandler.sa_flags & SA_SIGINFO) != 0) {
     previousHandler.sa_sigaction(signal, info, context);
-  } else if (previousHandler.sa_handler == SIG_DFL || previousHandler.sa_handler == SIG_IGN) {
-    sigaction(signal, &previousHandler, nullptr);  // the instruction faults again and meets the default
-  } else {
+  } else if (previousHandler.sa_handler == SIG_DFL ||
+             (previousHandler.sa_handler == SIG_IGN && info->si_code > 0)) {  // a fault cannot be ignored
+    std::signal(signal, SIG_DFL);
+    raise(signal);  // waits until this handler returns, and then ends the program
+  } else if (previousHandler.sa_handler != SIG_IGN) {
     previousHandler.sa_handler(signal);
   }
 }
@@ -44,7 +47,8 @@ void PassOn(int signal, siginfo_t* info, void* context) {
 void OnBusError(int signal, siginfo_t* info, void* context) {
   const int savedErrno = errno;
   const auto address = reinterpret_cast<std::uintptr_t>(info->si_addr);
-  for (Slot* slot = firstSlot.load(); slot != nullptr; slot = slot->next) {
+  const bool isFault = info->si_code > 0;  // not sent by a process
+  for (Slot* slot = firstSlot.load(); isFault && slot != nullptr; slot = slot->next) {
     if (address < slot->begin.load() || address >= slot->end.load())
       continue;
     void* page = reinterpret_cast<void*>(address & ~(systemPageSize - 1));
