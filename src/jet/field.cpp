@@ -16,6 +16,11 @@ bool HoldsLongValue(ColumnType type) {
   return type == ColumnType::kMemo || type == ColumnType::kOle;
 }
 
+/// Columns that may hold an infinity themselves; in a text it is a number too large.
+bool IsReal(ColumnType type) {
+  return type == ColumnType::kSingle || type == ColumnType::kDouble;
+}
+
 /// Hands the value's bytes to `use`, long values put together.
 template <class Use>
 void WithBytes(const TableCursor& cursor, int column, ByteView stored, Use&& use) {
@@ -150,7 +155,7 @@ float Field::AsSingle() const {
   return cursor_->Guarded([this] {
     const double value = ReadNumber(*cursor_, column_).real;
     const auto single = static_cast<float>(value);
-    if (std::isinf(single) && (std::isfinite(value) || Column().type == ColumnType::kText))
+    if (std::isinf(single) && (std::isfinite(value) || !IsReal(Column().type)))
       RefuseRange(*cursor_, column_);
     return single;
   });
@@ -159,7 +164,7 @@ float Field::AsSingle() const {
 double Field::AsDouble() const {
   return cursor_->Guarded([this] {
     const double value = ReadNumber(*cursor_, column_).real;
-    if (std::isinf(value) && Column().type == ColumnType::kText)
+    if (std::isinf(value) && !IsReal(Column().type))
       RefuseRange(*cursor_, column_);
     return value;
   });
