@@ -1,5 +1,8 @@
 #include "zerbal-pack/build.h"
 
+#include <algorithm>
+#include <map>
+#include <sstream>
 #include <stdexcept>
 
 #include <gtest/gtest.h>
@@ -7,6 +10,7 @@
 #include "pack/pack_fixture.h"
 #include "support/temp_folder.h"
 #include "zerbal-pack/check.h"
+#include "zerbal-pack/export.h"
 
 namespace zerbal::pack {
 namespace {
@@ -73,6 +77,31 @@ TEST(BuildFolder, GivesTheSameBytesTwice) {
   BuildFolder({folder / "one", sources}, SmallMap, NoProgress, problems);
   BuildFolder({folder / "two", sources}, SmallMap, NoProgress, problems);
   EXPECT_TRUE(FolderContent(folder / "one") == FolderContent(folder / "two"));
+}
+
+TEST(BuildFolder, GivesTheSameBytesFromItsOwnExport) {
+  const TempFolder folder;
+  const fs::path sources = SmallSources(folder);
+  Problems problems;
+  BuildFolder({folder / "one", sources}, SmallMap, NoProgress, problems);
+  const fs::path again = folder / "again";
+  std::ostringstream err;
+  for (const char* file : {"zbldata.mdb", "qavdata.mdb", "allaprt.mdb"})
+    EXPECT_TRUE(ExportTables({folder / "one" / "app_data" / file, again, "", "", false}, err));
+  for (const auto& [table, name] : std::map<std::string, std::string>{{"col", "colours"},
+                                                                      {"fon", "fonts"},
+                                                                      {"reg", "regions"},
+                                                                      {"fsrv", "services"},
+                                                                      {"dest", "destinations"},
+                                                                      {"flit", "flights"},
+                                                                      {"allaprt", "airports"}})
+    fs::rename(again / (table + ".csv"), again / (name + ".csv"));
+  fs::copy_file(sources / "zblrev.ini", again / "zblrev.ini");
+  BuildFolder({folder / "two", again}, SmallMap, NoProgress, problems);
+  EXPECT_TRUE(problems.Empty());
+  EXPECT_TRUE(FolderContent(folder / "one") == FolderContent(folder / "two"));
+  EXPECT_NE(ReadText(again / "regions.csv").find("\"NOR\",60,\"Norwegian coast\",183,18.2,213,32.5"),
+            std::string::npos);
 }
 
 TEST(BuildFolder, WritesNothingWhenASourceIsBad) {

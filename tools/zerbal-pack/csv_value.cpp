@@ -89,9 +89,12 @@ CsvValue WholeValue(const CsvField& field, const ColumnLayout& column) {
   return {static_cast<std::int32_t>(*number), {}};
 }
 
-/// Degrees of the map frame: longitude from 180 W eastwards, latitude from the North Pole downwards.
+/// Degrees of the map frame: longitude from 180 W eastwards, latitude from the North Pole downwards. Digits
+/// that only come from subtracting are rounded away, so that 90 - 71.8 is 18.2.
 double ToMapFrame(double degrees, ColumnUse use) {
-  return use == ColumnUse::kLongitude ? degrees + 180.0 : 90.0 - degrees;
+  constexpr double kUnits = 1e9;  // a degree
+  const double mapDegrees = use == ColumnUse::kLongitude ? degrees + 180.0 : 90.0 - degrees;
+  return std::round(mapDegrees * kUnits) / kUnits;
 }
 
 CsvValue PositionValue(const CsvField& field, const ColumnLayout& column, bool mapFrame) {
