@@ -1,7 +1,9 @@
 #include "map/line_layer.h"
 
+#include <algorithm>
 #include <array>
 #include <limits>
+#include <span>
 #include <vector>
 
 #include "jet/error.h"
@@ -26,74 +28,58 @@ std::int64_t Lowest(Predicate holds) {
   return low;
 }
 
-/// The pen that follows the rows and hands whole runs of drawn segments to the surface.
-class LinePen {
- public:
-  LinePen(data::Rgb colour, Surface& surface) : pen_{.colour = colour}, surface_(surface) {}
-
-  /// After a marker the pen stays up until a point is in view.
-  void Marker() { up_ = true; }
-
-  void Outside() {
-    if (!up_)
-      haveStart_ = false;
-  }
-
-  void Inside(Point point) {
-    if (up_ || !haveStart_) {
-      Finish();
-      up_ = false;
-      haveStart_ = true;
-    }
-    run_.push_back(point);
-  }
-
-  void Finish() {
-    if (run_.size() > 1)
-      surface_.Polyline(run_, pen_);
-    run_.clear();
-  }
-
- private:
-  bool up_ = false;
-  bool haveStart_ = false;
-  std::vector<Point> run_;  ///< the drawing position is its last point
-  Pen pen_;
-  Surface& surface_;
-};
-
 }  // namespace
 
-StoredProjection::StoredProjection(const Viewport& view)
-    : viewport_(&view),
-      wraps_(view.MapWrap),
-      lonFrom_(Lowest([&](float lon) { return lon >= view.MapLonMin; })),
-      lonTo_(Lowest([&](float lon) { return !((wraps_ ? lon + 360.0F : lon) <= view.MapLonMax); }) - 1),
-      latFrom_(Lowest([&](float lat) { return lat >= view.MapLatMin; })),
-      latTo_(Lowest([&](float lat) { return !(lat <= view.MapLatMax); }) - 1) {}
+/// From `from` up to but not including `end`. Short of every number of the type by one at most, which is far
+/// from any longitude or latitude.
+StoredProjection::Range StoredProjection::Between(std::int64_t from, std::int64_t end) {
+  constexpr std::int64_t kMost = std::numeric_limits<std::uint32_t>::max();
+  return {static_cast<std::uint32_t>(from),
+          static_cast<std::uint32_t>(std::clamp(end - from, std::int64_t{0}, kMost))};
+}
+
+StoredProjection::StoredProjection(const Viewport& view) : viewport_(&view), seam_(view.MapWrap) {
+  const std::int64_t west = Lowest([&](float lon) { return lon >= view.MapLonMin; });
+  const std::int64_t pastEast =
+      Lowest([&](float lon) { return !((seam_ ? lon + 360.0F : lon) <= view.MapLonMax); });
+  // Through 360 what is one turn west of the east bound is in view as well, and only the rest is not.
+  lons_ = seam_ ? Between(pastEast, west) : Between(west, pastEast);
+  lats_ = Between(Lowest([&](float lat) { return lat >= view.MapLatMin; }),
+                  Lowest([&](float lat) { return !(lat <= view.MapLatMax); }));
+}
 
 void DrawLineLayer(const jet::Recordset& table, data::Rgb colour, const Viewport& viewport,
                    Surface& surface) {
   const StoredProjection projection(viewport);
-  LinePen pen(colour, surface);
+  const Pen pen{.colour = colour};
+  std::vector<Point> run;  // joined by segments
+  const auto draw = [&] {
+    if (run.size() > 1)
+      surface.Polyline(run, pen);
+    run.clear();
+  };
+  // A marker and a point outside do the same: the next point in view begins a new run.
+  bool joined = false;
   jet::PairReader reader(table, "Lon", "Lat");
   std::array<jet::LongPair, 2048> rows;
   try {
     while (const std::size_t count = reader.Read(rows)) {
-      for (std::size_t i = 0; i < count; ++i) {
-        if (projection.InView(rows[i]) && !StoredProjection::IsPenUp(rows[i]))
-          pen.Inside(projection.Project(rows[i]));
-        else if (StoredProjection::IsPenUp(rows[i]))
-          pen.Marker();
-        else
-          pen.Outside();
+      for (const jet::LongPair& row : std::span(rows).first(count)) {
+        if (!projection.InView(row) || StoredProjection::IsPenUp(row)) {
+          joined = false;
+          continue;
+        }
+        if (!joined)
+          draw();
+        joined = true;
+        run.push_back(projection.Project(row));
       }
     }
   } catch (const jet::EngineError&) {
-    pen.Finish();
+    draw();
     throw;
   }
-  pen.Finish();
+  draw();
 }
 
 }  // namespace zerbal::map

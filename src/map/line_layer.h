@@ -26,28 +26,30 @@ class StoredProjection {
   /// The marker that ends a polyline; its second number means nothing.
   static bool IsPenUp(jet::LongPair row) { return row.first == -1'000'000; }
 
-  bool InView(jet::LongPair row) const {
-    return LonInView(row.first) && row.second >= latFrom_ && row.second <= latTo_;
-  }
+  /// Says nothing about markers.
+  bool InView(jet::LongPair row) const { return lons_.Holds(row.first) != seam_ && lats_.Holds(row.second); }
 
   /// Where a point that is in view goes.
   Point Project(jet::LongPair row) const {
     float lon = StoredDegrees(row.first);
-    if (wraps_ && row.first < lonFrom_)
+    if (seam_ && !(lon >= viewport_->MapLonMin))
       lon += 360.0F;
     return viewport_->PictureAt(lon, StoredDegrees(row.second));
   }
 
  private:
-  bool LonInView(std::int32_t lon) const {
-    return wraps_ ? lon >= lonFrom_ || lon <= lonTo_ : lon >= lonFrom_ && lon <= lonTo_;
-  }
+  /// Whole numbers from a lowest one upwards, asked for with one comparison.
+  struct Range {
+    std::uint32_t lowest = 0;
+    std::uint32_t count = 0;  ///< 0 holds nothing
+    bool Holds(std::int32_t number) const { return static_cast<std::uint32_t>(number) - lowest < count; }
+  };
+  static Range Between(std::int64_t from, std::int64_t end);
 
   const Viewport* viewport_;
-  bool wraps_;
-  // Inclusive; wide enough for bounds that no stored number meets. In a view that wraps, lonTo_ is that of
-  // points that are seen one turn further east.
-  std::int64_t lonFrom_, lonTo_, latFrom_, latTo_;
+  bool seam_;  ///< the view runs through 360, and lons_ are those that are not in it
+  Range lons_;
+  Range lats_;
 };
 
 /// Draws all polylines of a table in stored order. A segment is drawn only when both of its ends are in view.
