@@ -58,11 +58,11 @@ void DrawCoast(const MapScene& scene, Surface& surface) {
     DrawTable(scene.databases.coast, "wcl", colour, scene.viewport, surface);
 }
 
-/// Rivers and boundaries are drawn in detail mode only.
+/// Rivers and boundaries are drawn in detail mode only; in overview mode the view has no tiles.
 void DrawDetailLayer(Layer layer, const std::optional<jet::Database>& database, ColourCode colour,
                      const MapScene& scene, Surface& surface) {
   surface.BeginLayer(layer);
-  if (database && scene.viewport.DetailMode)
+  if (database)
     DrawTiles(*database, scene.tables.colours[colour], scene.viewport, surface);
 }
 
