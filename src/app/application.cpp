@@ -4,12 +4,14 @@
 #include <QWidget>
 #include <exception>
 
+#include "app/svg_icon.h"
+
 namespace zerbal::app {
 
 Application::Application(int& argc, char** argv, settings::MessageBoxes& boxes)
     : QApplication(argc, argv), boxes_(boxes) {
   setApplicationName("zerbal");
-  setWindowIcon(QIcon(":/app/zerbal.svg"));
+  setWindowIcon(SvgIcon(":/app/zerbal.svg"));
 }
 
 bool Application::notify(QObject* receiver, QEvent* event) {

@@ -29,7 +29,15 @@ frmSplash::frmSplash() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindow
 }
 
 void frmSplash::paintEvent(QPaintEvent*) {
-  QPainter painter(this);
+  if (picture_.isNull() || picture_.devicePixelRatio() != devicePixelRatioF())
+    picture_ = Draw();
+  QPainter(this).drawPixmap(0, 0, picture_);
+}
+
+QPixmap frmSplash::Draw() const {
+  QPixmap picture(kSize * devicePixelRatioF());
+  picture.setDevicePixelRatio(devicePixelRatioF());
+  QPainter painter(&picture);
   painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
   QSvgRenderer(QString(":/app/splash.svg")).render(&painter, rect());
   QFont font = painter.font();
@@ -46,6 +54,7 @@ void frmSplash::paintEvent(QPaintEvent*) {
   painter.drawText(texts.translated(2, 18), Qt::AlignLeft | Qt::AlignVCenter, tr("Routes on the map"));
   painter.drawText(texts.translated(2, 44), Qt::AlignLeft | Qt::AlignVCenter,
                    tr("Version: ") + ZERBAL_VERSION);
+  return picture;
 }
 
 void frmSplash::closeEvent(QCloseEvent* event) {

@@ -16,6 +16,11 @@ class frmSplash final : public QWidget {
   void paintEvent(QPaintEvent* event) override;
   /// It goes when the program lets it go.
   void closeEvent(QCloseEvent* event) override;
+
+ private:
+  QPixmap Draw() const;
+
+  QPixmap picture_;  ///< drawn once for the screen it stands on: the start waits for every painting
 };
 
 }  // namespace zerbal::app
