@@ -8,8 +8,8 @@
 #include <QGuiApplication>
 #include <QPainter>
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
+#include <ctime>
 #include <exception>
 #include <filesystem>
 #include <functional>
@@ -52,8 +52,6 @@ struct World {
     data::LoadColours(folder / "app_data/zbldata.mdb", tables.colours, boxes);
     data::LoadFonts(folder / "app_data/zbldata.mdb", tables.fonts, boxes);
     data::LoadFlightServices(databases.fsrv, tables.services, boxes);
-    for (data::FlightService& service : tables.services)
-      service.displayFlag = true;
     viewport.SetSize(kWidth * map::kTwipsPerPixel, kHeight * map::kTwipsPerPixel);
   }
 
@@ -75,6 +73,7 @@ struct View {
   const char* what;
   float west, top, east, bottom;
   map::DisplayOptions options;
+  bool flights;  ///< of every service
 };
 
 constexpr map::DisplayOptions kEverything{.centreOfMap = true,
@@ -91,10 +90,12 @@ constexpr map::DisplayOptions kMapAndAirports{
 
 // The corner of four cells in northern Norway: fjords, islands, rivers and three borders. The window's shape
 // leaves 14 of the 20 degrees of longitude that a view with detail may span.
-constexpr View kWorldView{"W", "world, everything shown", 5, 0, 355, 180, kEverything};
-constexpr View kRoughCoast{"R", "rough coast, four cells", 192.95F, 15.05F, 207.05F, 24.95F, kMapAndAirports};
-constexpr View kClosest{"Z", "closest zoom", 203.4F, 19.85F, 203.9F, 20.15F, kMapAndAirports};
-constexpr View kFullDetail{"F", "R on full-detail data", 192.95F, 15.05F, 207.05F, 24.95F, kMapAndAirports};
+constexpr View kWorldView{"W", "world, everything shown", 5, 0, 355, 180, kEverything, true};
+constexpr View kRoughCoast{"R",    "rough coast, four cells", 192.95F, 15.05F, 207.05F,
+                           24.95F, kMapAndAirports,           false};
+constexpr View kClosest{"Z", "closest zoom", 198.67F, 20.2F, 199.17F, 20.45F, kEverything, true};
+constexpr View kFullDetail{"F",    "R on full-detail data", 192.95F, 15.05F, 207.05F,
+                           24.95F, kMapAndAirports,         false};
 
 // ---- The three measures ----
 
@@ -182,7 +183,8 @@ class Scanner {
         allaprt_(folder / "app_data/allaprt.mdb"),
         qavdata_(folder / "app_data/qavdata.mdb") {}
 
-  std::size_t Scan(const map::Viewport& viewport, const map::DisplayOptions& options) {
+  std::size_t Scan(const map::Viewport& viewport, const View& view) {
+    const map::DisplayOptions& options = view.options;
     const std::vector<std::string> point = {"Lon", "Lat"};
     const std::vector<std::string> airport = {"AP",      "AP_Name",  "AP_City",    "AP_Lon", "AP_Lat",
                                               "AP_Elev", "AP_RwyNr", "AP_RwyMaxL", "AP_ILS"};
@@ -196,6 +198,8 @@ class Scanner {
     }
     rows += options.allAirports ? allaprt_.Scan("allaprt", airport) : 0;
     rows += options.destinations ? qavdata_.Scan("dest", airport) : 0;
+    if (!view.flights)
+      return rows;
     std::vector<std::string> flight = {"Flit_FSrv", "Flit", "Flit_Dep", "Flit_Arr"};
     for (int stop = 1; stop <= 10; ++stop)
       flight.push_back("Flit_Stop" + std::to_string(stop));
@@ -208,10 +212,16 @@ class Scanner {
 
 // ---- Measuring ----
 
+/// Processor time, so that what else runs on the machine counts as little as possible.
 double Seconds(const std::function<void()>& work) {
-  const auto start = std::chrono::steady_clock::now();
+  const auto now = [] {
+    timespec time{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
+  };
+  const double start = now();
   work();
-  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+  return now() - start;
 }
 
 struct Measure {
@@ -250,6 +260,8 @@ struct Options {
 void Run(const View& view, const fs::path& folder, const Options& options) {
   World world(folder);
   world.options = view.options;
+  for (data::FlightService& service : world.tables.services)
+    service.displayFlag = view.flights;
   world.viewport.ReqLonMin = view.west;
   world.viewport.ReqLatMin = view.top;
   world.viewport.ReqLonMax = view.east;
@@ -277,12 +289,12 @@ void Run(const View& view, const fs::path& folder, const Options& options) {
   const auto& operations = recorder.Operations();
   const std::vector<Strokes> strokes = ProjectedLines(operations);
   Scanner scanner(folder);
-  const std::size_t rows = scanner.Scan(world.viewport, view.options);
+  const std::size_t rows = scanner.Scan(world.viewport, view);
   QImage other(kWidth, kHeight, QImage::Format_RGB32);
   std::vector<Measure> measures = {{redraw, {}},
                                    {[&] { DrawNaively(operations, other); }, {}},
                                    {[&] { DrawLines(strokes, other); }, {}},
-                                   {[&] { scanner.Scan(world.viewport, view.options); }, {}}};
+                                   {[&] { scanner.Scan(world.viewport, view); }, {}}};
   TakeTurns(measures, options.seconds);
   const double ours = measures[0].Milliseconds();
   const double naive = measures[1].Milliseconds();
@@ -317,7 +329,8 @@ int Main(const QStringList& arguments) {
     return 2;
   }
   std::printf(
-      "Median milliseconds at %d x %d. Goals: W: redraw/naive <= 0.3; R, F: redraw/bound <= 1, where\n"
+      "Median milliseconds of processor time at %d x %d. Goals: W: redraw/naive <= 0.3; R, F: redraw/bound "
+      "<= 1, where\n"
       "bound = 1.5 lines + 2 ns a row; R: scan/redraw >= 5.\n\n",
       kWidth, kHeight);
   std::printf("%-2s %-24s %8s %8s %9s %9s %9s %9s %8s %8s %8s\n", "", "scene", "rows", "ops", "redraw",

@@ -1,5 +1,6 @@
 #include "map/picture_surface.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace zerbal::map {
@@ -86,7 +87,12 @@ void PictureSurface::Stroke(Point from, Point to, std::uint32_t pixel, int width
   // Straight strokes have crisp edges as they are; long ones are no small shapes.
   const double length = std::hypot(static_cast<double>(from.x) - to.x, static_cast<double>(from.y) - to.y);
   if (from.x == to.x || from.y == to.y || length > kLongestSmoothStroke) {
-    canvas_.Line(Pixel(from), Pixel(to), pixel, scale_.LineWidth(width));
+    // A slanted line needs more pixels across to look as thick as a straight one.
+    const double reach =
+        std::max(std::abs(static_cast<double>(from.x) - to.x), std::abs(static_cast<double>(from.y) - to.y));
+    const double slant = reach > 0 ? length / reach : 1;
+    const int across = static_cast<int>(std::lround(scale_.LineWidth(width) * slant));
+    canvas_.Line(Pixel(from), Pixel(to), pixel, across);
     return;
   }
   const auto spot = [this](Point twips) {

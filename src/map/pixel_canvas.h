@@ -5,6 +5,7 @@
 
 #include <QImage>
 #include <cstdint>
+#include <vector>
 
 #include "map/clip_area.h"
 #include "map/mask.h"
@@ -12,7 +13,9 @@
 
 namespace zerbal::map {
 
-/// Positions are pixels.
+/// Positions are pixels. Soft edges do not harden where the same shape is drawn again and again, as airports
+/// are for each flight: a pixel that is already as near to the colour as one drawing on the background would
+/// bring it stays as it is.
 class PixelCanvas {
  public:
   /// `image` has format RGB32 and must outlive the canvas unshared.
@@ -21,8 +24,8 @@ class PixelCanvas {
   static std::uint32_t Pixel(data::Rgb colour);
 
   void Fill(std::uint32_t pixel);
-  /// Both ends included, no soft edges. A slanted line is as thick as a straight one; an even width has its
-  /// extra pixel right of or below the ends.
+  /// Both ends included, no soft edges. `width` counts along a row or a column, whichever crosses the line
+  /// more squarely; an even width has its extra pixel right of or below the ends.
   void Line(Point from, Point to, std::uint32_t pixel, int width);
 
   /// A place between the pixels: the middle of the first pixel is 0.5, 0.5.
@@ -59,6 +62,8 @@ class PixelCanvas {
   std::ptrdiff_t stride_;  ///< pixels from one row to the next
   int width_;
   int height_;
+  std::uint32_t background_ = 0;        ///< the last fill
+  std::vector<std::uint8_t> coverage_;  ///< of one row, kept for its memory
 };
 
 }  // namespace zerbal::map

@@ -10,7 +10,8 @@
 namespace zerbal::map {
 
 /// `Ratio()` device pixels stand for one logical pixel. A position is the pixel that holds it (floor), a
-/// length keeps its fraction, a line width is a whole number of pixels and at least one.
+/// length keeps its fraction, a line width is the nearest whole number of pixels (halves go down: fine coasts
+/// look better thin) and at least one.
 class PixelScale {
  public:
   /// The ratio is limited to 1/8..8: beyond that nothing could be seen, and whole numbers would overflow.
@@ -27,7 +28,7 @@ class PixelScale {
   double Length(double twips) const { return twips * ratio_ / kTwipsPerPixel; }
 
   int LineWidth(int logicalPixels) const {
-    return std::max(1, static_cast<int>(std::lround(std::clamp(logicalPixels, 1, 1000) * ratio_)));
+    return std::max(1, static_cast<int>(std::ceil(std::clamp(logicalPixels, 1, 1000) * ratio_ - 0.5)));
   }
 
  private:

@@ -31,10 +31,11 @@ Mask Trimmed(const QImage& picture, QPoint origin) {
   }
   if (right < 0)
     return {};
-  Mask mask{left - origin.x(), top - origin.y(), right - left + 1, bottom - top + 1, {}};
+  const int width = (right - left + 1 + 3) / 4 * 4;
+  Mask mask{left - origin.x(), top - origin.y(), width, bottom - top + 1, {}};
   for (int y = top; y <= bottom; ++y)
-    for (int x = left; x <= right; ++x)
-      mask.coverage.push_back(static_cast<std::uint8_t>(coverage(x, y)));
+    for (int x = left; x < left + width; ++x)
+      mask.coverage.push_back(static_cast<std::uint8_t>(x <= right ? coverage(x, y) : 0));
   return mask;
 }
 

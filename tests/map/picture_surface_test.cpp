@@ -161,6 +161,36 @@ TEST_F(PictureSurfaceTest, MarkersAreRoundAndCentredAtEveryRatio) {
   }
 }
 
+TEST_F(PictureSurfaceTest, DrawingAgainDoesNotHardenSoftEdges) {
+  const auto shapes = [](Surface& surface) {
+    surface.Circle({150, 150}, 30, {16, 48, 90}, true);
+    surface.Text({300, 75}, "QAV 12", {200, 30, 120}, {"Liberation Sans", 8});
+    surface.Line({150, 300}, {300, 370}, {.colour = kBlack, .width = 3});
+  };
+  const auto times = [&](int count) {
+    return Drawn(80, 40, 1, [&](Surface& surface) {
+      surface.Clear({230, 240, 244});
+      for (int i = 0; i < count; ++i)
+        shapes(surface);
+    });
+  };
+  EXPECT_EQ(times(1), times(20));
+}
+
+TEST_F(PictureSurfaceTest, DrawingAgainCoversWhatCameBetween) {
+  const QImage image = Drawn(80, 40, 1, [](Surface& surface) {
+    const auto label = [&] { surface.Text({300, 75}, "MMM", kBlack, {"Liberation Sans", 14}); };
+    surface.Clear({255, 255, 255});
+    label();
+    surface.Line({0, 225}, {1200, 225}, {.colour = {255, 0, 0}});
+    label();
+  });
+  int covered = 0;
+  for (int x = 20; x < 80; ++x)
+    covered += qRed(image.pixel(x, 15)) < 128 ? 1 : 0;
+  EXPECT_GE(covered, 6);
+}
+
 TEST_F(PictureSurfaceTest, OpenCircleIsEmptyInside) {
   const QImage image = Drawn(30, 30, 1, [](Surface& surface) {
     surface.Circle({225, 225}, 60, kBlack, false);

@@ -51,6 +51,8 @@ TEST(PixelScale, LinesAreWholePixelsWide) {
   EXPECT_EQ(PixelScale(1).LineWidth(1), 1);
   EXPECT_EQ(PixelScale(1).LineWidth(3), 3);
   EXPECT_EQ(PixelScale(1.25).LineWidth(1), 1);
+  EXPECT_EQ(PixelScale(1.5).LineWidth(1), 1);
+  EXPECT_EQ(PixelScale(1.75).LineWidth(1), 2);
   EXPECT_EQ(PixelScale(2).LineWidth(1), 2);
   EXPECT_EQ(PixelScale(2).LineWidth(3), 6);
 }
