@@ -20,9 +20,12 @@ void OnInterrupt(int signalNumber) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  // A build that is interrupted leaves nothing behind.
-  std::signal(SIGINT, OnInterrupt);
-  std::signal(SIGTERM, OnInterrupt);
+  const std::vector<std::string> words(argv + 1, argv + argc);
+  // A build that is interrupted clears away what it has begun; the other commands may just end.
+  if (!words.empty() && words.front() == "build") {
+    for (const int signalNumber : {SIGINT, SIGTERM, SIGHUP})
+      std::signal(signalNumber, OnInterrupt);
+  }
   std::error_code failed;
   const zerbal::pack::RunContext context{
       .out = std::cout,
@@ -30,7 +33,7 @@ int main(int argc, char** argv) {
       .errIsTerminal = isatty(STDERR_FILENO) == 1,
       .executable = std::filesystem::read_symlink("/proc/self/exe", failed),
       .interrupted = [] { return interruptSignal != 0; }};
-  const int status = zerbal::pack::RunPack(std::vector<std::string>(argv + 1, argv + argc), context);
+  const int status = zerbal::pack::RunPack(words, context);
   if (!std::cout.flush()) {
     std::cerr << "zerbal-pack: cannot write to the standard output\n";
     return zerbal::pack::kExitBadData;
