@@ -1,0 +1,249 @@
+// The writer as a whole: order of calls, bad tables, and what is on the disk when something fails.
+#include "jet/writer.h"
+
+#include <csignal>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include "jet/database.h"
+#include "jet/error.h"
+#include "jet/recordset.h"
+#include "support/database_builder.h"
+#include "support/temp_folder.h"
+
+namespace zerbal::jet {
+namespace {
+
+using namespace zerbal::test;
+namespace fs = std::filesystem;
+
+class Writer : public testing::Test {
+ protected:
+  fs::path File() const { return folder_ / "one.mdb"; }
+  TableSpec Spec(const std::string& name = "t") const { return {name, {Long("a")}, {}}; }
+
+  std::string ReasonOf(const std::function<void()>& action) {
+    try {
+      action();
+    } catch (const EngineError& error) {
+      return error.Reason();
+    }
+    return {};
+  }
+  std::string ReasonOfTable(const TableSpec& spec) {
+    return ReasonOf([&] { DatabaseWriter(File()).BeginTable(spec); });
+  }
+  std::size_t FilesInFolder() const {
+    return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder_.Path()), {}));
+  }
+
+  TempFolder folder_;
+};
+
+TEST_F(Writer, PutsTheFileInPlaceOnlyWhenItIsFinished) {
+  WriteBytes(File(), "an older file");
+  {
+    DatabaseWriter writer(File());
+    writer.BeginTable(Spec());
+    writer.EndTable();
+    EXPECT_EQ(ReadBytes(File()), "an older file");
+    EXPECT_EQ(FilesInFolder(), 2u);
+    writer.Finish();
+    EXPECT_EQ(FilesInFolder(), 1u);
+  }
+  EXPECT_EQ(FilesInFolder(), 1u);
+  EXPECT_EQ(Database::Open(File()).TableNames(), std::vector<std::string>{"t"});
+}
+
+TEST_F(Writer, RemovesAnUnfinishedFile) {
+  {
+    DatabaseWriter writer(File());
+    writer.BeginTable(Spec());
+    writer.AddRow(std::vector<Value>{1});
+    EXPECT_EQ(FilesInFolder(), 1u);
+  }
+  EXPECT_EQ(FilesInFolder(), 0u);
+}
+
+TEST_F(Writer, GivesTheFileTheUsualPermissions) {
+  const mode_t old = umask(022);
+  WriteDatabase(File(), {});
+  umask(old);
+  EXPECT_EQ(fs::status(File()).permissions(), static_cast<fs::perms>(0644));
+}
+
+TEST_F(Writer, WritesTwoFilesOfOneNameSideBySide) {
+  DatabaseWriter first(File());
+  DatabaseWriter second(File());
+  first.BeginTable(Spec("first"));
+  first.EndTable();
+  second.BeginTable(Spec("second"));
+  second.EndTable();
+  first.Finish();
+  EXPECT_TRUE(Database::Open(File()).HasTable("first"));
+  second.Finish();
+  EXPECT_TRUE(Database::Open(File()).HasTable("second"));
+}
+
+TEST_F(Writer, RefusesCallsOutOfOrder) {
+  DatabaseWriter writer(File());
+  EXPECT_EQ(ReasonOf([&] { writer.AddRow(std::vector<Value>{1}); }), "no table has been begun");
+  EXPECT_EQ(ReasonOf([&] { writer.AddPair(1, 2); }), "no table has been begun");
+  EXPECT_EQ(ReasonOf([&] { writer.EndTable(); }), "no table has been begun");
+  writer.BeginTable(Spec());
+  EXPECT_EQ(ReasonOf([&] { writer.BeginTable(Spec("u")); }), "table 't' has not been ended");
+  EXPECT_EQ(ReasonOf([&] { writer.Finish(); }), "table 't' has not been ended");
+  writer.EndTable();
+  writer.Finish();
+  EXPECT_EQ(ReasonOf([&] { writer.BeginTable(Spec("u")); }), "the database is finished");
+  EXPECT_EQ(ReasonOf([&] { writer.AddPair(1, 2); }), "the database is finished");
+  EXPECT_EQ(ReasonOf([&] { writer.Finish(); }), "the database is finished");
+}
+
+TEST_F(Writer, CannotGoOnAfterADuplicate) {
+  DatabaseWriter writer(File());
+  writer.BeginTable({"t", {Long("a")}, {Unique("i", "a")}});
+  writer.AddRow(std::vector<Value>{1});
+  writer.AddRow(std::vector<Value>{1});
+  EXPECT_THROW(writer.EndTable(), EngineError);
+  EXPECT_EQ(ReasonOf([&] { writer.Finish(); }), "the database has failed already");
+  EXPECT_EQ(ReasonOf([&] { writer.EndTable(); }), "the database has failed already");
+  EXPECT_FALSE(fs::exists(File()));
+}
+
+TEST_F(Writer, RefusesBadTables) {
+  EXPECT_EQ(ReasonOfTable({"t", {}, {}}), "a table needs a column");
+  EXPECT_NE(ReasonOfTable({"", {Long("a")}, {}}), "");
+  EXPECT_NE(ReasonOfTable({std::string(65, 't'), {Long("a")}, {}}), "");
+  EXPECT_EQ(ReasonOfTable({std::string(64, 't'), {Long("a")}, {}}), "");
+  EXPECT_NE(ReasonOfTable({"\xE4\xB8\xAD", {Long("a")}, {}}), "");
+  EXPECT_EQ(ReasonOfTable({"msysobjects", {Long("a")}, {}}), "a system table has this name");
+  EXPECT_NE(ReasonOfTable({"a.b", {Long("a")}, {}}), "");
+  EXPECT_EQ(ReasonOfTable({"t", {Long("a"), Long("A")}, {}}), "column 'A' is there twice");
+  EXPECT_EQ(ReasonOfTable({"t", {Long("\xE4\xB8\xAD")}, {}}), "");
+  EXPECT_NE(ReasonOfTable({"t", std::vector<ColumnInfo>(256, Long("a")), {}}), "");
+  EXPECT_NE(ReasonOfTable({"t", {Text("a", 256)}, {}}), "");
+  EXPECT_NE(ReasonOfTable({"t", {Text("a", 0)}, {}}), "");
+  EXPECT_NE(ReasonOfTable({"t", {Binary("a", 511)}, {}}), "");
+  EXPECT_NE(ReasonOfTable({"t", {Numeric("a", 29, 0)}, {}}), "");
+  EXPECT_NE(ReasonOfTable({"t", {Numeric("a", 4, 5)}, {}}), "");
+  EXPECT_NE(ReasonOfTable({"t", {Column("a", static_cast<ColumnType>(0x11))}, {}}), "");
+}
+
+TEST_F(Writer, RefusesBadIndexes) {
+  const std::vector<ColumnInfo> columns = {Long("a"), Memo("m"), Long("b")};
+  EXPECT_EQ(ReasonOfTable({"t", columns, {Index("i", "c")}}), "index 'i': column 'c' is not in the table");
+  EXPECT_EQ(ReasonOfTable({"t", columns, {Index("i", "m")}}),
+            "index 'i': column 'm' is of a type that cannot be indexed");
+  EXPECT_EQ(ReasonOfTable({"t", columns, {Index("i", "a", "b", "A-")}}), "index 'i' has column 'A' twice");
+  EXPECT_EQ(ReasonOfTable({"t", columns, {Index("i", "a"), Index("I", "b")}}), "index 'I' is there twice");
+  EXPECT_EQ(ReasonOfTable({"t", columns, {Primary("i", "a"), Primary("j", "b")}}),
+            "the table has two primary keys");
+  EXPECT_NE(ReasonOfTable({"t", columns, {IndexOn("i", {})}}), "");
+  IndexInfo foreign = Index("i", "a");
+  foreign.foreignKey = true;
+  EXPECT_NE(ReasonOfTable({"t", columns, {foreign}}), "");
+}
+
+TEST_F(Writer, RefusesASecondTableOfTheSameName) {
+  DatabaseWriter writer(File());
+  writer.BeginTable(Spec("Dest"));
+  writer.EndTable();
+  EXPECT_EQ(ReasonOf([&] { writer.BeginTable(Spec("dEST")); }), "there is a table of this name already");
+  writer.BeginTable(Spec("other"));
+  writer.EndTable();
+  writer.Finish();
+  EXPECT_EQ(Database::Open(File()).TableNames(), (std::vector<std::string>{"Dest", "other"}));
+}
+
+TEST_F(Writer, KeepsWhatIsSaidOfColumnsAndIndexes) {
+  ColumnInfo counter = Long("id");
+  counter.autonumber = true;
+  IndexInfo few = Index("few", "t-", "id");
+  few.ignoreNulls = true;
+  IndexInfo needed = Unique("needed", "t");
+  needed.required = true;
+  DatabaseWriter writer(File());
+  writer.BeginTable({"t", {counter, Text("t", 7), Numeric("n", 9, 3)}, {Primary("key", "id"), few, needed}});
+  writer.AddRow(std::vector<Value>{5, std::string("x"), std::string("1.5")});
+  writer.EndTable();
+  writer.Finish();
+  const Recordset rows = Database::Open(File()).OpenTable("t");
+  ASSERT_EQ(rows.Columns().size(), 3u);
+  EXPECT_TRUE(rows.Columns()[0].autonumber);
+  EXPECT_TRUE(rows.Columns()[0].fixed);
+  EXPECT_EQ(rows.Columns()[1].length, 7);
+  EXPECT_TRUE(rows.Columns()[1].compressed);
+  EXPECT_EQ(rows.Columns()[2].precision, 9);
+  EXPECT_EQ(rows.Columns()[2].scale, 3);
+  ASSERT_EQ(rows.Indexes().size(), 3u);
+  EXPECT_EQ(rows.Indexes()[0].name, "few");
+  EXPECT_TRUE(rows.Indexes()[0].ignoreNulls);
+  EXPECT_FALSE(rows.Indexes()[0].unique);
+  ASSERT_EQ(rows.Indexes()[0].columns.size(), 2u);
+  EXPECT_FALSE(rows.Indexes()[0].columns[0].ascending);
+  EXPECT_TRUE(rows.Indexes()[0].columns[1].ascending);
+  EXPECT_TRUE(rows.Indexes()[1].primary);
+  EXPECT_TRUE(rows.Indexes()[2].required);
+  EXPECT_TRUE(rows.Indexes()[2].unique);
+}
+
+TEST_F(Writer, ReportsFoldersThatCannotTakeTheFile) {
+  EXPECT_NE(ReasonOf([&] { DatabaseWriter(folder_ / "missing" / "one.mdb"); }).find("cannot create"),
+            std::string::npos);
+  fs::create_directory(File());
+  WriteBytes(File() / "in the way", "x");
+  const std::string reason = ReasonOf([&] { WriteDatabase(File(), {}); });
+  EXPECT_NE(reason.find("cannot put the finished file in the place of"), std::string::npos) << reason;
+  EXPECT_EQ(FilesInFolder(), 1u);
+}
+
+/// While it lives no file may grow beyond `bytes`: what a full disk looks like.
+class FileSizeLimit {
+ public:
+  explicit FileSizeLimit(rlim_t bytes) {
+    getrlimit(RLIMIT_FSIZE, &old_);
+    handler_ = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit limit{bytes, old_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  ~FileSizeLimit() {
+    setrlimit(RLIMIT_FSIZE, &old_);
+    std::signal(SIGXFSZ, handler_);
+  }
+
+ private:
+  rlimit old_{};
+  void (*handler_)(int) = nullptr;
+};
+
+TEST_F(Writer, ReportsADiskThatIsFullWheneverThatIs) {
+  WriteBytes(File(), "an older file");
+  const Table table{"t", {Long("a"), Memo("m")}, {Index("i", "a")}, {{1, std::string(20000, 'x')}, {2, "y"}}};
+  int failures = 0;
+  for (rlim_t pages = 0; pages < 40; ++pages) {
+    std::string reason;
+    {
+      // Ends within a page, too.
+      const FileSizeLimit limit(pages * 4096 + pages % 2 * 1000);
+      reason = ReasonOf([&] { WriteDatabase(File(), {table}); });
+    }
+    if (reason.empty())
+      break;
+    ++failures;
+    EXPECT_NE(reason.find("cannot "), std::string::npos) << reason;
+    EXPECT_EQ(ReadBytes(File()), "an older file");
+    EXPECT_EQ(FilesInFolder(), 1u);
+  }
+  EXPECT_GT(failures, 16);
+  EXPECT_TRUE(Database::Open(File()).HasTable("t"));
+}
+
+}  // namespace
+}  // namespace zerbal::jet
