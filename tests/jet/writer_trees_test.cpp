@@ -164,6 +164,19 @@ TEST_F(WriterTrees, HaveManyUsageMaps) {
   EXPECT_EQ(FaultsIn(Write({memos, {"other", {Long("A")}, {}, {{1}}}})), Faults());
 }
 
+TEST_F(WriterTrees, FitTogetherBeyondTheMapsThatFitIntoARow) {
+  // Long values of so many pages: the column's map with a later start, on pages of its own, the map of the
+  // whole file on a page of its own; and tables behind all that.
+  for (const std::size_t pages : {300u, 500u, 520u, 700u, 8100u}) {
+    Table first{"first", {Ole("O")}, {}, {{std::vector<std::uint8_t>(pages * 4072, 1)}}};
+    Table second{"second",
+                 {Ole("O"), Long("A")},
+                 {Index("i", "A")},
+                 {{std::vector<std::uint8_t>(pages * 2000, 2), 5}}};
+    EXPECT_EQ(FaultsIn(Write({first, second})), Faults()) << pages;
+  }
+}
+
 TEST_F(WriterTrees, AreInspectedByWhatFindsFaults) {
   const Table table{
       "t", {Long("A"), Text("B", 20)}, {Index("i", "A"), Index("j", "B")}, {{1, "a"}, {2, "b"}, {3, "c"}}};

@@ -40,8 +40,10 @@ class WriterValues : public testing::Test {
 
   /// What the writer says when a value is put into a column; empty when it takes it.
   std::string Refusal(const ColumnInfo& column, const Cell& value) {
-    const Cell good = column.type == ColumnType::kBoolean ? Cell(true) : Cell(Null());
-    return RefusalOf({"t", {Long("first"), column}, {}, {{1, good}, {2, value}}});
+    Table table{"t", {Long("first"), column}, {}, {{1, Null()}, {2, value}}};
+    if (column.type == ColumnType::kBoolean)
+      table.rows[0][1] = true;
+    return RefusalOf(table);
   }
   std::string RefusalOf(const Table& table) {
     return ReasonOf([&] { WriteDatabase(File(), {table}); });
