@@ -28,9 +28,9 @@ struct Node {
 };
 using Level = std::vector<Node>;
 
-class IndexPage {
+class TreePage {
  public:
-  IndexPage(std::uint8_t level, std::uint32_t owner) {
+  TreePage(std::uint8_t level, std::uint32_t owner) {
     page_.Put8(0, level == 0 ? 4 : 3);
     page_.Put8(1, 1);
     page_.Put32(4, owner);
@@ -126,7 +126,7 @@ class Tree {
 
   void WriteNode(const Level& level, std::size_t i, std::uint8_t height) {
     const Node& node = level[i];
-    IndexPage page(height, owner_);
+    TreePage page(height, owner_);
     page.Link(i == 0 ? 0 : level[i - 1].page, i + 1 == level.size() ? 0 : level[i + 1].page);
     if (height == 0) {
       for (std::size_t entry = node.first; entry < node.end; ++entry)
