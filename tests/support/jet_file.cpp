@@ -34,7 +34,7 @@ constexpr std::uint32_t kCatalogPage = 2;
 Bytes Le(std::uint64_t value, int size) {
   Bytes bytes;
   for (int i = 0; i < size; ++i)
-    bytes.push_back(static_cast<std::uint8_t>(value >> 8 * i));
+    bytes.push_back(i < 8 ? static_cast<std::uint8_t>(value >> 8 * i) : std::uint8_t{0});
   return bytes;
 }
 
