@@ -20,16 +20,14 @@ bool Application::notify(QObject* receiver, QEvent* event) {
   return handled;
 }
 
-bool Application::Guard(const std::function<void()>& work) {
+void Application::EndWithCurrentError() {
   try {
-    work();
-    return true;
+    throw;
   } catch (const std::exception& error) {
     EndWithError(error.what());
   } catch (...) {
     EndWithError("An unknown error occurred.");
   }
-  return false;
 }
 
 void Application::EndWithError(const std::string& words) {

@@ -25,13 +25,23 @@ class Application final : public QApplication {
   bool notify(QObject* receiver, QEvent* event) override;
 
   /// Runs `work` as an event handler is run; false when it threw.
-  bool Guard(const std::function<void()>& work);
+  template <class Work>
+  bool Guard(const Work& work) {
+    try {
+      work();
+      return true;
+    } catch (...) {
+      EndWithCurrentError();
+      return false;
+    }
+  }
   bool Failed() const { return failed_; }
 
   /// Called in place of the box and the end of the event loops, for whoever drives the program.
   void SetErrorHook(ErrorHook hook) { hook_ = std::move(hook); }
 
  private:
+  void EndWithCurrentError();
   void EndWithError(const std::string& words);
 
   settings::MessageBoxes& boxes_;

@@ -71,7 +71,8 @@ frmMain::~frmMain() {
 }
 
 void frmMain::PlaceAsDesigned() {
-  const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+  const QScreen* primary = QGuiApplication::primaryScreen();
+  const QRect screen = primary != nullptr ? primary->availableGeometry() : QRect({}, kDesignSize);
   QRect placement({}, kDesignSize.boundedTo(screen.size()));
   placement.moveCenter(screen.center());
   resize(placement.size());

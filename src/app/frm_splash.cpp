@@ -23,9 +23,11 @@ frmSplash::frmSplash() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindow
   setAttribute(Qt::WA_OpaquePaintEvent);
   setAttribute(Qt::WA_QuitOnClose, false);
   setFixedSize(kSize);
-  QRect place(QPoint(), kSize);
-  place.moveCenter(QGuiApplication::primaryScreen()->availableGeometry().center());
-  move(place.topLeft());
+  if (const QScreen* screen = QGuiApplication::primaryScreen()) {
+    QRect place(QPoint(), kSize);
+    place.moveCenter(screen->availableGeometry().center());
+    move(place.topLeft());
+  }
 }
 
 void frmSplash::paintEvent(QPaintEvent*) {

@@ -66,7 +66,7 @@ bool Main::RunSteps() {
     return false;
   SetWorldView();
   mainWindow_->SetBackground(program_.tables.colours[data::ColourCode::kMapBg]);
-  // A clock that stands at the same second of the day gives the same flights again; its fractions do not.
+  // In milliseconds, so that two starts within one second draw other flights.
   program_.environment.random.Seed(
       static_cast<std::uint32_t>(program_.environment.clock.SecondsSinceMidnight() * 1000));
   ResetRunState();
@@ -170,12 +170,16 @@ void Main::ResetRunState() {
 }
 
 void Main::WaitForSplash(int seconds) {
-  float end = splashShown_ + static_cast<float>(seconds);
+  const float begin = splashShown_;
+  float end = begin + static_cast<float>(seconds);
+  // A time before the begin is one after midnight. Loading may have taken the start across it already.
   if (end >= kSecondsADay) {
     end -= kSecondsADay;
-    WaitWhile([=](float now) { return now > end; });  // until midnight has set the clock back
+    WaitWhile([=](float now) { return now >= begin; });
+    WaitWhile([=](float now) { return now < end; });
+  } else {
+    WaitWhile([=](float now) { return now >= begin && now < end; });
   }
-  WaitWhile([=](float now) { return now < end; });
 }
 
 void Main::WaitWhile(const std::function<bool(float now)>& condition) {

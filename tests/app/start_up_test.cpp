@@ -262,6 +262,19 @@ TEST_F(StartUp, TheWaitEndsAtMidnightItself) {
   EXPECT_LE(SecondsWaited(), 3);
 }
 
+TEST_F(StartUp, SlowLoadingAcrossMidnightEndsTheWait) {
+  // Each look at the clock is eight seconds later: the wait begins after midnight, and after its own end.
+  clock.step = 8;
+  for (const float begin : {kSecondsADay - 10, kSecondsADay - 1}) {
+    SetIni("SplashWindow", "SecondsToShow", "2");
+    clock.now = begin;
+    clock.seenTimes.clear();
+    ASSERT_TRUE(Start());
+    EXPECT_LE(clock.seenTimes.size(), 4U);
+    Window().close();
+  }
+}
+
 /// Closes, or clicks, whatever it finds when the wait lets events through.
 class WaitIntruder final : public QObject {
  public:
