@@ -6,6 +6,7 @@
 #include <QJsonArray>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QRadioButton>
 #include <QScrollBar>
 
@@ -116,11 +117,17 @@ QJsonObject DescribeWidget(const QWidget& widget) {
   return answer;
 }
 
+/// A menu that belongs to no menu bar is to be seen only while it is popped up.
+bool IsVisible(const QAction& action) {
+  const bool popup = action.menu() && action.associatedObjects().isEmpty();
+  return popup ? action.menu()->isVisible() : action.isVisible();
+}
+
 QJsonObject DescribeAction(const QAction& action) {
   return {{"kind", "menu"},
           {"caption", action.text()},
           {"enabled", action.isEnabled()},
-          {"visible", action.isVisible()},
+          {"visible", IsVisible(action)},
           {"checked", action.isChecked() ? 1 : 0}};
 }
 

@@ -95,8 +95,8 @@ TEST_F(SmallWorldTest, HoldsTheFlights) {
 TEST_F(SmallWorldTest, HoldsTheMap) {
   world_.Write(folder_.Path());
   EXPECT_EQ(Open("app_map/coast.mdb").TableNames(),
-            (std::vector<std::string>{"wcl", "KEwdb2", "ICwdb2", "IEwdb2", "AGwdb2", "KCwdb2", "CCwdb2",
-                                      "GGwdb2", "QGwdb2"}));
+            (std::vector<std::string>{"wcl", "KEwdb2", "ICwdb2", "IEwdb2", "AKwdb2", "KCwdb2", "CCwdb2",
+                                      "GGwdb2", "QKwdb2"}));
   EXPECT_EQ(Count("app_map/coast.mdb", "GGwdb2"), 0);
   EXPECT_EQ(Count("app_map/coast.mdb", "CCwdb2"), 3);
   Recordset wcl = Open("app_map/coast.mdb").OpenTable("wcl");

@@ -38,7 +38,7 @@
 //
 // wcl: lines round the world with markers at the start, doubled markers, a line of one point, one that leaves
 // and comes back, points at map longitudes 0 and 360 and at both poles, and no marker at the end. coast: IC
-// IE KC KE (the four cells round 200,40), AG and QG (both sides of the seam), CC (only markers), GG (no row).
+// IE KC KE (the four cells round 200,40), AK and QK (both sides of the seam), CC (only markers), GG (no row).
 // river: IE KE and EE (which coast lacks). ibound: IE IC.
 #pragma once
 

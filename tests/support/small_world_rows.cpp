@@ -181,21 +181,21 @@ std::vector<Table> CoastTables() {
   std::vector<Point> kc;
   AddLine(kc, 200, 40, 205, 35, 10);
   kc.push_back(kPenUp);
-  std::vector<Point> ag;
-  AddRing(ag, 2, 107, 1.5, 16);
-  ag.insert(ag.end(), {kPenUp, At(0, 108), At(1, 109), kPenUp});
-  std::vector<Point> qg;
-  AddRing(qg, 357, 107, 2.5, 16);
-  qg.insert(qg.end(), {kPenUp, At(359, 107.5), At(360, 108), kPenUp});
+  std::vector<Point> ak;
+  AddRing(ak, 2, 107, 1.5, 16);
+  ak.insert(ak.end(), {kPenUp, At(0, 108), At(1, 109), kPenUp});
+  std::vector<Point> qk;
+  AddRing(qk, 357, 107, 2.5, 16);
+  qk.insert(qk.end(), {kPenUp, At(359, 107.5), At(360, 108), kPenUp});
   return {MapTable("wcl", WorldCoast()),
           MapTable("KEwdb2", ke),
           MapTable("ICwdb2", ic),
           MapTable("IEwdb2", ie),
-          MapTable("AGwdb2", ag),
+          MapTable("AKwdb2", ak),
           MapTable("KCwdb2", kc),
           MapTable("CCwdb2", {kPenUp, kPenUp, kPenUp}),
           MapTable("GGwdb2", {}),
-          MapTable("QGwdb2", qg)};
+          MapTable("QKwdb2", qk)};
 }
 
 std::vector<Table> RiverTables() {
