@@ -21,7 +21,9 @@ std::optional<std::string> IniValues::ReadIniValue(const std::filesystem::path& 
       ReadProfileString(file, ToCodePage1252(section), ToCodePage1252(key), kMissing, kBufferSize);
   if (answer != kMissing)
     return FromCodePage1252(answer);
-  if (!fallback || !WriteIniValue(file, section, key, *fallback))
+  if (!fallback)
+    return std::nullopt;
+  if (missingKeys_ == MissingKeys::kWriteBack && !WriteIniValue(file, section, key, *fallback))
     return std::nullopt;
   return std::string(*fallback);
 }

@@ -1,0 +1,243 @@
+// The command on a small world: the same pixels as the map window, drawings that another renderer draws alike, and
+// nothing written but its output.
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QImage>
+#include <QProcess>
+#include <QXmlStreamReader>
+#include <algorithm>
+#include <sstream>
+
+#include "data/load_tables.h"
+#include "data/table_settings.h"
+#include "map/frm_map.h"
+#include "support/recorded_boxes.h"
+#include "support/small_world.h"
+#include "zerbal-map/map_job.h"
+#include "zerbal-map/options.h"
+#include "zerbal-map/run.h"
+
+namespace zerbal::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+class MapCommandTest : public testing::Test {
+ protected:
+  MapCommandTest() { world.Write(folder.Path()); }
+
+  QString File(const char* name) const { return QFile::decodeName((folder / name).c_str()); }
+  int Run(QStringList words) {
+    words << "--data" << QFile::decodeName(folder.Path().c_str());
+    output.str("");
+    errors.str("");
+    return mapcommand::Run(words, output, errors);
+  }
+  QImage Picture(const QStringList& words) {
+    EXPECT_EQ(Run(QStringList(words) << "--out" << File("map.png")), 0) << errors.str();
+    return QImage(File("map.png")).convertToFormat(QImage::Format_RGB32);
+  }
+
+  TempFolder folder;
+  SmallWorld world;
+  std::ostringstream output;
+  std::ostringstream errors;
+};
+
+/// What the map window shows of the same data: regions and options are set as its user would.
+class MapWindow {
+ public:
+  explicit MapWindow(const fs::path& folder)
+      : databases_(data::OpenDatabases(Files(folder))), viewport_((tables_.bands = data::BuildGridBands(), tables_.bands)) {
+    const fs::path zbldata = folder / "app_data" / "zbldata.mdb";
+    data::LoadColours(zbldata, tables_.colours, boxes_);
+    data::LoadFonts(zbldata, tables_.fonts, boxes_);
+    std::vector<std::string> none;
+    data::CheckFonts(tables_.fonts, none);
+    data::LoadRegions(zbldata, tables_.regions);
+    tables_.regions.centreWorld = "1";
+    tables_.regions.ComputeWorldRow();
+    data::LoadFlightServices(databases_.fsrv, tables_.services, boxes_);
+  }
+
+  QImage Show(const data::Region& view, QSize size) {
+    for (data::FlightService& service : tables_.services)
+      service.displayFlag = true;
+    viewport_.SelectRegion(view);
+    map::MapScene scene{viewport_, options, tables_, databases_, criteria_, criteria_, flights_};
+    map::frmMap window(scene);
+    window.resize(size);
+    window.show();
+    return window.Picture().copy();
+  }
+  const data::RegionTable& Regions() const { return tables_.regions; }
+
+  map::DisplayOptions options;
+
+ private:
+  static data::DataFiles Files(const fs::path& folder) {
+    const fs::path data = folder / "app_data";
+    const fs::path map = folder / "app_map";
+    return {data / "zbldata.mdb", data / "qavdata.mdb", data / "allaprt.mdb",
+            map / "coast.mdb",    map / "river.mdb",    map / "ibound.mdb"};
+  }
+
+  RecordedBoxes boxes_;
+  data::Databases databases_;
+  data::ReferenceTables tables_;
+  map::Viewport viewport_;
+  map::AirportCriteria criteria_;
+  map::FlightSelection flights_;
+};
+
+TEST_F(MapCommandTest, TenViewsAreTheMapWindowsPixelByPixel) {
+  MapWindow window(folder.Path());
+  window.options = {.centreOfMap = true,
+                    .rivers = true,
+                    .boundaries = true,
+                    .allAirports = true,
+                    .destinations = true,
+                    .flightAirports = true,
+                    .flightNumbers = true,
+                    .legNumbers = true,
+                    .aircraftSymbols = true};
+  const std::pair<const char*, QSize> views[] = {
+      {"World", {800, 500}}, {"World", {300, 640}}, {"NOR", {640, 480}},  {"MED", {640, 480}},   {"PACW", {900, 300}},
+      {"DATE", {640, 480}},  {"FOUR", {640, 480}},  {"FOUR", {333, 777}}, {"FJO", {1001, 601}}, {"ISL", {512, 384}}};
+  for (const auto& [name, size] : views) {
+    const auto& rows = window.Regions().rows;
+    const auto region = std::find_if(rows.begin() + 1, rows.end(), [n = name](const auto& row) { return row.code == n; });
+    const QImage shown = window.Show(region == rows.end() ? rows.front() : *region, size);
+    const QImage drawn = Picture({"--region", name, "--size", QString("%1x%2").arg(size.width()).arg(size.height()),
+                                  "--services", "all", "--show", "centre,rivers,boundaries,airports,destinations",
+                                  "--labels", "airports,numbers,legs,symbols"});
+    EXPECT_EQ(drawn, shown) << name;
+  }
+}
+
+TEST_F(MapCommandTest, SvgIsWellFormedAndHoldsItsTexts) {
+  ASSERT_EQ(Run({"--region", "NOR", "--services", "all", "--out", File("map.svg")}), 0) << errors.str();
+  QFile file(File("map.svg"));
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  QXmlStreamReader xml(&file);
+  QStringList texts;
+  while (!xml.atEnd()) {
+    if (xml.readNext() == QXmlStreamReader::StartElement && xml.name() == QLatin1String("text"))
+      texts.append(xml.readElementText().trimmed());
+  }
+  EXPECT_FALSE(xml.hasError()) << xml.errorString().toStdString();
+  EXPECT_TRUE(texts.contains("ZB101"));
+  EXPECT_TRUE(texts.contains("OSL"));
+}
+
+/// Mean difference of two pictures' colour components after a slight blur, 0..255.
+double MeanDifference(const QImage& a, const QImage& b) {
+  const QSize coarse(a.width() / 8, a.height() / 8);
+  const QImage x = a.scaled(coarse, Qt::IgnoreAspectRatio, Qt::SmoothTransformation).convertToFormat(QImage::Format_RGB32);
+  const QImage y = b.scaled(coarse, Qt::IgnoreAspectRatio, Qt::SmoothTransformation).convertToFormat(QImage::Format_RGB32);
+  double sum = 0;
+  for (int row = 0; row < coarse.height(); ++row) {
+    for (int column = 0; column < coarse.width(); ++column) {
+      const QColor p = x.pixelColor(column, row), q = y.pixelColor(column, row);
+      sum += std::abs(p.red() - q.red()) + std::abs(p.green() - q.green()) + std::abs(p.blue() - q.blue());
+    }
+  }
+  return sum / (3.0 * coarse.width() * coarse.height());
+}
+
+TEST_F(MapCommandTest, AnotherRendererDrawsTheSvgAlike) {
+  const QStringList view{"--region", "NOR", "--size", "640x480", "--services", "all"};
+  ASSERT_EQ(Run(QStringList(view) << "--out" << File("map.svg")), 0) << errors.str();
+  ASSERT_EQ(QProcess::execute("rsvg-convert", {"-w", "640", "-h", "480", "-o", File("svg.png"), File("map.svg")}), 0);
+  const QImage picture = Picture(view);
+  const QImage other(File("svg.png"));
+  ASSERT_EQ(other.size(), picture.size());
+  EXPECT_LT(MeanDifference(picture, other), 4.0);
+  // The measure tells different maps apart.
+  EXPECT_GT(MeanDifference(picture, Picture({"--region", "NOR", "--size", "640x480"})), 5.0);
+}
+
+TEST_F(MapCommandTest, APageIsAPdfOfItsPaper) {
+  ASSERT_EQ(Run({"--paper", "A5", "--services", "all", "--out", File("map.pdf")}), 0) << errors.str();
+  const std::string bytes = ReadBytes(folder / "map.pdf");
+  EXPECT_EQ(bytes.substr(0, 5), "%PDF-");
+  EXPECT_NE(bytes.find("/MediaBox [0 0 595"), std::string::npos);
+}
+
+TEST_F(MapCommandTest, WidthsAndLabelsGrowWithTheResolution) {
+  const QImage once = Picture({"--region", "NOR", "--size", "400x300"});
+  const QImage twice = Picture({"--region", "NOR", "--size", "800x600", "--dpi", "192"});
+  EXPECT_LT(MeanDifference(once, twice.scaled(once.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation)), 2.0);
+  EXPECT_EQ(twice.dotsPerMeterX(), 7559);
+}
+
+TEST_F(MapCommandTest, TouchingAndFlightsAreTheSelectedOnes) {
+  const QImage none = Picture({"--region", "NOR"});
+  EXPECT_NE(Picture({"--region", "NOR", "--touching", "kkn"}), none);
+  const QImage one = Picture({"--region", "NOR", "--flights", "K1040"});
+  EXPECT_NE(one, none);
+  EXPECT_NE(one, Picture({"--region", "NOR", "--flights", "K1040,K1015"}));
+}
+
+TEST_F(MapCommandTest, SettingsGiveColoursAndAreNotWrittenTo) {
+  const std::string settings = "[Colors]\r\nBackground=1,2,3\r\n";
+  WriteBytes(folder / "zerbal.ini", settings);
+  EXPECT_EQ(Picture({}).pixelColor(0, 0), QColor(230, 240, 250));
+  EXPECT_EQ(Picture({"--settings", File("zerbal.ini")}).pixelColor(0, 0), QColor(1, 2, 3));
+  EXPECT_EQ(ReadBytes(folder / "zerbal.ini"), settings);
+}
+
+TEST_F(MapCommandTest, NothingButTheOutputIsWritten) {
+  const auto files = [this] {
+    std::vector<std::pair<std::string, fs::file_time_type>> found;
+    for (const auto& entry : fs::recursive_directory_iterator(folder.Path())) {
+      if (entry.path().filename() != "map.png")
+        found.emplace_back(entry.path().string(), entry.last_write_time());
+    }
+    std::sort(found.begin(), found.end());
+    return found;
+  };
+  const auto before = files();
+  Picture({"--services", "all"});
+  // The folder itself changes with its new file.
+  EXPECT_EQ(files(), before);
+}
+
+TEST_F(MapCommandTest, WhatTheDataDoesNotKnowIsNamedWithWhatThereIs) {
+  const std::pair<QStringList, const char*> cases[] = {
+      {{"--region", "Atlantis"}, "there is no region 'Atlantis'; possible are Date line, near (wraps), Fjords"},
+      {{"--region", "LINE"}, "has no extent"},
+      {{"--services", "NOR,Rail"}, "there is no flight service 'Rail'; possible are all, Nordic, Nordic Extra"},
+      {{"--flights", "K9999"}, "there is no flight with the key 'K9999'"},
+      {{"--touching", "XXX"}, "there is no destination 'XXX'; possible are ADK, AKL"}};
+  for (const auto& [words, reason] : cases) {
+    EXPECT_EQ(Run(QStringList(words) << "--out" << File("map.png")), 2);
+    EXPECT_NE(errors.str().find(reason), std::string::npos) << errors.str();
+    EXPECT_FALSE(fs::exists(folder / "map.png"));
+  }
+}
+
+TEST_F(MapCommandTest, BadDataAndBadFilesEndWith1) {
+  EXPECT_EQ(Run({"--out", File("no such folder/map.png")}), 1);
+  EXPECT_NE(errors.str().find("cannot be written"), std::string::npos) << errors.str();
+  EXPECT_EQ(Run({"--settings", File("none.ini"), "--out", File("map.png")}), 1);
+  EXPECT_NE(errors.str().find("none.ini"), std::string::npos);
+  WriteBytes(folder / "app_data" / "allaprt.mdb", "no database");
+  EXPECT_EQ(Run({"--out", File("map.png")}), 1);
+  EXPECT_NE(errors.str().find("allaprt.mdb"), std::string::npos);
+  fs::remove(folder / "app_map" / "coast.mdb");
+  EXPECT_EQ(Run({"--out", File("map.png")}), 1);
+  EXPECT_NE(errors.str().find("coast.mdb' could not be found"), std::string::npos) << errors.str();
+}
+
+TEST_F(MapCommandTest, HelpAndVersionAreAnswered) {
+  EXPECT_EQ(Run({"--help"}), 0);
+  EXPECT_NE(output.str().find("Usage: zerbal-map"), std::string::npos);
+  EXPECT_EQ(Run({"--version"}), 0);
+  EXPECT_NE(output.str().find("1.100"), std::string::npos);
+  EXPECT_EQ(Run({"--colour", "red"}), 2);
+}
+
+}  // namespace
+}  // namespace zerbal::test

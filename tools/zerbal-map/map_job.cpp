@@ -1,0 +1,170 @@
+#include "zerbal-map/map_job.h"
+
+#include <QFontDatabase>
+#include <algorithm>
+
+#include "data/flight_lists.h"
+#include "data/load_tables.h"
+#include "data/table_settings.h"
+#include "settings/find_file.h"
+#include "settings/ini_values.h"
+
+namespace zerbal::mapcommand {
+namespace {
+
+/// What the start-up of the program would say in a box ends this command with the same words.
+class ThrowingBoxes final : public settings::MessageBoxes {
+ public:
+  void Show(settings::BoxIcon, const std::string& text) override { throw std::runtime_error(text); }
+};
+
+std::filesystem::path RequiredFile(const std::filesystem::path& folder, const char* name) {
+  const auto file = settings::FindFile(folder, name);
+  if (!file)
+    throw std::runtime_error("File '" + (folder / name).string() + "' could not be found.");
+  return *file;
+}
+
+bool SameName(const std::string& a, const std::string& b) {
+  return QString::fromStdString(a).compare(QString::fromStdString(b), Qt::CaseInsensitive) == 0;
+}
+
+/// The part of a service's display text behind its line number.
+std::string NameOf(const data::FlightService& service) {
+  const std::size_t at = service.displayText.find(" - ");
+  return at == std::string::npos ? service.displayText : service.displayText.substr(at + 3);
+}
+
+QString Joined(QStringList names) {
+  names.sort(Qt::CaseInsensitive);
+  return names.join(", ");
+}
+
+const data::Region& FindRegion(const data::RegionTable& regions, const std::string& wanted) {
+  if (SameName(wanted, "World"))
+    return regions.rows.front();
+  QStringList names{"World"};
+  for (std::size_t i = 1; i < regions.rows.size(); ++i) {
+    const data::Region& region = regions.rows[i];
+    if (SameName(region.name, wanted) || SameName(region.code, wanted))
+      return region;
+    names.append(QString::fromStdString(region.name));
+  }
+  throw UsageError(QString("--region: there is no region '%1'; possible are %2")
+                       .arg(QString::fromStdString(wanted), Joined(names)));
+}
+
+}  // namespace
+
+MapJob::MapJob(const Options& options) : options_(options) {
+  LoadTables();
+  ReadSettings();
+  ChooseView();
+  ChooseFlights();
+}
+
+void MapJob::LoadTables() {
+  const std::filesystem::path folder = options_.dataFolder;
+  files_.zbldata = RequiredFile(folder, "app_data/zbldata.mdb");
+  files_.qavdata = RequiredFile(folder, "app_data/qavdata.mdb");
+  files_.allaprt = RequiredFile(folder, "app_data/allaprt.mdb");
+  files_.coast = RequiredFile(folder, "app_map/coast.mdb");
+  files_.river = settings::FindFile(folder, "app_map/river.mdb");
+  files_.ibound = settings::FindFile(folder, "app_map/ibound.mdb");
+  databases_ = data::OpenDatabases(files_);
+  ThrowingBoxes boxes;
+  tables_.bands = data::BuildGridBands();
+  data::LoadColours(files_.zbldata, tables_.colours, boxes);
+  data::LoadFonts(files_.zbldata, tables_.fonts, boxes);
+  data::LoadRegions(files_.zbldata, tables_.regions);
+  data::LoadFlightServices(databases_->fsrv, tables_.services, boxes);
+}
+
+void MapJob::ReadSettings() {
+  ThrowingBoxes boxes;
+  settings::IniValues values(boxes, settings::MissingKeys::kLeave);
+  if (options_.settingsFile && !std::filesystem::is_regular_file(*options_.settingsFile))
+    throw std::runtime_error("File '" + *options_.settingsFile + "' could not be found.");
+  // Without a settings file every key is missing, and the defaults hold.
+  settings::IniFile ini(options_.settingsFile.value_or(""), values);
+  std::vector<std::string> fonts;
+  for (const QString& family : QFontDatabase::families())
+    fonts.push_back(family.toStdString());
+  data::ReadFontSettings(ini, tables_.fonts, fonts);
+  data::ReadColourSettings(ini, tables_.colours);
+  data::ReadFlightColourSettings(ini, tables_.services);
+  data::ReadRegionSettings(ini, tables_.regions);
+}
+
+void MapJob::ChooseView() {
+  viewport_.emplace(tables_.bands);
+  const QSizeF size = options_.LogicalSize();
+  viewport_->SetSize(size.width() * map::kTwipsPerPixel, size.height() * map::kTwipsPerPixel);
+  data::Region view;
+  if (options_.bounds) {
+    // Geographic bounds in the map's frame, where latitude grows southwards.
+    view.fromLon = options_.bounds->west + 180;
+    view.toLon = options_.bounds->east + 180;
+    view.fromLat = 90 - options_.bounds->north;
+    view.toLat = 90 - options_.bounds->south;
+  } else {
+    view = FindRegion(tables_.regions, options_.region.value_or("World"));
+  }
+  if (!viewport_->SelectRegion(view))
+    throw UsageError(
+        QString("--region: the region '%1' has no extent").arg(QString::fromStdString(view.name)));
+  viewport_->ComputeViewport();
+}
+
+void MapJob::ShowServices() {
+  for (const std::string& wanted : options_.services) {
+    bool found = false;
+    QStringList names{"all"};
+    for (data::FlightService& service : tables_.services) {
+      names.append(QString::fromStdString(NameOf(service)));
+      if (SameName(wanted, "all") || SameName(wanted, NameOf(service)) || SameName(wanted, service.key)) {
+        service.displayFlag = true;
+        found = true;
+      }
+    }
+    if (!found)
+      throw UsageError(QString("--services: there is no flight service '%1'; possible are %2")
+                           .arg(QString::fromStdString(wanted), Joined(names)));
+  }
+}
+
+void MapJob::ChooseFlights() {
+  ShowServices();
+  flights_.serviceMode = options_.flights.empty() && !options_.touching;
+  jet::Recordset& flit = databases_->flit;
+  jet::Recordset& dest = databases_->dest;
+  for (const std::string& key : options_.flights) {
+    flit.SetIndex("flituni");
+    flit.Seek(key);
+    if (flit.NoMatch())
+      throw UsageError(
+          QString("--flights: there is no flight with the key '%1'").arg(QString::fromStdString(key)));
+    flights_.selectedFlights.push_back(key);
+  }
+  if (!options_.touching)
+    return;
+  QStringList codes;
+  std::string airport;
+  for (dest.MoveFirst(); !dest.Eof(); dest.MoveNext()) {
+    codes.append(QString::fromStdString(dest["AP"].AsText()));
+    if (airport.empty() && SameName(codes.back().toStdString(), *options_.touching))
+      airport = codes.back().toStdString();
+  }
+  if (airport.empty())
+    throw UsageError(QString("--touching: there is no destination '%1'; possible are %2")
+                         .arg(QString::fromStdString(*options_.touching), Joined(codes)));
+  flights_.selectedFlights = data::FlightsTouching({flit, dest, tables_.services}, airport, {}, false).keys;
+}
+
+void MapJob::Draw(map::Surface& surface) {
+  map::MapScene scene{*viewport_,        options_.display,  tables_, *databases_,
+                      options_.criteria, options_.criteria, flights_};
+  map::DrawMap(scene, surface);
+}
+
+}  // namespace zerbal::mapcommand

@@ -1,0 +1,37 @@
+// One map to be drawn: the data, the view and what is to be shown, put together from the options.
+#pragma once
+
+#include <optional>
+
+#include "data/databases.h"
+#include "data/reference_tables.h"
+#include "map/draw_map.h"
+#include "zerbal-map/options.h"
+
+namespace zerbal::mapcommand {
+
+class MapJob {
+ public:
+  /// Opens the data. Throws UsageError for a value that the data does not know (region, service, flight,
+  /// airport), jet::EngineError or std::runtime_error when the data cannot be used. Writes nothing.
+  explicit MapJob(const Options& options);
+
+  /// Draws the map as the map window does; the surface's area has the options' logical size.
+  void Draw(map::Surface& surface);
+
+ private:
+  void LoadTables();
+  void ReadSettings();
+  void ChooseView();
+  void ChooseFlights();
+  void ShowServices();
+
+  const Options options_;
+  data::DataFiles files_;
+  std::optional<data::Databases> databases_;
+  data::ReferenceTables tables_;
+  std::optional<map::Viewport> viewport_;
+  map::FlightSelection flights_;
+};
+
+}  // namespace zerbal::mapcommand

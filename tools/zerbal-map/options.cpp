@@ -1,0 +1,252 @@
+#include "zerbal-map/options.h"
+
+#include <QCommandLineParser>
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <cmath>
+
+#include "zerbal-map/values.h"
+
+namespace zerbal::mapcommand {
+namespace {
+
+constexpr double kScreenDpi = 96;
+
+struct Switch {
+  const char* name;
+  bool map::DisplayOptions::*option;
+};
+
+constexpr Switch kShown[] = {{"airports", &map::DisplayOptions::allAirports},
+                             {"destinations", &map::DisplayOptions::destinations},
+                             {"rivers", &map::DisplayOptions::rivers},
+                             {"boundaries", &map::DisplayOptions::boundaries},
+                             {"centre", &map::DisplayOptions::centreOfMap}};
+constexpr Switch kLabels[] = {{"airports", &map::DisplayOptions::flightAirports},
+                              {"numbers", &map::DisplayOptions::flightNumbers},
+                              {"legs", &map::DisplayOptions::legNumbers},
+                              {"symbols", &map::DisplayOptions::aircraftSymbols}};
+
+QStringList Items(const QString& text) {
+  return text.split(',', Qt::SkipEmptyParts);
+}
+
+/// Turns on just the switches that are named; "none" names none.
+template <std::size_t N>
+void SetSwitches(const QString& text, const QString& option, const Switch (&switches)[N],
+                 map::DisplayOptions& display) {
+  for (const Switch& one : switches)
+    display.*one.option = false;
+  if (text.compare("none", Qt::CaseInsensitive) == 0)
+    return;
+  QStringList names;
+  for (const Switch& one : switches)
+    names.append(one.name);
+  for (const QString& item : Items(text)) {
+    const auto at = names.indexOf(item.trimmed().toLower());
+    if (at < 0)
+      throw UsageError(
+          QString("%1: there is no '%2'; possible are %3 and none").arg(option, item, names.join(", ")));
+    display.*switches[at].option = true;
+  }
+}
+
+GeoBounds ParseView(const QString& text) {
+  const QStringList parts = text.split(',');
+  if (parts.size() != 4)
+    throw UsageError(QString("--view: '%1' is not WEST,NORTH,EAST,SOUTH").arg(text));
+  const GeoBounds bounds{ParseLongitude(parts[0], "--view"), ParseLatitude(parts[1], "--view"),
+                         ParseLongitude(parts[2], "--view"), ParseLatitude(parts[3], "--view")};
+  if (bounds.north <= bounds.south)
+    throw UsageError(QString("--view: in '%1' north is not above south").arg(text));
+  if (bounds.west == bounds.east)
+    throw UsageError(QString("--view: in '%1' west and east are the same").arg(text));
+  return bounds;
+}
+
+/// As many degrees of longitude around a place; the picture's shape decides how many of latitude.
+GeoBounds ParseCentre(const QString& text, double span, const QSizeF& size) {
+  const QStringList parts = text.split(',');
+  if (parts.size() != 2)
+    throw UsageError(QString("--centre: '%1' is not LAT,LON").arg(text));
+  if (span > map::kWidestLonSpan)
+    throw UsageError(QString("--span: '%1' degrees are more than %2").arg(span).arg(map::kWidestLonSpan));
+  const double lat = ParseLatitude(parts[0], "--centre");
+  const double lon = ParseLongitude(parts[1], "--centre");
+  const auto wrapped = [](double longitude) {
+    return longitude < -180 ? longitude + 360 : longitude > 180 ? longitude - 360 : longitude;
+  };
+  const double half = span / 2 * size.height() / size.width();
+  return {wrapped(lon - span / 2), std::min(lat + half, 90.0), wrapped(lon + span / 2),
+          std::max(lat - half, -90.0)};
+}
+
+QSize ParseSize(const QString& text) {
+  static const QRegularExpression pattern("^(\\d{1,5})[xX](\\d{1,5})$");
+  const auto match = pattern.match(text);
+  const QSize size(match.captured(1).toInt(), match.captured(2).toInt());
+  if (!match.hasMatch() || size.isEmpty() || size.width() > kLargestSide || size.height() > kLargestSide) {
+    throw UsageError(
+        QString("--size: '%1' is not WIDTHxHEIGHT in pixels, each from 1 to %2").arg(text).arg(kLargestSide));
+  }
+  return size;
+}
+
+OutputKind ParseKind(const QString& file) {
+  const QString suffix = QFileInfo(file).suffix().toLower();
+  if (suffix == "png")
+    return OutputKind::kPng;
+  if (suffix == "svg")
+    return OutputKind::kSvg;
+  if (suffix == "pdf")
+    return OutputKind::kPdf;
+  throw UsageError(QString("--out: '%1' ends neither in .png nor in .svg nor in .pdf").arg(file));
+}
+
+bool ParseYesNo(const QString& text, const QString& option) {
+  if (text.compare("yes", Qt::CaseInsensitive) == 0)
+    return true;
+  if (text.compare("no", Qt::CaseInsensitive) == 0)
+    return false;
+  throw UsageError(QString("%1: '%2' is neither yes nor no").arg(option, text));
+}
+
+std::vector<std::string> Texts(const QString& list) {
+  std::vector<std::string> texts;
+  for (const QString& item : Items(list))
+    texts.push_back(item.trimmed().toStdString());
+  return texts;
+}
+
+class Reader {
+ public:
+  explicit Reader(const QStringList& words) {
+    const char* withValue[] = {"data",    "region",   "view",     "centre",    "span",
+                               "size",    "paper",    "dpi",      "show",      "services",
+                               "flights", "touching", "labels",   "elevation", "runways",
+                               "longest", "ils",      "settings", "out"};
+    for (const char* name : withValue)
+      parser_.addOption(QCommandLineOption(name, QString(), "value"));
+    parser_.addOption(QCommandLineOption("help"));
+    parser_.addOption(QCommandLineOption("version"));
+    parser_.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
+    if (!parser_.parse(QStringList{"zerbal-map"} + words))
+      throw UsageError(parser_.errorText());
+    if (!parser_.positionalArguments().isEmpty())
+      throw UsageError(QString("'%1' belongs to no option").arg(parser_.positionalArguments().front()));
+    for (const char* name : withValue) {
+      if (parser_.values(name).size() > 1)
+        throw UsageError(QString("--%1 is given more than once").arg(name));
+      if (parser_.isSet(name) && parser_.value(name).isEmpty())
+        throw UsageError(QString("--%1: the value is empty").arg(name));
+    }
+  }
+  bool Has(const char* name) const { return parser_.isSet(name); }
+  QString Value(const char* name) const { return parser_.value(name); }
+  std::string Path(const char* name) const { return QFile::encodeName(Value(name)).toStdString(); }
+  /// At most one of these may be given.
+  void OneOf(std::initializer_list<const char*> names) const {
+    QStringList given;
+    for (const char* name : names) {
+      if (Has(name))
+        given.append(QString("--") + name);
+    }
+    if (given.size() > 1)
+      throw UsageError(given.join(" and ") + " exclude each other");
+  }
+
+ private:
+  QCommandLineParser parser_;
+};
+
+void ReadSize(const Reader& reader, Options& options) {
+  reader.OneOf({"size", "paper"});
+  if (reader.Has("dpi"))
+    options.dpi = ParsePositive(reader.Value("dpi"), "--dpi");
+  if (options.dpi < 12 || options.dpi > kFinestDpi)
+    throw UsageError(QString("--dpi: '%1' is not from 12 to %2").arg(reader.Value("dpi")).arg(kFinestDpi));
+  if (reader.Has("size"))
+    options.pixels = ParseSize(reader.Value("size"));
+  if (reader.Has("paper"))
+    options.paperInches = ParsePaper(reader.Value("paper"));
+  const QSize pixels = options.PixelSize();
+  if (options.kind == OutputKind::kPng && std::max(pixels.width(), pixels.height()) > kLargestSide) {
+    throw UsageError(QString("--paper at this --dpi makes %1 x %2 pixels; at most %3 a side are possible")
+                         .arg(pixels.width())
+                         .arg(pixels.height())
+                         .arg(kLargestSide));
+  }
+}
+
+void ReadView(const Reader& reader, Options& options) {
+  reader.OneOf({"region", "view", "centre"});
+  if (reader.Has("centre") != reader.Has("span"))
+    throw UsageError("--centre and --span belong together");
+  if (reader.Has("region"))
+    options.region = reader.Value("region").toStdString();
+  if (reader.Has("view"))
+    options.bounds = ParseView(reader.Value("view"));
+  if (reader.Has("centre")) {
+    options.bounds = ParseCentre(reader.Value("centre"), ParsePositive(reader.Value("span"), "--span"),
+                                 options.LogicalSize());
+  }
+}
+
+void ReadContents(const Reader& reader, Options& options) {
+  reader.OneOf({"services", "flights", "touching"});
+  if (reader.Has("show"))
+    SetSwitches(reader.Value("show"), "--show", kShown, options.display);
+  if (reader.Has("labels"))
+    SetSwitches(reader.Value("labels"), "--labels", kLabels, options.display);
+  options.services = Texts(reader.Value("services"));
+  options.flights = Texts(reader.Value("flights"));
+  if (reader.Has("touching"))
+    options.touching = reader.Value("touching").toStdString();
+  const std::pair<const char*, map::Criterion> limits[] = {{"elevation", map::Criterion::kElevation},
+                                                           {"runways", map::Criterion::kRunways},
+                                                           {"longest", map::Criterion::kLongestRunway}};
+  for (const auto& [name, criterion] : limits) {
+    if (reader.Has(name)) {
+      options.criteria.numeric[static_cast<std::size_t>(criterion)] =
+          ParseLimit(reader.Value(name), QString("--") + name);
+    }
+  }
+  if (reader.Has("ils")) {
+    options.criteria.ilsActive = true;
+    options.criteria.withIls = ParseYesNo(reader.Value("ils"), "--ils");
+  }
+}
+
+}  // namespace
+
+QSizeF Options::LogicalSize() const {
+  return paperInches ? *paperInches * kScreenDpi : QSizeF(pixels) * (kScreenDpi / dpi);
+}
+
+QSize Options::PixelSize() const {
+  return paperInches ? QSize(static_cast<int>(std::lround(paperInches->width() * dpi)),
+                             static_cast<int>(std::lround(paperInches->height() * dpi)))
+                     : pixels;
+}
+
+std::optional<Options> ParseOptions(const QStringList& words) {
+  const Reader reader(words);
+  if (reader.Has("help") || reader.Has("version"))
+    return std::nullopt;
+  if (!reader.Has("out"))
+    throw UsageError("--out FILE is missing");
+  Options options;
+  options.outputFile = reader.Path("out");
+  options.kind = ParseKind(reader.Value("out"));
+  if (reader.Has("data"))
+    options.dataFolder = reader.Path("data");
+  if (reader.Has("settings"))
+    options.settingsFile = reader.Path("settings");
+  ReadSize(reader, options);
+  ReadView(reader, options);
+  ReadContents(reader, options);
+  return options;
+}
+
+}  // namespace zerbal::mapcommand

@@ -1,0 +1,67 @@
+// What the user of zerbal-map asked for, checked as far as it can be without data.
+#pragma once
+
+#include <QSize>
+#include <QSizeF>
+#include <QStringList>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "map/criteria.h"
+#include "map/draw_map.h"
+
+namespace zerbal::mapcommand {
+
+/// The command line makes no sense; what() names the wrong value and what is possible.
+class UsageError : public std::runtime_error {
+ public:
+  explicit UsageError(const QString& reason) : std::runtime_error(reason.toStdString()) {}
+};
+
+/// Bounds in geographic degrees, east and north positive; west may be greater than east.
+struct GeoBounds {
+  double west = 0;
+  double north = 0;
+  double east = 0;
+  double south = 0;
+};
+
+enum class OutputKind { kPng, kSvg, kPdf };
+
+struct Options {
+  std::string dataFolder = ".";
+  std::optional<std::string> settingsFile;
+  std::string outputFile;
+  OutputKind kind = OutputKind::kPng;
+
+  std::optional<std::string> region;  ///< code or name; neither this nor bounds: the world
+  std::optional<GeoBounds> bounds;
+
+  QSize pixels{1280, 900};            ///< of a picture
+  std::optional<QSizeF> paperInches;  ///< of a page, or of a picture printed at `dpi`
+  double dpi = 96;
+
+  map::DisplayOptions display;
+  std::vector<std::string> services;  ///< keys or names; "all" for every one
+  std::vector<std::string> flights;   ///< Flit_2015 keys
+  std::optional<std::string> touching;
+  map::AirportCriteria criteria;  ///< of both airport layers
+
+  /// The drawing area in logical pixels of 1/96 inch.
+  QSizeF LogicalSize() const;
+  /// The picture's size in device pixels.
+  QSize PixelSize() const;
+};
+
+/// Largest picture and finest resolution.
+inline constexpr int kLargestSide = 16384;
+inline constexpr double kFinestDpi = 768;
+
+/// `words` without the program's name. Throws UsageError. nullopt when only help was asked for.
+std::optional<Options> ParseOptions(const QStringList& words);
+
+extern const char* const kHelpText;
+
+}  // namespace zerbal::mapcommand

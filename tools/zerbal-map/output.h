@@ -1,0 +1,12 @@
+// Writing a map as a picture, a page or a drawing.
+#pragma once
+
+#include "zerbal-map/map_job.h"
+
+namespace zerbal::mapcommand {
+
+/// Draws the map and writes it to the options' file, which is there as a whole or not at all. Throws
+/// std::runtime_error when it cannot be written.
+void WriteMap(MapJob& job, const Options& options);
+
+}  // namespace zerbal::mapcommand

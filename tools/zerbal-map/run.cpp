@@ -1,0 +1,89 @@
+#include "zerbal-map/run.h"
+
+#include <ostream>
+
+#include <unistd.h>
+
+#include "zerbal-map/map_job.h"
+#include "zerbal-map/output.h"
+
+namespace zerbal::mapcommand {
+namespace {
+
+constexpr int kDone = 0;
+constexpr int kBadData = 1;
+constexpr int kBadUsage = 2;
+
+/// Pictures from here on take long enough to say so.
+constexpr qint64 kLargePicture = 20'000'000;
+
+bool WantsProgress(const Options& options) {
+  const QSize size = options.PixelSize();
+  return options.kind == OutputKind::kPng && qint64{size.width()} * size.height() >= kLargePicture &&
+         ::isatty(STDERR_FILENO) == 1;
+}
+
+}  // namespace
+
+const char* const kHelpText = R"(Usage: zerbal-map [options] --out FILE.png|.svg|.pdf
+
+Draws the map of an airline's flights as a picture, a drawing or a page.
+
+Data
+  --data DIR          folder with app_data and app_map, the working directory when not given
+  --settings FILE     a settings file (zerbal.ini) whose colours and fonts are used; it is not written to
+
+View (the world when not given)
+  --region NAME       a region by name or code, or World
+  --view W,N,E,S      bounds in degrees; hemisphere letters are possible (10W,60N,30E,35N)
+  --centre LAT,LON --span DEG
+                      as many degrees of longitude around a place
+
+Size
+  --size WxH          pixels, 1280x900 when not given, at most 16384 a side
+  --paper NAME        A0 to A6, Letter, Legal or Tabloid, wider than high
+  --dpi N             dots per inch, 96 when not given: line widths and labels grow with it
+
+What is drawn (lists are separated by commas; none is possible too)
+  --show LIST         of airports, destinations, rivers, boundaries, centre
+  --services LIST     all, or names or keys of flight services
+  --flights LIST      keys of flights
+  --touching CODE     all flights that touch a destination
+  --labels LIST       of airports, numbers, legs, symbols; airports,numbers when not given
+  --elevation LIMIT   feet: A-B between, N+ at least, N- at most, N exactly
+  --runways LIMIT     number of runways
+  --longest LIMIT     feet of the longest runway
+  --ils yes|no        only airports with, or without, an instrument landing system
+
+  --help              prints this
+  --version           prints the version
+
+Exit status: 0 done, 1 something is wrong with the data or a file, 2 the command makes no sense.
+)";
+
+int Run(const QStringList& words, std::ostream& output, std::ostream& errors) {
+  try {
+    const auto options = ParseOptions(words);
+    if (!options) {
+      if (words.contains("--version"))
+        output << "zerbal-map " << ZERBAL_VERSION << '\n';
+      else
+        output << kHelpText;
+      return kDone;
+    }
+    if (WantsProgress(*options))
+      errors << "Drawing " << options->PixelSize().width() << " x " << options->PixelSize().height()
+             << " pixels ..." << std::endl;
+    MapJob job(*options);
+    WriteMap(job, *options);
+    return kDone;
+  } catch (const UsageError& error) {
+    errors << "zerbal-map: " << error.what() << "\nTry 'zerbal-map --help'." << std::endl;
+    return kBadUsage;
+  } catch (const std::exception& error) {
+    errors << "zerbal-map: " << error.what() << std::endl;
+    return kBadData;
+  }
+}
+
+}  // namespace zerbal::mapcommand

@@ -1,0 +1,26 @@
+// The text forms of single values on the command line.
+#pragma once
+
+#include <QSizeF>
+#include <QString>
+
+#include "map/criteria.h"
+
+namespace zerbal::mapcommand {
+
+/// "12.5", "-12.5", "12.5W", "s33": degrees, east and north positive. Letters may be large or small, before
+/// or behind the number; a letter of the other axis is refused. Throws UsageError naming `option`.
+double ParseLongitude(const QString& text, const QString& option);
+double ParseLatitude(const QString& text, const QString& option);
+
+/// A number greater than 0. Throws UsageError.
+double ParsePositive(const QString& text, const QString& option);
+
+/// "A-B" between, "N+" at least, "N-" at most, "N" exactly. Throws UsageError.
+map::NumericCriterion ParseLimit(const QString& text, const QString& option);
+
+/// The sizes of a standard paper in inches, wider than high. Throws UsageError that names the papers there
+/// are.
+QSizeF ParsePaper(const QString& text);
+
+}  // namespace zerbal::mapcommand
