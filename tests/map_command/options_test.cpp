@@ -7,7 +7,9 @@
 namespace zerbal::mapcommand {
 namespace {
 
-std::optional<Options> Parse(const QString& words) { return ParseOptions(words.split(' ', Qt::SkipEmptyParts)); }
+std::optional<Options> Parse(const QString& words) {
+  return ParseOptions(words.split(' ', Qt::SkipEmptyParts));
+}
 
 std::string Complaint(const QString& words) {
   try {
@@ -102,7 +104,8 @@ TEST(MapOptions, EveryWrongValueIsNamed) {
       {"--out a.png --centre 1,2 --span 360", "more than 350"},
       {"--out a.png --centre 1,2 --span 0", "'0' is not a number above 0"},
       {"--out a.png --region A --view 1,2,3,1", "--region and --view exclude each other"},
-      {"--out a.png --show coasts", "possible are airports, destinations, rivers, boundaries, centre and none"},
+      {"--out a.png --show coasts",
+       "possible are airports, destinations, rivers, boundaries, centre and none"},
       {"--out a.png --labels names", "possible are airports, numbers, legs, symbols and none"},
       {"--out a.png --services all --touching OSL", "--services and --touching exclude each other"},
       {"--out a.png --elevation high", "possible are A-B (between), N+ (at least), N- (at most) and N"},
