@@ -1,6 +1,5 @@
 #include "dialogs/placed_dialog.h"
 
-#include <QShowEvent>
 #include <utility>
 
 #include "settings/rounding.h"
@@ -16,12 +15,13 @@ constexpr char kSection[] = "Windows";
 PlacedDialog::PlacedDialog(const Placement& placement, std::string key)
     : QDialog(&placement.mainWindow), placement_(placement), key_(std::move(key)) {}
 
-void PlacedDialog::showEvent(QShowEvent* event) {
-  if (!placed_ && !event->spontaneous()) {
+void PlacedDialog::setVisible(bool visible) {
+  // Before the window system knows the window: a place that is given then is that of its frame.
+  if (visible && !placed_) {
     placed_ = true;
     RestorePosition();
   }
-  QDialog::showEvent(event);
+  QDialog::setVisible(visible);
 }
 
 void PlacedDialog::done(int result) {
@@ -30,6 +30,7 @@ void PlacedDialog::done(int result) {
 }
 
 void PlacedDialog::RestorePosition() {
+  adjustSize();
   if (placement_.flags.windows) {
     if (const auto value = placement_.ini.Read(kSection, key_)) {
       const auto fields = settings::SplitList(*value, 2, ",");
@@ -37,13 +38,12 @@ void PlacedDialog::RestorePosition() {
       return;
     }
   }
-  adjustSize();
-  const QRect main = placement_.mainWindow.frameGeometry();
-  const QRect own = frameGeometry();
-  const auto centred = [](int outer, int inner, int origin) {
-    return static_cast<int>(settings::Int((outer - inner) / 2.0)) + origin;
+  // Both windows have the same frame, so the sizes within it give the same middle.
+  const QWidget& main = placement_.mainWindow;
+  const auto centred = [](int outer, int inner) {
+    return static_cast<int>(settings::Int((outer - inner) / 2.0));
   };
-  move(centred(main.width(), own.width(), main.left()), centred(main.height(), own.height(), main.top()));
+  move(centred(main.width(), width()) + main.x(), centred(main.height(), height()) + main.y());
 }
 
 void PlacedDialog::RememberPosition() {

@@ -27,9 +27,7 @@ class PlacedDialog : public QDialog {
   PlacedDialog(const Placement& placement, std::string key);
 
   void done(int result) override;
-
- protected:
-  void showEvent(QShowEvent* event) override;
+  void setVisible(bool visible) override;
 
  private:
   void RestorePosition();

@@ -2,6 +2,8 @@
 // folder is like:
 //   # without river.mdb                          the world lacks this file
 //   # setting Region CentreWorld 2               the settings file holds this key beforehand
+//   # revision RevSchdMain 7.2                   the revision file holds this key beforehand
+//   # read-only zerbal.ini                       from this run on the file cannot be written
 //   # plays again                                the rest is played by a second run of the program in the
 //   same folder
 // The splash window does not wait unless a script sets it.
@@ -27,6 +29,8 @@ class Acceptance : public testing::TestWithParam<std::string> {};
 void Prepare(const fs::path& folder, const std::string& script) {
   SmallWorld world;
   const fs::path settingsFile = folder / "zerbal.ini";
+  const fs::path revisionFile = folder / "app_data" / "zblrev.ini";
+  fs::create_directories(revisionFile.parent_path());
   settings::WriteProfileString(settingsFile, "SplashWindow", "SecondsToShow", "0");
   std::istringstream lines(script);
   for (std::string line; std::getline(lines, line);) {
@@ -38,8 +42,20 @@ void Prepare(const fs::path& folder, const std::string& script) {
       world.LeaveOut(first);
     else if (directive == "setting" && words >> first >> second && std::getline(words >> std::ws, value))
       settings::WriteProfileString(settingsFile, first, second, value);
+    else if (directive == "revision" && words >> first && std::getline(words >> std::ws, value))
+      settings::WriteProfileString(revisionFile, "RevZBL", first, value);
   }
   world.Write(folder);
+}
+
+/// Does what a run's script says of files that the runs before have left.
+void Protect(const fs::path& folder, const std::string& run) {
+  std::istringstream lines(run);
+  for (std::string line; std::getline(lines, line);) {
+    constexpr std::string_view kReadOnly = "# read-only ";
+    if (line.starts_with(kReadOnly))
+      fs::permissions(folder / line.substr(kReadOnly.size()), fs::perms::owner_read);
+  }
 }
 
 /// The script's parts, one for each run of the program.
@@ -61,6 +77,7 @@ TEST_P(Acceptance, Script) {
   TempFolder folder;
   Prepare(folder.Path(), script);
   for (const std::string& run : Runs(script)) {
+    Protect(folder.Path(), run);
     const Played played = Play(run, folder.Path());
     ASSERT_EQ(played.status, 0) << played.reasons;
   }

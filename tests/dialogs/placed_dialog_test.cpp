@@ -53,6 +53,7 @@ TEST_F(PlacedDialogTest, AStoredPositionIsUsedAsItStandsEvenOffTheScreen) {
   ini.Write("Windows", kKey, "-5000,12345");
   const auto dialog = NewDialog();
   dialog->show();
+  QApplication::processEvents();  // the window system has its say
   EXPECT_EQ(dialog->pos(), QPoint(-5000, 12345));
 }
 

@@ -40,6 +40,9 @@ bool Runner::CommandRunsUndisturbed() const {
 }
 
 void Runner::Step() {
+  // What the line before set going - a new window becomes active and gives the focus - is over before the
+  // next.
+  QApplication::processEvents();
   if (ended_)
     return;
   if (CommandRunsUndisturbed()) {
