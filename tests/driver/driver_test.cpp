@@ -58,8 +58,8 @@ TEST_F(DriverTest, ADisabledButtonSwallowsTheClick) {
 }
 
 TEST_F(DriverTest, LinesThatAreNoCommandsEndWith2) {
-  for (const char* line : {"dance", "menu", "menu a b", "mapsize 10 x", "expect {", "text a \"b",
-                           "random 1", "press middle 1 1", "state sideways"})
+  for (const char* line : {"dance", "menu", "menu a b", "mapsize 10 x", "expect {", "text a \"b", "random 1",
+                           "press middle 1 1", "state sideways"})
     EXPECT_EQ(StatusAfterStart(line), 2) << line;
 }
 
