@@ -1,0 +1,65 @@
+// The main window in two hundred sizes, one after the other, with everything drawn that there is.
+#include <algorithm>
+#include <random>
+#include <sstream>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "settings/profile_file.h"
+#include "support/drive.h"
+#include "support/small_world.h"
+#include "support/temp_folder.h"
+
+namespace zerbal::test {
+namespace {
+
+struct Size {
+  int width;
+  int height;
+};
+
+/// The extremes first, then sizes of every order of magnitude; the same ones in each run.
+std::vector<Size> Sizes() {
+  std::vector<Size> sizes = {{1, 1}, {3000, 2000}, {1, 2000}, {3000, 1}, {2, 3}, {1280, 900}};
+  std::mt19937 random(1);
+  const auto side = [&random](int longest) {
+    const int limit = longest >> random() % 8;  // small ones are as likely as large ones
+    return 1 + static_cast<int>(random() % static_cast<unsigned>(std::max(1, limit)));
+  };
+  while (sizes.size() < 200) {
+    const int width = side(3000);
+    sizes.push_back({width, side(2000)});
+  }
+  return sizes;
+}
+
+TEST(ResizeStorm, EverySizeIsDrawnInThatSize) {
+  constexpr int kTwipsPerPixel = 15;
+  TempFolder folder;
+  SmallWorld().Write(folder.Path());
+  const auto settingsFile = folder / "zerbal.ini";
+  settings::WriteProfileString(settingsFile, "SplashWindow", "SecondsToShow", "0");
+  std::ostringstream script;
+  script << "start\n";
+  for (const char* entry : {"mnuViewCentr", "mnuViewRiver", "mnuViewIBound", "mnuViewAprt", "mnuViewDest",
+                            "mnuFlitLegNr", "mnuFlitSymb", "mnuFlitFSrv(0)"})
+    script << "menu " << entry << '\n';
+  int count = 0;
+  for (const Size& size : Sizes()) {
+    // Now and then another region: from afar, near, through 360, without any height.
+    if (++count % 20 == 0)
+      script << "menu mnuRegPart(" << count / 20 % 9 + 1 << ")\n";
+    script << "mapsize " << size.width << ' ' << size.height << "\nview\n"
+           << "expect {\"MapWidth\": " << size.width * kTwipsPerPixel
+           << ", \"MapHeight\": " << size.height * kTwipsPerPixel << "}\n"
+           << "expect-op {\"op\": \"circle\", \"layer\": \"centre\", \"x\": "
+           << size.width * kTwipsPerPixel / 2 << ", \"y\": " << size.height * kTwipsPerPixel / 2 << "}\n";
+  }
+  script << "quit\n";
+  const Played played = Play(script.str(), folder.Path());
+  EXPECT_EQ(played.status, 0) << played.reasons;
+}
+
+}  // namespace
+}  // namespace zerbal::test
