@@ -20,14 +20,17 @@ class ReadOut final : public QLabel {
   QSize minimumSizeHint() const override { return {1, QLabel::minimumSizeHint().height()}; }
 
  private:
-  static constexpr int kAir = 16;  // logical pixels beside the text
+  static constexpr int kAir = 10;  // logical pixels beside the text
   QString longest_;
 };
+
+constexpr int kLeftMargin = 8;  // logical pixels; below the first button's picture, not on the window's edge
 
 }  // namespace
 
 StatusBar::StatusBar(QWidget* parent) : QStatusBar(parent) {
   setObjectName("picStat");
+  setContentsMargins(kLeftMargin, 0, 0, 0);
   lblPosY_ = new ReadOut("lblPosY", tr("Latitude"), QString::fromUtf8("N00° 00.00'"), this);
   lblPosX_ = new ReadOut("lblPosX", tr("Longitude"), QString::fromUtf8("W000° 00.00'"), this);
   lblMapSize_ = new ReadOut("lblMapSize", tr("Extent of the map"),
