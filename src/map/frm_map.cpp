@@ -54,6 +54,7 @@ void frmMap::Redraw() {
   if (!scene_.viewport.HasArea())
     return;
   const Hourglass hourglass;
+  TakeLooks();
   PreparePicture();
   DrawOnPicture([this](Surface& surface) { DrawMap(scene_, surface); });
   ++draws_;
@@ -61,6 +62,16 @@ void frmMap::Redraw() {
   zoomBox_.drawn = false;
   zoomBox_.x2 = zoomBox_.x1;
   zoomBox_.y2 = zoomBox_.y1;
+}
+
+/// The window's own font and colour are those of its map, for whoever asks the window.
+void frmMap::TakeLooks() {
+  const TextFont mapFont = MapFont(scene_.viewport, scene_.tables.fonts);
+  const QFont wanted(QString::fromStdString(mapFont.name), mapFont.size);
+  if (font() != wanted)
+    setFont(wanted);
+  const data::Rgb background = scene_.tables.colours[data::ColourCode::kMapBg];
+  background_ = QColor(background.red, background.green, background.blue);
 }
 
 void frmMap::PreparePicture() {

@@ -1,6 +1,7 @@
 // The map window: shows the finished picture of the last redraw and turns the mouse into view changes.
 #pragma once
 
+#include <QColor>
 #include <QImage>
 #include <QWidget>
 
@@ -13,6 +14,8 @@ namespace zerbal::map {
 /// RecomputeAndRedraw; a change of what is drawn ends in Redraw. Both run to their end before they return.
 class frmMap final : public QWidget {
   Q_OBJECT
+  /// The map's background.
+  Q_PROPERTY(QColor colour READ BackgroundColour)
 
  public:
   /// `scene` must outlive the window.
@@ -27,6 +30,7 @@ class frmMap final : public QWidget {
   int Draws() const { return draws_; }
   /// A second surface that is given every operation, the zoom box's too; null for none.
   void SetObserver(Surface* observer) { observer_ = observer; }
+  QColor BackgroundColour() const { return background_; }
   const QImage& Picture() const { return picture_; }
 
  signals:
@@ -54,6 +58,7 @@ class frmMap final : public QWidget {
     float x2 = 0, y2 = 0;  ///< the moving corner, limited to the drawing area
   };
 
+  void TakeLooks();
   void PreparePicture();
   template <typename Draw>
   void DrawOnPicture(const Draw& draw);
@@ -65,6 +70,7 @@ class frmMap final : public QWidget {
   float LimitedY(float y) const;
 
   MapScene& scene_;
+  QColor background_;
   QImage picture_;
   PreparedPictures prepared_;
   Surface* observer_ = nullptr;

@@ -178,6 +178,16 @@ TEST_F(FrmMapTest, ObserverIsGivenTheWholeRedraw) {
   EXPECT_EQ(count(Layer::kZoomBox), 0);
 }
 
+TEST_F(FrmMapTest, TheWindowsOwnFontAndColourAreTheMaps) {
+  world_.tables.fonts[data::FontCode::kLoRes].name = "DejaVu Sans";
+  world_.tables.fonts[data::FontCode::kLoRes].size = 13;
+  world_.tables.colours.rows[0].rgb = {1, 2, 3};
+  map_.Redraw();
+  EXPECT_EQ(map_.font().family(), "DejaVu Sans");
+  EXPECT_EQ(map_.font().pointSize(), 13);
+  EXPECT_EQ(map_.property("colour").value<QColor>(), QColor(1, 2, 3));
+}
+
 TEST_F(FrmMapTest, MarginsHaveTheMapsBackground) {
   Resize(1000, 360);
   const QRgb background = qRgb(1, 100, 200);
