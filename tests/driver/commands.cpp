@@ -31,6 +31,8 @@ void RandomCommand(const Arguments& arguments, Stage& stage) {
 }
 
 void StartCommand(const Arguments&, Stage& stage) {
+  if (stage.program.Running())
+    throw Failure("the program has started already");
   const bool started = stage.program.Start();
   stage.answer({{"started", started}});
 }

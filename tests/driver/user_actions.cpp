@@ -1,6 +1,7 @@
 #include "user_actions.h"
 
 #include <QAbstractItemView>
+#include <QAbstractScrollArea>
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
@@ -19,8 +20,9 @@ namespace {
 
 void SendMouse(QWidget* widget, QEvent::Type type, Qt::MouseButton button, Qt::MouseButtons held) {
   // The clickable part of a check box or option button is its mark and caption, not its whole width.
-  const QPoint at(std::min(widget->width() / 2, std::max(8, widget->sizeHint().width() / 2)),
-                  widget->height() / 2);
+  const int hint = widget->sizeHint().width();
+  const int middle = widget->width() / 2;
+  const QPoint at(hint > 0 ? std::min(middle, std::max(8, hint / 2)) : middle, widget->height() / 2);
   QMouseEvent event(type, at, widget->mapToGlobal(at), button, held, Qt::NoModifier);
   QApplication::sendEvent(widget, &event);
 }
@@ -65,6 +67,12 @@ void PressKey(QWidget* widget, const Key& key) {
 }  // namespace
 
 void ClickMiddle(QWidget* widget, Qt::MouseButton button) {
+  // The mouse meets the lines of a list, not the list's frame.
+  if (auto* area = qobject_cast<QAbstractScrollArea*>(widget); area && area->isEnabled()) {
+    Activate(area);
+    area->setFocus(Qt::MouseFocusReason);
+    widget = area->viewport();
+  }
   // A disabled control swallows the click; Qt would hand it to its parent.
   if (!widget->isEnabled())
     return;
