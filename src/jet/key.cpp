@@ -119,27 +119,6 @@ void AppendAccentsJet3(std::string_view bytes, Key& key) {
   nibbles.Add(1, 0);
 }
 
-std::size_t FixedSize(ColumnType type) {
-  switch (type) {
-    case ColumnType::kBoolean:
-    case ColumnType::kByte:
-      return 1;
-    case ColumnType::kInteger:
-      return 2;
-    case ColumnType::kLong:
-    case ColumnType::kSingle:
-      return 4;
-    case ColumnType::kCurrency:
-    case ColumnType::kDouble:
-    case ColumnType::kDateTime:
-      return 8;
-    case ColumnType::kGuid:
-      return 16;
-    default:
-      return 0;
-  }
-}
-
 // The first three groups of a stored GUID are little-endian; keys have them as they are written.
 std::array<char, 16> GuidInTextOrder(std::string_view bytes) {
   std::array<char, 16> guid{};
@@ -197,8 +176,9 @@ void AppendTextKeyJet3(std::string_view bytes, bool ascending, Key& key) {
 }
 
 bool AppendFixedKey(ColumnType type, std::string_view bytes, bool ascending, Key& key) {
-  const std::size_t size = FixedSize(type);
-  if (size == 0 || bytes.size() != size)
+  // Keys of decimal numbers are not known well enough.
+  const auto size = static_cast<std::size_t>(SizeOfType(type));
+  if (type == ColumnType::kNumeric || size == 0 || bytes.size() != size)
     return false;
   if (type == ColumnType::kGuid) {
     const std::array<char, 16> guid = GuidInTextOrder(bytes);

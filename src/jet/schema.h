@@ -25,6 +25,31 @@ enum class ColumnType : std::uint8_t {
   kNumeric = 0x10,
 };
 
+/// Bytes that every value of the type takes where it is stored; 0 for text, binary, memo and OLE. A boolean,
+/// kept in the null mask, counts as one.
+constexpr int SizeOfType(ColumnType type) {
+  switch (type) {
+    case ColumnType::kBoolean:
+    case ColumnType::kByte:
+      return 1;
+    case ColumnType::kInteger:
+      return 2;
+    case ColumnType::kLong:
+    case ColumnType::kSingle:
+      return 4;
+    case ColumnType::kCurrency:
+    case ColumnType::kDouble:
+    case ColumnType::kDateTime:
+      return 8;
+    case ColumnType::kGuid:
+      return 16;
+    case ColumnType::kNumeric:
+      return 17;
+    default:
+      return 0;
+  }
+}
+
 struct ColumnInfo {
   std::string name;  ///< UTF-8
   ColumnType type = ColumnType::kLong;

@@ -71,30 +71,6 @@ class Joined {
   ByteView view_;
 };
 
-/// Size of a value of the type in the fixed part; 0 when the column's own length says.
-int SizeOfType(ColumnType type) {
-  switch (type) {
-    case ColumnType::kBoolean:
-    case ColumnType::kByte:
-      return 1;
-    case ColumnType::kInteger:
-      return 2;
-    case ColumnType::kLong:
-    case ColumnType::kSingle:
-      return 4;
-    case ColumnType::kCurrency:
-    case ColumnType::kDouble:
-    case ColumnType::kDateTime:
-      return 8;
-    case ColumnType::kGuid:
-      return 16;
-    case ColumnType::kNumeric:
-      return 17;
-    default:
-      return 0;
-  }
-}
-
 class Parser {
  public:
   Parser(const FilePages& pages, ByteView bytes, TableDefinition& table)

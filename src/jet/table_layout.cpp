@@ -31,22 +31,6 @@ constexpr std::uint8_t kAlways = 0x80;
 
 std::uint16_t StoredLength(const ColumnInfo& column) {
   switch (column.type) {
-    case ColumnType::kBoolean:
-    case ColumnType::kByte:
-      return 1;
-    case ColumnType::kInteger:
-      return 2;
-    case ColumnType::kLong:
-    case ColumnType::kSingle:
-      return 4;
-    case ColumnType::kCurrency:
-    case ColumnType::kDouble:
-    case ColumnType::kDateTime:
-      return 8;
-    case ColumnType::kGuid:
-      return 16;
-    case ColumnType::kNumeric:
-      return 17;
     case ColumnType::kText:
       return static_cast<std::uint16_t>(2 * column.length);
     case ColumnType::kBinary:
@@ -54,6 +38,9 @@ std::uint16_t StoredLength(const ColumnInfo& column) {
     case ColumnType::kOle:
     case ColumnType::kMemo:
       return 0;
+    default:
+      if (const int size = SizeOfType(column.type); size > 0)
+        return static_cast<std::uint16_t>(size);
   }
   throw Refusal("column '" + column.name + "' is of an unknown type");
 }
