@@ -1,6 +1,7 @@
 #include "dialogs/frm_colo_sett.h"
 
 #include <QSignalBlocker>
+#include <algorithm>
 
 #include "ui_frm_colo_sett.h"
 
@@ -31,6 +32,8 @@ frmColoSett::frmColoSett(const Placement& placement, data::ColourTable& colours,
     working_.push_back(service.rgb);
   }
   sample_ = std::make_unique<ColourSample>(*ui_->picMap, services_);
+  // Names are shown whole in any font: the sample map scrolls downwards only.
+  ui_->picAll->setMinimumWidth(std::max(ui_->picAll->minimumWidth(), ui_->picMap->sizeHint().width()));
   for (std::size_t entry = 0; entry < working_.size(); ++entry)
     sample_->SetColour(entry, working_[entry]);
 
