@@ -1,0 +1,65 @@
+// Chance that can be had again: everything the monkey decides comes from one seeded generator, by arithmetic
+// that is the same with every standard library.
+#pragma once
+
+#include <QString>
+#include <cmath>
+#include <cstdint>
+#include <random>
+
+namespace zerbal::monkey {
+
+class Choice {
+ public:
+  explicit Choice(std::uint64_t seed) : generator_(seed) {}
+
+  /// 0 <= result < count; 0 when there is nothing to choose from.
+  int Below(int count) {
+    return count <= 0 ? 0 : static_cast<int>(generator_() % static_cast<std::uint64_t>(count));
+  }
+  int Between(int lowest, int highest) { return lowest + Below(highest - lowest + 1); }
+  bool OneIn(int count) { return Below(count) == 0; }
+  /// A length from 1 to `longest`, the short ones as likely as the long ones.
+  int Length(int longest) {
+    const double part = Below(100001) / 100000.0;
+    return static_cast<int>(std::lround(std::pow(static_cast<double>(longest), part)));
+  }
+  template <class List>
+  auto& Of(List& list) {
+    return list[static_cast<typename List::size_type>(Below(static_cast<int>(list.size())))];
+  }
+
+  /// What somebody may type or paste: mostly numbers, sometimes anything.
+  QString Text() {
+    static const QString kTexts[] = {"",
+                                     "0",
+                                     "7",
+                                     "42",
+                                     "359",
+                                     "-1",
+                                     "32767",
+                                     "32768",
+                                     "99999",
+                                     "2147483647",
+                                     "2147483648",
+                                     "9999999999",
+                                     "1.5",
+                                     "1e9",
+                                     "Oslo",
+                                     "O",
+                                     " ",
+                                     "\u00e6\u00f8\u00e5",
+                                     "\u4e2d\u6587",
+                                     "a&b",
+                                     "%1 %s %n",
+                                     "0x10"};
+    if (OneIn(40))
+      return QString(Between(100, 5000), QChar('9'));
+    return kTexts[Below(static_cast<int>(std::size(kTexts)))];
+  }
+
+ private:
+  std::mt19937_64 generator_;
+};
+
+}  // namespace zerbal::monkey

@@ -1,0 +1,50 @@
+// What the monkey does to the windows it finds: everything a user's hands can do, and some bad luck with
+// the files. Every action is printed before it is done, so that the last line names the culprit.
+#pragma once
+
+#include <QAbstractItemView>
+#include <QEvent>
+#include <QMenu>
+#include <QMessageBox>
+#include <QWidget>
+
+#include "choice.h"
+#include "map/frm_map.h"
+#include "misfortune.h"
+
+namespace zerbal::monkey {
+
+class Hands {
+ public:
+  explicit Hands(std::uint32_t seed) : choice_(seed), misfortune_(choice_) {}
+
+  void AnswerBox(QMessageBox& box);
+  void UsePopup(QWidget& popup);
+  void UseDialog(QWidget& dialog);
+  void UseMainWindow(QWidget& window, map::frmMap& map);
+
+ private:
+  void Say(const QString& action);
+  void PressKey(QWidget& window, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+  void PressAnyKey(QWidget& window);
+  void Mouse(QWidget& widget, QEvent::Type type, const QPoint& at, Qt::MouseButton button);
+  void ClickAnywhere(QWidget& widget);
+  void TurnWheel(QWidget& widget);
+  void ChooseEntry(QWidget& window);
+  void OpenMenuBar(QWidget& window);
+  void UseMouseOnMap(map::frmMap& map);
+  void Resize(QWidget& window, map::frmMap& map);
+  void ChangeState(QWidget& window);
+  void UseAnyControl(QWidget& window);
+  void UseControl(QWidget& control);
+  void TypeInto(QWidget& control);
+  void PickIn(QAbstractItemView& list);
+  void Close(QWidget& window);
+
+  Choice choice_;
+  Misfortune misfortune_;
+  int count_ = 0;
+  Qt::MouseButtons held_;
+};
+
+}  // namespace zerbal::monkey

@@ -1,0 +1,190 @@
+#include "lives.h"
+
+#include <algorithm>
+#include <csignal>
+#include <filesystem>
+#include <iostream>
+#include <memory>
+#include <string>
+
+#include <poll.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "choice.h"
+#include "life.h"
+#include "settings/profile_file.h"
+#include "support/small_world.h"
+#include "support/temp_folder.h"
+#include "world_files.h"
+
+namespace zerbal::monkey {
+namespace {
+
+constexpr int kLongestLife = 400;  ///< actions
+/// No action takes that long, not even under a sanitizer on a busy machine.
+constexpr int kHangMs = 60000;
+
+/// A folder with everything the program needs, and copies.
+class World {
+ public:
+  World() {
+    const test::SmallWorld world;
+    world.Write(folder_.Path());
+    world.Write(folder_ / kPristine);
+    WaitForNoSplash();
+    std::filesystem::copy_file(folder_ / kSettingsFile, folder_ / kPristine / kSettingsFile);
+  }
+  const std::filesystem::path& Path() const { return folder_.Path(); }
+  /// The monkey may have asked for a long splash.
+  void WaitForNoSplash() {
+    settings::WriteProfileString(folder_ / kSettingsFile, "SplashWindow", "SecondsToShow", "0");
+  }
+
+  // What has happened to the files so far.
+  bool databasesHurt = false;
+  bool settingsHurt = false;
+
+ private:
+  test::TempFolder folder_;
+};
+
+struct Ending {
+  int actions = 0;
+  bool hung = false;
+  int status = 0;  ///< as waitpid gives it
+};
+
+class LifeProcess {
+ public:
+  LifeProcess(const std::filesystem::path& program, World& world, std::uint32_t seed, int actions)
+      : world_(world) {
+    int ends[2];
+    if (pipe(ends) != 0)
+      throw std::runtime_error("no pipe");
+    const std::string words[] = {std::to_string(seed), std::to_string(actions)};
+    std::cout.flush();
+    process_ = fork();
+    if (process_ == 0) {
+      dup2(ends[1], STDOUT_FILENO);
+      close(ends[0]);
+      close(ends[1]);
+      if (chdir(world.Path().c_str()) == 0)
+        execl(program.c_str(), program.c_str(), "--life", words[0].c_str(), words[1].c_str(), nullptr);
+      _exit(127);
+    }
+    close(ends[1]);
+    output_ = ends[0];
+  }
+  ~LifeProcess() { close(output_); }
+  LifeProcess(const LifeProcess&) = delete;
+  LifeProcess& operator=(const LifeProcess&) = delete;
+
+  /// Passes on what it prints until it ends, or ends it when it prints nothing for too long.
+  Ending Watch() {
+    Ending ending;
+    pollfd waiting{output_, POLLIN, 0};
+    for (;;) {
+      if (poll(&waiting, 1, kHangMs) == 0) {
+        ending.hung = true;
+        kill(process_, SIGABRT);
+        break;
+      }
+      char buffer[4096];
+      const ssize_t size = read(output_, buffer, sizeof buffer);
+      if (size <= 0)
+        break;
+      for (const char letter : std::string_view(buffer, static_cast<std::size_t>(size)))
+        Take(letter, ending);
+    }
+    waitpid(process_, &ending.status, 0);
+    return ending;
+  }
+
+ private:
+  void Take(char letter, Ending& ending) {
+    if (letter != '\n') {
+      line_ += letter;
+      return;
+    }
+    std::cout << "  " << line_ << '\n';
+    ending.actions += !line_.empty() && line_[0] >= '0' && line_[0] <= '9' ? 1 : 0;
+    world_.databasesHurt |= line_.find(" database ") != std::string::npos;
+    world_.settingsHurt |= line_.find(" settings file ") != std::string::npos;
+    line_.clear();
+  }
+
+  World& world_;
+  pid_t process_ = 0;
+  int output_ = -1;
+  std::string line_;
+};
+
+/// What is wrong with the end of a life; empty when it may end so.
+std::string Complaint(const Ending& ending, const World& world) {
+  if (ending.hung)
+    return "a hang";
+  if (WIFSIGNALED(ending.status))
+    return "signal " + std::to_string(WTERMSIG(ending.status));
+  switch (WEXITSTATUS(ending.status)) {
+    case kClosed:
+      return {};
+    case kRefused:
+      return world.databasesHurt || world.settingsHurt ? "" : "the start was refused without a reason";
+    case kEngineError:
+      return world.databasesHurt ? "" : "the engine failed on whole files";
+    case kUnexpected:
+      return "an exception that is none of the engine's";
+    default:
+      return "exit status " + std::to_string(WEXITSTATUS(ending.status));
+  }
+}
+
+struct Tally {
+  int lives = 0;
+  int closed = 0;
+  int refused = 0;
+  int engineErrors = 0;
+};
+
+void Count(const Ending& ending, Tally& tally) {
+  ++tally.lives;
+  tally.closed += WEXITSTATUS(ending.status) == kClosed ? 1 : 0;
+  tally.refused += WEXITSTATUS(ending.status) == kRefused ? 1 : 0;
+  tally.engineErrors += WEXITSTATUS(ending.status) == kEngineError ? 1 : 0;
+}
+
+}  // namespace
+
+bool PlayLives(const char* program, std::uint32_t seed, int actions) {
+  const std::filesystem::path self = std::filesystem::absolute(program);
+  Choice choice(seed);
+  auto world = std::make_unique<World>();
+  Tally tally;
+  int left = actions;
+  while (left > 0) {
+    const auto lifeSeed = static_cast<std::uint32_t>(choice.Below(1 << 30));
+    const int length = std::min(left, kLongestLife);
+    std::cout << "life " << tally.lives + 1 << ", seed " << lifeSeed << ", " << length << " actions"
+              << std::endl;
+    const Ending ending = LifeProcess(self, *world, lifeSeed, length).Watch();
+    if (const std::string complaint = Complaint(ending, *world); !complaint.empty()) {
+      std::cout << "FAILED: " << complaint << "; again with: zerbal-monkey " << seed << ' ' << actions
+                << std::endl;
+      return false;
+    }
+    Count(ending, tally);
+    left -= std::max(1, ending.actions);
+    // Often the next life finds what this one left behind, in its settings and in its files.
+    if (choice.OneIn(3) || (world->databasesHurt && !choice.OneIn(3)))
+      world = std::make_unique<World>();
+    else
+      world->WaitForNoSplash();
+  }
+  std::cout << "seed " << seed << ": " << actions << " actions in " << tally.lives << " lives; "
+            << tally.closed << " closed, " << tally.engineErrors << " ended by an engine error, "
+            << tally.refused << " refused at the start" << std::endl;
+  return true;
+}
+
+}  // namespace zerbal::monkey
