@@ -1,6 +1,6 @@
 #include "dialogs/help_dialogs.h"
 
-#include <QIcon>
+#include <QImageReader>
 
 #include "ui_frm_help_info.h"
 #include "ui_frm_help_mous.h"
@@ -16,7 +16,16 @@ namespace zerbal::dialogs {
 namespace {
 
 constexpr char kVersion[] = "1.100";
-constexpr int kLogoSize = 96;
+constexpr int kLogoSize = 96;  // logical pixels
+
+/// Read anew each time: an icon would keep every picture it ever gave in the program-wide cache.
+QPixmap Logo(qreal pixelRatio) {
+  QImageReader reader(":/dialogs/logo.svg");
+  reader.setScaledSize((QSizeF(kLogoSize, kLogoSize) * pixelRatio).toSize());
+  QPixmap logo = QPixmap::fromImage(reader.read());
+  logo.setDevicePixelRatio(pixelRatio);
+  return logo;
+}
 
 }  // namespace
 
@@ -50,7 +59,7 @@ frmHelpInfo::frmHelpInfo(const Placement& placement) : PlacedDialog(placement, "
   InitResources();
   Ui::frmHelpInfo ui;
   ui.setupUi(this);
-  ui.imgLogo->setPixmap(QIcon(":/dialogs/logo.svg").pixmap(QSize(kLogoSize, kLogoSize), devicePixelRatioF()));
+  ui.imgLogo->setPixmap(Logo(devicePixelRatioF()));
   ui.imgLogo->setAccessibleName(settings::kProgramTitle);
   ui.lblTit->setText(settings::kProgramTitle);
   ui.lblVers->setText(QStringLiteral("Version: ") + kVersion);

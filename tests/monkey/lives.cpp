@@ -13,10 +13,7 @@
 
 #include "choice.h"
 #include "life.h"
-#include "settings/profile_file.h"
-#include "support/small_world.h"
-#include "support/temp_folder.h"
-#include "world_files.h"
+#include "world.h"
 
 namespace zerbal::monkey {
 namespace {
@@ -24,30 +21,6 @@ namespace {
 constexpr int kLongestLife = 400;  ///< actions
 /// No action takes that long, not even under a sanitizer on a busy machine.
 constexpr int kHangMs = 60000;
-
-/// A folder with everything the program needs, and copies.
-class World {
- public:
-  World() {
-    const test::SmallWorld world;
-    world.Write(folder_.Path());
-    world.Write(folder_ / kPristine);
-    WaitForNoSplash();
-    std::filesystem::copy_file(folder_ / kSettingsFile, folder_ / kPristine / kSettingsFile);
-  }
-  const std::filesystem::path& Path() const { return folder_.Path(); }
-  /// The monkey may have asked for a long splash.
-  void WaitForNoSplash() {
-    settings::WriteProfileString(folder_ / kSettingsFile, "SplashWindow", "SecondsToShow", "0");
-  }
-
-  // What has happened to the files so far.
-  bool databasesHurt = false;
-  bool settingsHurt = false;
-
- private:
-  test::TempFolder folder_;
-};
 
 struct Ending {
   int actions = 0;
