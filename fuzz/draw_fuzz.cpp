@@ -228,7 +228,7 @@ void NeedFonts() {
   static char* words[] = {name, nullptr};
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
     qputenv("QT_QPA_PLATFORM", "offscreen");
-  static const auto* application = new QGuiApplication(count, words);
+  static const QGuiApplication application(count, words);
   static_cast<void>(application);
 }
 

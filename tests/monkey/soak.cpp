@@ -8,13 +8,15 @@
 
 #include <malloc.h>
 #include <unistd.h>
-#if defined(__SANITIZE_ADDRESS__)
-#include <sanitizer/allocator_interface.h>
-#endif
 
 #include "controls.h"
 #include "driven_program.h"
 #include "world.h"
+
+#if defined(__SANITIZE_ADDRESS__)
+// The sanitizer's own count; not every compiler has a header for it.
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
+#endif
 
 namespace zerbal::monkey {
 namespace {

@@ -29,7 +29,7 @@ constexpr char kSession[] =
     "menu mnuFileColoSett\nclick cmdOK\n"
     "menu mnuFlitSeleFlit\nchoose cboFSrv 0\npick lstFlit 0,1\nclick cmdDisp\n"
     "menu mnuFlitSeleDest\nclose frmSeleDest\n"
-    "menu mnuFlitRandFlit\nclick cmdRndFlit\nclose frmRandFlit\n"
+    "menu mnuFlitRandFlit\nclick optAnzFlitOne\nrandom 0 0\nclick cmdRndFlit\nclose frmRandFlit\n"
     "menu mnuHelpInfo\nclose frmHelpInfo\n"
     "quit\nexpect {\"ended\": true}\n";
 
