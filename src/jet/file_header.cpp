@@ -47,7 +47,7 @@ Format FormatOf(ByteView file) {
 }  // namespace
 
 FileHeader ReadFileHeader(ByteView file) {
-  constexpr std::size_t kShortest = 2 * 2048;
+  constexpr std::size_t kShortest = 4096;  // two pages of the smaller format
   if (file.Empty())
     throw Damage("the file is empty");
   if (file.Size() < kMaskStart)

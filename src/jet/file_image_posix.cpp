@@ -51,7 +51,7 @@ void OnBusError(int signal, siginfo_t* info, void* context) {
   for (Slot* slot = firstSlot.load(); isFault && slot != nullptr; slot = slot->next) {
     if (address < slot->begin.load() || address >= slot->end.load())
       continue;
-    void* page = reinterpret_cast<void*>(address & ~(systemPageSize - 1));
+    void* page = static_cast<char*>(info->si_addr) - (address & (systemPageSize - 1));
     slot->shrunk.store(true);
     if (mmap(page, systemPageSize, PROT_READ, MAP_PRIVATE | MAP_ANONYMOUS | MAP_FIXED, -1, 0) == MAP_FAILED)
       break;

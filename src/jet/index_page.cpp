@@ -77,7 +77,7 @@ IndexPage::IndexPage(const FilePages& pages, std::uint32_t number, std::uint32_t
 }
 
 std::uint64_t IndexPage::MaskWord(unsigned word) const {
-  return LoadU64(page_.Data() + mask_ + 8 * word);
+  return LoadU64(page_.Data() + mask_ + std::size_t{8} * word);
 }
 
 unsigned IndexPage::NextBoundary(unsigned from) const {

@@ -90,9 +90,10 @@ void PairReader::State::ReadRowsOfPage(std::span<LongPair> out, std::size_t& cou
   const std::uint8_t* directory = page.Directory();
   const std::size_t directoryEnd = page.DirectoryEnd();
   const unsigned rowCount = page.RowCount();
-  std::size_t end = nextRow == 0 ? bytes.Size() : LoadU16(directory + 2 * (nextRow - 1)) & 0x1FFFu;
+  std::size_t end =
+      nextRow == 0 ? bytes.Size() : LoadU16(directory + std::size_t{2} * (nextRow - 1)) & 0x1FFFu;
   for (; nextRow < rowCount && count < out.size(); ++nextRow) {
-    const std::uint16_t entry = LoadU16(directory + 2 * nextRow);
+    const std::uint16_t entry = LoadU16(directory + std::size_t{2} * nextRow);
     const std::size_t start = entry & 0x1FFFu;
     if ((entry & DataPage::kHidden) == 0) {
       if ((entry & DataPage::kMoved) != 0) {

@@ -174,7 +174,7 @@ void PixelCanvas::SmoothLine(Spot from, Spot to, std::uint32_t pixel, double wid
     for (std::uint8_t& coverage : coverage_) {
       const float insideAlong = std::clamp(edgeAlong - std::abs(along), 0.0F, 1.0F);
       const float insideAside = std::clamp(edgeAside - std::abs(aside), 0.0F, 1.0F);
-      coverage = static_cast<std::uint8_t>(insideAlong * insideAside * 255 + 0.5F);
+      coverage = static_cast<std::uint8_t>(std::lround(insideAlong * insideAside * 255));
       along += stepAlong;
       aside += stepAside;
     }
@@ -192,7 +192,7 @@ void PixelCanvas::Blend(const Mask& mask, int x, int y, std::uint32_t pixel) {
   if (lastColumn <= firstColumn)
     return;
   const Cover cover(background_, pixel);
-  const std::uint8_t* coverage = mask.coverage.data() + firstRow * mask.width + firstColumn;
+  const std::uint8_t* coverage = mask.coverage.data() + std::ptrdiff_t{firstRow} * mask.width + firstColumn;
   std::uint32_t* at = pixels_ + (top + firstRow) * stride_ + left + firstColumn;
   for (int row = firstRow; row < lastRow; ++row, coverage += mask.width, at += stride_)
     cover.Row(at, coverage, lastColumn - firstColumn);
