@@ -85,7 +85,7 @@ class Bytes {
     return static_cast<std::int32_t>(static_cast<double>(Number(2)) / 65535 * range * 1e6);
   }
   std::string Label() {
-    const int kind = Below(8);
+    const int kind = Below(64);  // a world of long labels alone takes half a second
     if (kind == 0)
       return std::string(65'535, 'm');
     if (kind == 1)

@@ -1,6 +1,8 @@
 #include "map/map_world.h"
 
+#include <bit>
 #include <cmath>
+#include <cstdint>
 #include <cstring>
 #include <ostream>
 #include <utility>
@@ -28,11 +30,23 @@ std::string Bytes(float value) {
   return bytes;
 }
 
+/// In one pass, and looking up only what may be one of the singles: the fuzzer has many of them in large
+/// files.
 void Exchange(const std::filesystem::path& file, const std::vector<std::pair<float, float>>& singles) {
-  std::string bytes = test::ReadBytes(file);
+  std::map<std::uint32_t, std::string> exchanged;
   for (const auto& [from, to] : singles)
-    for (std::size_t at = 0; (at = bytes.find(Bytes(from), at)) != std::string::npos; at += sizeof from)
-      bytes.replace(at, sizeof from, Bytes(to));
+    exchanged.emplace(std::bit_cast<std::uint32_t>(from), Bytes(to));
+  const std::uint32_t least = exchanged.begin()->first;
+  const std::uint32_t span = exchanged.rbegin()->first - least;
+  std::string bytes = test::ReadBytes(file);
+  for (std::size_t at = 0; at + sizeof(float) <= bytes.size(); ++at) {
+    std::uint32_t stored = 0;
+    std::memcpy(&stored, bytes.data() + at, sizeof stored);
+    if (stored - least > span)
+      continue;
+    if (const auto found = exchanged.find(stored); found != exchanged.end())
+      bytes.replace(at, sizeof stored, found->second);
+  }
   test::WriteBytes(file, bytes);
 }
 
