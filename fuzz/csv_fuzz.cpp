@@ -6,11 +6,13 @@
 #include <cstdlib>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 #include "zerbal-pack/airline.h"
 #include "zerbal-pack/csv.h"
 #include "zerbal-pack/csv_table.h"
+#include "zerbal-pack/csv_value.h"
 
 namespace {
 
@@ -61,6 +63,18 @@ void CheckRecords(std::string_view text) {
   }
 }
 
+void CheckValue(const jet::Value& value, const pack::ColumnLayout& column) {
+  if (const auto* text = std::get_if<std::string>(&value))
+    Require(pack::CharacterCount(*text) <= static_cast<std::size_t>(column.field.length), "a text too long");
+  if (const auto* whole = std::get_if<std::int32_t>(&value))
+    Require(*whole >= column.least && *whole <= column.most, "a whole number that does not fit");
+  const double most = column.use == pack::ColumnUse::kLongitude ? 360 : 180;
+  if (const auto* degrees = std::get_if<float>(&value))
+    Require(*degrees >= 0 && *degrees <= most, "a position outside the map frame");
+  if (const auto* degrees = std::get_if<double>(&value))
+    Require(*degrees >= 0 && *degrees <= most, "a bound outside the map frame");
+}
+
 void CheckTable(std::string_view text, const pack::TableLayout& layout) {
   pack::Problems problems;
   const pack::CsvTable table = pack::ParseCsvTable(text, "fuzz.csv", layout, problems);
@@ -69,8 +83,7 @@ void CheckTable(std::string_view text, const pack::TableLayout& layout) {
   for (const pack::CsvRow& row : table.rows) {
     Require(row.values.size() == layout.columns.size(), "a row of another length");
     for (std::size_t i = 0; i < row.values.size(); ++i)
-      Require(row.Text(i).size() <= 4 * static_cast<std::size_t>(layout.columns[i].field.length),
-              "a text too long");
+      CheckValue(row.values[i], layout.columns[i]);
   }
 }
 

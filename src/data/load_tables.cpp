@@ -1,6 +1,5 @@
 #include "data/load_tables.h"
 
-#include <array>
 #include <cstdint>
 #include <string>
 
@@ -11,10 +10,6 @@ namespace zerbal::data {
 namespace {
 
 using settings::NL;
-
-constexpr std::array<const char*, kColourCount> kColourCodes = {"MAPBG",  "ZOOM",  "CENTRE", "COAST", "RIVER",
-                                                                "IBOUND", "APALL", "APDEST", "ACSYMB"};
-constexpr std::array<const char*, kFontCount> kFontCodes = {"LORES", "HIRES"};
 
 jet::Recordset OpenWithIndex(const jet::Database& database, const char* table, const char* index) {
   jet::Recordset recordset = database.OpenTable(table);

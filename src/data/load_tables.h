@@ -2,6 +2,7 @@
 // and the answer false; everything else is the engine's error and is not caught here.
 #pragma once
 
+#include <array>
 #include <filesystem>
 
 #include "data/reference_tables.h"
@@ -9,6 +10,11 @@
 #include "settings/message_boxes.h"
 
 namespace zerbal::data {
+
+/// What the rows of ColourTable and FontTable are found by, in their order.
+inline constexpr std::array<const char*, kColourCount> kColourCodes = {
+    "MAPBG", "ZOOM", "CENTRE", "COAST", "RIVER", "IBOUND", "APALL", "APDEST", "ACSYMB"};
+inline constexpr std::array<const char*, kFontCount> kFontCodes = {"LORES", "HIRES"};
 
 /// Loads ColourTable from table `col` of zbldata.mdb. When codes are missing shows one critical box that
 /// lists them and returns false. Components beyond 0..255 are limited.

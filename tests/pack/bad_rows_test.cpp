@@ -163,8 +163,8 @@ const BadRow kBadRows[] = {
      "d.csv:5: column 'Name': '" + std::string(40, 'x') + "...' is 256 characters long, at most 255 fit\n"},
     {"ControlCharacter", 'd', kAirports + "AAAA,a\x07z,y,1,1,1,1,1,0\n",
      "d.csv:5: column 'Name': 'a?z' holds a control character\n"},
-    {"SortTooLarge", 's', "Service,Sort,Line,Name,Red,Green,Blue\nEUR,32768,1,x,0,0,0\n",
-     "s.csv:2: column 'Sort': '32768' is not within -32768 to 32767\n"},
+    {"SortTooLarge", 's', "Service,Sort,Line,Name,Red,Green,Blue\nEUR,2147483648,1,x,0,0,0\n",
+     "s.csv:2: column 'Sort': '2147483648' is not within -2147483648 to 2147483647\n"},
     // Several at once, in the order of the lines
     {"SeveralInOneRow", 'd', kAirports + "AAAA,x,y,999,x,1,1,1,2\n",
      "d.csv:5: column 'Longitude': '999' is not within -180 to 180\n"
@@ -191,6 +191,19 @@ TEST(GoodRows, MayReferToARowThatIsBadOtherwise) {
   EXPECT_EQ(MessagesFor(kServices, kAirports + "AAAA,x,y,1,1,sea,1,1,0\n",
                         kFlights + "EUR,QV103,QV103,AAAA,,,,EGLL\n"),
             "d.csv:5: column 'Elevation': 'sea' is not a whole number\n");
+}
+
+std::string ManyServices(int count) {
+  std::string services = kServices;
+  for (int i = 2; i < count; ++i)
+    services += "S" + std::to_string(i) + ",,x,0,0,0\n";
+  return services;
+}
+
+TEST(GoodRows, MayBeAsManyAsTheProgramCounts) {
+  EXPECT_EQ(MessagesFor(ManyServices(32767), kAirports, kFlights), "");
+  EXPECT_EQ(MessagesFor(ManyServices(32768), kAirports, kFlights),
+            "s.csv: there are 32768 flight services; the program counts up to 32767\n");
 }
 
 TEST(BadFiles, DoNotDrownInUnknownReferences) {
@@ -221,8 +234,14 @@ TEST(BadProgramData, IsReported) {
   EXPECT_EQ(ProgramDataMessages(colours + "ACSYMB,,1,2,300,\n", fonts, regions),
             "colours.csv:10: column 'Blue': '300' is not within 0 to 255\n"
             "colours.csv:10: column 'Entry': is empty\n");
-  EXPECT_EQ(ProgramDataMessages(colours + "ACSYMB,,1,2,3,[i]\n", fonts, regions),
-            "colours.csv:10: column 'Entry': '[i]' cannot be a key of the settings file\n");
+  for (const std::string entry : {"[i]", ";i", "i=j"}) {
+    EXPECT_EQ(ProgramDataMessages(colours + "ACSYMB,,1,2,3," + entry + "\n", fonts, regions),
+              "colours.csv:10: column 'Entry': '" + entry + "' cannot be a key of the settings file\n");
+  }
+  EXPECT_EQ(ProgramDataMessages(colours + "ACSYMB,,1,2,3,\"i\nj\"\n", fonts, regions),
+            "colours.csv:10: column 'Entry': 'i?j' cannot be a key of the settings file\n");
+  EXPECT_EQ(ProgramDataMessages(colours + "ACSYMB,,1,2,3,A\n", fonts, regions),
+            "colours.csv:10: column 'Entry': 'A' is already on line 2 (as 'a', which is the same)\n");
   EXPECT_EQ(
       ProgramDataMessages(colours + "ACSYMB,,1,2,3,i\n", "Code,Font,Size,Entry\nLORES,Arial,5,l\n", regions),
       "fonts.csv: there is no row with code 'HIRES'\n"

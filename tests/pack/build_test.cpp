@@ -18,10 +18,10 @@ namespace {
 namespace fs = std::filesystem;
 using test::FolderContent;
 using test::kPackFolder;
-using test::ReadText;
 using test::WritePoints;
-using test::WriteText;
+using zerbal::test::ReadBytes;
 using zerbal::test::TempFolder;
+using zerbal::test::WriteBytes;
 
 /// A map of one cell, made in no time.
 std::vector<TableSize> SmallMap(const fs::path& parent, const std::function<void(double)>& progress) {
@@ -100,14 +100,14 @@ TEST(BuildFolder, GivesTheSameBytesFromItsOwnExport) {
   BuildFolder({folder / "two", again}, SmallMap, NoProgress, problems);
   EXPECT_TRUE(problems.Empty());
   EXPECT_TRUE(FolderContent(folder / "one") == FolderContent(folder / "two"));
-  EXPECT_NE(ReadText(again / "regions.csv").find("\"NOR\",60,\"Norwegian coast\",183,18.2,213,32.5"),
+  EXPECT_NE(ReadBytes(again / "regions.csv").find("\"NOR\",60,\"Norwegian coast\",183,18.2,213,32.5"),
             std::string::npos);
 }
 
 TEST(BuildFolder, WritesNothingWhenASourceIsBad) {
   const TempFolder folder;
   const fs::path sources = SmallSources(folder);
-  WriteText(sources / "fonts.csv", "Code,Font,Size,Entry\nLORES,x,99,e\n");
+  WriteBytes(sources / "fonts.csv", "Code,Font,Size,Entry\nLORES,x,99,e\n");
   Problems problems;
   BuildFolder({folder / "out", sources}, SmallMap, NoProgress, problems);
   ASSERT_EQ(problems.List().size(), 2U);
@@ -129,7 +129,7 @@ TEST(BuildFolder, LeavesEverythingAsItWasWhenTheMapFails) {
   BuildFolder({folder / "out", sources}, SmallMap, NoProgress, problems);
   const auto before = FolderContent(folder / "out");
   const MapBuilder failing = [](const fs::path& parent, const std::function<void(double)>&) {
-    WriteText(parent / "app_map" / "coast.mdb", "half");
+    WriteBytes(parent / "app_map" / "coast.mdb", "half");
     throw std::runtime_error("no map");
     return std::vector<TableSize>();
   };
@@ -144,8 +144,8 @@ TEST(BuildFolder, ReplacesWhatItMadeAndKeepsOtherFiles) {
   const fs::path sources = SmallSources(folder);
   Problems problems;
   BuildFolder({folder / "out", sources}, SmallMap, NoProgress, problems);
-  WriteText(folder / "out" / "zerbal.ini", "settings");
-  WriteText(folder / "out" / "app_data" / "qavdata.mdb", "old");
+  WriteBytes(folder / "out" / "zerbal.ini", "settings");
+  WriteBytes(folder / "out" / "app_data" / "qavdata.mdb", "old");
   BuildFolder({folder / "out", sources}, SmallMap, NoProgress, problems);
   const auto content = FolderContent(folder / "out");
   EXPECT_EQ(content.size(), 8U);
@@ -161,14 +161,14 @@ TEST(BuildFolder, NeverReplacesAnAirlinesOwnData) {
     const fs::path out = folder / (std::string("out ") + name);
     fs::create_directories(out / "app_data");
     fs::create_directories(out / "app_map");
-    WriteText(out / name / "own.mdb", "own");
+    WriteBytes(out / name / "own.mdb", "own");
     EXPECT_THROW(BuildFolder({out, sources}, SmallMap, NoProgress, problems), BuildRefused);
-    EXPECT_EQ(ReadText(out / name / "own.mdb"), "own");
+    EXPECT_EQ(ReadBytes(out / name / "own.mdb"), "own");
     fs::remove(out / name / "own.mdb");
     BuildFolder({out, sources}, SmallMap, NoProgress, problems);  // empty folders are in nobody's way
     EXPECT_EQ(FolderContent(out).size(), 7U);
   }
-  WriteText(folder / "file", "own");
+  WriteBytes(folder / "file", "own");
   EXPECT_THROW(BuildFolder({folder / "file", sources}, SmallMap, NoProgress, problems), BuildRefused);
 }
 
@@ -192,15 +192,15 @@ TEST(BuildFolder, TellsHowFarItIs) {
 TEST(BuildFolder, WritesTheRevisionFileForWindows) {
   const TempFolder folder;
   const fs::path sources = SmallSources(folder);
-  WriteText(sources / "zblrev.ini", "[RevZBL]\nRevZBLAll=7\r\n");
+  WriteBytes(sources / "zblrev.ini", "[RevZBL]\nRevZBLAll=7\r\n");
   Problems problems;
   BuildFolder({folder / "out", sources}, SmallMap, NoProgress, problems);
-  EXPECT_EQ(ReadText(folder / "out" / "app_data" / "zblrev.ini"),
+  EXPECT_EQ(ReadBytes(folder / "out" / "app_data" / "zblrev.ini"),
             "[RevZBL]\r\nRevZBLAll=7\r\n\r\n[Pack]\r\nMadeBy=zerbal-pack\r\n");
 }
 
 TEST(SampleRevisions, AreComplete) {
-  const std::string text = ReadText(kPackFolder / "zblrev.ini");
+  const std::string text = ReadBytes(kPackFolder / "zblrev.ini");
   for (const char* key : {"RevZBLAll=", "RevSchdMain=", "RevSchdFSrv=", "RevStemAprt=", "RevZBLData="})
     EXPECT_NE(text.find(std::string("\n") + key), std::string::npos) << key;
 }

@@ -17,8 +17,8 @@ namespace fs = std::filesystem;
 using jet::Null;
 using jet::Value;
 using test::WritePoints;
-using test::WriteText;
 using zerbal::test::TempFolder;
+using zerbal::test::WriteBytes;
 
 using Row = std::vector<Value>;
 struct Content {
@@ -67,7 +67,7 @@ struct Files {
     WritePoints(folder / "app_map" / "coast.mdb", {"wcl", "IEwdb2"});
     WritePoints(folder / "app_map" / "river.mdb", {"IEwdb2"});
     WritePoints(folder / "app_map" / "ibound.mdb", {"IEwdb2"});
-    WriteText(folder / "app_data" / "zblrev.ini", "[RevZBL]\n");
+    WriteBytes(folder / "app_data" / "zblrev.ini", "[RevZBL]\n");
   }
 
   static void WriteDatabase(const fs::path& file, const std::vector<Content>& tables) {
@@ -152,7 +152,7 @@ TEST(CheckFolder, ReportsAFolderWithoutAnything) {
 TEST(CheckFolder, ReportsFilesThatAreNoDatabases) {
   const std::string findings = FindingsAfter(
       [](Files&) {},
-      [](const fs::path& folder) { WriteText(folder / "app_map" / "ibound.mdb", "no database"); });
+      [](const fs::path& folder) { WriteBytes(folder / "app_map" / "ibound.mdb", "no database"); });
   EXPECT_TRUE(findings.starts_with("app_map/ibound.mdb: cannot be opened: ")) << findings;
 }
 
@@ -298,6 +298,30 @@ TEST(CheckFolder, ReportsValuesThatDoNotFit) {
             "app_data/allaprt.mdb: table 'allaprt': airport 'A': AP_Elev is empty\n"
             "app_data/allaprt.mdb: table 'allaprt': airport 'A': AP_ILS 'x' is neither 0 nor 1\n"
             "app_data/allaprt.mdb: table 'allaprt': airport 'B': AP_ILS is empty\n");
+}
+
+TEST(CheckFolder, ReportsKeysThatTheSettingsFileCannotHold) {
+  EXPECT_EQ(
+      FindingsAfter([](Files& files) {
+        files.colours.rows[0][5] = Null{};
+        files.fonts.rows[1][3] = Text("h=1");
+        files.services.rows.push_back({Text("[A]"), 20, Text("2"), Text("Asia"), 0, 0, 255});
+      }),
+      "app_data/zbldata.mdb: table 'col': colour 'MAPBG': Col_Entry is empty\n"
+      "app_data/zbldata.mdb: table 'fon': font 'HIRES': Fon_Entry 'h=1' cannot be a key of the settings "
+      "file\n"
+      "app_data/qavdata.mdb: table 'fsrv': flight service '[A]': FSrv '[A]' cannot be a key of the settings "
+      "file\n");
+}
+
+TEST(CheckFolder, ReportsMoreServicesThanTheProgramCounts) {
+  EXPECT_EQ(FindingsAfter([](Files& files) {
+              for (int i = 1; i < 32768; ++i)
+                files.services.rows.push_back(
+                    {Text(("S" + std::to_string(i)).c_str()), i, Null{}, Text("x"), 0, 0, 255});
+            }),
+            "app_data/qavdata.mdb: table 'fsrv': there are 32768 flight services; the program counts up to "
+            "32767\n");
 }
 
 TEST(CheckFolder, CountsWhatIsWrongManyTimes) {

@@ -16,9 +16,10 @@ using jet::ColumnType;
 using jet::Null;
 using jet::Value;
 using test::NumberColumn;
-using test::ReadText;
 using test::TextColumn;
+using zerbal::test::ReadBytes;
 using zerbal::test::TempFolder;
+using zerbal::test::WriteBytes;
 
 jet::ColumnInfo VariableColumn(std::string name, ColumnType type, int length) {
   jet::ColumnInfo column = NumberColumn(std::move(name), type, length);
@@ -73,7 +74,7 @@ TEST(ExportTables, WritesEveryTypeInItsForm) {
   EXPECT_TRUE(ExportTables({folder / "types.mdb", folder / "csv", "", "", false}, err));
   EXPECT_EQ(err.str(), "");
   const std::string guid = "{00112233-4455-6677-8899-aabbccddeeff}";
-  EXPECT_EQ(ReadText(folder / "csv" / "types.csv"),
+  EXPECT_EQ(ReadBytes(folder / "csv" / "types.csv"),
             "\"f\",\"b\",\"i\",\"l\",\"c\",\"s\",\"d\",\"t\",\"n\",\"g\",\"x\",\"o\",\"m\",\"e\"\r\n"
             "1,255,-32768,-2147483648,12.5000,0.1,0.1,2024-12-31 23:59:59,-12.50," +
                 guid + ",0x00ab,0x" + Repeated("5a", 3000) + ",\"" + std::string(5000, 'm') +
@@ -122,20 +123,20 @@ class ExportOptionsTest : public testing::Test {
 TEST_F(ExportOptionsTest, KeepsStoredOrderAndFindsFileNames) {
   EXPECT_EQ(Messages("", ""), "");
   EXPECT_TRUE(good);
-  EXPECT_EQ(ReadText(folder / "csv" / "Cities.csv"),
+  EXPECT_EQ(ReadBytes(folder / "csv" / "Cities.csv"),
             "\"Code\",\"Size\"\r\n\"b\",1\r\n\"c\",3\r\n\"a\",2\r\n");
-  EXPECT_EQ(ReadText(folder / "csv" / "a_b.csv"), "\"x\"\r\n");
-  EXPECT_EQ(ReadText(folder / "csv" / "A_B_2.csv"), "\"y\"\r\n");
+  EXPECT_EQ(ReadBytes(folder / "csv" / "a_b.csv"), "\"x\"\r\n");
+  EXPECT_EQ(ReadBytes(folder / "csv" / "A_B_2.csv"), "\"y\"\r\n");
 }
 
 TEST_F(ExportOptionsTest, FollowsAnIndexWhateverItsLetterCase) {
   EXPECT_EQ(Messages("cities", "BYSIZE"), "");
   EXPECT_TRUE(good);
-  EXPECT_EQ(ReadText(folder / "csv" / "Cities.csv"),
+  EXPECT_EQ(ReadBytes(folder / "csv" / "Cities.csv"),
             "\"Code\",\"Size\"\r\n\"c\",3\r\n\"a\",2\r\n\"b\",1\r\n");
   EXPECT_FALSE(std::filesystem::exists(folder / "csv" / "a_b.csv"));
   EXPECT_EQ(Messages("", "bycode"), "");
-  EXPECT_EQ(ReadText(folder / "csv" / "Cities.csv"),
+  EXPECT_EQ(ReadBytes(folder / "csv" / "Cities.csv"),
             "\"Code\",\"Size\"\r\n\"a\",2\r\n\"b\",1\r\n\"c\",3\r\n");
 }
 
@@ -154,7 +155,7 @@ TEST_F(ExportOptionsTest, SaysWhatThereIsInsteadOfAWrongName) {
 
 TEST_F(ExportOptionsTest, WritesTheSchema) {
   EXPECT_EQ(Messages("cities", "", true), "");
-  EXPECT_EQ(ReadText(folder / "csv" / "schema.csv"),
+  EXPECT_EQ(ReadBytes(folder / "csv" / "schema.csv"),
             "\"Table\",\"Kind\",\"Name\",\"Definition\",\"Properties\"\r\n"
             "\"Cities\",\"column\",\"Code\",\"Text(5)\",\"compressed\"\r\n"
             "\"Cities\",\"column\",\"Size\",\"Long\",\"fixed\"\r\n"
@@ -163,7 +164,7 @@ TEST_F(ExportOptionsTest, WritesTheSchema) {
 }
 
 TEST_F(ExportOptionsTest, FailsWhereNothingCanBeWritten) {
-  test::WriteText(folder / "csv", "a file");
+  WriteBytes(folder / "csv", "a file");
   std::ostringstream err;
   EXPECT_THROW(ExportTables({folder / "two.mdb", folder / "csv", "", "", false}, err),
                std::filesystem::filesystem_error);
@@ -171,7 +172,7 @@ TEST_F(ExportOptionsTest, FailsWhereNothingCanBeWritten) {
 
 TEST(ExportTables, RefusesWhatIsNoDatabase) {
   const TempFolder folder;
-  test::WriteText(folder / "x.mdb", "no database");
+  WriteBytes(folder / "x.mdb", "no database");
   std::ostringstream err;
   EXPECT_THROW(ExportTables({folder / "x.mdb", folder / "csv", "", "", false}, err), jet::EngineError);
   EXPECT_THROW(ExportTables({folder / "y.mdb", folder / "csv", "", "", false}, err), jet::EngineError);

@@ -2,36 +2,25 @@
 #pragma once
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <map>
-#include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "jet/writer.h"
+#include "support/temp_folder.h"
 
 namespace zerbal::pack::test {
 
 inline const std::filesystem::path kPackFolder = std::filesystem::path(ZERBAL_SOURCE_DIR) / "pack";
-
-inline void WriteText(const std::filesystem::path& file, const std::string& text) {
-  std::ofstream(file, std::ios::binary) << text;
-}
-
-inline std::string ReadText(const std::filesystem::path& file) {
-  std::ifstream stream(file, std::ios::binary);
-  if (!stream)
-    throw std::runtime_error("no file " + file.string());
-  return {std::istreambuf_iterator<char>(stream), {}};
-}
 
 /// Every file below a folder by its name relative to it, with what it holds.
 inline std::map<std::string, std::string> FolderContent(const std::filesystem::path& folder) {
   std::map<std::string, std::string> content;
   for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
     if (entry.is_regular_file())
-      content[std::filesystem::relative(entry.path(), folder).generic_string()] = ReadText(entry.path());
+      content[std::filesystem::relative(entry.path(), folder).generic_string()] =
+          zerbal::test::ReadBytes(entry.path());
   }
   return content;
 }

@@ -15,9 +15,9 @@ namespace {
 
 namespace fs = std::filesystem;
 using test::kPackFolder;
-using test::ReadText;
-using test::WriteText;
+using zerbal::test::ReadBytes;
 using zerbal::test::TempFolder;
+using zerbal::test::WriteBytes;
 
 class RunPackTest : public testing::Test {
  protected:
@@ -100,7 +100,7 @@ TEST_F(RunPackTest, RefusesWhatMakesNoSense) {
 TEST_F(RunPackTest, FindsTheSourcesFromWhereItIs) {
   EXPECT_EQ(FindSources(executable), kPackFolder);
   fs::create_directories(folder / "usr" / "share" / "zerbal" / "pack");
-  WriteText(folder / "usr" / "share" / "zerbal" / "pack" / "airports.csv", "");
+  WriteBytes(folder / "usr" / "share" / "zerbal" / "pack" / "airports.csv", "");
   EXPECT_EQ(FindSources(folder / "usr" / "bin" / "zerbal-pack"),
             folder / "usr" / "share" / "zerbal" / "pack");
   EXPECT_EQ(FindSources(folder / "opt" / "bin" / "zerbal-pack"), fs::path());
@@ -126,11 +126,11 @@ TEST_F(RunPackTest, LeavesNothingWhenInterrupted) {
 
 TEST_F(RunPackTest, RefusesToReplaceOthersData) {
   fs::create_directories(folder / "app_data");
-  WriteText(folder / "app_data" / "qavdata.mdb", "own");
+  WriteBytes(folder / "app_data" / "qavdata.mdb", "own");
   EXPECT_EQ(Run({"build", "--out", folder.Path().string(), "--detail", "low"}), 1);
   EXPECT_EQ(Err(),
             "zerbal-pack: app_data was not made by zerbal-pack; move it away or choose another folder\n");
-  EXPECT_EQ(ReadText(folder / "app_data" / "qavdata.mdb"), "own");
+  EXPECT_EQ(ReadBytes(folder / "app_data" / "qavdata.mdb"), "own");
 }
 
 TEST_F(RunPackTest, ExportsWhatTheScheduleWasMadeOf) {
@@ -140,24 +140,24 @@ TEST_F(RunPackTest, ExportsWhatTheScheduleWasMadeOf) {
   ASSERT_EQ(Run({"export", Name("b.mdb"), Name("b"), "--schema"}), 0) << err.str();
   EXPECT_EQ(test::FolderContent(folder / "a"), test::FolderContent(folder / "b"));
   EXPECT_EQ(test::FolderContent(folder / "a").size(), 4U);
-  EXPECT_EQ(ReadText(folder / "a.mdb"), ReadText(folder / "b.mdb"));
+  EXPECT_EQ(ReadBytes(folder / "a.mdb"), ReadBytes(folder / "b.mdb"));
 }
 
 TEST_F(RunPackTest, TakesAPlannersChange) {
   ASSERT_EQ(MakeSampleSchedule(Name("a.mdb")), 0) << err.str();
   ASSERT_EQ(Run({"export", Name("a.mdb"), Name("plan")}), 0) << err.str();
-  std::string flights = ReadText(folder / "plan" / "flit.csv");
+  std::string flights = ReadBytes(folder / "plan" / "flit.csv");
   const std::string old = "\"HOME\",\"QV101\",\"QV101\",\"LPPT\",,,,,,,,,,,\"LPPR\"\r\n";
   const std::string edited = "HOME,QV101X,QV101,LPPT,LPFR,,,,,,,,,,LPPR\r\n";
   ASSERT_NE(flights.find(old), std::string::npos) << flights.substr(0, 500);
   flights.replace(flights.find(old), old.size(), edited);
-  WriteText(folder / "plan" / "flit.csv", flights);
+  WriteBytes(folder / "plan" / "flit.csv", flights);
   ASSERT_EQ(MakeSchedule(Name("a.mdb"), folder / "plan"), 0) << err.str();
   ASSERT_EQ(Run({"export", Name("a.mdb"), Name("again")}), 0) << err.str();
   const std::string stored = "\"HOME\",\"QV101X\",\"QV101\",\"LPPT\",\"LPFR\",,,,,,,,,,\"LPPR\"\r\n";
   flights.replace(flights.find(edited), edited.size(), stored);
-  EXPECT_EQ(ReadText(folder / "again" / "flit.csv"), flights);
-  EXPECT_EQ(ReadText(folder / "again" / "dest.csv"), ReadText(folder / "plan" / "dest.csv"));
+  EXPECT_EQ(ReadBytes(folder / "again" / "flit.csv"), flights);
+  EXPECT_EQ(ReadBytes(folder / "again" / "dest.csv"), ReadBytes(folder / "plan" / "dest.csv"));
   jet::Recordset rows = jet::Database::Open(folder / "a.mdb").OpenTable("flit");
   rows.SetIndex("flituni");
   rows.Seek("QV101");
@@ -168,12 +168,12 @@ TEST_F(RunPackTest, TakesAPlannersChange) {
 
 TEST_F(RunPackTest, WritesNoScheduleFromBadRows) {
   ASSERT_EQ(MakeSampleSchedule(Name("a.mdb")), 0) << err.str();
-  const std::string before = ReadText(folder / "a.mdb");
-  WriteText(folder / "fsrv.csv", "Service,Line,Name,Red,Green,Blue\nEUR,1,Europe,0,0,256\n");
-  WriteText(
+  const std::string before = ReadBytes(folder / "a.mdb");
+  WriteBytes(folder / "fsrv.csv", "Service,Line,Name,Red,Green,Blue\nEUR,1,Europe,0,0,256\n");
+  WriteBytes(
       folder / "dest.csv",
       "Code,Name,City,Longitude,Latitude,Elevation,Runways,Longest runway,ILS\nLPPT,x,y,-9.1,98,1,1,1,1\n");
-  WriteText(folder / "flit.csv", "Service,Flight,Key,From,To\nEUR,QV1,A,LPPT,EGLL\n");
+  WriteBytes(folder / "flit.csv", "Service,Flight,Key,From,To\nEUR,QV1,A,LPPT,EGLL\n");
   EXPECT_EQ(MakeSchedule(Name("a.mdb"), folder.Path()), 1);
   EXPECT_EQ(out.str(), "");
   EXPECT_EQ(Err(),
@@ -181,9 +181,27 @@ TEST_F(RunPackTest, WritesNoScheduleFromBadRows) {
             "dest.csv:2: column 'Latitude': '98' is not within -90 to 90\n"
             "flit.csv:2: column 'To': unknown airport 'EGLL'\n"
             "zerbal-pack: 3 problems; nothing was written\n");
-  EXPECT_EQ(ReadText(folder / "a.mdb"), before);
+  EXPECT_EQ(ReadBytes(folder / "a.mdb"), before);
   EXPECT_EQ(MakeSchedule(Name("b.mdb"), folder.Path()), 1);
   EXPECT_FALSE(fs::exists(folder / "b.mdb"));
+}
+
+TEST_F(RunPackTest, KeepsTheOrderOfManyServicesWithoutSort) {
+  ASSERT_EQ(MakeSampleSchedule(Name("a.mdb")), 0) << err.str();
+  ASSERT_EQ(Run({"export", Name("a.mdb"), Name("plan")}), 0) << err.str();
+  std::string services = ReadBytes(kPackFolder / "services.csv");
+  for (int i = 4000; i > 0; --i)
+    services += "S" + std::to_string(i) + ",,x,0,0,0\n";
+  WriteBytes(folder / "plan" / "fsrv.csv", services);
+  ASSERT_EQ(MakeSchedule(Name("a.mdb"), folder / "plan"), 0) << err.str();
+  jet::Recordset rows = jet::Database::Open(folder / "a.mdb").OpenTable("fsrv");
+  rows.SetIndex("sort");
+  rows.MoveFirst();
+  EXPECT_EQ(rows["FSrv"].AsText(), "HOME");
+  std::string last;
+  for (; !rows.Eof(); rows.MoveNext())
+    last = rows["FSrv"].AsText();
+  EXPECT_EQ(last, "S1");
 }
 
 TEST_F(RunPackTest, SaysWhichFileIsMissing) {

@@ -1,7 +1,5 @@
 #include "zerbal-pack/staged_folders.h"
 
-#include <fstream>
-#include <iterator>
 #include <set>
 #include <string>
 
@@ -13,15 +11,9 @@ namespace zerbal::pack {
 namespace {
 
 namespace fs = std::filesystem;
-
-void WriteText(const fs::path& file, const std::string& text) {
-  std::ofstream(file) << text;
-}
-
-std::string ReadText(const fs::path& file) {
-  std::ifstream stream(file);
-  return {std::istreambuf_iterator<char>(stream), {}};
-}
+using test::ReadBytes;
+using test::TempFolder;
+using test::WriteBytes;
 
 std::set<std::string> Names(const fs::path& folder) {
   std::set<std::string> names;
@@ -31,48 +23,48 @@ std::set<std::string> Names(const fs::path& folder) {
 }
 
 TEST(StagedFolders, MakeANewFolderAtOnce) {
-  const test::TempFolder folder;
+  const TempFolder folder;
   const fs::path target = folder / "new" / "data";
   {
     StagedFolders staged(target, {"a", "b"});
-    WriteText(staged.WorkFolder() / "a" / "x", "1");
+    WriteBytes(staged.WorkFolder() / "a" / "x", "1");
     EXPECT_FALSE(fs::exists(target));
     staged.Commit();
   }
   EXPECT_EQ(Names(folder / "new"), std::set<std::string>{"data"});
   EXPECT_EQ(Names(target), (std::set<std::string>{"a", "b"}));
-  EXPECT_EQ(ReadText(target / "a" / "x"), "1");
+  EXPECT_EQ(ReadBytes(target / "a" / "x"), "1");
 }
 
 TEST(StagedFolders, LeaveNothingWithoutCommit) {
-  const test::TempFolder folder;
+  const TempFolder folder;
   { const StagedFolders staged(folder / "data", {"a"}); }
   EXPECT_EQ(Names(folder.Path()), std::set<std::string>{});
 }
 
 TEST(StagedFolders, ReplaceOldOnesAndKeepTheRest) {
-  const test::TempFolder folder;
+  const TempFolder folder;
   fs::create_directories(folder / "a");
-  WriteText(folder / "a" / "old", "0");
-  WriteText(folder / "settings", "kept");
+  WriteBytes(folder / "a" / "old", "0");
+  WriteBytes(folder / "settings", "kept");
   {
     StagedFolders staged(folder.Path(), {"a", "b"});
-    WriteText(staged.WorkFolder() / "a" / "new", "1");
+    WriteBytes(staged.WorkFolder() / "a" / "new", "1");
     EXPECT_EQ(Names(folder / "a"), std::set<std::string>{"old"});
     staged.Commit();
   }
   EXPECT_EQ(Names(folder.Path()), (std::set<std::string>{"a", "b", "settings"}));
   EXPECT_EQ(Names(folder / "a"), std::set<std::string>{"new"});
-  EXPECT_EQ(ReadText(folder / "settings"), "kept");
+  EXPECT_EQ(ReadBytes(folder / "settings"), "kept");
 }
 
 TEST(StagedFolders, PutEverythingBackWhenOneCannotBeReplaced) {
-  const test::TempFolder folder;
+  const TempFolder folder;
   fs::create_directories(folder / "a");
-  WriteText(folder / "a" / "old", "0");
+  WriteBytes(folder / "a" / "old", "0");
   {
     StagedFolders staged(folder.Path(), {"a", "b"});
-    WriteText(staged.WorkFolder() / "a" / "new", "1");
+    WriteBytes(staged.WorkFolder() / "a" / "new", "1");
     fs::remove_all(staged.WorkFolder() / "b");  // so that the second step fails
     EXPECT_THROW(staged.Commit(), fs::filesystem_error);
   }
@@ -81,7 +73,7 @@ TEST(StagedFolders, PutEverythingBackWhenOneCannotBeReplaced) {
 }
 
 TEST(StagedFolders, TakeATargetWithASlashAtItsEnd) {
-  const test::TempFolder folder;
+  const TempFolder folder;
   {
     StagedFolders staged((folder / "data").string() + "/", {"a"});
     staged.Commit();

@@ -1,13 +1,15 @@
 #include "zerbal-pack/airline.h"
 
-#include <initializer_list>
+#include <cstddef>
 #include <map>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <variant>
 
+#include "data/load_tables.h"
 #include "data/schedule.h"
 #include "jet/writer.h"
 #include "zerbal-pack/csv_value.h"
@@ -78,17 +80,7 @@ void CheckFlight(const CsvTable& flights, const CsvRow& row, const KeySet& servi
   CheckStopGaps(flights, row, problems);
 }
 
-/// Keys and entries become keys of the settings file, where some characters have a meaning.
-void CheckSettingsKeys(const CsvTable& table, std::string_view field, Problems& problems) {
-  const std::size_t column = table.layout->ColumnIndex(field);
-  for (const CsvRow& row : table.rows) {
-    const std::string_view key = row.Text(column);
-    if (key.find('=') != std::string_view::npos || key.starts_with('[') || key.starts_with(';'))
-      table.Report(problems, row, column, Quoted(key).append(" cannot be a key of the settings file"));
-  }
-}
-
-void CheckCodes(const CsvTable& table, std::string_view field, std::initializer_list<std::string_view> codes,
+void CheckCodes(const CsvTable& table, std::string_view field, std::span<const char* const> codes,
                 Problems& problems) {
   if (!table.headerRead)
     return;
@@ -102,10 +94,11 @@ void CheckCodes(const CsvTable& table, std::string_view field, std::initializer_
   }
 }
 
-void CheckNotEmpty(const CsvTable& table, Problems& problems) {
-  if (table.headerRead && table.rows.empty())
-    problems.Add(
-        {table.file, 0, "", "there is no " + table.layout->rowName + "; the program needs at least one"});
+void CheckCount(const CsvTable& table, Problems& problems) {
+  if (!table.headerRead)
+    return;
+  if (std::optional<std::string> fault = CountFault(*table.layout, table.rows.size()))
+    problems.Add({table.file, 0, "", *std::move(fault)});
 }
 
 void CheckRegionBounds(const CsvTable& regions, Problems& problems) {
@@ -150,22 +143,18 @@ CsvTable ReadAirports(const std::filesystem::path& file, Problems& problems) {
 }
 
 void CheckSchedule(const Schedule& schedule, Problems& problems) {
-  CheckNotEmpty(schedule.services, problems);
-  CheckSettingsKeys(schedule.services, "FSrv", problems);
+  CheckCount(schedule.services, problems);
   const KeySet services(schedule.services, "FSrv");
   const KeySet airports(schedule.destinations, "AP");
   for (const CsvRow& row : schedule.flights.rows)
     CheckFlight(schedule.flights, row, services, airports, problems);
 }
 
-void CheckProgramData(const ProgramData& data, Problems& problems) {
-  CheckCodes(data.colours, "Col",
-             {"MAPBG", "ZOOM", "CENTRE", "COAST", "RIVER", "IBOUND", "APALL", "APDEST", "ACSYMB"}, problems);
-  CheckSettingsKeys(data.colours, "Col_Entry", problems);
-  CheckCodes(data.fonts, "Fon", {"LORES", "HIRES"}, problems);
-  CheckSettingsKeys(data.fonts, "Fon_Entry", problems);
-  CheckNotEmpty(data.regions, problems);
-  CheckRegionBounds(data.regions, problems);
+void CheckProgramData(const ProgramData& program, Problems& problems) {
+  CheckCodes(program.colours, "Col", data::kColourCodes, problems);
+  CheckCodes(program.fonts, "Fon", data::kFontCodes, problems);
+  CheckCount(program.regions, problems);
+  CheckRegionBounds(program.regions, problems);
 }
 
 }  // namespace zerbal::pack

@@ -35,6 +35,6 @@ CsvTable ReadAirports(const std::filesystem::path& file, Problems& problems);
 
 /// What depends on several rows or tables; the readers above call these.
 void CheckSchedule(const Schedule& schedule, Problems& problems);
-void CheckProgramData(const ProgramData& data, Problems& problems);
+void CheckProgramData(const ProgramData& program, Problems& problems);
 
 }  // namespace zerbal::pack

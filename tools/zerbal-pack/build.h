@@ -12,9 +12,8 @@
 
 namespace zerbal::pack {
 
-/// The database files of one folder of the data, and what makes them.
 struct BuildOptions {
-  std::filesystem::path out;
+  std::filesystem::path out;      ///< made when it is missing
   std::filesystem::path sources;  ///< the folder with the CSV files
 };
 

@@ -1,12 +1,13 @@
 #include "zerbal-pack/check.h"
 
-#include <algorithm>
 #include <array>
 #include <functional>
 #include <optional>
 #include <set>
+#include <span>
 #include <string_view>
 
+#include "data/load_tables.h"
 #include "data/schedule.h"
 #include "jet/database.h"
 #include "jet/error.h"
@@ -14,7 +15,9 @@
 #include "jet/recordset.h"
 #include "zerbal-pack/check_table.h"
 #include "zerbal-pack/csv_value.h"
+#include "zerbal-pack/find_index.h"
 #include "zerbal-pack/layout.h"
+#include "zerbal-pack/map_point.h"
 #include "zerbal-pack/text.h"
 
 namespace zerbal::pack {
@@ -22,10 +25,6 @@ namespace zerbal::pack {
 namespace fs = std::filesystem;
 
 namespace {
-
-constexpr std::int32_t kPenUp = -1'000'000;  // millionths of a degree, in `Lon`
-constexpr std::int32_t kMostLongitude = 360'000'000;
-constexpr std::int32_t kMostLatitude = 180'000'000;
 
 /// An entry of a folder by its name without regard to letter case; an exact match wins.
 std::optional<fs::path> FindEntry(const fs::path& folder, const std::string& name) {
@@ -102,28 +101,33 @@ class FolderCheck {
     if (!database)
       return;
     Check(*database, file, ColourLayout(), [](const jet::Recordset&) {});
-    CheckCodes(*database, file, "col", "colcode",
-               {"MAPBG", "ZOOM", "CENTRE", "COAST", "RIVER", "IBOUND", "APALL", "APDEST", "ACSYMB"});
+    CheckCodes(*database, file, "col", "colcode", data::kColourCodes);
     Check(*database, file, FontLayout(), [](const jet::Recordset&) {});
-    CheckCodes(*database, file, "fon", "foncode", {"LORES", "HIRES"});
+    CheckCodes(*database, file, "fon", "foncode", data::kFontCodes);
     const auto regions =
         Check(*database, file, RegionLayout(), [&](const jet::Recordset& row) { CheckRegion(row); });
     if (regions)
       report_.AddCount("regions", *regions);
-    if (regions == std::size_t{0})
-      report_.Add(file + ": table 'reg'", "rows", "there is no region; the program needs at least one");
+    CheckCount(file, RegionLayout(), regions);
+  }
+
+  void CheckCount(const std::string& file, const TableLayout& layout, std::optional<std::size_t> rows) {
+    if (!rows)
+      return;
+    if (const std::optional<std::string> fault = CountFault(layout, *rows))
+      report_.Add(file + ": table '" + layout.name + "'", "rows", *fault);
   }
 
   /// Seeks as the program does.
   void CheckCodes(const jet::Database& database, const std::string& file, const std::string& table,
-                  const std::string& index, const std::vector<std::string>& codes) {
+                  const std::string& index, std::span<const char* const> codes) {
     const std::string where = file + ": table '" + table + "'";
     try {
       if (!database.HasTable(table))
         return;
       jet::Recordset rows = database.OpenTable(table);
       rows.SetIndex(index);
-      for (const std::string& code : codes) {
+      for (const char* code : codes) {
         rows.Seek(code);
         if (rows.NoMatch())
           report_.Add(where, "code", "there is no row with code " + Quoted(code));
@@ -138,8 +142,7 @@ class FolderCheck {
   static bool HasIndexFor(const jet::Database& database, const std::string& table, const std::string& index) {
     try {
       const jet::Recordset rows = database.OpenTable(table);
-      return std::any_of(rows.Indexes().begin(), rows.Indexes().end(),
-                         [&](const jet::IndexInfo& info) { return EqualIgnoringCase(info.name, index); });
+      return FindIndex(rows, index) != nullptr;
     } catch (const jet::EngineError&) {
       return false;
     }
@@ -165,9 +168,7 @@ class FolderCheck {
       return;
     const auto services = Check(*database, file, ServiceLayout(),
                                 [&](const jet::Recordset& row) { services_.insert(row["FSrv"].AsText()); });
-    if (services == std::size_t{0})
-      report_.Add(file + ": table 'fsrv'", "rows",
-                  "there is no flight service; the program needs at least one");
+    CheckCount(file, ServiceLayout(), services);
     const auto destinations = Check(*database, file, DestinationLayout(),
                                     [&](const jet::Recordset& row) { CheckDestination(row); });
     knowDestinations_ = destinations.has_value();
@@ -282,7 +283,7 @@ class FolderCheck {
       for (std::size_t i = 0; i < count; ++i) {
         ++number;
         const auto [lon, lat] = points[i];
-        if (lon == kPenUp || (lon >= 0 && lon <= kMostLongitude && lat >= 0 && lat <= kMostLatitude))
+        if (lon == kPenUp || (lon >= 0 && lon <= kFrameWidth && lat >= 0 && lat <= kFrameHeight))
           continue;
         report_.Add(where, "point",
                     "row " + std::to_string(number) + ": the point " + std::to_string(lon) + ", " +

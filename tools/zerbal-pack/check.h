@@ -1,40 +1,11 @@
 // Looks through a folder of data as the program would read it, and says in plain words what is wrong.
 #pragma once
 
-#include <cstddef>
 #include <filesystem>
-#include <iosfwd>
-#include <map>
-#include <string>
-#include <utility>
-#include <vector>
+
+#include "zerbal-pack/check_report.h"
 
 namespace zerbal::pack {
-
-/// What a check found. Findings of one kind beyond the first few are only counted.
-class CheckReport {
- public:
-  /// `where` names the file, and the table where there is one; `kind` is the rule that was broken.
-  void Add(const std::string& where, const std::string& kind, const std::string& text);
-  /// Something worth knowing that is not wrong.
-  void AddNote(const std::string& where, const std::string& text);
-  void AddCount(const std::string& what, std::size_t count);
-
-  std::size_t FindingCount() const { return findings_; }
-  bool AllIsWell() const { return findings_ == 0; }
-  void Print(std::ostream& out) const;
-
- private:
-  struct Kind {
-    std::vector<std::string> lines;
-    std::size_t more = 0;
-  };
-  std::vector<std::pair<std::string, Kind>> kinds_;  // where and kind, in order of their first finding
-  std::map<std::string, std::size_t> positions_;     // in kinds_
-  std::vector<std::string> notes_;
-  std::vector<std::string> counts_;
-  std::size_t findings_ = 0;
-};
 
 /// Checks `folder`, which holds app_data and app_map.
 CheckReport CheckFolder(const std::filesystem::path& folder);

@@ -1,6 +1,6 @@
-#include <ostream>
+#include "zerbal-pack/check_report.h"
 
-#include "zerbal-pack/check.h"
+#include <ostream>
 
 namespace zerbal::pack {
 

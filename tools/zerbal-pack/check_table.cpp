@@ -1,10 +1,10 @@
 #include "zerbal-pack/check_table.h"
 
-#include <algorithm>
 #include <array>
 
 #include "jet/error.h"
 #include "zerbal-pack/csv_value.h"
+#include "zerbal-pack/find_index.h"
 #include "zerbal-pack/text.h"
 
 namespace zerbal::pack {
@@ -41,11 +41,8 @@ bool CheckFields(const jet::Recordset& rows, const TableLayout& layout, const st
 
 void CheckIndex(const jet::Recordset& rows, const NeededIndex& needed, const std::string& where,
                 CheckReport& report) {
-  const auto& indexes = rows.Indexes();
-  const auto found = std::find_if(indexes.begin(), indexes.end(), [&](const jet::IndexInfo& index) {
-    return EqualIgnoringCase(index.name, needed.index);
-  });
-  if (found == indexes.end()) {
+  const jet::IndexInfo* found = FindIndex(rows, needed.index);
+  if (found == nullptr) {
     report.Add(where, "index", "index " + Quoted(needed.index) + " is missing");
     return;
   }
@@ -82,14 +79,19 @@ std::string NumberFault(const jet::Field& field, const ColumnLayout& column) {
 }
 
 std::string ValueFault(const jet::Field& field, const ColumnLayout& column) {
+  const bool needed =
+      column.settingsKey || column.use == ColumnUse::kKey || column.use == ColumnUse::kReference;
+  if (needed && (field.IsNull() || field.EqualsText("")))
+    return "is empty";
+  if (column.settingsKey && !CanBeSettingsKey(field.AsText()))
+    return Quoted(field.AsText()) + " cannot be a key of the settings file";
   switch (column.use) {
-    case ColumnUse::kKey:
-    case ColumnUse::kReference:
-      return field.IsNull() || field.EqualsText("") ? "is empty" : "";
     case ColumnUse::kFlag:
       if (field.EqualsText("0") || field.EqualsText("1"))
         return {};
       return field.IsNull() ? "is empty" : Quoted(field.AsText()) + " is neither 0 nor 1";
+    case ColumnUse::kKey:
+    case ColumnUse::kReference:
     case ColumnUse::kText:
     case ColumnUse::kRequiredText:
     case ColumnUse::kStop:

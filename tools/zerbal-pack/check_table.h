@@ -8,7 +8,7 @@
 
 #include "jet/database.h"
 #include "jet/recordset.h"
-#include "zerbal-pack/check.h"
+#include "zerbal-pack/check_report.h"
 #include "zerbal-pack/layout.h"
 
 namespace zerbal::pack {

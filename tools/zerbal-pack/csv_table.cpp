@@ -5,6 +5,7 @@
 #include <optional>
 #include <sstream>
 #include <utility>
+#include <variant>
 
 #include "data/schedule.h"
 #include "zerbal-pack/csv.h"
@@ -107,6 +108,8 @@ class TableReader {
   }
 
  private:
+  using Keys = std::map<std::string, std::pair<std::size_t, std::string>>;  // by lower case: line, key
+
   /// The next record that is not blank; faults of form are reported.
   bool NextRecord(CsvRecord& record) {
     while (reader_.Next(record)) {
@@ -193,13 +196,13 @@ class TableReader {
     if (value.fault)
       return Report(record.line, names_[i], *std::move(value.fault));
     row.values[target.column] = std::move(value.value);
-    if (column.use == ColumnUse::kKey)
+    if (column.use == ColumnUse::kKey || column.settingsKey)
       CheckTwice(record.line, names_[i], record.fields[i].text);
   }
 
   void CheckTwice(std::size_t line, const std::string& name, const std::string& key) {
-    // Indexes do not look at letter case.
-    const auto [first, isNew] = keys_.try_emplace(LowerCase(key), line, key);
+    // Neither indexes nor the settings file look at letter case.
+    const auto [first, isNew] = keys_[name].try_emplace(LowerCase(key), line, key);
     if (isNew)
       return;
     std::string reason = Quoted(key) + " is already on line " + std::to_string(first->second.first);
@@ -233,8 +236,8 @@ class TableReader {
   const TableLayout& layout_;
   Problems& problems_;
   Header header_;
-  std::vector<std::string> names_;                                   // of the file's columns
-  std::map<std::string, std::pair<std::size_t, std::string>> keys_;  // lower case: line, key
+  std::vector<std::string> names_;    // of the file's columns
+  std::map<std::string, Keys> keys_;  // by the column's name
 };
 
 }  // namespace

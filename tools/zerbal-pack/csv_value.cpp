@@ -61,6 +61,8 @@ CsvValue TextValue(const CsvField& field, const ColumnLayout& column) {
                      .append(std::to_string(column.field.length))
                      .append(" fit"));
   }
+  if (column.settingsKey && !CanBeSettingsKey(field.text))
+    return Fault(field, "cannot be a key of the settings file");
   if (field.IsNull())
     return {jet::Null{}, {}};
   return {field.text, {}};

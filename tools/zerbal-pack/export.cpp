@@ -1,14 +1,15 @@
 #include "zerbal-pack/export.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <ostream>
 #include <set>
-#include <string_view>
 #include <vector>
 
 #include "jet/database.h"
 #include "jet/error.h"
 #include "zerbal-pack/csv.h"
+#include "zerbal-pack/find_index.h"
 #include "zerbal-pack/output_file.h"
 #include "zerbal-pack/schema_csv.h"
 #include "zerbal-pack/text.h"
@@ -33,11 +34,6 @@ std::string Joined(const std::vector<std::string>& names) {
   for (const std::string& name : names)
     joined.append(joined.empty() ? "" : ", ").append(name);
   return joined.empty() ? "none" : joined;
-}
-
-bool HasIndex(const jet::Recordset& rows, std::string_view name) {
-  return std::any_of(rows.Indexes().begin(), rows.Indexes().end(),
-                     [&](const jet::IndexInfo& index) { return EqualIgnoringCase(index.name, name); });
 }
 
 void WriteRows(jet::Recordset& rows, const std::filesystem::path& file) {
@@ -115,7 +111,7 @@ class Exporter {
   bool SelectIndex(jet::Recordset& rows, const std::string& table) {
     if (options_.index.empty())
       return true;
-    if (HasIndex(rows, options_.index)) {
+    if (FindIndex(rows, options_.index) != nullptr) {
       indexFound_ = true;
       rows.SetIndex(options_.index);
       return true;

@@ -44,6 +44,11 @@ ColumnLayout NotRead(ColumnLayout column) {
   return column;
 }
 
+ColumnLayout SettingsKey(ColumnLayout column) {
+  column.settingsKey = true;
+  return column;
+}
+
 ColumnLayout Component(std::string field, std::string title) {
   return Number(std::move(field), std::move(title), ColumnUse::kWhole, ColumnType::kByte, 1, 0, 255);
 }
@@ -54,8 +59,8 @@ ColumnLayout Long(std::string field, std::string title, std::int64_t least) {
 }
 
 ColumnLayout Sort(std::string field) {
-  return NotRead(Number(std::move(field), "Sort", ColumnUse::kSort, ColumnType::kInteger, 2,
-                        std::numeric_limits<std::int16_t>::min(), std::numeric_limits<std::int16_t>::max()));
+  return NotRead(Number(std::move(field), "Sort", ColumnUse::kSort, ColumnType::kLong, 4,
+                        std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()));
 }
 
 jet::IndexInfo Unique(std::string name, std::string field) {
@@ -95,7 +100,7 @@ TableLayout Colours() {
           .columns = {NotRead(Text("Col", "Code", ColumnUse::kKey, kCodeLength)),
                       NotRead(Text("Col_Name", "Name", ColumnUse::kText, kNameLength)),
                       Component("Col_R", "Red"), Component("Col_G", "Green"), Component("Col_B", "Blue"),
-                      Text("Col_Entry", "Entry", ColumnUse::kRequiredText, kEntryLength)},
+                      SettingsKey(Text("Col_Entry", "Entry", ColumnUse::kRequiredText, kEntryLength))},
           .indexes = {Unique("colcode", "Col")}};
 }
 
@@ -106,7 +111,7 @@ TableLayout Fonts() {
           .columns = {NotRead(Text("Fon", "Code", ColumnUse::kKey, kCodeLength)),
                       Text("Fon_Name", "Font", ColumnUse::kRequiredText, kNameLength),
                       Number("Fon_Size", "Size", ColumnUse::kWhole, ColumnType::kInteger, 2, 6, 14),
-                      Text("Fon_Entry", "Entry", ColumnUse::kRequiredText, kEntryLength)},
+                      SettingsKey(Text("Fon_Entry", "Entry", ColumnUse::kRequiredText, kEntryLength))},
           .indexes = {Unique("foncode", "Fon")}};
 }
 
@@ -125,7 +130,7 @@ TableLayout Regions() {
 TableLayout Services() {
   return {.name = "fsrv",
           .rowName = "flight service",
-          .columns = {Text("FSrv", "Service", ColumnUse::kKey, kCodeLength), Sort("FSrv_Sort"),
+          .columns = {SettingsKey(Text("FSrv", "Service", ColumnUse::kKey, kCodeLength)), Sort("FSrv_Sort"),
                       Text("FSrv_LiNr", "Line", ColumnUse::kText, kCodeLength),
                       Text("FSrv_Name", "Name", ColumnUse::kRequiredText, kNameLength),
                       Component("FSrv_R", "Red"), Component("FSrv_G", "Green"), Component("FSrv_B", "Blue")},
@@ -167,6 +172,21 @@ jet::TableSpec TableLayout::Spec() const {
   for (const ColumnLayout& column : columns)
     spec.columns.push_back(column.field);
   return spec;
+}
+
+std::optional<std::string> CountFault(const TableLayout& layout, std::size_t rows) {
+  if (rows == 0)
+    return "there is no " + layout.rowName + "; the program needs at least one";
+  constexpr std::size_t kMost = std::numeric_limits<std::int16_t>::max();  // see data/counters.h
+  if (rows > kMost)
+    return "there are " + std::to_string(rows) + " " + layout.rowName + "s; the program counts up to " +
+           std::to_string(kMost);
+  return std::nullopt;
+}
+
+bool CanBeSettingsKey(std::string_view key) {
+  return !key.empty() && key.find_first_of("=\r\n") == std::string_view::npos && !key.starts_with('[') &&
+         !key.starts_with(';');
 }
 
 const TableLayout& ColourLayout() {

@@ -2,7 +2,9 @@
 // CSV file supplies them.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -33,9 +35,10 @@ struct ColumnLayout {
   /// field's name degrees of the map frame, as the database holds them.
   std::string title;
   ColumnUse use = ColumnUse::kText;
-  bool optional = false;   ///< the CSV file need not have the column
-  bool read = true;        ///< the program reads the field, by this very name
-  std::int64_t least = 0;  ///< whole numbers
+  bool optional = false;     ///< the CSV file need not have the column
+  bool read = true;          ///< the program reads the field, by this very name
+  bool settingsKey = false;  ///< a key of the settings file, different in every row
+  std::int64_t least = 0;    ///< whole numbers
   std::int64_t most = 0;
 };
 
@@ -48,6 +51,13 @@ struct TableLayout {
   std::size_t ColumnIndex(std::string_view field) const;  ///< must exist
   jet::TableSpec Spec() const;
 };
+
+/// Why the program cannot work with so many rows of a table that it keeps in memory (regions, flight
+/// services); nothing when it can.
+std::optional<std::string> CountFault(const TableLayout& layout, std::size_t rows);
+
+/// Whether the settings file gives back what is written under this key.
+bool CanBeSettingsKey(std::string_view key);
 
 const TableLayout& ColourLayout();       ///< `col`
 const TableLayout& FontLayout();         ///< `fon`

@@ -1,0 +1,37 @@
+// What a check of a folder found, and how it is told.
+#pragma once
+
+#include <cstddef>
+#include <iosfwd>
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace zerbal::pack {
+
+/// What a check found. Findings of one kind beyond the first few are only counted.
+class CheckReport {
+ public:
+  /// `where` names the file, and the table where there is one; `kind` is the rule that was broken.
+  void Add(const std::string& where, const std::string& kind, const std::string& text);
+  /// Something worth knowing that is not wrong.
+  void AddNote(const std::string& where, const std::string& text);
+  void AddCount(const std::string& what, std::size_t count);
+
+  bool AllIsWell() const { return findings_ == 0; }
+  void Print(std::ostream& out) const;
+
+ private:
+  struct Kind {
+    std::vector<std::string> lines;
+    std::size_t more = 0;
+  };
+  std::vector<std::pair<std::string, Kind>> kinds_;  // where and kind, in order of their first finding
+  std::map<std::string, std::size_t> positions_;     // in kinds_
+  std::vector<std::string> notes_;
+  std::vector<std::string> counts_;
+  std::size_t findings_ = 0;
+};
+
+}  // namespace zerbal::pack

@@ -1,0 +1,21 @@
+// Looking an index up by its name.
+#pragma once
+
+#include <algorithm>
+#include <string_view>
+
+#include "jet/recordset.h"
+#include "zerbal-pack/text.h"
+
+namespace zerbal::pack {
+
+/// The table's index of that name, letter case aside; nullptr when there is none. Lives as long as `rows`.
+inline const jet::IndexInfo* FindIndex(const jet::Recordset& rows, std::string_view name) {
+  const auto& indexes = rows.Indexes();
+  const auto found = std::find_if(indexes.begin(), indexes.end(), [&](const jet::IndexInfo& index) {
+    return EqualIgnoringCase(index.name, name);
+  });
+  return found == indexes.end() ? nullptr : &*found;
+}
+
+}  // namespace zerbal::pack
