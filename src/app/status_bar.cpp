@@ -1,10 +1,12 @@
 #include "app/status_bar.h"
 
+#include <QPainter>
+
 namespace zerbal::app {
 namespace {
 
-/// A text that changes often: it always takes the room of the longest one, and less where there is none, so
-/// that no other control and not the window itself moves with it.
+/// A text that changes often: it always takes the room of the longest one, so that no other control moves
+/// with it, and ends in dots where the window has less.
 class ReadOut final : public QLabel {
  public:
   ReadOut(const char* name, const QString& meaning, const QString& longest, QWidget* parent)
@@ -17,7 +19,13 @@ class ReadOut final : public QLabel {
   QSize sizeHint() const override {
     return {fontMetrics().horizontalAdvance(longest_) + kAir, QLabel::sizeHint().height()};
   }
-  QSize minimumSizeHint() const override { return {1, QLabel::minimumSizeHint().height()}; }
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, width());
+    QPainter(this).drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter, shown);
+  }
 
  private:
   static constexpr int kAir = 10;  // logical pixels beside the text
@@ -37,6 +45,10 @@ StatusBar::StatusBar(QWidget* parent) : QStatusBar(parent) {
                             QString::fromUtf8("180.00° Latitude / 350.00° Longitude"), this);
   for (QLabel* label : {lblPosY_, lblPosX_, lblMapSize_})
     addWidget(label);
+}
+
+QSize StatusBar::minimumSizeHint() const {
+  return {1, QStatusBar::minimumSizeHint().height()};
 }
 
 void StatusBar::ShowPosition(const QString& lonText, const QString& latText) {

@@ -12,6 +12,9 @@ class StatusBar final : public QStatusBar {
  public:
   explicit StatusBar(QWidget* parent);
 
+  /// The window may be narrower than all texts together; the extent, the longest one, then gives way first.
+  QSize minimumSizeHint() const override;
+
   void ShowPosition(const QString& lonText, const QString& latText);
   void ShowExtent(const QString& extentText);
 

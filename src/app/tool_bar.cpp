@@ -78,6 +78,12 @@ void ToolBar::ShowDelimitations(const QString& allAirports, const QString& desti
   chkDest_->setToolTip(destinations);
 }
 
+void ToolBar::resizeEvent(QResizeEvent* event) {
+  QFrame::resizeEvent(event);
+  // A window takes no heed of how many rows its width makes, and would be too low for them.
+  setMinimumHeight(heightForWidth(width()));
+}
+
 bool ToolBar::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::MouseButtonRelease) {
     const auto* release = static_cast<QMouseEvent*>(event);

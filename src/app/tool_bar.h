@@ -30,6 +30,7 @@ class ToolBar final : public QFrame {
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void AddButton(const Command& command, const std::function<void(const Command&)>& run);

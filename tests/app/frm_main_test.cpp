@@ -288,6 +288,35 @@ TEST_F(MainWindow, NarrowItStillShowsEveryControlOfTheToolBar) {
   }
 }
 
+TEST_F(MainWindow, ItIsNeverTooLowForTheToolBar) {
+  ASSERT_TRUE(Start());
+  Window().resize(200, 60);
+  QCoreApplication::processEvents();
+  const auto* bar = Find<QWidget>("picTool");
+  EXPECT_EQ(bar->height(), bar->heightForWidth(bar->width()));
+  EXPECT_LE(bar->mapTo(&Window(), QPoint(0, bar->height())).y(), Find<QWidget>("picStat")->y());
+  const int needed = Window().height();
+  Window().resize(900, needed);
+  // Each layout tells the one around it by an event.
+  for (int layout = 0; layout < 4; ++layout)
+    QCoreApplication::processEvents();
+  Window().resize(900, 60);
+  EXPECT_LT(Window().height(), needed) << "the rows of the narrow window are forgotten";
+}
+
+TEST_F(MainWindow, InANarrowWindowThePositionIsStillWhole) {
+  ASSERT_TRUE(Start());
+  emit Window().MapWindow().PositionChanged("W108° 30.00'", "N47° 15.00'");
+  for (const int width : {1000, 420, 300}) {
+    Window().resize(width, 300);
+    QCoreApplication::sendPostedEvents();
+    for (const char* name : {"lblPosX", "lblPosY"}) {
+      const auto* label = Find<QLabel>(name);
+      EXPECT_GE(label->width(), label->fontMetrics().horizontalAdvance(label->text())) << name << width;
+    }
+  }
+}
+
 TEST_F(MainWindow, TheStatusBarFollowsTheMouse) {
   ASSERT_TRUE(Start());
   emit Window().MapWindow().PositionChanged("W008° 30.00'", "N47° 15.00'");
