@@ -11,7 +11,7 @@ namespace zerbal::app {
 
 /// A Qt application whose events may throw. What a handler throws (the database engine's errors, counters
 /// that overflow) is told to the user in a critical box with the error's own words; then every event loop
-/// ends and exec() returns kErrorStatus. What fails after that is not told again.
+/// ends and Run() returns kErrorStatus. What fails after that is not told again.
 class Application final : public QApplication {
   Q_OBJECT
 
@@ -35,7 +35,9 @@ class Application final : public QApplication {
       return false;
     }
   }
-  bool Failed() const { return failed_; }
+
+  /// Handles events until the program ends; at once when an error has ended it before. The exit status.
+  int Run() { return failed_ ? kErrorStatus : exec(); }
 
   /// Called in place of the box and the end of the event loops, for whoever drives the program.
   void SetErrorHook(ErrorHook hook) { hook_ = std::move(hook); }

@@ -20,7 +20,7 @@ int RunProgram(int argc, char** argv) {
     program.emplace(Environment{WithSeparator(std::filesystem::current_path()), clock, random, boxes});
     started = program->Start();
   });
-  return started ? Application::exec() : Application::kErrorStatus;
+  return started ? application.Run() : Application::kErrorStatus;
 }
 
 }  // namespace zerbal::app

@@ -34,7 +34,7 @@ Application& TheApplication() {
 /// Runs the program's events and ends with its status.
 [[noreturn]] void RunAndExit() {
   QTimer::singleShot(10000, [] { std::_Exit(99); });
-  std::exit(Application::exec());
+  std::exit(TheApplication().Run());
 }
 
 constexpr char kWords[] = "critical: .*coast.mdb.*wcl.*a page is cut off";
@@ -88,9 +88,18 @@ TEST_F(ErrorDeath, OnlyTheFirstErrorIsTold) {
         EXPECT_FALSE(application.Guard([] { throw std::runtime_error("the first"); }));
         EXPECT_FALSE(application.Guard([] { throw std::runtime_error("the second"); }));
         std::cerr << "end" << std::endl;
-        std::exit(application.Failed() ? 5 : 6);
+        std::exit(5);
       },
       testing::ExitedWithCode(5), "critical: the first\nend");
+}
+
+TEST_F(ErrorDeath, AnErrorBeforeTheEventsEndsTheProgramToo) {
+  EXPECT_EXIT(
+      {
+        TheApplication().Guard(Fail);
+        RunAndExit();
+      },
+      testing::ExitedWithCode(Application::kErrorStatus), kWords);
 }
 
 TEST_F(ErrorDeath, TheHookTakesThePlaceOfTheBox) {
@@ -119,7 +128,6 @@ TEST(Application, WorkThatDoesNotThrowIsJustDone) {
   bool done = false;
   EXPECT_TRUE(TheApplication().Guard([&] { done = true; }));
   EXPECT_TRUE(done);
-  EXPECT_FALSE(TheApplication().Failed());
 }
 
 TEST(Application, HasAnIcon) {
