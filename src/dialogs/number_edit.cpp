@@ -1,7 +1,9 @@
 #include "dialogs/number_edit.h"
 
 #include <QApplication>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <algorithm>
 
 #include "settings/value_text.h"
 
@@ -12,11 +14,15 @@ bool IsDigit(QChar c) {
   return c >= u'0' && c <= u'9';
 }
 
-/// Characters are filtered; keys that write nothing (arrows, Tab, shortcuts) are not.
+bool AreDigits(const QString& text) {
+  return std::all_of(text.begin(), text.end(), IsDigit);
+}
+
+/// Characters are filtered; keys that write nothing (arrows, Tab, Backspace, shortcuts) are not.
 bool WritesCharacter(const QKeyEvent& event) {
   const QString text = event.text();
-  return !text.isEmpty() && text.front().isPrint() &&
-         !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier));
+  const bool isShortcut = (event.modifiers() & ~Qt::ShiftModifier) == Qt::ControlModifier;
+  return !isShortcut && !text.isEmpty() && text.front().category() != QChar::Other_Control;
 }
 
 }  // namespace
@@ -24,8 +30,8 @@ bool WritesCharacter(const QKeyEvent& event) {
 NumberEdit::NumberEdit(QWidget* parent) : QLineEdit("0", parent) {
   setAlignment(Qt::AlignRight);
   setInputMethodHints(Qt::ImhDigitsOnly);
-  // Room for the largest runway or elevation and a little more, whatever the font.
-  setMinimumWidth(fontMetrics().horizontalAdvance("0000000") + 2 * fontMetrics().averageCharWidth());
+  // Boxes below each other are equally wide, whatever stands beside them.
+  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
 std::int32_t NumberEdit::Number() const {
@@ -41,12 +47,22 @@ void NumberEdit::SetNumber(std::int32_t number) {
 }
 
 void NumberEdit::keyPressEvent(QKeyEvent* event) {
-  if (WritesCharacter(*event) && !IsDigit(event->text().front())) {
+  if (WritesCharacter(*event) && !AreDigits(event->text())) {
     QApplication::beep();
     event->accept();
     return;
   }
   QLineEdit::keyPressEvent(event);
+}
+
+void NumberEdit::inputMethodEvent(QInputMethodEvent* event) {
+  QString text = event->commitString();
+  if (!AreDigits(text)) {
+    QApplication::beep();
+    text.removeIf([](QChar c) { return !IsDigit(c); });
+    event->setCommitString(text, event->replacementStart(), event->replacementLength());
+  }
+  QLineEdit::inputMethodEvent(event);
 }
 
 void NumberEdit::focusInEvent(QFocusEvent* event) {

@@ -1,6 +1,7 @@
 #include "dialogs/number_edit.h"
 
 #include <QFocusEvent>
+#include <QInputMethodEvent>
 
 #include "dialogs/dialog_fixture.h"
 
@@ -22,6 +23,29 @@ TEST_F(NumberEditTest, TakesOnlyDigitsAndBackspace) {
   EXPECT_EQ(box.text(), "12345");
   Press(&box, Qt::Key_Backspace, "\b");
   EXPECT_EQ(box.text(), "1234");
+}
+
+TEST_F(NumberEditTest, TakesOnlyDigitsWithAltAndFromAnInputMethodToo) {
+  box.clear();
+  for (const char* text : {"x", "7", "@"}) {
+    QKeyEvent event(QEvent::KeyPress, Qt::Key_unknown, Qt::AltModifier, text);
+    QApplication::sendEvent(&box, &event);
+  }
+  EXPECT_EQ(box.text(), "7");
+  for (const char* text : {"\u00e9", "1a2", "-", "3"}) {
+    QInputMethodEvent event;
+    event.setCommitString(text);
+    QApplication::sendEvent(&box, &event);
+  }
+  EXPECT_EQ(box.text(), "7123");
+}
+
+TEST_F(NumberEditTest, ShortcutsAreNotFiltered) {
+  box.setText("12");
+  box.selectAll();
+  QKeyEvent cut(QEvent::KeyPress, Qt::Key_X, Qt::ControlModifier, "\x18");
+  QApplication::sendEvent(&box, &cut);
+  EXPECT_EQ(box.text(), "");
 }
 
 TEST_F(NumberEditTest, TheFocusSelectsTheWholeText) {
