@@ -1,8 +1,10 @@
 #include "dialogs/frm_map_sett.h"
 
 #include <QFontDatabase>
+#include <algorithm>
 #include <cmath>
 
+#include "data/table_settings.h"
 #include "settings/value_text.h"
 #include "ui_frm_map_sett.h"
 
@@ -49,8 +51,7 @@ void frmMapSett::FillCentre() {
   } else {
     ui_->optCentOth->setChecked(true);
     const float centre = regions_.centreWorldAtLon;
-    constexpr int kSingleDigits = 7;
-    ui_->txtCentOth->setText(QString::number(std::abs(static_cast<double>(centre)), 'g', kSingleDigits));
+    ui_->txtCentOth->setText(QString::fromStdString(settings::SingleText(std::abs(centre))));
     ui_->cboCentOth->setCurrentIndex(centre < 0 ? kWest : kEast);
   }
 }
@@ -96,7 +97,7 @@ void frmMapSett::StoreFont(const FontRow& row) {
   data::Font& font = fonts_[row.code];
   font.name = row.family->currentText().toStdString();
   font.size = settings::ParseInt16(row.size->currentText().toStdString());
-  ini_.Write("Fonts", font.entry, font.name + "," + std::to_string(font.size));
+  ini_.Write("Fonts", font.entry, data::FontText(font));
 }
 
 void frmMapSett::Confirm() {

@@ -1,6 +1,7 @@
 // The dialog of the world view's centre and the map's fonts.
 #pragma once
 
+#include <array>
 #include <memory>
 
 #include "data/reference_tables.h"

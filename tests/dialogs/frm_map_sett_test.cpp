@@ -57,6 +57,16 @@ TEST_F(FrmMapSettTest, ShowsAnotherMeridianBySideAndDegrees) {
   EXPECT_EQ(Child<QLineEdit>(*dialog, "txtCentOth")->text(), "30");
 }
 
+TEST_F(FrmMapSettTest, AStoredFractionComesThroughUntouched) {
+  regions.centreWorld = "2";
+  for (const float stored : {12.3F, -0.00001F}) {
+    regions.centreWorldAtLon = stored;
+    const auto dialog = NewDialog();
+    Child<QPushButton>(*dialog, "cmdOK")->click();
+    EXPECT_EQ(regions.centreWorldAtLon, stored);
+  }
+}
+
 TEST_F(FrmMapSettTest, GreenwichGivesTheWorldFrom5To355) {
   const auto dialog = NewDialog();
   Child<QRadioButton>(*dialog, "optCentGrw")->click();
