@@ -3,6 +3,7 @@
 #include <QCheckBox>
 #include <QPushButton>
 #include <QRadioButton>
+#include <set>
 
 #include "dialogs/dialog_fixture.h"
 #include "dialogs/number_edit.h"
@@ -40,6 +41,15 @@ TEST_F(FrmDeliTest, TheTwoDialogsDifferInNameTitleAndKey) {
   destinations->reject();
   EXPECT_EQ(Stored("Windows", "DelimitAllAirport"), "11,12");
   EXPECT_EQ(Stored("Windows", "DelimitDestination"), "13,14");
+}
+
+TEST_F(FrmDeliTest, EveryBoxTellsItsNameToWhoCannotSeeIt) {
+  const auto dialog = NewDialog();
+  std::set<QString> names;
+  for (const auto* box : dialog->findChildren<dialogs::NumberEdit*>())
+    names.insert(box->accessibleName());
+  EXPECT_EQ(names.size(), 12U);
+  EXPECT_FALSE(names.contains(""));
 }
 
 TEST_F(FrmDeliTest, AnUncheckedCriterionDisablesItsControlsAndKeepsItsNumbers) {
