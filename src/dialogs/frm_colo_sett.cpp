@@ -3,16 +3,10 @@
 #include <QSignalBlocker>
 #include <algorithm>
 
+#include "data/table_settings.h"
 #include "ui_frm_colo_sett.h"
 
 namespace zerbal::dialogs {
-namespace {
-
-std::string RgbText(data::Rgb rgb) {
-  return std::to_string(rgb.red) + "," + std::to_string(rgb.green) + "," + std::to_string(rgb.blue);
-}
-
-}  // namespace
 
 frmColoSett::frmColoSett(const Placement& placement, data::ColourTable& colours,
                          data::FlightServiceTable& services)
@@ -103,9 +97,9 @@ void frmColoSett::Confirm() {
   for (std::size_t i = 0; i < services_.size(); ++i)
     services_[i].rgb = working_[colours_.rows.size() + i];
   for (const data::Colour& colour : colours_.rows)
-    ini_.Write("Colors", colour.entry, RgbText(colour.rgb));
+    ini_.Write("Colors", colour.entry, data::ColourText(colour.rgb));
   for (const data::FlightService& service : services_)
-    ini_.Write("FlightColors", service.key, RgbText(service.rgb));
+    ini_.Write("FlightColors", service.key, data::ColourText(service.rgb));
   accept();
 }
 

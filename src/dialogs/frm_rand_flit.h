@@ -4,9 +4,7 @@
 #include <memory>
 
 #include "data/random_source.h"
-#include "dialogs/finder_context.h"
-#include "dialogs/flight_list_view.h"
-#include "dialogs/placed_dialog.h"
+#include "dialogs/finder_dialog.h"
 
 namespace Ui {
 class frmRandFlit;
@@ -14,8 +12,8 @@ class frmRandFlit;
 
 namespace zerbal::dialogs {
 
-/// Opens with the flights of the last draw of this run. Accepted when flights were handed over.
-class frmRandFlit final : public PlacedDialog {
+/// Opens with the flights of the last draw of this run.
+class frmRandFlit final : public FinderDialog {
   Q_OBJECT
 
  public:
@@ -30,13 +28,10 @@ class frmRandFlit final : public PlacedDialog {
   void EnableResult(bool enabled);
   void Draw();
   void ShowNothingFound();
-  void Display();
 
-  FinderContext context_;
   data::RandomSource& random_;
   std::unique_ptr<Ui::frmRandFlit> ui_;
   std::unique_ptr<ListLines> services_;
-  std::unique_ptr<FlightListView> flights_;
 };
 
 }  // namespace zerbal::dialogs

@@ -5,14 +5,12 @@
 namespace zerbal::dialogs {
 
 frmSeleDest::frmSeleDest(const Placement& placement, const FinderContext& context)
-    : PlacedDialog(placement, "SelectDestination"),
-      context_(context),
-      ui_(std::make_unique<Ui::frmSeleDest>()) {
+    : FinderDialog(placement, "SelectDestination", context), ui_(std::make_unique<Ui::frmSeleDest>()) {
   ui_->setupUi(this);
-  flights_ = std::make_unique<FlightListView>(*ui_->lstFlit, *ui_->lstFUni);
+  UseFlightList(*ui_);
   codeLines_ = std::make_unique<ListLines>(*ui_->lstDest);
   ListAirports();
-  const data::FlightFinderState& state = context_.state;
+  const data::FlightFinderState& state = Context().state;
   ui_->chkIsDest->setChecked(state.searchOrigin);
   ui_->chkIsStop->setChecked(state.searchStopovers);
   ui_->chkIsArr->setChecked(state.searchDestination);
@@ -27,16 +25,12 @@ frmSeleDest::frmSeleDest(const Placement& placement, const FinderContext& contex
       Search();
   });
   connect(ui_->cmdSearch, &QPushButton::clicked, this, &frmSeleDest::Search);
-  connect(ui_->cmdSelAll, &QPushButton::clicked, this, [this] { flights_->SelectAll(true); });
-  connect(ui_->cmdSelNone, &QPushButton::clicked, this, [this] { flights_->SelectAll(false); });
-  connect(ui_->cmdDisp, &QPushButton::clicked, this, &frmSeleDest::Display);
-  connect(ui_->cmdESC, &QPushButton::clicked, this, &QDialog::reject);
 }
 
 frmSeleDest::~frmSeleDest() = default;
 
 void frmSeleDest::ListAirports() {
-  jet::Recordset& dest = context_.dest;
+  jet::Recordset& dest = Context().dest;
   const int code = dest.FieldIndex("AP");
   const int name = dest.FieldIndex("AP_Name");
   const int city = dest.FieldIndex("AP_City");
@@ -51,14 +45,14 @@ void frmSeleDest::ListAirports() {
 }
 
 void frmSeleDest::DropResult() {
-  flights_->Clear();
+  Flights().Clear();
   ui_->lblFlitFound->clear();
   EnableResult(false);
 }
 
 void frmSeleDest::EnableResult(bool enabled) {
-  for (QWidget* control : {static_cast<QWidget*>(ui_->lstFlit), static_cast<QWidget*>(ui_->cmdSelAll),
-                           static_cast<QWidget*>(ui_->cmdSelNone), static_cast<QWidget*>(ui_->cmdDisp)})
+  for (QWidget* control :
+       std::initializer_list<QWidget*>{ui_->lstFlit, ui_->cmdSelAll, ui_->cmdSelNone, ui_->cmdDisp})
     control->setEnabled(enabled);
 }
 
@@ -66,11 +60,11 @@ void frmSeleDest::Search() {
   const data::AirportRoles roles{ui_->chkIsDest->isChecked(), ui_->chkIsStop->isChecked(),
                                  ui_->chkIsArr->isChecked()};
   if (!roles.origin && !roles.stopover && !roles.destination) {
-    context_.boxes.Show(settings::BoxIcon::kExclamation, "Select at least one type of airport");
+    Context().boxes.Show(settings::BoxIcon::kExclamation, "Select at least one type of airport");
     ui_->chkIsDest->setFocus();
     return;
   }
-  data::FlightFinderState& state = context_.state;
+  data::FlightFinderState& state = Context().state;
   state.searchOrigin = roles.origin;
   state.searchStopovers = roles.stopover;
   state.searchDestination = roles.destination;
@@ -79,23 +73,18 @@ void frmSeleDest::Search() {
   // Without any destination there is no entry to look for.
   if (const int position = ui_->cboDest->currentIndex(); position >= 0) {
     state.chosenAirport = static_cast<std::int16_t>(position);
-    list = data::FlightsTouching(context_.Source(), codes_.at(static_cast<std::size_t>(position)), roles,
+    list = data::FlightsTouching(Context().Source(), codes_.at(static_cast<std::size_t>(position)), roles,
                                  ui_->chkCity4Stop->isChecked());
   }
   if (list.lines.empty()) {
-    context_.boxes.Show(settings::BoxIcon::kExclamation, "No flights found with the specified airport");
+    Context().boxes.Show(settings::BoxIcon::kExclamation, "No flights found with the specified airport");
     return;
   }
-  flights_->SetFlights(list.lines, list.keys);
+  Flights().SetFlights(list.lines, list.keys);
   EnableResult(true);
   ui_->lblFlitFound->setText(list.lines.size() == 1
                                  ? QStringLiteral("(1 flight found)")
                                  : QStringLiteral("(%1 flights found)").arg(list.lines.size()));
-}
-
-void frmSeleDest::Display() {
-  if (flights_->HandOver(context_.selectedFlights, context_.boxes))
-    accept();
 }
 
 }  // namespace zerbal::dialogs

@@ -5,9 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "dialogs/finder_context.h"
-#include "dialogs/flight_list_view.h"
-#include "dialogs/placed_dialog.h"
+#include "dialogs/finder_dialog.h"
 
 namespace Ui {
 class frmSeleDest;
@@ -15,9 +13,8 @@ class frmSeleDest;
 
 namespace zerbal::dialogs {
 
-/// Opens on the airport and the roles of the last search, with no result. Accepted when flights were handed
-/// over.
-class frmSeleDest final : public PlacedDialog {
+/// Opens on the airport and the roles of the last search, with no result.
+class frmSeleDest final : public FinderDialog {
   Q_OBJECT
 
  public:
@@ -30,11 +27,8 @@ class frmSeleDest final : public PlacedDialog {
   void DropResult();
   void EnableResult(bool enabled);
   void Search();
-  void Display();
 
-  FinderContext context_;
   std::unique_ptr<Ui::frmSeleDest> ui_;
-  std::unique_ptr<FlightListView> flights_;
   std::unique_ptr<ListLines> codeLines_;
   std::vector<std::string> codes_;  ///< airport code of each entry of the drop-down list
 };

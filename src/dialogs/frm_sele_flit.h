@@ -3,9 +3,7 @@
 
 #include <memory>
 
-#include "dialogs/finder_context.h"
-#include "dialogs/flight_list_view.h"
-#include "dialogs/placed_dialog.h"
+#include "dialogs/finder_dialog.h"
 
 namespace Ui {
 class frmSeleFlit;
@@ -13,8 +11,8 @@ class frmSeleFlit;
 
 namespace zerbal::dialogs {
 
-/// Opens on the service that was chosen last in this run. Accepted when flights were handed over.
-class frmSeleFlit final : public PlacedDialog {
+/// Opens on the service that was chosen last in this run.
+class frmSeleFlit final : public FinderDialog {
   Q_OBJECT
 
  public:
@@ -23,11 +21,8 @@ class frmSeleFlit final : public PlacedDialog {
 
  private:
   void ListFlights();
-  void Display();
 
-  FinderContext context_;
   std::unique_ptr<Ui::frmSeleFlit> ui_;
-  std::unique_ptr<FlightListView> flights_;
 };
 
 }  // namespace zerbal::dialogs

@@ -15,7 +15,6 @@ static void InitResources() {
 namespace zerbal::dialogs {
 namespace {
 
-constexpr char kVersion[] = "1.100";
 constexpr int kLogoSize = 96;  // logical pixels
 
 /// Read anew each time: an icon would keep every picture it ever gave in the program-wide cache.
@@ -62,7 +61,7 @@ frmHelpInfo::frmHelpInfo(const Placement& placement) : PlacedDialog(placement, "
   ui.imgLogo->setPixmap(Logo(devicePixelRatioF()));
   ui.imgLogo->setAccessibleName(settings::kProgramTitle);
   ui.lblTit->setText(settings::kProgramTitle);
-  ui.lblVers->setText(QStringLiteral("Version: ") + kVersion);
+  ui.lblVers->setText(QStringLiteral("Version: ") + ZERBAL_VERSION);
   connect(ui.cmdOK, &QPushButton::clicked, this, &QDialog::accept);
 }
 

@@ -9,7 +9,6 @@ namespace zerbal::dialogs {
 class Shape final : public QWidget {
   Q_OBJECT
   Q_PROPERTY(QColor colour READ Colour WRITE SetColour)
-  Q_PROPERTY(Kind kind READ ShapeKind WRITE SetKind)
 
  public:
   enum class Kind {
@@ -20,13 +19,11 @@ class Shape final : public QWidget {
     kVerticalLine,   ///< a stroke from the top to the bottom
     kInvertedFrame,  ///< a dotted frame in exclusive-or with the background
   };
-  Q_ENUM(Kind)
 
   explicit Shape(QWidget* parent = nullptr);
 
   QColor Colour() const { return colour_; }
   void SetColour(const QColor& colour);
-  Kind ShapeKind() const { return kind_; }
   void SetKind(Kind kind);
   /// Stroke width of lines in pixels.
   void SetLineWidth(int width);

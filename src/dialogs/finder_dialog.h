@@ -1,0 +1,58 @@
+// What the three flight finding dialogs share: the data that they look at, and the list of flights from which
+// the user hands some over for drawing.
+#pragma once
+
+#include <QPushButton>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "data/flight_finder.h"
+#include "data/flight_lists.h"
+#include "dialogs/flight_list_view.h"
+#include "dialogs/placed_dialog.h"
+#include "settings/message_boxes.h"
+
+namespace zerbal::dialogs {
+
+/// What the dialogs read and write beyond their own controls; all of it outlives them.
+struct FinderContext {
+  data::FlightServiceTable& services;
+  jet::Recordset& flit;
+  jet::Recordset& dest;
+  data::FlightFinderState& state;
+  std::vector<std::string>& selectedFlights;  ///< written by "Display flights"
+  settings::MessageBoxes& boxes;
+
+  data::FlightSource Source() const { return {flit, dest, services}; }
+};
+
+/// Accepted when flights were handed over.
+class FinderDialog : public PlacedDialog {
+  Q_OBJECT
+
+ protected:
+  FinderDialog(const Placement& placement, std::string key, const FinderContext& context);
+  ~FinderDialog() override;
+
+  /// To be called once the form is set up: its list of flights and the buttons that belong to it work from
+  /// then on.
+  template <class Form>
+  void UseFlightList(const Form& form) {
+    flights_ = std::make_unique<FlightListView>(*form.lstFlit, *form.lstFUni);
+    connect(form.cmdSelAll, &QPushButton::clicked, this, [this] { flights_->SelectAll(true); });
+    connect(form.cmdSelNone, &QPushButton::clicked, this, [this] { flights_->SelectAll(false); });
+    connect(form.cmdDisp, &QPushButton::clicked, this, &FinderDialog::Display);
+    connect(form.cmdESC, &QPushButton::clicked, this, &QDialog::reject);
+  }
+  const FinderContext& Context() const { return context_; }
+  FlightListView& Flights() { return *flights_; }
+
+ private:
+  void Display();
+
+  FinderContext context_;
+  std::unique_ptr<FlightListView> flights_;
+};
+
+}  // namespace zerbal::dialogs
