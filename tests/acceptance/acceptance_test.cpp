@@ -1,15 +1,20 @@
 // Plays every script of this folder on a small world of its own. A script says in its comments what its
 // folder is like:
 //   # without river.mdb                          the world lacks this file
+//   # lacks col Col RIVER                        the table lacks the row with this value
+//   # empty fsrv                                 the table has no rows
 //   # setting Region CentreWorld 2               the settings file holds this key beforehand
 //   # revision RevSchdMain 7.2                   the revision file holds this key beforehand
 //   # read-only zerbal.ini                       from this run on the file cannot be written
-//   # plays again                                the rest is played by a second run of the program in the
-//   same folder
-// The splash window does not wait unless a script sets it.
+//   # lasts 2                                    this run takes so many seconds or longer
+//   # ends with 3                                the driver's exit status in place of 0
+//   # plays again                                the rest is played by a second run in the same folder
+// The word FOLDER stands for the folder's path. The splash window does not wait unless a script sets it.
 #include <algorithm>
+#include <chrono>
 #include <filesystem>
 #include <sstream>
+#include <stdexcept>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -26,6 +31,15 @@ namespace fs = std::filesystem;
 
 class Acceptance : public testing::TestWithParam<std::string> {};
 
+Table& TableOf(SmallWorld& world, std::string_view name) {
+  for (Table* table :
+       {&world.col, &world.fon, &world.reg, &world.fsrv, &world.dest, &world.flit, &world.allaprt}) {
+    if (table->name == name)
+      return *table;
+  }
+  throw std::logic_error("no table " + std::string(name));
+}
+
 void Prepare(const fs::path& folder, const std::string& script) {
   SmallWorld world;
   const fs::path settingsFile = folder / "zerbal.ini";
@@ -40,6 +54,10 @@ void Prepare(const fs::path& folder, const std::string& script) {
       continue;
     if (directive == "without" && words >> first)
       world.LeaveOut(first);
+    else if (directive == "lacks" && words >> first >> second >> value)
+      TableOf(world, first).RemoveRow(second, value);
+    else if (directive == "empty" && words >> first)
+      TableOf(world, first).rows.clear();
     else if (directive == "setting" && words >> first >> second && std::getline(words >> std::ws, value))
       settings::WriteProfileString(settingsFile, first, second, value);
     else if (directive == "revision" && words >> first && std::getline(words >> std::ws, value))
@@ -48,14 +66,38 @@ void Prepare(const fs::path& folder, const std::string& script) {
   world.Write(folder);
 }
 
-/// Does what a run's script says of files that the runs before have left.
-void Protect(const fs::path& folder, const std::string& run) {
+/// What follows `directive` in each comment of a run's script that begins with it.
+std::vector<std::string> Directives(const std::string& run, const std::string& directive) {
+  std::vector<std::string> values;
+  const std::string begin = "# " + directive + " ";
   std::istringstream lines(run);
   for (std::string line; std::getline(lines, line);) {
-    constexpr std::string_view kReadOnly = "# read-only ";
-    if (line.starts_with(kReadOnly))
-      fs::permissions(folder / line.substr(kReadOnly.size()), fs::perms::owner_read);
+    if (line.starts_with(begin))
+      values.push_back(line.substr(begin.size()));
   }
+  return values;
+}
+
+std::string WithFolder(std::string script, const fs::path& folder) {
+  constexpr std::string_view kFolder = "FOLDER";
+  const std::string path = fs::canonical(folder).string();
+  for (std::size_t at = script.find(kFolder); at != std::string::npos; at = script.find(kFolder, at))
+    script.replace(at, kFolder.size(), path);
+  return script;
+}
+
+void PlayRun(const std::string& run, const fs::path& folder) {
+  for (const std::string& file : Directives(run, "read-only"))
+    fs::permissions(folder / file, fs::perms::owner_read);
+  int status = 0;
+  for (const std::string& value : Directives(run, "ends with"))
+    status = std::stoi(value);
+  const auto begin = std::chrono::steady_clock::now();
+  const Played played = Play(WithFolder(run, folder), folder);
+  const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - begin;
+  ASSERT_EQ(played.status, status) << played.reasons;
+  for (const std::string& seconds : Directives(run, "lasts"))
+    EXPECT_GE(taken.count(), std::stod(seconds));
 }
 
 /// The script's parts, one for each run of the program.
@@ -76,11 +118,8 @@ TEST_P(Acceptance, Script) {
   const std::string script = ReadBytes(fs::path(ZERBAL_SCRIPTS) / (GetParam() + ".script"));
   TempFolder folder;
   Prepare(folder.Path(), script);
-  for (const std::string& run : Runs(script)) {
-    Protect(folder.Path(), run);
-    const Played played = Play(run, folder.Path());
-    ASSERT_EQ(played.status, 0) << played.reasons;
-  }
+  for (const std::string& run : Runs(script))
+    ASSERT_NO_FATAL_FAILURE(PlayRun(run, folder.Path()));
 }
 
 std::vector<std::string> ScriptNames() {

@@ -93,10 +93,12 @@ TEST_F(DriverTest, AnyOtherCommandInFrontOfABoxFails) {
 }
 
 TEST_F(DriverTest, PreparedRandomValuesComeFirst) {
-  // 0.999 draws the last service, then its last candidate.
+  // The first service of five, then the last.
   const Played played =
-      Run("start\nmenu mnuFlitRandFlit\nclick optAnzFlitOne\nrandom 0 0\nclick cmdRndFlit\nget lblFlitFSrv\n"
-          "random 0.999 0\n");
+      Run("start\nmenu mnuFlitRandFlit\nclick optAnzFlitOne\nrandom 0 0\nclick cmdRndFlit\n"
+          "get lblFlitFSrv\nexpect {\"caption\": \"1 - Nordic\"}\n"
+          "random 0.999\nclick cmdRndFlit\nanswer OK\n"
+          "get lblFlitFSrv\nexpect {\"caption\": \"0 - Not yet begun\"}\n");
   EXPECT_EQ(played.status, 0) << played.reasons;
 }
 
