@@ -38,6 +38,10 @@ std::optional<fs::path> FindEntry(const fs::path& folder, const std::string& nam
   return std::nullopt;
 }
 
+std::string TableOf(const std::string& file, const std::string& table) {
+  return std::string(file).append(": table '").append(table).append("'");
+}
+
 class FolderCheck {
  public:
   FolderCheck(fs::path folder, CheckReport& report) : folder_(std::move(folder)), report_(report) {}
@@ -81,7 +85,7 @@ class FolderCheck {
   /// Rows of the table; nothing when they could not be looked at.
   std::optional<std::size_t> Check(const jet::Database& database, const std::string& file,
                                    const TableLayout& layout, const RowAction& action) {
-    const std::string where = file + ": table '" + layout.name + "'";
+    const std::string where = TableOf(file, layout.name);
     std::optional<jet::Recordset> rows = OpenChecked(database, where, layout.name, report_);
     if (!rows)
       return std::nullopt;
@@ -115,13 +119,13 @@ class FolderCheck {
     if (!rows)
       return;
     if (const std::optional<std::string> fault = CountFault(layout, *rows))
-      report_.Add(file + ": table '" + layout.name + "'", "rows", *fault);
+      report_.Add(TableOf(file, layout.name), "rows", *fault);
   }
 
   /// Seeks as the program does.
   void CheckCodes(const jet::Database& database, const std::string& file, const std::string& table,
                   const std::string& index, std::span<const char* const> codes) {
-    const std::string where = file + ": table '" + table + "'";
+    const std::string where = TableOf(file, table);
     try {
       if (!database.HasTable(table))
         return;
@@ -242,7 +246,7 @@ class FolderCheck {
       const bool detail = IsCellTable(table);
       tables += detail ? 1 : 0;
       if (detail || (coast && EqualIgnoringCase(table, "wcl")))
-        CheckLines(*database, file + ": table '" + table + "'", table);
+        CheckLines(*database, TableOf(file, table), table);
     }
     if (tables == 0)
       report_.Add(file, "cells", "there is no table of a grid cell; close views show no lines");

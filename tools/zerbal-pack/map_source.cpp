@@ -54,7 +54,9 @@ Bins ReadBins(const NetcdfFile& file) {
   bins.minutes = file.Int("Bin_size_in_minutes");
   bins.columns = file.Int("N_bins_in_360_longitude_range");
   bins.rows = file.Int("N_bins_in_180_degree_latitude_range");
-  if (bins.minutes < 1 || bins.columns * bins.minutes != 360 * 60 || bins.rows * bins.minutes != 180 * 60)
+  constexpr std::int64_t kPoleToPole = 10'800;  // minutes
+  if (bins.minutes < 1 || bins.columns * bins.minutes != 2 * kPoleToPole ||
+      bins.rows * bins.minutes != kPoleToPole)
     file.Fail("its bins do not cover the world");
   bins.firstSegment = file.Ints("Id_of_first_segment_in_a_bin", Size(bins.columns * bins.rows));
   bins.segmentCount = file.Ints("N_segments_in_a_bin", Size(bins.columns * bins.rows));
