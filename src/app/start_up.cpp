@@ -10,7 +10,6 @@
 
 #include "data/load_tables.h"
 #include "data/table_settings.h"
-#include "settings/find_file.h"
 #include "settings/value_text.h"
 
 namespace zerbal::app {
@@ -19,8 +18,6 @@ namespace {
 using settings::BoxIcon;
 using settings::NL;
 
-constexpr char kDataFolder[] = "app_data";
-constexpr char kMapFolder[] = "app_map";
 constexpr int kDefaultSplashSeconds = 2;
 constexpr int kWaitSliceMs = 10;
 
@@ -84,33 +81,16 @@ void Main::ShowSplash() {
 }
 
 bool Main::FindFiles() {
-  bool allFound = true;
-  data::DataFiles& files = program_.files;
-  files.zbldata = RequiredFile(kDataFolder, "zbldata.mdb", allFound);
-  files.qavdata = RequiredFile(kDataFolder, "qavdata.mdb", allFound);
-  files.allaprt = RequiredFile(kDataFolder, "allaprt.mdb", allFound);
-  files.coast = RequiredFile(kMapFolder, "coast.mdb", allFound);
-  const std::filesystem::path& appPath = program_.environment.appPath;
-  const std::filesystem::path mapFolder = kMapFolder;
-  files.river = settings::FindFile(appPath, mapFolder / "river.mdb");
-  files.ibound = settings::FindFile(appPath, mapFolder / "ibound.mdb");
-  program_.riverAvailable = files.river.has_value();
-  program_.boundaryAvailable = files.ibound.has_value();
-  if (!allFound)
-    program_.environment.boxes.Show(BoxIcon::kCritical, "Not all files found. The program aborts.");
-  return allFound;
-}
-
-std::filesystem::path Main::RequiredFile(const char* folder, const char* name, bool& allFound) {
-  const std::filesystem::path relative = std::filesystem::path(folder) / name;
-  const std::filesystem::path& appPath = program_.environment.appPath;
-  const auto file = settings::FindFile(appPath, relative);
-  if (file)
-    return *file;
-  allFound = false;
-  const std::string fullPath = (appPath / relative).string();
-  program_.environment.boxes.Show(BoxIcon::kExclamation, "File '" + fullPath + "' could not be found.");
-  return {};
+  const Environment& environment = program_.environment;
+  const data::FoundFiles found = data::FindDataFiles(environment.appPath);
+  for (const std::filesystem::path& file : found.missing)
+    environment.boxes.Show(BoxIcon::kExclamation, "File '" + file.string() + "' could not be found.");
+  program_.files = found.files;
+  program_.riverAvailable = found.files.river.has_value();
+  program_.boundaryAvailable = found.files.ibound.has_value();
+  if (!found.missing.empty())
+    environment.boxes.Show(BoxIcon::kCritical, "Not all files found. The program aborts.");
+  return found.missing.empty();
 }
 
 bool Main::LoadTables() {

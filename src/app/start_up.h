@@ -32,7 +32,6 @@ class Main {
  private:
   bool RunSteps();
   bool FindFiles();
-  std::filesystem::path RequiredFile(const char* folder, const char* name, bool& allFound);
   bool LoadTables();
   void LoadMainWindow();
   int SplashSeconds();

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "settings/find_file.h"
+
 namespace zerbal::data {
 namespace {
 
@@ -18,6 +20,23 @@ std::optional<jet::Database> OpenIfPresent(const std::optional<std::filesystem::
 }
 
 }  // namespace
+
+FoundFiles FindDataFiles(const std::filesystem::path& folder) {
+  FoundFiles found;
+  const auto require = [&](const char* name) -> std::filesystem::path {
+    const auto file = settings::FindFile(folder, name);
+    if (!file)
+      found.missing.push_back(folder / name);
+    return file.value_or(std::filesystem::path());
+  };
+  found.files.zbldata = require("app_data/zbldata.mdb");
+  found.files.qavdata = require("app_data/qavdata.mdb");
+  found.files.allaprt = require("app_data/allaprt.mdb");
+  found.files.coast = require("app_map/coast.mdb");
+  found.files.river = settings::FindFile(folder, "app_map/river.mdb");
+  found.files.ibound = settings::FindFile(folder, "app_map/ibound.mdb");
+  return found;
+}
 
 Databases OpenDatabases(const DataFiles& files) {
   jet::Database schedule = jet::Database::Open(files.qavdata);

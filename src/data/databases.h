@@ -3,18 +3,28 @@
 
 #include <filesystem>
 #include <optional>
+#include <vector>
 
 #include "jet/database.h"
 #include "jet/recordset.h"
 
 namespace zerbal::data {
 
-/// Where the program's files are. Names are found without regard to letter case, since databases come from
-/// case-blind disks.
+/// Where the program's files are.
 struct DataFiles {
   std::filesystem::path zbldata, qavdata, allaprt, coast;
   std::optional<std::filesystem::path> river, ibound;
 };
+
+struct FoundFiles {
+  DataFiles files;
+  /// Required files that are not there, in the order in which they are looked for.
+  std::vector<std::filesystem::path> missing;
+};
+
+/// Looks in a folder's `app_data` and `app_map` for all of them. Names are found without regard to letter
+/// case, since databases come from case-blind disks. The map may go without rivers and boundaries.
+FoundFiles FindDataFiles(const std::filesystem::path& folder);
 
 /// Everything that is open for the whole run. Destroying it closes it, in the reverse order of opening.
 struct Databases {

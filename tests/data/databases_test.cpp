@@ -1,6 +1,7 @@
 #include "data/databases.h"
 
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -31,6 +32,33 @@ class OpenDatabasesTest : public testing::Test {
   DataFiles files_{folder_ / "zbldata.mdb", folder_ / "qavdata.mdb", folder_ / "allaprt.mdb",
                    folder_ / "coast.mdb",   folder_ / "river.mdb",   folder_ / "ibound.mdb"};
 };
+
+TEST(FindDataFiles, LooksInBothFoldersInAnyLetterCase) {
+  const test::TempFolder folder;
+  fs::create_directories(folder / "App_Data");
+  fs::create_directories(folder / "app_map");
+  const std::vector<fs::path> names = {"App_Data/ZBLDATA.mdb", "App_Data/qavdata.mdb", "App_Data/allaprt.MDB",
+                                       "app_map/Coast.mdb",    "app_map/river.mdb",    "app_map/IBOUND.MDB"};
+  for (const fs::path& name : names)
+    test::WriteBytes(folder / name, "");
+  const auto [files, missing] = FindDataFiles(folder.Path());
+  EXPECT_TRUE(missing.empty());
+  EXPECT_EQ(files.zbldata, folder / names[0]);
+  EXPECT_EQ(files.qavdata, folder / names[1]);
+  EXPECT_EQ(files.allaprt, folder / names[2]);
+  EXPECT_EQ(files.coast, folder / names[3]);
+  EXPECT_EQ(files.river, folder / names[4]);
+  EXPECT_EQ(files.ibound, folder / names[5]);
+}
+
+TEST(FindDataFiles, NamesTheRequiredOnesThatAreMissing) {
+  const test::TempFolder folder;
+  const auto [files, missing] = FindDataFiles(folder.Path());
+  EXPECT_EQ(missing, (std::vector<fs::path>{folder / "app_data/zbldata.mdb", folder / "app_data/qavdata.mdb",
+                                            folder / "app_data/allaprt.mdb", folder / "app_map/coast.mdb"}));
+  EXPECT_FALSE(files.river);
+  EXPECT_FALSE(files.ibound);
+}
 
 TEST_F(OpenDatabasesTest, OpensEverythingWithItsIndexes) {
   Databases databases = OpenDatabases(files_);

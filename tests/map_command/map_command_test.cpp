@@ -49,14 +49,14 @@ class MapCommandTest : public testing::Test {
 class MapWindow {
  public:
   explicit MapWindow(const fs::path& folder)
-      : databases_(data::OpenDatabases(Files(folder))),
+      : files_(data::FindDataFiles(folder).files),
+        databases_(data::OpenDatabases(files_)),
         viewport_((tables_.bands = data::BuildGridBands(), tables_.bands)) {
-    const fs::path zbldata = folder / "app_data" / "zbldata.mdb";
-    data::LoadColours(zbldata, tables_.colours, boxes_);
-    data::LoadFonts(zbldata, tables_.fonts, boxes_);
-    std::vector<std::string> none;
+    data::LoadColours(files_.zbldata, tables_.colours, boxes_);
+    data::LoadFonts(files_.zbldata, tables_.fonts, boxes_);
+    const std::vector<std::string> none;
     data::CheckFonts(tables_.fonts, none);
-    data::LoadRegions(zbldata, tables_.regions);
+    data::LoadRegions(files_.zbldata, tables_.regions);
     tables_.regions.centreWorld = "1";
     tables_.regions.ComputeWorldRow();
     data::LoadFlightServices(databases_.fsrv, tables_.services, boxes_);
@@ -77,14 +77,8 @@ class MapWindow {
   map::DisplayOptions options;
 
  private:
-  static data::DataFiles Files(const fs::path& folder) {
-    const fs::path data = folder / "app_data";
-    const fs::path map = folder / "app_map";
-    return {data / "zbldata.mdb", data / "qavdata.mdb", data / "allaprt.mdb",
-            map / "coast.mdb",    map / "river.mdb",    map / "ibound.mdb"};
-  }
-
   RecordedBoxes boxes_;
+  data::DataFiles files_;
   data::Databases databases_;
   data::ReferenceTables tables_;
   map::Viewport viewport_;

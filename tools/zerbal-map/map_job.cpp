@@ -1,12 +1,11 @@
 #include "zerbal-map/map_job.h"
 
 #include <QFontDatabase>
-#include <algorithm>
+#include <stdexcept>
 
 #include "data/flight_lists.h"
 #include "data/load_tables.h"
 #include "data/table_settings.h"
-#include "settings/find_file.h"
 #include "settings/ini_values.h"
 
 namespace zerbal::mapcommand {
@@ -18,11 +17,8 @@ class ThrowingBoxes final : public settings::MessageBoxes {
   void Show(settings::BoxIcon, const std::string& text) override { throw std::runtime_error(text); }
 };
 
-std::filesystem::path RequiredFile(const std::filesystem::path& folder, const char* name) {
-  const auto file = settings::FindFile(folder, name);
-  if (!file)
-    throw std::runtime_error("File '" + (folder / name).string() + "' could not be found.");
-  return *file;
+std::runtime_error NotFound(const std::string& file) {
+  return std::runtime_error("File '" + file + "' could not be found.");
 }
 
 bool SameName(const std::string& a, const std::string& b) {
@@ -64,19 +60,15 @@ MapJob::MapJob(const Options& options) : options_(options) {
 }
 
 void MapJob::LoadTables() {
-  const std::filesystem::path folder = options_.dataFolder;
-  files_.zbldata = RequiredFile(folder, "app_data/zbldata.mdb");
-  files_.qavdata = RequiredFile(folder, "app_data/qavdata.mdb");
-  files_.allaprt = RequiredFile(folder, "app_data/allaprt.mdb");
-  files_.coast = RequiredFile(folder, "app_map/coast.mdb");
-  files_.river = settings::FindFile(folder, "app_map/river.mdb");
-  files_.ibound = settings::FindFile(folder, "app_map/ibound.mdb");
-  databases_ = data::OpenDatabases(files_);
+  const auto [files, missing] = data::FindDataFiles(options_.dataFolder);
+  if (!missing.empty())
+    throw NotFound(missing.front().string());
+  databases_ = data::OpenDatabases(files);
   ThrowingBoxes boxes;
   tables_.bands = data::BuildGridBands();
-  data::LoadColours(files_.zbldata, tables_.colours, boxes);
-  data::LoadFonts(files_.zbldata, tables_.fonts, boxes);
-  data::LoadRegions(files_.zbldata, tables_.regions);
+  data::LoadColours(files.zbldata, tables_.colours, boxes);
+  data::LoadFonts(files.zbldata, tables_.fonts, boxes);
+  data::LoadRegions(files.zbldata, tables_.regions);
   data::LoadFlightServices(databases_->fsrv, tables_.services, boxes);
 }
 
@@ -84,7 +76,7 @@ void MapJob::ReadSettings() {
   ThrowingBoxes boxes;
   settings::IniValues values(boxes, settings::MissingKeys::kLeave);
   if (options_.settingsFile && !std::filesystem::is_regular_file(*options_.settingsFile))
-    throw std::runtime_error("File '" + *options_.settingsFile + "' could not be found.");
+    throw NotFound(*options_.settingsFile);
   // Without a settings file every key is missing, and the defaults hold.
   settings::IniFile ini(options_.settingsFile.value_or(""), values);
   std::vector<std::string> fonts;

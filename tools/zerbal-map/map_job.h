@@ -27,7 +27,6 @@ class MapJob {
   void ShowServices();
 
   const Options options_;
-  data::DataFiles files_;
   std::optional<data::Databases> databases_;
   data::ReferenceTables tables_;
   std::optional<map::Viewport> viewport_;
