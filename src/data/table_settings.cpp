@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "jet/error.h"
+#include "jet/text.h"
 #include "settings/value_text.h"
 
 namespace zerbal::data {
@@ -16,12 +17,6 @@ constexpr char kFallbackFont[] = "Arial";
 constexpr std::int16_t kSmallestFont = 6;  // points
 constexpr std::int16_t kLargestFont = 14;
 constexpr std::array<std::int16_t, kFontCount> kFallbackSizes = {7, 8};
-
-bool SameFontName(std::string_view a, std::string_view b) {
-  const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [&](char x, char y) { return lower(x) == lower(y); });
-}
 
 Rgb ParseColour(std::string_view text) {
   const auto fields = settings::SplitList(text, 3, ",");
@@ -70,7 +65,7 @@ bool ReadFontSettings(settings::IniFile& ini, FontTable& fonts, std::span<const 
 void CheckFonts(FontTable& fonts, std::span<const std::string> installedFonts) {
   for (std::size_t i = 0; i < fonts.rows.size(); ++i) {
     Font& font = fonts.rows[i];
-    const auto isFont = [&](const std::string& name) { return SameFontName(name, font.name); };
+    const auto isFont = [&](const std::string& name) { return jet::EqualsIgnoringCase(name, font.name); };
     if (std::none_of(installedFonts.begin(), installedFonts.end(), isFont))
       font.name = kFallbackFont;
     if (font.size < kSmallestFont || font.size > kLargestFont)

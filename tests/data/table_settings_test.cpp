@@ -28,7 +28,7 @@ class TableSettings : public testing::Test {
   settings::IniFile unwritable_{folder_ / "missing" / "zerbal.ini", values_};
 };
 
-const std::vector<std::string> kInstalled = {"Arial", "Courier New", "Verdana"};
+const std::vector<std::string> kInstalled = {"Arial", "Courier New", "Verdana", "\xC3\x96ko"};
 
 FontTable SomeFonts() {
   FontTable fonts;
@@ -115,7 +115,8 @@ struct FontCase {
 };
 
 TEST_F(TableSettings, FontsAreCheckedAgainstTheInstalledOnesAndTheSizes) {
-  const std::array<FontCase, 14> cases = {{{"arial,16", "arial", 7, 8},
+  const std::array<FontCase, 15> cases = {{{"arial,16", "arial", 7, 8},
+                                           {"\xF6KO,8", "\xC3\xB6KO", 8, 8},
                                            {"VERDANA,6", "VERDANA", 6, 6},
                                            {"Courier New,14", "Courier New", 14, 14},
                                            {"Verdana,15", "Verdana", 7, 8},
