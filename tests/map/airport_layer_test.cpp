@@ -9,10 +9,8 @@
 namespace zerbal::map {
 namespace {
 
-using Strings = std::vector<std::string>;
-
-constexpr data::Rgb kAll{7, 100, 200};
-constexpr data::Rgb kDest{8, 100, 200};
+constexpr data::Rgb kAll = ColourOf(data::ColourCode::kApAll);
+constexpr data::Rgb kDest = ColourOf(data::ColourCode::kApDest);
 
 std::string Label(const char* name, const char* city, bool detail = true) {
   std::string label;

@@ -11,13 +11,13 @@
 namespace zerbal::map {
 namespace {
 
-using Strings = std::vector<std::string>;
+using data::ColourCode;
 
-constexpr data::Rgb kBackground{1, 100, 200};
-constexpr data::Rgb kCentre{3, 100, 200};
-constexpr data::Rgb kCoast{4, 100, 200};
-constexpr data::Rgb kRiver{5, 100, 200};
-constexpr data::Rgb kBoundary{6, 100, 200};
+constexpr data::Rgb kBackground = ColourOf(ColourCode::kMapBg);
+constexpr data::Rgb kCentre = ColourOf(ColourCode::kCentre);
+constexpr data::Rgb kCoast = ColourOf(ColourCode::kCoast);
+constexpr data::Rgb kRiver = ColourOf(ColourCode::kRiver);
+constexpr data::Rgb kBoundary = ColourOf(ColourCode::kIBound);
 
 TEST(DrawMap, DrawsNothingWithoutAnArea) {
   MapWorld world;

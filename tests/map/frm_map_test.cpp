@@ -32,14 +32,7 @@ class World : public MapWorld {
 
   /// Requests a region: west, top, east, bottom.
   void Ask(float west, float top, float east, float bottom) {
-    viewport.ReqLonMin = west;
-    viewport.ReqLatMin = top;
-    viewport.ReqLonMax = east;
-    viewport.ReqLatMax = bottom;
-  }
-
-  MapScene Scene() {
-    return {viewport, options, tables, Databases(), allAirportCriteria, destinationCriteria, flights};
+    viewport.SelectRegion({"", "", west, top, east, bottom});
   }
 };
 
@@ -90,9 +83,10 @@ class FrmMapTest : public testing::Test {
       if (operation.layer != Layer::kZoomBox)
         continue;
       EXPECT_EQ(operation.kind, Operation::Kind::kRectangle);
-      EXPECT_EQ(
-          operation.pen,
-          (Pen{.colour = {2, 100, 200}, .width = 1, .style = LineStyle::kDotted, .mode = PenMode::kXor}));
+      EXPECT_EQ(operation.pen, (Pen{.colour = ColourOf(data::ColourCode::kZoom),
+                                    .width = 1,
+                                    .style = LineStyle::kDotted,
+                                    .mode = PenMode::kXor}));
       boxes.push_back({operation.from.x, operation.from.y, operation.to.x, operation.to.y});
     }
     return boxes;

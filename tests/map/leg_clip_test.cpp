@@ -10,27 +10,17 @@
 
 #include <gtest/gtest.h>
 
+#include "map/views.h"
+
 namespace zerbal::map {
 namespace {
 
-const data::GridBands kBands = data::BuildGridBands();
-
-/// 100..140 by 40..60, 100 twips a degree.
-Viewport View() {
-  Viewport view(kBands);
-  view.SetSize(4'000, 2'000);
-  view.ReqLonMin = 100;
-  view.ReqLatMin = 40;
-  view.ReqLonMax = 140;
-  view.ReqLatMax = 60;
-  view.ComputeViewport();
-  return view;
-}
+const Viewport kView = Exact(100, 40, 140, 60);
 
 using Leg = std::pair<LonLat, LonLat>;
 
 std::optional<Leg> Clipped(LonLat from, LonLat to) {
-  if (!ClipLeg(View(), from, to))
+  if (!ClipLeg(kView, from, to))
     return std::nullopt;
   return Leg{from, to};
 }
@@ -44,23 +34,21 @@ void ExpectLeg(const std::optional<Leg>& leg, LonLat from, LonLat to) {
 }
 
 TEST(GetClipCode, ABitForEachBound) {
-  const Viewport view = View();
-  EXPECT_EQ(GetClipCode(view, {120, 50}), 0U);
-  EXPECT_EQ(GetClipCode(view, {120, 61}), 1U);
-  EXPECT_EQ(GetClipCode(view, {120, 39}), 2U);
-  EXPECT_EQ(GetClipCode(view, {99, 50}), 4U);
-  EXPECT_EQ(GetClipCode(view, {141, 50}), 8U);
-  EXPECT_EQ(GetClipCode(view, {99, 61}), 5U);
-  EXPECT_EQ(GetClipCode(view, {99, 39}), 6U);
-  EXPECT_EQ(GetClipCode(view, {141, 61}), 9U);
-  EXPECT_EQ(GetClipCode(view, {141, 39}), 10U);
+  EXPECT_EQ(GetClipCode(kView, {120, 50}), 0U);
+  EXPECT_EQ(GetClipCode(kView, {120, 61}), 1U);
+  EXPECT_EQ(GetClipCode(kView, {120, 39}), 2U);
+  EXPECT_EQ(GetClipCode(kView, {99, 50}), 4U);
+  EXPECT_EQ(GetClipCode(kView, {141, 50}), 8U);
+  EXPECT_EQ(GetClipCode(kView, {99, 61}), 5U);
+  EXPECT_EQ(GetClipCode(kView, {99, 39}), 6U);
+  EXPECT_EQ(GetClipCode(kView, {141, 61}), 9U);
+  EXPECT_EQ(GetClipCode(kView, {141, 39}), 10U);
 }
 
 TEST(GetClipCode, APointOnABoundIsInside) {
-  const Viewport view = View();
   for (const LonLat corner : {LonLat{100, 40}, {140, 40}, {100, 60}, {140, 60}})
-    EXPECT_EQ(GetClipCode(view, corner), 0U);
-  EXPECT_EQ(GetClipCode(view, {std::nextafter(100.0F, 0.0F), 50}), 4U);
+    EXPECT_EQ(GetClipCode(kView, corner), 0U);
+  EXPECT_EQ(GetClipCode(kView, {std::nextafter(100.0F, 0.0F), 50}), 4U);
 }
 
 TEST(ClipLeg, LeavesALegInsideAlone) {
@@ -105,7 +93,7 @@ TEST(ClipLeg, RejectsEndsThatAreNoNumbers) {
 }
 
 TEST(ClipLeg, EndsWithBoundsTheWrongWayRound) {
-  Viewport view = View();
+  Viewport view = kView;
   std::swap(view.MapLatMin, view.MapLatMax);
   LonLat from{110, 30};
   LonLat to{120, 70};
@@ -150,12 +138,11 @@ TEST(ClipLeg, GivesThePartThatIsInView) {
     const float value = std::uniform_real_distribution<float>(low, high)(random);
     return random() % 4 == 0 ? std::round(value / 10) * 10 : value;  // often on a bound
   };
-  const Viewport view = View();
   int accepted = 0;
   for (int i = 0; i < 50'000; ++i) {
     const LonLat from{number(60, 180), number(20, 80)};
     const LonLat to{number(60, 180), number(20, 80)};
-    const auto part = PartInView(view, from, to);
+    const auto part = PartInView(kView, from, to);
     const std::optional<Leg> leg = Clipped(from, to);
     if (part.has_value() != leg.has_value()) {
       // Only a leg that just touches a corner may fall on either side.
@@ -173,7 +160,7 @@ TEST(ClipLeg, GivesThePartThatIsInView) {
     EXPECT_NEAR(leg->first.lat, at(part->first, from.lat, to.lat), 1e-3);
     EXPECT_NEAR(leg->second.lon, at(part->second, from.lon, to.lon), 1e-3);
     EXPECT_NEAR(leg->second.lat, at(part->second, from.lat, to.lat), 1e-3);
-    EXPECT_EQ(GetClipCode(view, leg->first) | GetClipCode(view, leg->second), 0U);
+    EXPECT_EQ(GetClipCode(kView, leg->first) | GetClipCode(kView, leg->second), 0U);
   }
   EXPECT_GT(accepted, 10'000);
 }

@@ -5,12 +5,11 @@
 #include <gtest/gtest.h>
 
 #include "map/map_world.h"
+#include "map/views.h"
 
 namespace zerbal::map {
 
 namespace {
-
-const data::GridBands kBands = data::BuildGridBands();
 
 void ExpectSymbol(const LegSymbol& symbol, const LegSymbol& expected) {
   EXPECT_EQ(symbol.anchor, expected.anchor);

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "data/schedule.h"
+#include "map/views.h"
 
 namespace zerbal::map {
 
@@ -94,9 +95,8 @@ FlightRow Flight(std::string key, std::string service, std::vector<std::string> 
 }
 
 MapWorld::MapWorld() : viewport((tables.bands = data::BuildGridBands(), tables.bands)) {
-  // Each colour is told apart by its red part: 1 background, 2 zoom box, 3 centre and so on.
   for (std::size_t i = 0; i < tables.colours.rows.size(); ++i)
-    tables.colours.rows[i].rgb = {static_cast<std::uint8_t>(i + 1), 100, 200};
+    tables.colours.rows[i].rgb = ColourOf(static_cast<data::ColourCode>(i));
   tables.fonts[data::FontCode::kLoRes] = {"LORES", "Small", 7, "LoRes"};
   tables.fonts[data::FontCode::kHiRes] = {"HIRES", "Large", 10, "HiRes"};
   options.flightAirports = false;
@@ -105,13 +105,7 @@ MapWorld::MapWorld() : viewport((tables.bands = data::BuildGridBands(), tables.b
 }
 
 void MapWorld::Show(float west, float top, float east, float bottom) {
-  const float lonSpan = east > west ? east - west : east + 360 - west;
-  viewport.SetSize(lonSpan * 100.0, (bottom - top) * 100.0);
-  viewport.ReqLonMin = west;
-  viewport.ReqLatMin = top;
-  viewport.ReqLonMax = east;
-  viewport.ReqLatMax = bottom;
-  viewport.ComputeViewport();
+  ShowExactly(viewport, west, top, east, bottom);
 }
 
 void MapWorld::AddService(std::string key, data::Rgb colour, bool shown) {
@@ -185,8 +179,12 @@ data::Databases& MapWorld::Databases() {
   return *databases_;
 }
 
+MapScene MapWorld::Scene() {
+  return {viewport, options, tables, Databases(), allAirportCriteria, destinationCriteria, flights};
+}
+
 void MapWorld::DrawOn(Surface& surface) {
-  MapScene scene{viewport, options, tables, Databases(), allAirportCriteria, destinationCriteria, flights};
+  MapScene scene = Scene();
   DrawMap(scene, surface);
 }
 
@@ -228,15 +226,15 @@ Operation TextOp(Layer layer, Point topLeft, std::string text, data::Rgb colour,
           .font = std::move(font)};
 }
 
-std::vector<std::string> Short(const std::vector<Operation>& operations) {
-  std::vector<std::string> result;
+Strings Short(const std::vector<Operation>& operations) {
+  Strings result;
   for (const Operation& operation : operations)
     result.push_back(ShortOf(operation));
   return result;
 }
 
-std::vector<std::string> Texts(const std::vector<Operation>& operations) {
-  std::vector<std::string> result;
+Strings Texts(const std::vector<Operation>& operations) {
+  Strings result;
   for (const Operation& operation : operations)
     if (operation.kind == Operation::Kind::kText)
       result.push_back(operation.text);

@@ -19,6 +19,7 @@
 namespace zerbal::map {
 
 using Rows = std::vector<jet::LongPair>;
+using Strings = std::vector<std::string>;
 
 /// A stored point; degrees of the map frame.
 jet::LongPair At(double lon, double lat);
@@ -48,6 +49,11 @@ struct FlightRow {
 };
 FlightRow Flight(std::string key, std::string service, std::vector<std::string> route);
 
+/// What a colour is in a MapWorld: each is told apart by its red part.
+constexpr data::Rgb ColourOf(data::ColourCode code) {
+  return {static_cast<std::uint8_t>(static_cast<int>(code) + 1), 100, 200};
+}
+
 class MapWorld {
  public:
   MapWorld();
@@ -75,6 +81,7 @@ class MapWorld {
   void AddService(std::string key, data::Rgb colour, bool shown = true);
 
   data::Databases& Databases();
+  MapScene Scene();
   void DrawOn(Surface& surface);
   /// Draws and returns every operation.
   std::vector<Operation> Draw();
@@ -96,8 +103,8 @@ Operation CircleOp(Layer layer, Point centre, std::int32_t radius, data::Rgb col
 Operation TextOp(Layer layer, Point topLeft, std::string text, data::Rgb colour, TextFont font);
 
 /// Lines as "x1,y1-x2,y2", circles as "o x,y", texts as "text@x,y": enough to see where things are.
-std::vector<std::string> Short(const std::vector<Operation>& operations);
-std::vector<std::string> Texts(const std::vector<Operation>& operations);
+Strings Short(const std::vector<Operation>& operations);
+Strings Texts(const std::vector<Operation>& operations);
 
 void PrintTo(const Point& point, std::ostream* out);
 void PrintTo(const Operation& operation, std::ostream* out);

@@ -13,7 +13,6 @@ namespace {
 
 using test::Blank;
 using test::Ink;
-using test::InkBounds;
 using Rows = std::vector<std::string>;
 
 constexpr data::Rgb kBlack{0, 0, 0};

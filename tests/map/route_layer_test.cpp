@@ -10,13 +10,11 @@
 namespace zerbal::map {
 namespace {
 
-using Strings = std::vector<std::string>;
-
 constexpr data::Rgb kBlack{0, 0, 0};
 constexpr data::Rgb kRed{200, 0, 0};
 constexpr data::Rgb kGreen{0, 200, 0};
-constexpr data::Rgb kDest{8, 100, 200};
-constexpr data::Rgb kSymbol{9, 100, 200};
+constexpr data::Rgb kDest = ColourOf(data::ColourCode::kApDest);
+constexpr data::Rgb kSymbol = ColourOf(data::ColourCode::kAcSymb);
 
 /// In a view of 100..160 by 40..70 a position is at 100 (lon - 100), 100 (lat - 40). Airports lie along
 /// latitude 50, so that y is 1000: AAA, BBB, CCC at x 1000, 2000, 3000; OUT is west of the view.

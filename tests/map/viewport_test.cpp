@@ -5,27 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include "map/views.h"
+
 namespace zerbal::map {
 namespace {
-
-const data::GridBands kBands = data::BuildGridBands();
-
-Viewport View(double width, double height, float west, float top, float east, float bottom) {
-  Viewport view(kBands);
-  view.SetSize(width, height);
-  view.ReqLonMin = west;
-  view.ReqLatMin = top;
-  view.ReqLonMax = east;
-  view.ReqLatMax = bottom;
-  view.ComputeViewport();
-  return view;
-}
-
-/// A drawing area of the request's own shape, so that nothing is widened: 100 twips a degree.
-Viewport Exact(float west, float top, float east, float bottom) {
-  const float lonSpan = east > west ? east - west : east + 360 - west;
-  return View(lonSpan * 100.0, (bottom - top) * 100.0, west, top, east, bottom);
-}
 
 void ExpectRequest(const Viewport& view, float west, float top, float east, float bottom) {
   EXPECT_FLOAT_EQ(view.ReqLonMin, west);
