@@ -2,7 +2,6 @@
 // an error that ends the program, like the engine's.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <stdexcept>
@@ -19,13 +18,6 @@ inline void CountUp(std::int16_t& counter) {
   if (counter == std::numeric_limits<std::int16_t>::max())
     throw OverflowError();
   ++counter;
-}
-
-/// The size of a container as such a counter.
-inline std::int16_t CheckedCount(std::size_t count) {
-  if (count > static_cast<std::size_t>(std::numeric_limits<std::int16_t>::max()))
-    throw OverflowError();
-  return static_cast<std::int16_t>(count);
 }
 
 }  // namespace zerbal::data

@@ -15,8 +15,6 @@ struct Mask {
   int width = 0;
   int height = 0;
   std::vector<std::uint8_t> coverage;
-
-  bool IsEmpty() const { return coverage.empty(); }
 };
 
 }  // namespace zerbal::map
