@@ -212,7 +212,9 @@ TEST_F(MapCommandTest, WhatTheDataDoesNotKnowIsNamedWithWhatThereIs) {
   const std::pair<QStringList, const char*> cases[] = {
       {{"--region", "Atlantis"},
        "there is no region 'Atlantis'; possible are Date line, near (wraps), Fjords"},
-      {{"--region", "LINE"}, "has no extent"},
+      {{"--region", "LINE"}, "--region: the region 'No width' has no extent"},
+      {{"--view", "10,50,10.0000001,40"}, "the view is too small to be drawn"},
+      {{"--centre", "0,170", "--span", "0.001"}, "the view is too small to be drawn"},
       {{"--services", "NOR,Rail"},
        "there is no flight service 'Rail'; possible are all, Nordic, Nordic Extra"},
       {{"--flights", "K9999"}, "there is no flight with the key 'K9999'"},

@@ -1,6 +1,8 @@
 #include "zerbal-map/map_job.h"
 
 #include <QFontDatabase>
+#include <cstdint>
+#include <limits>
 #include <stdexcept>
 
 #include "data/flight_lists.h"
@@ -48,6 +50,26 @@ const data::Region& FindRegion(const data::RegionTable& regions, const std::stri
   }
   throw UsageError(QString("--region: there is no region '%1'; possible are %2")
                        .arg(QString::fromStdString(wanted), Joined(names)));
+}
+
+/// The code as it stands in the table.
+std::string FindDestination(jet::Recordset& dest, const std::string& wanted) {
+  QStringList codes;
+  for (dest.MoveFirst(); !dest.Eof(); dest.MoveNext()) {
+    const std::string code = dest["AP"].AsText();
+    if (SameName(code, wanted))
+      return code;
+    codes.append(QString::fromStdString(code));
+  }
+  throw UsageError(QString("--touching: there is no destination '%1'; possible are %2")
+                       .arg(QString::fromStdString(wanted), Joined(codes)));
+}
+
+/// The map as a whole would be more twips wide or high than a number holds, and so nothing of it in its
+/// place.
+bool IsTooClose(const map::Viewport& view) {
+  constexpr std::int32_t kFarthest = std::numeric_limits<std::int32_t>::min();
+  return view.MapOffX == kFarthest || view.MapOffY == kFarthest;
 }
 
 }  // namespace
@@ -102,10 +124,13 @@ void MapJob::ChooseView() {
   } else {
     view = FindRegion(tables_.regions, options_.region.value_or("World"));
   }
-  if (!viewport_->SelectRegion(view))
-    throw UsageError(
-        QString("--region: the region '%1' has no extent").arg(QString::fromStdString(view.name)));
+  const bool hasExtent = viewport_->SelectRegion(view);
   viewport_->ComputeViewport();
+  if (!hasExtent || IsTooClose(*viewport_))
+    throw UsageError(
+        options_.bounds
+            ? QString("the view is too small to be drawn")
+            : QString("--region: the region '%1' has no extent").arg(QString::fromStdString(view.name)));
 }
 
 void MapJob::ShowServices() {
@@ -140,16 +165,7 @@ void MapJob::ChooseFlights() {
   }
   if (!options_.touching)
     return;
-  QStringList codes;
-  std::string airport;
-  for (dest.MoveFirst(); !dest.Eof(); dest.MoveNext()) {
-    codes.append(QString::fromStdString(dest["AP"].AsText()));
-    if (airport.empty() && SameName(codes.back().toStdString(), *options_.touching))
-      airport = codes.back().toStdString();
-  }
-  if (airport.empty())
-    throw UsageError(QString("--touching: there is no destination '%1'; possible are %2")
-                         .arg(QString::fromStdString(*options_.touching), Joined(codes)));
+  const std::string airport = FindDestination(dest, *options_.touching);
   flights_.selectedFlights = data::FlightsTouching({flit, dest, tables_.services}, airport, {}, false).keys;
 }
 
