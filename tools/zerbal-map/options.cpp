@@ -11,8 +11,6 @@
 namespace zerbal::mapcommand {
 namespace {
 
-constexpr double kScreenDpi = 96;
-
 struct Switch {
   const char* name;
   bool map::DisplayOptions::*option;

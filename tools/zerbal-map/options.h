@@ -28,6 +28,9 @@ struct GeoBounds {
   double south = 0;
 };
 
+/// Logical pixels an inch.
+inline constexpr double kScreenDpi = 96;
+
 enum class OutputKind { kPng, kSvg, kPdf };
 
 struct Options {
@@ -41,7 +44,7 @@ struct Options {
 
   QSize pixels{1280, 900};            ///< of a picture
   std::optional<QSizeF> paperInches;  ///< of a page, or of a picture printed at `dpi`
-  double dpi = 96;
+  double dpi = kScreenDpi;
 
   map::DisplayOptions display;
   std::vector<std::string> services;  ///< keys or names; "all" for every one
@@ -61,7 +64,5 @@ inline constexpr double kFinestDpi = 768;
 
 /// `words` without the program's name. Throws UsageError. nullopt when only help was asked for.
 std::optional<Options> ParseOptions(const QStringList& words);
-
-extern const char* const kHelpText;
 
 }  // namespace zerbal::mapcommand

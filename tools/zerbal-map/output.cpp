@@ -17,7 +17,6 @@
 namespace zerbal::mapcommand {
 namespace {
 
-constexpr double kScreenDpi = 96;
 /// Vector formats are drawn on a grid this many times finer than logical pixels.
 constexpr int kVectorGrid = 8;
 

@@ -23,9 +23,7 @@ bool WantsProgress(const Options& options) {
          ::isatty(STDERR_FILENO) == 1;
 }
 
-}  // namespace
-
-const char* const kHelpText = R"(Usage: zerbal-map [options] --out FILE.png|.svg|.pdf
+constexpr char kHelpText[] = R"(Usage: zerbal-map [options] --out FILE.png|.svg|.pdf
 
 Draws the map of an airline's flights as a picture, a drawing or a page.
 
@@ -60,6 +58,8 @@ What is drawn (lists are separated by commas; none is possible too)
 
 Exit status: 0 done, 1 something is wrong with the data or a file, 2 the command makes no sense.
 )";
+
+}  // namespace
 
 int Run(const QStringList& words, std::ostream& output, std::ostream& errors) {
   try {
