@@ -14,10 +14,12 @@
 #include <filesystem>
 #include <functional>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "data/load_tables.h"
+#include "data/schedule.h"
 #include "map/draw_map.h"
 #include "map/picture_surface.h"
 #include "map/recorder.h"
@@ -31,26 +33,25 @@ namespace fs = std::filesystem;
 constexpr int kWidth = 1280;
 constexpr int kHeight = 900;
 
-class SilentBoxes : public settings::MessageBoxes {
+class ThrowingBoxes : public settings::MessageBoxes {
  public:
-  void Show(settings::BoxIcon, const std::string& text) override {
-    std::fprintf(stderr, "%s\n", text.c_str());
-  }
+  void Show(settings::BoxIcon, const std::string& text) override { throw std::runtime_error(text); }
 };
+
+data::DataFiles FilesOf(const fs::path& folder) {
+  const data::FoundFiles found = data::FindDataFiles(folder);
+  if (!found.missing.empty() || !found.files.river || !found.files.ibound)
+    throw std::runtime_error(folder.string() + " does not hold all six databases");
+  return found.files;
+}
 
 /// One folder's data and what a redraw takes from it.
 struct World {
-  explicit World(const fs::path& folder)
-      : databases(data::OpenDatabases({.zbldata = folder / "app_data/zbldata.mdb",
-                                       .qavdata = folder / "app_data/qavdata.mdb",
-                                       .allaprt = folder / "app_data/allaprt.mdb",
-                                       .coast = folder / "app_map/coast.mdb",
-                                       .river = folder / "app_map/river.mdb",
-                                       .ibound = folder / "app_map/ibound.mdb"})) {
-    SilentBoxes boxes;
+  explicit World(const data::DataFiles& files) : databases(data::OpenDatabases(files)) {
+    ThrowingBoxes boxes;
     tables.bands = data::BuildGridBands();
-    data::LoadColours(folder / "app_data/zbldata.mdb", tables.colours, boxes);
-    data::LoadFonts(folder / "app_data/zbldata.mdb", tables.fonts, boxes);
+    data::LoadColours(files.zbldata, tables.colours, boxes);
+    data::LoadFonts(files.zbldata, tables.fonts, boxes);
     data::LoadFlightServices(databases.fsrv, tables.services, boxes);
     viewport.SetSize(kWidth * map::kTwipsPerPixel, kHeight * map::kTwipsPerPixel);
   }
@@ -104,8 +105,8 @@ QColor ToColour(data::Rgb colour) {
 }
 
 QPoint ToPixel(map::Point twips) {
-  const map::PixelScale scale(1);
-  return {scale.Pixel(twips.x), scale.Pixel(twips.y)};
+  const map::Point pixel = map::PixelScale(1).Pixel(twips);
+  return {pixel.x, pixel.y};
 }
 
 /// Each recorded operation by one call, as straightforward drawing code would do.
@@ -176,12 +177,13 @@ void DrawLines(const std::vector<Strokes>& strokes, QImage& picture) {
 /// The databases of one folder opened with libmdb, to read what a redraw of a view reads.
 class Scanner {
  public:
-  explicit Scanner(const fs::path& folder)
-      : coast_(folder / "app_map/coast.mdb"),
-        river_(folder / "app_map/river.mdb"),
-        ibound_(folder / "app_map/ibound.mdb"),
-        allaprt_(folder / "app_data/allaprt.mdb"),
-        qavdata_(folder / "app_data/qavdata.mdb") {}
+  /// Of rivers and boundaries too.
+  explicit Scanner(const data::DataFiles& files)
+      : coast_(files.coast),
+        river_(files.river.value()),
+        ibound_(files.ibound.value()),
+        allaprt_(files.allaprt),
+        qavdata_(files.qavdata) {}
 
   std::size_t Scan(const map::Viewport& viewport, const View& view) {
     const map::DisplayOptions& options = view.options;
@@ -201,7 +203,7 @@ class Scanner {
     if (!view.flights)
       return rows;
     std::vector<std::string> flight = {"Flit_FSrv", "Flit", "Flit_Dep", "Flit_Arr"};
-    for (int stop = 1; stop <= 10; ++stop)
+    for (int stop = 1; stop <= data::kMaxStopovers; ++stop)
       flight.push_back("Flit_Stop" + std::to_string(stop));
     return rows + qavdata_.Scan("flit", flight);
   }
@@ -258,14 +260,12 @@ struct Options {
 };
 
 void Run(const View& view, const fs::path& folder, const Options& options) {
-  World world(folder);
+  const data::DataFiles files = FilesOf(folder);
+  World world(files);
   world.options = view.options;
   for (data::FlightService& service : world.tables.services)
     service.displayFlag = view.flights;
-  world.viewport.ReqLonMin = view.west;
-  world.viewport.ReqLatMin = view.top;
-  world.viewport.ReqLonMax = view.east;
-  world.viewport.ReqLatMax = view.bottom;
+  world.viewport.SelectRegion({"", "", view.west, view.top, view.east, view.bottom});
   world.viewport.ComputeViewport();
   map::MapScene scene = world.Scene();
 
@@ -288,7 +288,7 @@ void Run(const View& view, const fs::path& folder, const Options& options) {
   map::DrawMap(scene, recorder);
   const auto& operations = recorder.Operations();
   const std::vector<Strokes> strokes = ProjectedLines(operations);
-  Scanner scanner(folder);
+  Scanner scanner(files);
   const std::size_t rows = scanner.Scan(world.viewport, view);
   QImage other(kWidth, kHeight, QImage::Format_RGB32);
   std::vector<Measure> measures = {{redraw, {}},

@@ -64,8 +64,8 @@ void PainterSurface::Polyline(std::span<const Point> points, const Pen& pen) {
   UsePen(pen);
   run_.clear();
   for (std::size_t i = 1; i < points.size(); ++i) {
-    Point from{scale_.Pixel(points[i - 1].x), scale_.Pixel(points[i - 1].y)};
-    Point to{scale_.Pixel(points[i].x), scale_.Pixel(points[i].y)};
+    Point from = scale_.Pixel(points[i - 1]);
+    Point to = scale_.Pixel(points[i]);
     const Point wholeTo = to;
     if (!near_.Clip(from, to)) {
       DrawRun();
@@ -89,11 +89,11 @@ void PainterSurface::Rectangle(Point corner1, Point corner2, const Pen& pen) {
 }
 
 void PainterSurface::Circle(Point centre, std::int32_t radius, data::Rgb colour, bool fill) {
-  const QPoint at = Unit(centre);
+  const Point at = scale_.Pixel(centre);
   const double reach = std::clamp(scale_.Length(radius), 0.0, area_.width() + area_.height());
   if (!QRectF(near_.left - reach, near_.top - reach, near_.right - near_.left + 2 * reach,
               near_.bottom - near_.top + 2 * reach)
-           .contains(at))
+           .contains(at.x, at.y))
     return;
   UsePen({.colour = colour});
   const double middle = scale_.LineWidth(1) / 2.0;
@@ -101,7 +101,7 @@ void PainterSurface::Circle(Point centre, std::int32_t radius, data::Rgb colour,
   painter_.setRenderHint(QPainter::Antialiasing);
   if (fill)
     painter_.setBrush(ToColour(colour));
-  painter_.drawEllipse(QPointF(at.x() + middle, at.y() + middle), reach, reach);
+  painter_.drawEllipse(QPointF(at.x + middle, at.y + middle), reach, reach);
   painter_.restore();
 }
 
@@ -114,13 +114,13 @@ const QFont& PainterSurface::UseFont(const TextFont& font) {
 }
 
 void PainterSurface::Text(Point topLeft, std::string_view text, data::Rgb colour, const TextFont& font) {
-  const QPoint at = Unit(topLeft);
-  if (text.empty() || !near_.Holds({at.x(), at.y()}))
+  const Point at = scale_.Pixel(topLeft);
+  if (text.empty() || !near_.Holds(at))
     return;
   UsePen({.colour = colour});
   painter_.setFont(UseFont(font));
   const int ascent = static_cast<int>(std::ceil(painter_.fontMetrics().ascent()));
-  painter_.drawText(at + QPoint(0, ascent),
+  painter_.drawText(QPoint(at.x, at.y + ascent),
                     QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
 }
 

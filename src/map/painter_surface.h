@@ -29,7 +29,6 @@ class PainterSurface final : public Surface {
  private:
   void UsePen(const Pen& pen);
   const QFont& UseFont(const TextFont& font);
-  QPoint Unit(Point twips) const { return {scale_.Pixel(twips.x), scale_.Pixel(twips.y)}; }
   void DrawRun();
 
   QPainter& painter_;

@@ -69,10 +69,10 @@ void PictureSurface::Polyline(std::span<const Point> points, const Pen& pen) {
     return;
   }
   const int width = scale_.LineWidth(1);
-  Point from = Pixel(points.front());
+  Point from = scale_.Pixel(points.front());
   bool drawn = false;
   for (const Point& twips : points.subspan(1)) {
-    const Point to = Pixel(twips);
+    const Point to = scale_.Pixel(twips);
     if (to == from)
       continue;
     canvas_.Line(from, to, pixel, width);
@@ -92,7 +92,7 @@ void PictureSurface::Stroke(Point from, Point to, std::uint32_t pixel, int width
         std::max(std::abs(static_cast<double>(from.x) - to.x), std::abs(static_cast<double>(from.y) - to.y));
     const double slant = reach > 0 ? length / reach : 1;
     const int across = static_cast<int>(std::lround(scale_.LineWidth(width) * slant));
-    canvas_.Line(Pixel(from), Pixel(to), pixel, across);
+    canvas_.Line(scale_.Pixel(from), scale_.Pixel(to), pixel, across);
     return;
   }
   const auto spot = [this](Point twips) {
@@ -102,7 +102,7 @@ void PictureSurface::Stroke(Point from, Point to, std::uint32_t pixel, int width
 }
 
 void PictureSurface::Rectangle(Point corner1, Point corner2, const Pen& pen) {
-  canvas_.Rectangle(Pixel(corner1), Pixel(corner2), PixelCanvas::Pixel(pen.colour),
+  canvas_.Rectangle(scale_.Pixel(corner1), scale_.Pixel(corner2), PixelCanvas::Pixel(pen.colour),
                     {.size = scale_.LineWidth(pen.width),
                      .dotted = pen.style == LineStyle::kDotted,
                      .invert = pen.mode == PenMode::kXor});
@@ -113,7 +113,7 @@ void PictureSurface::Circle(Point centre, std::int32_t radius, data::Rgb colour,
     Rest().Circle(centre, radius, colour, fill);
     return;
   }
-  const Point at = Pixel(centre);
+  const Point at = scale_.Pixel(centre);
   canvas_.Blend(prepared_.Disc(radius, scale_), at.x, at.y, PixelCanvas::Pixel(colour));
 }
 
@@ -133,7 +133,7 @@ void PictureSurface::Text(Point topLeft, std::string_view text, data::Rgb colour
       return;
     }
   }
-  const Point at = Pixel(topLeft);
+  const Point at = scale_.Pixel(topLeft);
   const std::uint32_t pixel = PixelCanvas::Pixel(colour);
   if (at.x >= picture_.width() || at.y >= picture_.height())
     return;

@@ -26,7 +26,6 @@ class PictureSurface final : public Surface {
   void Text(Point topLeft, std::string_view text, data::Rgb colour, const TextFont& font) override;
 
  private:
-  Point Pixel(Point twips) const { return {scale_.Pixel(twips.x), scale_.Pixel(twips.y)}; }
   /// A line of more than one logical pixel: a part of a symbol.
   void Stroke(Point from, Point to, std::uint32_t pixel, int width);
   PainterSurface& Rest();

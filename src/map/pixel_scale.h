@@ -25,6 +25,8 @@ class PixelScale {
     return static_cast<std::int32_t>((twips * step_ + kSlack) >> kBits);
   }
 
+  Point Pixel(Point twips) const { return {Pixel(twips.x), Pixel(twips.y)}; }
+
   double Length(double twips) const { return twips * ratio_ / kTwipsPerPixel; }
 
   int LineWidth(int logicalPixels) const {

@@ -3,13 +3,14 @@
 #include <QGlyphRun>
 #include <QImage>
 #include <QPainter>
+#include <algorithm>
 #include <cmath>
 
 namespace zerbal::map {
 namespace {
 
 constexpr double kPixelsPerPoint = 96.0 / 72.0;
-/// Beyond this radius (device pixels) a disc is not worth keeping; the painter draws it.
+/// From here on come marks that stand on other letters, and scripts whose letters join.
 constexpr char32_t kFirstCombining = 0x300;
 
 /// Cuts the empty border off a picture of white on black whose reference pixel is `origin`.

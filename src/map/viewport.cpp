@@ -28,6 +28,7 @@ float UpTo360(float lon) {
   return lon;
 }
 
+/// Unlike std::clamp it takes bounds the wrong way round, which a region of odd numbers may give.
 float Limit(float value, float low, float high) {
   return std::min(std::max(value, low), high);
 }
