@@ -5,6 +5,7 @@
 #include <QString>
 #include <cmath>
 #include <cstdint>
+#include <iterator>
 #include <random>
 
 namespace zerbal::monkey {
@@ -26,7 +27,7 @@ class Choice {
   }
   template <class List>
   auto& Of(List& list) {
-    return list[static_cast<typename List::size_type>(Below(static_cast<int>(list.size())))];
+    return *std::next(std::begin(list), Below(static_cast<int>(std::size(list))));
   }
 
   /// What somebody may type or paste: mostly numbers, sometimes anything.
@@ -55,7 +56,7 @@ class Choice {
                                      "0x10"};
     if (OneIn(40))
       return QString(Between(100, 5000), QChar('9'));
-    return kTexts[Below(static_cast<int>(std::size(kTexts)))];
+    return Of(kTexts);
   }
 
  private:

@@ -11,10 +11,10 @@
 #include <QPointer>
 #include <QScrollBar>
 #include <QWheelEvent>
-#include <algorithm>
-#include <iostream>
+#include <utility>
 #include <vector>
 
+#include "report.h"
 #include "user_actions.h"
 
 namespace zerbal::monkey {
@@ -28,8 +28,29 @@ constexpr int kKeys[] = {Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Return,   Qt::Key
 constexpr Qt::KeyboardModifier kModifiers[] = {Qt::NoModifier,    Qt::NoModifier,      Qt::NoModifier,
                                                Qt::ShiftModifier, Qt::ControlModifier, Qt::AltModifier};
 
-QString NameOf(const QObject& object) {
+QString OwnName(const QObject& object) {
   return object.objectName().isEmpty() ? QString(object.metaObject()->className()) : object.objectName();
+}
+
+/// With the window's name before it, as controls of several windows have the same one.
+QString NameOf(const QWidget& widget) {
+  const QWidget* window = widget.window();
+  return window == &widget ? OwnName(widget) : OwnName(*window) + '.' + OwnName(widget);
+}
+
+/// Does it lead to the schedule's flights: a menu entry to such a dialog, or the dialog?
+bool FindsFlights(const QObject& object) {
+  const QString name = object.objectName();
+  return name.endsWith("RandFlit") || name.endsWith("SeleFlit") || name.endsWith("SeleDest");
+}
+
+/// Is it something to work with, not only to point at?
+bool DoesSomething(const QWidget* control) {
+  return control->isEnabled() && (qobject_cast<const QAbstractButton*>(control) != nullptr ||
+                                  qobject_cast<const QComboBox*>(control) != nullptr ||
+                                  qobject_cast<const QScrollBar*>(control) != nullptr ||
+                                  qobject_cast<const QAbstractItemView*>(control) != nullptr ||
+                                  qobject_cast<const QLineEdit*>(control) != nullptr);
 }
 
 /// In the order in which they were made, which is the same in every run.
@@ -45,7 +66,7 @@ std::vector<QWidget*> ControlsOf(const QWidget& window) {
 }  // namespace
 
 void Hands::Say(const QString& action) {
-  std::cout << ++count_ << ' ' << action.left(200).toStdString() << std::endl;
+  Print(QString::number(++count_) + ' ' + action);
 }
 
 void Hands::PressKey(QWidget& window, int key, Qt::KeyboardModifiers modifiers) {
@@ -60,8 +81,8 @@ void Hands::PressKey(QWidget& window, int key, Qt::KeyboardModifiers modifiers) 
 }
 
 void Hands::PressAnyKey(QWidget& window) {
-  const int key = kKeys[choice_.Below(static_cast<int>(std::size(kKeys)))];
-  const Qt::KeyboardModifiers modifiers = kModifiers[choice_.Below(static_cast<int>(std::size(kModifiers)))];
+  const int key = choice_.Of(kKeys);
+  const Qt::KeyboardModifiers modifiers = choice_.Of(kModifiers);
   Say(QString("key %1 with %2 in %3").arg(key, 0, 16).arg(modifiers.toInt(), 0, 16).arg(NameOf(window)));
   drive::Activate(&window);
   PressKey(window, key, modifiers);
@@ -74,7 +95,7 @@ void Hands::Mouse(QWidget& widget, QEvent::Type type, const QPoint& at, Qt::Mous
 
 void Hands::ClickAnywhere(QWidget& widget) {
   const QPoint at(choice_.Below(widget.width()), choice_.Below(widget.height()));
-  const Qt::MouseButton button = kButtons[choice_.Below(static_cast<int>(std::size(kButtons)))];
+  const Qt::MouseButton button = choice_.Of(kButtons);
   const bool twice = choice_.OneIn(4);
   Say(QString("%1click %2 at %3 %4 in %5")
           .arg(twice ? "double " : "")
@@ -104,13 +125,13 @@ void Hands::TurnWheel(QWidget& widget) {
 
 void Hands::AnswerBox(QMessageBox& box) {
   if (choice_.OneIn(3)) {
-    Say("box: Escape (" + box.text().simplified() + ")");
+    Say("box (" + box.text().simplified() + "): Escape");
     PressKey(box, Qt::Key_Escape);
     return;
   }
   const QList<QAbstractButton*> buttons = box.buttons();
-  QAbstractButton* button = buttons[choice_.Below(static_cast<int>(buttons.size()))];
-  Say("box: " + button->text() + " (" + box.text().simplified() + ")");
+  QAbstractButton* button = choice_.Of(buttons);
+  Say("box (" + box.text().simplified() + "): " + button->text());
   drive::ClickMiddle(button, Qt::LeftButton);
 }
 
@@ -123,7 +144,7 @@ void Hands::UsePopup(QWidget& popup) {
   } else if (choice_.OneIn(3)) {
     ClickAnywhere(popup);
   } else {
-    const int key = kMenuKeys[choice_.Below(static_cast<int>(std::size(kMenuKeys)))];
+    const int key = choice_.Of(kMenuKeys);
     Say(QString("key %1 in the pop-up %2").arg(key, 0, 16).arg(NameOf(popup)));
     PressKey(popup, key);
   }
@@ -131,24 +152,43 @@ void Hands::UsePopup(QWidget& popup) {
 
 void Hands::UseDialog(QWidget& dialog) {
   const int kind = choice_.Below(100);
-  if (kind < 6) {
+  if (kind < 3) {
     Close(dialog);
   } else if (kind < 14) {
     PressAnyKey(dialog);
   } else if (kind < 17) {
     const QSize size(choice_.Length(1600), choice_.Length(1200));
-    Say(QString("resize %1 to %2 x %3").arg(NameOf(dialog)).arg(size.width()).arg(size.height()));
+    Say(QString("resize to %1 x %2: %3").arg(size.width()).arg(size.height()).arg(NameOf(dialog)));
     dialog.resize(size);
   } else if (kind < 19) {
-    const Misfortune::Event event = misfortune_.Next();
-    Say(event.Words());
-    misfortune_.Strike(event);
+    HaveBadLuck();
+  } else if (kind < 21 && !lucky_ && FindsFlights(dialog)) {
+    Hurt(misfortune_.ToTheSchedule());
   } else {
     UseAnyControl(dialog);
   }
 }
 
+void Hands::HaveBadLuck() {
+  Hurt(lucky_ || choice_.OneIn(2) ? misfortune_.Any() : misfortune_.ToWhatIsRead());
+}
+
+void Hands::Hurt(const Misfortune::Event& event) {
+  if (choice_.OneIn(3)) {
+    const int steps = choice_.Length(300);
+    Say(event.Words() + QString(", %1 steps later").arg(steps));
+    ambush_.Lay(event, steps);
+  } else {
+    Say(event.Words());
+    misfortune_.Strike(event);
+  }
+}
+
 void Hands::UseMainWindow(QWidget& window, map::frmMap& map) {
+  if (intended_) {
+    Trigger(*std::exchange(intended_, nullptr));
+    return;
+  }
   const int kind = choice_.Below(1000);
   if (kind < 350)
     ChooseEntry(window);
@@ -164,13 +204,15 @@ void Hands::UseMainWindow(QWidget& window, map::frmMap& map) {
     UseAnyControl(window);
   else if (kind < 975)
     PressAnyKey(window);
-  else if (kind < 995) {
-    const Misfortune::Event event = misfortune_.Next();
-    Say(event.Words());
-    misfortune_.Strike(event);
-  } else {
+  else if (kind < 995)
+    HaveBadLuck();
+  else
     Close(window);
-  }
+}
+
+void Hands::Trigger(QAction& entry) {
+  Say("menu " + OwnName(entry));
+  entry.trigger();
 }
 
 void Hands::ChooseEntry(QWidget& window) {
@@ -184,8 +226,12 @@ void Hands::ChooseEntry(QWidget& window) {
   if (entries.empty())
     return;
   QAction* entry = choice_.Of(entries);
-  Say("menu " + NameOf(*entry));
-  entry->trigger();
+  if (!lucky_ && FindsFlights(*entry) && choice_.OneIn(12)) {
+    intended_ = entry;
+    Hurt(misfortune_.ToTheSchedule());
+  } else {
+    Trigger(*entry);
+  }
 }
 
 void Hands::OpenMenuBar(QWidget& window) {
@@ -193,8 +239,8 @@ void Hands::OpenMenuBar(QWidget& window) {
   if (bar == nullptr || bar->actions().isEmpty() || !bar->isVisible())
     return;
   const QList<QAction*> menus = bar->actions();
-  QAction* menu = menus[choice_.Below(static_cast<int>(menus.size()))];
-  Say("open the menu " + NameOf(*menu));
+  QAction* menu = choice_.Of(menus);
+  Say("open the menu " + menu->text());
   const QPoint at = bar->actionGeometry(menu).center();
   Mouse(*bar, QEvent::MouseButtonPress, at, Qt::LeftButton);
   Mouse(*bar, QEvent::MouseButtonRelease, at, Qt::LeftButton);
@@ -208,7 +254,12 @@ void Hands::UseMouseOnMap(map::frmMap& map) {
   const QEvent::Type types[] = {QEvent::MouseButtonPress, QEvent::MouseMove, QEvent::MouseMove,
                                 QEvent::MouseButtonRelease};
   const int step = choice_.Below(4);
-  Say(QString("map: %1 %2 at %3 %4").arg(words[step]).arg(static_cast<int>(button)).arg(at.x()).arg(at.y()));
+  Say(QString("%1 %2 at %3 %4 on %5")
+          .arg(words[step])
+          .arg(static_cast<int>(button))
+          .arg(at.x())
+          .arg(at.y())
+          .arg(OwnName(map)));
   if (step == 0)
     held_ |= button;
   else if (step == 3)
@@ -218,12 +269,8 @@ void Hands::UseMouseOnMap(map::frmMap& map) {
 
 void Hands::Resize(QWidget& window, map::frmMap& map) {
   const QSize size(choice_.Length(3000), choice_.Length(2000));
-  const bool mapAlone = choice_.OneIn(3);
-  Say(QString("resize %1 to %2 x %3")
-          .arg(mapAlone ? "the map" : "the window")
-          .arg(size.width())
-          .arg(size.height()));
-  QWidget& resized = mapAlone ? static_cast<QWidget&>(map) : window;
+  QWidget& resized = choice_.OneIn(3) ? static_cast<QWidget&>(map) : window;
+  Say(QString("resize to %1 x %2: %3").arg(size.width()).arg(size.height()).arg(OwnName(resized)));
   resized.resize(size);
 }
 
@@ -243,6 +290,11 @@ void Hands::ChangeState(QWidget& window) {
 
 void Hands::UseAnyControl(QWidget& window) {
   std::vector<QWidget*> controls = ControlsOf(window);
+  // Most of what is there is only to be looked at, and a dialog that is left at once has done little.
+  if (!choice_.OneIn(4))
+    std::erase_if(controls, [](const QWidget* control) { return !DoesSomething(control); });
+  if (!choice_.OneIn(4))
+    std::erase_if(controls, [](const QWidget* control) { return control->objectName() == "cmdESC"; });
   if (!controls.empty())
     UseControl(*choice_.Of(controls));
 }
@@ -263,7 +315,7 @@ void Hands::UseControl(QWidget& control) {
     drive::Choose(combo, index);
   } else if (usable && bar != nullptr) {
     const int value = choice_.Between(bar->minimum() - 5, bar->maximum() + 5);
-    Say(QString("scroll %1 to %2").arg(NameOf(control)).arg(value));
+    Say(QString("scroll to %1 in %2").arg(value).arg(NameOf(control)));
     bar->setValue(value);
   } else if (usable && list != nullptr) {
     PickIn(*list);

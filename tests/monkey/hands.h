@@ -3,11 +3,14 @@
 #pragma once
 
 #include <QAbstractItemView>
+#include <QAction>
 #include <QEvent>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPointer>
 #include <QWidget>
 
+#include "ambush.h"
 #include "choice.h"
 #include "map/frm_map.h"
 #include "misfortune.h"
@@ -16,7 +19,8 @@ namespace zerbal::monkey {
 
 class Hands {
  public:
-  explicit Hands(std::uint32_t seed) : choice_(seed), misfortune_(choice_) {}
+  Hands(Choice& choice, Misfortune& misfortune, Ambush& ambush)
+      : choice_(choice), misfortune_(misfortune), ambush_(ambush), lucky_(choice.OneIn(2)) {}
 
   void AnswerBox(QMessageBox& box);
   void UsePopup(QWidget& popup);
@@ -30,6 +34,7 @@ class Hands {
   void Mouse(QWidget& widget, QEvent::Type type, const QPoint& at, Qt::MouseButton button);
   void ClickAnywhere(QWidget& widget);
   void TurnWheel(QWidget& widget);
+  void Trigger(QAction& entry);
   void ChooseEntry(QWidget& window);
   void OpenMenuBar(QWidget& window);
   void UseMouseOnMap(map::frmMap& map);
@@ -41,8 +46,16 @@ class Hands {
   void PickIn(QAbstractItemView& list);
   void Close(QWidget& window);
 
-  Choice choice_;
-  Misfortune misfortune_;
+  void HaveBadLuck();
+  void Hurt(const Misfortune::Event& event);
+
+  Choice& choice_;
+  Misfortune& misfortune_;
+  Ambush& ambush_;
+  /// Nobody is after the files that are just being read; such lives are longer.
+  const bool lucky_;
+  /// Chosen when a misfortune came between.
+  QPointer<QAction> intended_;
   int count_ = 0;
   Qt::MouseButtons held_;
 };

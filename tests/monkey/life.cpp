@@ -2,10 +2,11 @@
 
 #include <QApplication>
 #include <exception>
-#include <iostream>
+#include <filesystem>
 
 #include "controls.h"
 #include "jet/error.h"
+#include "report.h"
 
 namespace zerbal::monkey {
 namespace {
@@ -24,19 +25,29 @@ void ErrorWatch::Show(settings::BoxIcon icon, const std::string& text) {
     } catch (...) {
       end_ = kUnexpected;
     }
-    std::cout << "error: " << text << std::endl;
+    Print("error: " + QString::fromStdString(text));
   }
   boxes_.Show(icon, text);
 }
 
-Life::Life(std::uint32_t seed, int actions) : hands_(seed), left_(actions) {
-  program_.Seed(seed);
+Life::Life(std::uint32_t seed, int actions, settings::MessageBoxes& boxes)
+    : choice_(seed),
+      misfortune_(choice_),
+      ambush_(misfortune_),
+      surface_(ambush_),
+      random_(ambush_, seed),
+      program_({app::WithSeparator(std::filesystem::current_path()), clock_, random_, boxes, &surface_}),
+      hands_(choice_, misfortune_, ambush_),
+      left_(actions) {
   next_.setSingleShot(true);
   connect(&next_, &QTimer::timeout, this, &Life::Step);
 }
 
 LifeEnd Life::Run(app::Application& application, const ErrorWatch& watch) {
-  QTimer::singleShot(0, this, &Life::Start);
+  QTimer first;
+  first.setSingleShot(true);
+  connect(&first, &QTimer::timeout, this, &Life::Start);
+  first.start(0);
   const int status = QApplication::exec();
   ended_ = true;
   next_.stop();
@@ -102,7 +113,7 @@ void Life::Act() {
   else if (modal != nullptr)
     hands_.UseDialog(*modal);
   else if (program_.Running())
-    hands_.UseMainWindow(program_.MainWindow(), program_.MapWindow());
+    hands_.UseMainWindow(program_.MainWindow(), program_.MainWindow().MapWindow());
 }
 
 void Life::WindDown() {

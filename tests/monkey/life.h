@@ -8,7 +8,8 @@
 #include <vector>
 
 #include "app/application.h"
-#include "driven_program.h"
+#include "app/clock.h"
+#include "app/start_up.h"
 #include "hands.h"
 #include "settings/message_boxes.h"
 
@@ -40,7 +41,7 @@ class Life final : public QObject {
 
  public:
   /// Acts `actions` times, then closes the program as a user does.
-  Life(std::uint32_t seed, int actions);
+  Life(std::uint32_t seed, int actions, settings::MessageBoxes& boxes);
   /// In an event loop of its own.
   LifeEnd Run(app::Application& application, const ErrorWatch& watch);
 
@@ -54,7 +55,13 @@ class Life final : public QObject {
   template <class Work>
   void Begin(const Work& work);
 
-  drive::DrivenProgram program_;
+  Choice choice_;
+  Misfortune misfortune_;
+  Ambush ambush_;
+  AmbushedSurface surface_;
+  AmbushedRandom random_;
+  app::SystemClock clock_;
+  app::Main program_;
   Hands hands_;
   QTimer next_;
   int left_;

@@ -4,8 +4,11 @@
 #include <csignal>
 #include <filesystem>
 #include <iostream>
+#include <map>
 #include <memory>
 #include <string>
+#include <string_view>
+#include <utility>
 
 #include <poll.h>
 #include <sys/wait.h>
@@ -24,9 +27,18 @@ constexpr int kHangMs = 60000;
 
 struct Ending {
   int actions = 0;
+  int misfortunes = 0;  ///< among the actions
   bool hung = false;
   int status = 0;  ///< as waitpid gives it
+  /// What the action was done to that met the error of the engine, and the error's reason without file and
+  /// table.
+  std::pair<std::string, std::string> fault;
 };
+
+std::string AfterLast(std::string_view mark, std::string_view text) {
+  const std::size_t at = text.rfind(mark);
+  return std::string(at == std::string_view::npos ? text : text.substr(at + mark.size()));
+}
 
 class LifeProcess {
  public:
@@ -81,16 +93,30 @@ class LifeProcess {
       return;
     }
     std::cout << "  " << line_ << '\n';
-    ending.actions += !line_.empty() && line_[0] >= '0' && line_[0] <= '9' ? 1 : 0;
-    world_.databasesHurt |= line_.find(" database ") != std::string::npos;
-    world_.settingsHurt |= line_.find(" settings file ") != std::string::npos;
+    const std::string number = std::to_string(ending.actions + 1) + ' ';
+    if (line_.starts_with(number))
+      TakeAction(line_.substr(number.size()), ending);
+    else if (line_.starts_with("error: "))
+      ending.fault = {target_, AfterLast(": ", line_)};  // a box follows, which is answered by actions
     line_.clear();
+  }
+  void TakeAction(const std::string& action, Ending& ending) {
+    ++ending.actions;
+    const bool database = action.starts_with("database ");
+    const bool settings = action.starts_with("settings file ");
+    world_.databasesHurt |= database;
+    world_.settingsHurt |= settings;
+    if (database || settings)
+      ++ending.misfortunes;
+    else
+      target_ = AfterLast(" ", action);
   }
 
   World& world_;
   pid_t process_ = 0;
   int output_ = -1;
   std::string line_;
+  std::string target_ = "the start";  ///< of the last action
 };
 
 /// What is wrong with the end of a life; empty when it may end so.
@@ -118,13 +144,29 @@ struct Tally {
   int closed = 0;
   int refused = 0;
   int engineErrors = 0;
+  int misfortunes = 0;
+  std::map<std::string, int> places;   ///< of engine errors
+  std::map<std::string, int> reasons;  ///< of engine errors
 };
 
 void Count(const Ending& ending, Tally& tally) {
+  const int status = WEXITSTATUS(ending.status);
   ++tally.lives;
-  tally.closed += WEXITSTATUS(ending.status) == kClosed ? 1 : 0;
-  tally.refused += WEXITSTATUS(ending.status) == kRefused ? 1 : 0;
-  tally.engineErrors += WEXITSTATUS(ending.status) == kEngineError ? 1 : 0;
+  tally.misfortunes += ending.misfortunes;
+  tally.closed += status == kClosed ? 1 : 0;
+  tally.refused += status == kRefused ? 1 : 0;
+  if (status != kEngineError)
+    return;
+  ++tally.engineErrors;
+  ++tally.places[ending.fault.first];
+  ++tally.reasons[ending.fault.second];
+}
+
+void Show(const char* title, const std::map<std::string, int>& counts) {
+  if (!counts.empty())
+    std::cout << title << '\n';
+  for (const auto& [name, count] : counts)
+    std::cout << "  " << count << ' ' << name << '\n';
 }
 
 }  // namespace
@@ -154,9 +196,12 @@ bool PlayLives(const char* program, std::uint32_t seed, int actions) {
     else
       world->WaitForNoSplash();
   }
-  std::cout << "seed " << seed << ": " << actions << " actions in " << tally.lives << " lives; "
-            << tally.closed << " closed, " << tally.engineErrors << " ended by an engine error, "
-            << tally.refused << " refused at the start" << std::endl;
+  Show("engine errors at:", tally.places);
+  Show("engine errors because:", tally.reasons);
+  std::cout << "seed " << seed << ": " << actions << " actions, " << tally.misfortunes
+            << " of them misfortunes, in " << tally.lives << " lives; " << tally.closed << " closed, "
+            << tally.engineErrors << " ended by an engine error, " << tally.refused << " refused at the start"
+            << std::endl;
   return true;
 }
 

@@ -60,7 +60,15 @@ Holding Present() {
 
 class Session {
  public:
-  explicit Session(drive::DrivenProgram& program) : program_(program) {}
+  explicit Session(drive::DrivenProgram& program) : program_(program) {
+    close_.setSingleShot(true);
+    QObject::connect(&close_, &QTimer::timeout, [this] {
+      if (QWidget* dialog = QApplication::activeModalWidget()) {
+        ++opened_;
+        dialog->close();
+      }
+    });
+  }
 
   void Redraw(int redraws) {
     const int goal = program_.Draws() + redraws;
@@ -71,12 +79,7 @@ class Session {
   }
   void OpenDialogs(int dialogs) {
     for (; dialogs > 0; --dialogs) {
-      QTimer::singleShot(0, [this] {
-        if (QWidget* dialog = QApplication::activeModalWidget()) {
-          ++opened_;
-          dialog->close();
-        }
-      });
+      close_.start(0);
       Choose(kDialogs[dialog_++ % std::size(kDialogs)]);
       TidyUp();
     }
@@ -99,6 +102,7 @@ class Session {
   static void Choose(const char* entry) { drive::Find(entry).action->trigger(); }
 
   drive::DrivenProgram& program_;
+  QTimer close_;  ///< the dialog that is about to open
   std::size_t view_ = 0;
   std::size_t dialog_ = 0;
   int opened_ = 0;

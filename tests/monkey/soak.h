@@ -6,7 +6,7 @@
 namespace zerbal::monkey {
 
 /// Redraws the map and opens dialogs at least so often, in a world of its own, and prints what the program
-/// holds at the start (when everything was done once), in the middle and at the end. False when it grew.
+/// holds at the start (when everything was done twice), in the middle and at the end. False when it grew.
 bool Soak(app::Application& application, int redraws, int dialogs);
 
 }  // namespace zerbal::monkey
