@@ -1,0 +1,10 @@
+# Equal seeds give equal lives: runs MONKEY twice with SEED and ACTIONS and compares what it prints.
+foreach(run first second)
+  execute_process(COMMAND ${MONKEY} ${SEED} ${ACTIONS} OUTPUT_VARIABLE ${run} RESULT_VARIABLE status)
+  if(NOT status EQUAL 0)
+    message(FATAL_ERROR "the ${run} run failed:\n${${run}}")
+  endif()
+endforeach()
+if(NOT first STREQUAL second)
+  message(FATAL_ERROR "first run:\n${first}\nsecond run:\n${second}")
+endif()
