@@ -21,13 +21,15 @@ char32_t TakeCharacter(std::string_view& text) {
   const std::uint8_t lead = byte(0);
   const std::size_t length = lead < 0x80 ? 1 : lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
   constexpr std::array<char32_t, 5> kSmallest = {0, 0, 0x80, 0x800, 0x10000};
+  constexpr char32_t kLargest = 0x10FFFF;
   char32_t character = length == 1 ? lead : lead & (0xFFu >> (length + 1));
   bool valid = lead < 0x80 || (lead >= 0xC2 && lead <= 0xF4 && text.size() >= length);
   for (std::size_t i = 1; valid && i < length; ++i) {
     valid = (byte(i) & 0xC0) == 0x80;
     character = character << 6 | (byte(i) & 0x3Fu);
   }
-  valid = valid && character >= kSmallest[length];
+  const bool surrogate = character >= 0xD800 && character <= 0xDFFF;
+  valid = valid && character >= kSmallest[length] && character <= kLargest && !surrogate;
   text.remove_prefix(valid ? length : 1);
   return valid ? character : kNoCharacter;
 }

@@ -34,6 +34,8 @@ TEST(CodePage, WritesAQuestionMarkForEachByteThatIsNoUtf8) {
   EXPECT_EQ(ToCodePage1252("\xE0\x80\x80"), "???");
   EXPECT_EQ(ToCodePage1252("\xE2\x82"), "??");
   EXPECT_EQ(ToCodePage1252("\xF0\x80\x80\x80"), "????");
+  EXPECT_EQ(ToCodePage1252("\xED\xA0\x80"), "???") << "half of a surrogate pair";
+  EXPECT_EQ(ToCodePage1252("\xF4\x90\x80\x80"), "????") << "beyond the last character";
   EXPECT_EQ(ToCodePage1252("\x80\xC3\xA4"), "?\xE4");
 }
 
