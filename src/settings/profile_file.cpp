@@ -1,6 +1,7 @@
 #include "settings/profile_file.h"
 
 #include <exception>
+#include <optional>
 
 #include "settings/file_steps.h"
 #include "settings/profile_text.h"

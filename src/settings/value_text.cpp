@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstddef>
 #include <limits>
+#include <system_error>
 
 #include "settings/rounding.h"
 

@@ -2,8 +2,12 @@
 // afterwards. Letters outside ASCII are single bytes (code page 1252).
 #include "settings/profile_file.h"
 
+#include <cstddef>
+#include <filesystem>
 #include <optional>
+#include <ostream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
