@@ -3,6 +3,7 @@
 #include <array>
 #include <bit>
 #include <cmath>
+#include <cstddef>
 #include <optional>
 
 #include "jet/key.h"
@@ -23,6 +24,7 @@ class StoredNumber {
     const std::optional<Number> number = ParseNumber(text);
     if (!number)
       return std::nullopt;
+    const auto single = static_cast<float>(number->real);
     switch (type) {
       case ColumnType::kBoolean:
         return Whole(*number, 0, 1, 1);
@@ -33,9 +35,9 @@ class StoredNumber {
       case ColumnType::kLong:
         return Whole(*number, -0x80000000LL, 0x7FFFFFFFLL, 4);
       case ColumnType::kSingle:
-        return StoredNumber(std::bit_cast<std::uint32_t>(static_cast<float>(number->real)), 4);
+        return Finite(single, std::bit_cast<std::uint32_t>(single));
       default:
-        return StoredNumber(std::bit_cast<std::uint64_t>(number->real), 8);
+        return Finite(number->real, std::bit_cast<std::uint64_t>(number->real));
     }
   }
 
@@ -45,6 +47,12 @@ class StoredNumber {
   StoredNumber(std::uint64_t value, std::size_t size) : size_(size) {
     for (std::size_t i = 0; i < size; ++i)
       bytes_[i] = static_cast<char>(value >> 8 * i & 0xFF);
+  }
+
+  /// A number too large for its type has become infinite, which is another value.
+  template <class Real, class Bits>
+  static std::optional<StoredNumber> Finite(Real value, Bits bits) {
+    return std::isfinite(value) ? std::optional(StoredNumber(bits, sizeof bits)) : std::nullopt;
   }
 
   static std::optional<StoredNumber> Whole(const Number& number, std::int64_t least, std::int64_t most,

@@ -1,6 +1,9 @@
 // Searching tables by their indexes.
 #include <bit>
+#include <cstdint>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -242,6 +245,15 @@ TEST_P(SeekTest, MatchesRealNumbers) {
   EXPECT_EQ(FoundText(doubles, "0.10000000149011612"), "none");
   EXPECT_EQ(FoundText(doubles, "-2.5"), "-2.5");
   EXPECT_EQ(FoundText(doubles, "0.00"), "0");
+}
+
+TEST_P(SeekTest, TakesNoNumberForInfinity) {
+  Recordset singles = Numbers(ColumnType::kSingle, {Le(0x7F800000, 4), Le(0xFF800000, 4)});
+  for (const char* tooLarge : {"1e39", "-1e39", "1e999"})
+    EXPECT_EQ(FoundText(singles, tooLarge), "none") << tooLarge;
+  file = JetFile(GetParam());
+  Recordset doubles = Numbers(ColumnType::kDouble, {Le(0x7FF0000000000000, 8)});
+  EXPECT_EQ(FoundText(doubles, "1e999"), "none");
 }
 
 TEST_P(SeekTest, MatchesOtherTypesByTheirText) {
