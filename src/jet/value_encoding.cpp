@@ -16,7 +16,8 @@ namespace zerbal::jet {
 namespace {
 
 constexpr std::int64_t kCurrencyUnit = 10000;
-constexpr double kFirstDay = -657434;       // 1 January 100
+// The first day is 1 January 100. Before day 0 the time of day counts downwards: its evening is -657434.99.
+constexpr double kBeforeFirstDay = -657435;
 constexpr double kBehindLastDay = 2958466;  // 1 January 10000
 constexpr std::size_t kMaxLongValue = 0x3FFFFFFF;
 
@@ -69,7 +70,7 @@ Real ToReal(const Value& value, const char* type) {
 
 void EncodeDateTime(const Value& value, std::string& out) {
   const auto days = ToReal<double>(value, "DateTime");
-  if (days < kFirstDay || days >= kBehindLastDay)
+  if (days <= kBeforeFirstDay || days >= kBehindLastDay)
     throw Refusal("the date " + std::to_string(days) + " lies outside the years 100 to 9999");
   AppendNumber(out, 8, std::bit_cast<std::uint64_t>(days));
 }

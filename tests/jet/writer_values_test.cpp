@@ -201,6 +201,7 @@ TEST_F(WriterValues, ThatDoNotFitAreRefused) {
   EXPECT_NE(Refusal(Single("c"), 1e39), "");
   EXPECT_NE(Refusal(Single("c"), 16777217), "");
   EXPECT_EQ(Refusal(Single("c"), 16777216), "");
+  EXPECT_EQ(Refusal(DateTime("c"), -657434.75), "");  // the first day, 18:00
   EXPECT_EQ(Refusal(Single("c"), 0.1), "");
   EXPECT_NE(Refusal(Double("c"), std::numeric_limits<double>::infinity()), "");
   EXPECT_NE(Refusal(Double("c"), std::numeric_limits<double>::quiet_NaN()), "");
