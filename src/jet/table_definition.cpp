@@ -48,14 +48,15 @@ class Joined {
     if (length > pages.FileSize())
       throw Damage("the table's definition is longer than the file");
     bytes_.assign(page.Data(), page.Data() + page.Size());
-    std::vector<std::uint32_t> visited = {first};
+    std::vector<bool> visited(pages.PageCount());
+    visited[first] = true;
     while (bytes_.size() < length) {
       if (next == 0)
         throw Damage("the table's definition is cut short");
-      if (std::find(visited.begin(), visited.end(), next) != visited.end())
-        throw Damage("the pages of the table's definition form a circle");
-      visited.push_back(next);
       const ByteView more = pages.Page(next, PageKind::kTableDefinition);
+      if (visited[next])
+        throw Damage("the pages of the table's definition form a circle");
+      visited[next] = true;
       bytes_.insert(bytes_.end(), more.Data() + 8, more.Data() + more.Size());
       next = more.U32(4);
     }
