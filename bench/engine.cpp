@@ -30,7 +30,6 @@ ColumnInfo Column(const char* name, ColumnType type, int length) {
   column.name = name;
   column.type = type;
   column.length = length;
-  column.fixed = type != ColumnType::kText;
   column.compressed = type == ColumnType::kText;
   return column;
 }

@@ -26,7 +26,6 @@ class DataPage {
   // Flags of a directory entry. A deleted row carries both.
   static constexpr std::uint16_t kMoved = 0x4000;   ///< holds a pointer to where the row is now
   static constexpr std::uint16_t kHidden = 0x8000;  ///< the target of such a pointer, or deleted
-  static constexpr std::uint16_t kDeleted = 0xC000;
 
   DataPage() = default;
   DataPage(const FilePages& pages, std::uint32_t number);

@@ -35,13 +35,6 @@ Database Database::FromImage(FileImage image, std::string name, const OpenOption
   return Database(std::move(state));
 }
 
-Format Database::FileFormat() const {
-  return state_->pages.Header().format;
-}
-const std::string& Database::FileName() const {
-  return state_->fileName;
-}
-
 std::vector<std::string> Database::TableNames() const {
   std::vector<std::string> names;
   for (const CatalogEntry& entry : state_->catalog) {

@@ -33,9 +33,6 @@ class Database {
   /// The same for a file whose bytes are in memory; `name` stands for it in messages.
   static Database FromImage(FileImage image, std::string name, const OpenOptions& options = {});
 
-  Format FileFormat() const;
-  const std::string& FileName() const;  ///< as opened, for messages
-
   /// Names of the user tables, in the order of the catalog. Broken tables are named too.
   std::vector<std::string> TableNames() const;
   bool HasTable(std::string_view name) const;  ///< without regard to letter case

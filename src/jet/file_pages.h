@@ -2,6 +2,7 @@
 #pragma once
 
 #include <atomic>
+#include <cstddef>
 #include <cstdint>
 #include <utility>
 
@@ -36,11 +37,9 @@ class FilePages {
   std::uint32_t PageCount() const { return pageCount_; }  ///< complete pages, the header included
   std::size_t FileSize() const { return image_.bytes.Size(); }
 
-  bool IsPage(std::uint32_t number) const { return number >= 1 && number < pageCount_; }
-
   /// Throws Damage when there is no such page. Page 0, the header, is nobody's target.
   ByteView Page(std::uint32_t number) const {
-    if (!IsPage(number))
+    if (number == 0 || number >= pageCount_)
       ThrowNoPage(number);
     return {image_.bytes.Data() + std::size_t{number} * pageSize_, pageSize_};
   }

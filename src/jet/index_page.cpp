@@ -14,18 +14,14 @@ int CompareBytes(const std::uint8_t* a, const std::uint8_t* b, std::size_t size)
 
 }  // namespace
 
-std::uint32_t IndexEntry::Word(std::size_t skip) const {
-  const std::size_t at = Size() - skip - 4;
+std::uint32_t IndexEntry::Tail() const {
+  const std::size_t at = Size() - 4;
   if (at >= shared.Size())
     return LoadU32Be(own.Sub(at - shared.Size(), 4).Data());
   std::uint32_t value = 0;
   for (std::size_t i = 0; i < 4; ++i)
     value = value << 8 | At(at + i);
   return value;
-}
-
-std::uint32_t IndexEntry::Tail() const {
-  return Word(0);
 }
 
 bool IndexEntry::StartsWith(std::span<const std::uint8_t> key) const {

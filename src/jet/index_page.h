@@ -22,8 +22,6 @@ struct IndexEntry {
   }
   /// The last four bytes as a big-endian number.
   std::uint32_t Tail() const;
-  /// The four bytes before the last `skip` bytes; the entry must be that long.
-  std::uint32_t Word(std::size_t skip) const;
   bool StartsWith(std::span<const std::uint8_t> key) const;
 };
 

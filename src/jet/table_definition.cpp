@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <numeric>
-#include <optional>
 #include <utility>
 
+#include "jet/bytes.h"
 #include "jet/text.h"
 
 namespace zerbal::jet {
@@ -20,19 +20,19 @@ struct Layout {
   std::size_t columnSize, columnNumber, columnVariableIndex, columnSortOrder, columnFlags, columnFixedOffset,
       columnLength;
   std::size_t physicalSize, physicalParts, physicalRoot, physicalFlags;
-  std::size_t logicalSize, logicalPhysical, logicalSide, logicalKind;
+  std::size_t logicalSize, logicalPhysical, logicalKind;
 };
 
 constexpr Layout kJet3Layout = {0x15, 0x17, 0x19, 0x1B, 0x1F, 0x23, 0x2B,  //
                                 8,                                         //
                                 18,   0x01, 0x03, 0x09, 0x0D, 0x0E, 0x10,  //
                                 39,   0x00, 0x22, 0x26,                    //
-                                20,   0x04, 0x08, 0x13};
+                                20,   0x04, 0x13};
 constexpr Layout kJet4Layout = {0x29, 0x2B, 0x2D, 0x2F, 0x33, 0x37, 0x3F,  //
                                 12,                                        //
                                 25,   0x05, 0x07, 0x0B, 0x0F, 0x15, 0x17,  //
                                 52,   0x04, 0x26, 0x2E,                    //
-                                28,   0x08, 0x0C, 0x17};
+                                28,   0x08, 0x17};
 
 /// The pages of a definition put together, cut to its length.
 class Joined {
