@@ -19,7 +19,7 @@ bool AppendTextKeyJet4(std::u16string_view utf16, bool ascending, std::vector<st
 void AppendTextKeyJet3(std::string_view bytes, bool ascending, std::vector<std::uint8_t>& key);
 
 /// Appends the key of a number, date or boolean: `bytes` is the value as stored (little-endian; one byte 0 or
-/// 1 for a boolean). False for types whose keys are not known.
+/// 1 for a boolean). False for types whose keys are not known, and when `bytes` has not the type's size.
 bool AppendFixedKey(ColumnType type, std::string_view bytes, bool ascending, std::vector<std::uint8_t>& key);
 
 void AppendBinaryKey(std::string_view bytes, bool ascending, std::vector<std::uint8_t>& key);

@@ -13,7 +13,6 @@ bool IsDigit(char c) {
   return c >= '0' && c <= '9';
 }
 
-/// Splits "-12.50" into its parts; false when `text` is no plain decimal number.
 struct Decimal {
   bool negative = false;
   std::string_view whole;
@@ -21,6 +20,7 @@ struct Decimal {
 };
 
 std::optional<Decimal> SplitDecimal(std::string_view text) {
+/// Splits "-12.50" into its parts, without idle zeros; nothing when `text` is no plain decimal number.
   Decimal decimal;
   if (!text.empty() && (text.front() == '-' || text.front() == '+')) {
     decimal.negative = text.front() == '-';

@@ -11,13 +11,13 @@
 namespace zerbal::jet {
 namespace {
 
-constexpr std::size_t kMaxName = 64;  // characters, as everywhere below
+constexpr std::size_t kMaxName = 64;  // characters
 constexpr std::size_t kMaxColumns = 255;
 constexpr std::size_t kMaxIndexes = 32;
 constexpr std::size_t kMaxIndexColumns = 10;
-constexpr int kMaxText = 255;
-constexpr int kMaxBinary = 510;
-constexpr int kMaxPrecision = 28;
+constexpr int kMaxText = 255;      // characters
+constexpr int kMaxBinary = 510;    // bytes
+constexpr int kMaxPrecision = 28;  // digits
 
 // Column flags.
 constexpr std::uint8_t kFixed = 0x01;

@@ -52,7 +52,7 @@ class RowPages {
 /// Takes the rows of a table one by one and writes them, its indexes and its definition.
 class TableWriter {
  public:
-  /// `layout` has its pages; its maps must be given before Write.
+  /// `layout` has its pages and the places of its maps.
   TableWriter(OutputFile& file, TableLayout layout,
               std::optional<std::uint32_t> firstDataPage = std::nullopt);
 
