@@ -1,10 +1,14 @@
 #include "jet/catalog.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <utility>
 
+#include "jet/error.h"
 #include "jet/field_value.h"
+#include "jet/schema.h"
 #include "jet/table_cursor.h"
 #include "jet/table_definition.h"
 #include "jet/text.h"
@@ -69,12 +73,8 @@ std::vector<CatalogEntry> ReadCatalog(const std::shared_ptr<const DatabaseState>
 }
 
 const CatalogEntry* FindTable(const DatabaseState& database, std::string_view name) {
-  const std::string folded = FoldCase(name);
-  for (const CatalogEntry& entry : database.catalog) {
-    if (entry.foldedName == folded)
-      return &entry;
-  }
-  return nullptr;
+  const auto entry = std::ranges::find(database.catalog, FoldCase(name), &CatalogEntry::foldedName);
+  return entry == database.catalog.end() ? nullptr : &*entry;
 }
 
 }  // namespace zerbal::jet

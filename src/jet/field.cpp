@@ -1,10 +1,18 @@
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
 #include <limits>
 #include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
 
+#include "jet/error.h"
 #include "jet/field_value.h"
 #include "jet/long_value.h"
+#include "jet/number_text.h"
 #include "jet/recordset.h"
+#include "jet/schema.h"
 #include "jet/table_cursor.h"
 #include "jet/text.h"
 #include "jet/value_text.h"
@@ -24,17 +32,10 @@ bool IsReal(ColumnType type) {
 /// Hands the value's bytes to `use`, long values put together.
 template <class Use>
 void WithBytes(const TableCursor& cursor, int column, ByteView stored, Use&& use) {
-  if (!HoldsLongValue(cursor.Column(column).type)) {
+  if (HoldsLongValue(cursor.Column(column).type))
+    LongValue(cursor.Pages(), stored, cursor.SharedDatabase()->options.maxLongValue).With(use);
+  else
     use(stored);
-    return;
-  }
-  const LongValue value(cursor.Pages(), stored, cursor.SharedDatabase()->options.maxLongValue);
-  if (const std::optional<ByteView> bytes = value.InPlace()) {
-    use(*bytes);
-  } else {
-    const std::vector<std::uint8_t> copy = value.Copy();
-    use(ByteView(copy.data(), copy.size()));
-  }
 }
 
 [[noreturn]] void Refuse(const TableCursor& cursor, int column, ConversionError::Cause cause,

@@ -4,10 +4,6 @@
 
 namespace zerbal::jet {
 
-void ThrowOutside() {
-  throw Damage("a number in the file points outside its page or row");
-}
-
 void FilePages::ThrowNoPage(std::uint32_t number) const {
   throw Damage("page " + std::to_string(number) + " is wanted, but the file has only " +
                std::to_string(pageCount_) + " pages");

@@ -50,12 +50,8 @@ std::optional<ByteView> LongValue::InPlace() const {
   return bytes.Sub(0, length_);
 }
 
-std::vector<std::uint8_t> LongValue::Copy() const {
+std::vector<std::uint8_t> LongValue::PutTogether() const {
   std::vector<std::uint8_t> value;
-  if (const std::optional<ByteView> bytes = InPlace()) {
-    value.assign(bytes->Data(), bytes->Data() + bytes->Size());
-    return value;
-  }
   // A circle is found by comparing with a piece seen before, one further along at every power of two.
   std::uint32_t pointer = stored_.U32(4);
   std::uint32_t landmark = 0;

@@ -1,6 +1,7 @@
 // Memo and OLE values: in the row itself, in one row of another page, or in a chain of such rows.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <vector>
@@ -16,12 +17,20 @@ class LongValue {
   /// Throws Damage for an impossible descriptor or a value larger than `limit` bytes.
   LongValue(const FilePages& pages, ByteView stored, std::size_t limit);
 
-  /// The bytes where they are in the file; nothing for a value in several pieces.
-  std::optional<ByteView> InPlace() const;
-  /// A copy of the bytes, pieces put together.
-  std::vector<std::uint8_t> Copy() const;
+  /// Hands the bytes to `use` where they are in the file, or, of a value in several pieces, a copy put
+  /// together.
+  template <class Use>
+  auto With(Use&& use) const {
+    if (const std::optional<ByteView> bytes = InPlace())
+      return use(*bytes);
+    const std::vector<std::uint8_t> copy = PutTogether();
+    return use(ByteView(copy.data(), copy.size()));
+  }
 
  private:
+  std::optional<ByteView> InPlace() const;  ///< nothing for a value in several pieces
+  std::vector<std::uint8_t> PutTogether() const;
+
   const FilePages& pages_;
   ByteView stored_;
   std::size_t length_ = 0;

@@ -37,7 +37,7 @@ struct PageBytes {
 
 /// Appends the lowest `size` bytes of `value`, lowest first, to a string or a vector of bytes.
 template <class Bytes>
-void AppendNumber(Bytes& out, std::size_t size, std::uint64_t value) {
+void AppendLittleEndian(Bytes& out, std::size_t size, std::uint64_t value) {
   for (std::size_t i = 0; i < size; ++i)
     out.push_back(static_cast<typename Bytes::value_type>(value >> 8 * i & 0xFF));
 }

@@ -2,11 +2,18 @@
 
 #include <array>
 #include <bit>
+#include <cstddef>
+#include <optional>
 #include <string_view>
 #include <utility>
 
 #include "jet/header_mask.h"
+#include "jet/page_bytes.h"
+#include "jet/schema.h"
+#include "jet/table_layout.h"
 #include "jet/table_writer.h"
+#include "jet/usage_map_writer.h"
+#include "jet/writer.h"
 
 namespace zerbal::jet {
 namespace {
@@ -37,9 +44,9 @@ constexpr std::uint32_t kSystemObject = 0x80000000;
 constexpr std::uint32_t kAllRights = 0x000FFFFF;
 
 // Flags of system columns.
-constexpr std::uint8_t kFixed = 0x13;
-constexpr std::uint8_t kVariable = 0x12;
-constexpr std::uint8_t kId = 0x32;  // binary
+constexpr std::uint8_t kFixedColumn = 0x13;
+constexpr std::uint8_t kVariableColumn = 0x12;
+constexpr std::uint8_t kUserIdColumn = 0x32;
 
 struct SystemIndex {
   std::string_view name;
@@ -66,23 +73,23 @@ SystemTable Objects() {
   return {"MSysObjects",
           2,
           14,
-          {{"Id", ColumnType::kLong, kFixed},
-           {"ParentId", ColumnType::kLong, kFixed},
-           {"Name", ColumnType::kText, kVariable},
-           {"Type", ColumnType::kInteger, kFixed},
-           {"DateCreate", ColumnType::kDateTime, kFixed},
-           {"DateUpdate", ColumnType::kDateTime, kFixed},
-           {"Owner", ColumnType::kBinary, kId},
-           {"Flags", ColumnType::kLong, kFixed},
-           {"Database", ColumnType::kMemo, kVariable},
-           {"Connect", ColumnType::kMemo, kVariable},
-           {"ForeignName", ColumnType::kText, kVariable},
-           {"RmtInfoShort", ColumnType::kBinary, kVariable},
-           {"RmtInfoLong", ColumnType::kOle, kVariable},
-           {"Lv", ColumnType::kOle, kVariable},
-           {"LvProp", ColumnType::kOle, kVariable},
-           {"LvModule", ColumnType::kOle, kVariable},
-           {"LvExtra", ColumnType::kOle, kVariable}},
+          {{"Id", ColumnType::kLong, kFixedColumn},
+           {"ParentId", ColumnType::kLong, kFixedColumn},
+           {"Name", ColumnType::kText, kVariableColumn},
+           {"Type", ColumnType::kInteger, kFixedColumn},
+           {"DateCreate", ColumnType::kDateTime, kFixedColumn},
+           {"DateUpdate", ColumnType::kDateTime, kFixedColumn},
+           {"Owner", ColumnType::kBinary, kUserIdColumn},
+           {"Flags", ColumnType::kLong, kFixedColumn},
+           {"Database", ColumnType::kMemo, kVariableColumn},
+           {"Connect", ColumnType::kMemo, kVariableColumn},
+           {"ForeignName", ColumnType::kText, kVariableColumn},
+           {"RmtInfoShort", ColumnType::kBinary, kVariableColumn},
+           {"RmtInfoLong", ColumnType::kOle, kVariableColumn},
+           {"Lv", ColumnType::kOle, kVariableColumn},
+           {"LvProp", ColumnType::kOle, kVariableColumn},
+           {"LvModule", ColumnType::kOle, kVariableColumn},
+           {"LvExtra", ColumnType::kOle, kVariableColumn}},
           {{"ParentIdName", 7, 0x81, 0, {1, 2}}, {"Id", 8, 0x81, 1, {0}}}};
 }
 
@@ -90,10 +97,10 @@ SystemTable Rights() {
   return {"MSysACEs",
           3,
           15,
-          {{"ObjectId", ColumnType::kLong, kFixed},
-           {"SID", ColumnType::kBinary, kId},
-           {"ACM", ColumnType::kLong, kFixed},
-           {"FInheritable", ColumnType::kBoolean, kFixed}},
+          {{"ObjectId", ColumnType::kLong, kFixedColumn},
+           {"SID", ColumnType::kBinary, kUserIdColumn},
+           {"ACM", ColumnType::kLong, kFixedColumn},
+           {"FInheritable", ColumnType::kBoolean, kFixedColumn}},
           {{"ObjectId", 9, 0x88, 0, {0}}}};
 }
 
@@ -101,14 +108,14 @@ SystemTable Queries() {
   return {"MSysQueries",
           4,
           std::nullopt,
-          {{"ObjectId", ColumnType::kLong, kFixed},
-           {"Attribute", ColumnType::kByte, kFixed},
-           {"Order", ColumnType::kBinary, kVariable},
-           {"Name1", ColumnType::kText, kVariable},
-           {"Name2", ColumnType::kText, kVariable},
-           {"Expression", ColumnType::kMemo, kVariable},
-           {"Flag", ColumnType::kInteger, kFixed},
-           {"LvExtra", ColumnType::kLong, kFixed}},
+          {{"ObjectId", ColumnType::kLong, kFixedColumn},
+           {"Attribute", ColumnType::kByte, kFixedColumn},
+           {"Order", ColumnType::kBinary, kVariableColumn},
+           {"Name1", ColumnType::kText, kVariableColumn},
+           {"Name2", ColumnType::kText, kVariableColumn},
+           {"Expression", ColumnType::kMemo, kVariableColumn},
+           {"Flag", ColumnType::kInteger, kFixedColumn},
+           {"LvExtra", ColumnType::kLong, kFixedColumn}},
           {{"ObjectIdAttribute", 10, 0x81, 1, {0, 1, 2}}}};
 }
 
@@ -116,14 +123,14 @@ SystemTable Relationships() {
   return {"MSysRelationships",
           5,
           std::nullopt,
-          {{"szRelationship", ColumnType::kText, kVariable},
-           {"grbit", ColumnType::kLong, kFixed},
-           {"ccolumn", ColumnType::kLong, kFixed},
-           {"icolumn", ColumnType::kLong, kFixed},
-           {"szObject", ColumnType::kText, kVariable},
-           {"szColumn", ColumnType::kText, kVariable},
-           {"szReferencedObject", ColumnType::kText, kVariable},
-           {"szReferencedColumn", ColumnType::kText, kVariable}},
+          {{"szRelationship", ColumnType::kText, kVariableColumn},
+           {"grbit", ColumnType::kLong, kFixedColumn},
+           {"ccolumn", ColumnType::kLong, kFixedColumn},
+           {"icolumn", ColumnType::kLong, kFixedColumn},
+           {"szObject", ColumnType::kText, kVariableColumn},
+           {"szColumn", ColumnType::kText, kVariableColumn},
+           {"szReferencedObject", ColumnType::kText, kVariableColumn},
+           {"szReferencedColumn", ColumnType::kText, kVariableColumn}},
           {{"szRelationship", 11, 0x82, 0, {0}},
            {"szObject", 12, 0x82, 0, {4}},
            {"szReferencedObject", 13, 0x82, 0, {6}}}};

@@ -1,8 +1,11 @@
 #include "jet/table_cursor.h"
 
+#include <cstdint>
 #include <string>
 #include <utility>
 
+#include "jet/data_page.h"
+#include "jet/error.h"
 #include "jet/field_value.h"
 #include "jet/long_value.h"
 #include "jet/text.h"
@@ -176,13 +179,10 @@ bool TableCursor::StoredTextIs(int column, std::string_view text) const {
   const std::optional<ByteView> value = Value(column);
   if (!value)
     return false;
+  const auto equals = [&](ByteView bytes) { return StoredTextEquals(bytes, Pages().IsJet3(), text); };
   if (Column(column).type != ColumnType::kMemo)
-    return StoredTextEquals(*value, Pages().IsJet3(), text);
-  const LongValue memo(Pages(), *value, database_->options.maxLongValue);
-  if (const std::optional<ByteView> bytes = memo.InPlace())
-    return StoredTextEquals(*bytes, Pages().IsJet3(), text);
-  const std::vector<std::uint8_t> bytes = memo.Copy();
-  return StoredTextEquals({bytes.data(), bytes.size()}, Pages().IsJet3(), text);
+    return equals(*value);
+  return LongValue(Pages(), *value, database_->options.maxLongValue).With(equals);
 }
 
 }  // namespace zerbal::jet

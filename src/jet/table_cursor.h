@@ -1,17 +1,20 @@
 // What a Recordset and its Fields stand on: one table, a place in it, the row there.
 #pragma once
 
-#include <cstdint>
+#include <cstddef>
 #include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
+#include "jet/bytes.h"
 #include "jet/database_state.h"
-#include "jet/error.h"
+#include "jet/file_pages.h"
 #include "jet/index_cursor.h"
 #include "jet/row.h"
 #include "jet/row_walk.h"
+#include "jet/schema.h"
 #include "jet/seek_key.h"
 #include "jet/table_definition.h"
 #include "jet/text_lookup.h"

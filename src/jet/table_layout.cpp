@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 #include "jet/key.h"
 #include "jet/page_bytes.h"
@@ -164,7 +165,7 @@ IndexLayout LayOutIndex(const TableLayout& table, const IndexInfo& index) {
 // The definition under construction.
 class Definition {
  public:
-  void Add(std::size_t size, std::uint64_t value) { AppendNumber(bytes_, size, value); }
+  void Add(std::size_t size, std::uint64_t value) { AppendLittleEndian(bytes_, size, value); }
   void Zeros(std::size_t count) { bytes_.resize(bytes_.size() + count); }
   void AddName(const std::string& name) {
     const std::u16string text = ToUtf16Strictly(name);

@@ -1,10 +1,13 @@
 #include "jet/table_writer.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
+#include "jet/bytes.h"
 #include "jet/key.h"
 #include "jet/refusal.h"
+#include "jet/schema.h"
 
 namespace zerbal::jet {
 namespace {
@@ -23,9 +26,9 @@ constexpr std::size_t kDefinitionHead = 8;  // of a page that continues a defini
 
 std::string LongValueHead(std::size_t length, std::uint32_t kind, std::uint32_t pointer) {
   std::string head;
-  AppendNumber(head, 4, length | kind);
-  AppendNumber(head, 4, pointer);
-  AppendNumber(head, 4, 0);
+  AppendLittleEndian(head, 4, length | kind);
+  AppendLittleEndian(head, 4, pointer);
+  AppendLittleEndian(head, 4, 0);
   return head;
 }
 
@@ -182,7 +185,7 @@ std::string TableWriter::StoreChain(RowPages& pages, std::string_view content) {
   std::uint32_t next = 0;
   for (std::size_t start = (content.size() - 1) / kChainPiece * kChainPiece;; start -= kChainPiece) {
     std::string piece;
-    AppendNumber(piece, 4, next);
+    AppendLittleEndian(piece, 4, next);
     piece += content.substr(start, kChainPiece);
     const RowPages::Place place = pages.AddAlone(AsBytes(piece));
     next = PointerTo(place.page, place.row);
@@ -205,7 +208,7 @@ std::string TableWriter::LongValueField(std::size_t column) {
 
 void TableWriter::BuildRow() {
   row_.clear();
-  AppendNumber(row_, 2, layout_.columns.size());
+  AppendLittleEndian(row_, 2, layout_.columns.size());
   row_.resize(row_.size() + layout_.fixedSize);
   std::vector<std::size_t> offsets;
   std::string mask((layout_.columns.size() + 7) / 8, '\0');
@@ -226,8 +229,8 @@ void TableWriter::BuildRow() {
   if (!offsets.empty()) {
     offsets.push_back(row_.size());
     for (auto offset = offsets.rbegin(); offset != offsets.rend(); ++offset)
-      AppendNumber(row_, 2, *offset);
-    AppendNumber(row_, 2, layout_.variableCount);
+      AppendLittleEndian(row_, 2, *offset);
+    AppendLittleEndian(row_, 2, layout_.variableCount);
   }
   row_ += mask;
 }
@@ -241,10 +244,8 @@ void TableWriter::CommitRow() {
   }
   for (std::size_t i = 0; i < values_.size(); ++i) {
     if (layout_.columns[i].info.autonumber && !values_[i].isNull) {
-      std::uint32_t number = 0;
-      for (std::size_t byte = 4; byte-- > 0;)
-        number = number << 8 | static_cast<std::uint8_t>(values_[i].stored[byte]);
-      if (number < kInline)  // negative numbers were not counted
+      const std::uint32_t number = LoadU32(AsBytes(values_[i].stored).data());
+      if (static_cast<std::int32_t>(number) > 0)  // negative numbers were not counted
         counts_.lastAutonumber = std::max(counts_.lastAutonumber, number);
     }
   }

@@ -1,14 +1,17 @@
 // One table on its way to the file.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "jet/index_writer.h"
 #include "jet/output_file.h"
+#include "jet/page_bytes.h"
 #include "jet/table_layout.h"
 #include "jet/usage_map_writer.h"
 #include "jet/value_encoding.h"
@@ -33,8 +36,8 @@ class RowPages {
   /// Writes the page at hand. Nothing may be added afterwards.
   void End();
 
-  PageList Owned() const { return owned_; }
-  PageList WithRoom() const { return withRoom_; }  ///< known after End
+  const PageList& Owned() const { return owned_; }
+  const PageList& WithRoom() const { return withRoom_; }  ///< known after End
 
  private:
   std::uint32_t NewPage();

@@ -1,7 +1,7 @@
 #include "jet/text.h"
 
+#include <algorithm>
 #include <array>
-#include <cstring>
 
 namespace zerbal::jet {
 namespace {
@@ -33,11 +33,7 @@ bool IsContinuation(char byte) {
 }
 
 bool IsAscii(std::string_view text) {
-  for (const char c : text) {
-    if (static_cast<unsigned char>(c) >= 0x80 || c == '\0')
-      return false;
-  }
-  return true;
+  return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80 && c != '\0'; });
 }
 
 }  // namespace

@@ -1,11 +1,14 @@
 #include "jet/value_encoding.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cmath>
+#include <cstddef>
 #include <limits>
 #include <optional>
 #include <string_view>
+#include <variant>
 
 #include "jet/key.h"
 #include "jet/page_bytes.h"
@@ -48,7 +51,7 @@ void EncodeInteger(const Value& value, const char* type, std::string& out) {
     ThrowWrongType(type);
   if (*number < std::numeric_limits<Integer>::min() || *number > std::numeric_limits<Integer>::max())
     throw Refusal("the number " + std::to_string(*number) + " does not fit the type " + type);
-  AppendNumber(out, sizeof(Integer), static_cast<std::uint64_t>(*number));
+  AppendLittleEndian(out, sizeof(Integer), static_cast<std::uint64_t>(*number));
 }
 
 // Real numbers are rounded to the column's type; whole ones must be exact in it.
@@ -72,7 +75,7 @@ void EncodeDateTime(const Value& value, std::string& out) {
   const auto days = ToReal<double>(value, "DateTime");
   if (days <= kBeforeFirstDay || days >= kBehindLastDay)
     throw Refusal("the date " + std::to_string(days) + " lies outside the years 100 to 9999");
-  AppendNumber(out, 8, std::bit_cast<std::uint64_t>(days));
+  AppendLittleEndian(out, 8, std::bit_cast<std::uint64_t>(days));
 }
 
 std::int64_t ToCurrency(const Value& value) {
@@ -136,7 +139,7 @@ void EncodeNumeric(const ColumnInfo& column, const Value& value, std::string& ou
   }
   out += static_cast<char>(negative && !digits.empty() ? 0x80 : 0);
   for (std::uint32_t word : words)
-    AppendNumber(out, 4, word);
+    AppendLittleEndian(out, 4, word);
 }
 
 void EncodeBytes(const Value& value, const char* type, std::size_t least, std::size_t most,
@@ -195,11 +198,11 @@ void EncodeValue(const ColumnInfo& column, const Value& value, EncodedValue& out
     case ColumnType::kLong:
       return EncodeInteger<std::int32_t>(value, "Long", out.stored);
     case ColumnType::kCurrency:
-      return AppendNumber(out.stored, 8, static_cast<std::uint64_t>(ToCurrency(value)));
+      return AppendLittleEndian(out.stored, 8, static_cast<std::uint64_t>(ToCurrency(value)));
     case ColumnType::kSingle:
-      return AppendNumber(out.stored, 4, std::bit_cast<std::uint32_t>(ToReal<float>(value, "Single")));
+      return AppendLittleEndian(out.stored, 4, std::bit_cast<std::uint32_t>(ToReal<float>(value, "Single")));
     case ColumnType::kDouble:
-      return AppendNumber(out.stored, 8, std::bit_cast<std::uint64_t>(ToReal<double>(value, "Double")));
+      return AppendLittleEndian(out.stored, 8, std::bit_cast<std::uint64_t>(ToReal<double>(value, "Double")));
     case ColumnType::kDateTime:
       return EncodeDateTime(value, out.stored);
     case ColumnType::kBinary:

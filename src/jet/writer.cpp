@@ -1,6 +1,6 @@
 #include "jet/writer.h"
 
-#include <functional>
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -8,7 +8,9 @@
 #include "jet/output_file.h"
 #include "jet/refusal.h"
 #include "jet/system_tables.h"
+#include "jet/table_layout.h"
 #include "jet/table_writer.h"
+#include "jet/usage_map_writer.h"
 
 namespace zerbal::jet {
 namespace {
@@ -67,10 +69,8 @@ struct DatabaseWriter::State {
     if (table)
       throw Refusal("table '" + TableName() + "' has not been ended");
     TableLayout layout = LayOutTable(spec);
-    for (const WrittenTable& other : catalog) {
-      if (IsSameName(other.name, spec.name))
-        throw Refusal("there is a table of this name already");
-    }
+    if (std::ranges::any_of(catalog, [&](const auto& other) { return IsSameName(other.name, spec.name); }))
+      throw Refusal("there is a table of this name already");
     maps.emplace(AssignPages(*file, layout));
     table.emplace(*file, std::move(layout));
   }
