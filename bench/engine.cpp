@@ -2,11 +2,13 @@
 // searches in a large text index, opening. The files are made in the temporary folder and removed at the end.
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <cstdlib>
 #include <filesystem>
 #include <random>
 #include <stdexcept>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include <benchmark/benchmark.h>

@@ -1,6 +1,7 @@
 // Reading tables with libmdb, the measure for our own reader.
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
 #include <memory>
 #include <string>

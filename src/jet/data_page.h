@@ -1,6 +1,7 @@
 // Pages of rows: the rows of tables, pieces of long values, usage maps.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 #include "jet/bytes.h"

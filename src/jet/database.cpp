@@ -4,6 +4,8 @@
 
 #include "jet/catalog.h"
 #include "jet/database_state.h"
+#include "jet/error.h"
+#include "jet/file_image.h"
 #include "jet/recordset.h"
 #include "jet/table_cursor.h"
 #include "jet/table_definition.h"

@@ -2,13 +2,12 @@
 // Nothing here ever writes to the file.
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "jet/schema.h"
 
 namespace zerbal::jet {
 

@@ -1,7 +1,6 @@
 // From the stored bytes of a value to texts and numbers.
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>

@@ -1,8 +1,15 @@
+#include <atomic>
 #include <cerrno>
 #include <csignal>
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <memory>
 #include <mutex>
+#include <string>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 #include <fcntl.h>
 #include <sys/mman.h>

@@ -2,11 +2,11 @@
 // entry ends, so that a search looks only at the entries that it compares.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 
 #include "jet/bytes.h"
-#include "jet/data_page.h"
 #include "jet/file_pages.h"
 
 namespace zerbal::jet {
@@ -20,7 +20,7 @@ struct IndexEntry {
   std::uint8_t At(std::size_t i) const {
     return i < shared.Size() ? shared.Data()[i] : own.U8(i - shared.Size());
   }
-  /// The last four bytes as a big-endian number.
+  /// The last four bytes as a big-endian number; the entry must be that long.
   std::uint32_t Tail() const;
   bool StartsWith(std::span<const std::uint8_t> key) const;
 };

@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <utility>
+
+#include "jet/page_bytes.h"
 
 namespace zerbal::jet {
 namespace {

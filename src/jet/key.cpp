@@ -1,8 +1,8 @@
 #include "jet/key.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
-#include <cstring>
 
 #include "jet/key_tables.h"
 

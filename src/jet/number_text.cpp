@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstddef>
 #include <system_error>
 
 namespace zerbal::jet {
@@ -19,8 +20,8 @@ struct Decimal {
   std::string_view fraction;
 };
 
-std::optional<Decimal> SplitDecimal(std::string_view text) {
 /// Splits "-12.50" into its parts, without idle zeros; nothing when `text` is no plain decimal number.
+std::optional<Decimal> SplitDecimal(std::string_view text) {
   Decimal decimal;
   if (!text.empty() && (text.front() == '-' || text.front() == '+')) {
     decimal.negative = text.front() == '-';

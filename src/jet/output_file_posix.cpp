@@ -1,13 +1,16 @@
 #include <cerrno>
+#include <cstdint>
+#include <cstdio>
+#include <filesystem>
 #include <string>
 #include <system_error>
 #include <utility>
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include "jet/output_file.h"
+#include "jet/page_bytes.h"
 #include "jet/refusal.h"
 
 namespace zerbal::jet {

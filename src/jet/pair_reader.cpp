@@ -3,11 +3,17 @@
 #include <exception>
 #include <optional>
 #include <string>
-#include <utility>
+#include <vector>
 
+#include "jet/data_page.h"
+#include "jet/error.h"
 #include "jet/recordset.h"
+#include "jet/row.h"
 #include "jet/row_walk.h"
+#include "jet/schema.h"
 #include "jet/table_cursor.h"
+#include "jet/table_definition.h"
+#include "jet/usage_map.h"
 
 namespace zerbal::jet {
 namespace {

@@ -1,9 +1,11 @@
 #include "jet/recordset.h"
 
+#include <cstddef>
 #include <string>
 #include <utility>
 
 #include "jet/table_cursor.h"
+#include "jet/table_definition.h"
 
 namespace zerbal::jet {
 

@@ -1,10 +1,11 @@
 // One row of a table: where its values are.
 #pragma once
 
-#include <cstdint>
+#include <cstddef>
 #include <optional>
 
 #include "jet/bytes.h"
+#include "jet/schema.h"
 #include "jet/table_definition.h"
 
 namespace zerbal::jet {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "jet/file_header.h"
+#include "jet/schema.h"
 #include "jet/table_definition.h"
 
 namespace zerbal::jet {

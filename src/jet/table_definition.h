@@ -1,6 +1,7 @@
 // What a table definition in the file says: columns, indexes, where the rows are.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>

@@ -1,6 +1,7 @@
 // A table to be written: where its columns go in a row, and its definition in bytes.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>

@@ -1,6 +1,7 @@
 // Texts: the forms in which the file stores them, UTF-8, and comparison without regard to letter case.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>

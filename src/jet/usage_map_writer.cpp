@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "jet/page_bytes.h"
+
 namespace zerbal::jet {
 namespace {
 

@@ -6,7 +6,6 @@
 #include <memory>
 #include <span>
 #include <string>
-#include <string_view>
 #include <variant>
 #include <vector>
 

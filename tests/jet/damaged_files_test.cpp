@@ -1,8 +1,11 @@
 // A thousand damaged files. Each must end in rows or in an EngineError, soon and without much memory.
 #include <algorithm>
 #include <chrono>
+#include <cstddef>
+#include <cstdint>
 #include <random>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
@@ -32,7 +35,7 @@ Sample MakeSample(Format format) {
   TestTable pairs(file, "Pairs",
                   {{"Lon", ColumnType::kLong, 0, true, 0, 4}, {"Lat", ColumnType::kLong, 1, true, 4, 4}});
   for (std::uint32_t i = 0; i < 2 * kRows; ++i)
-    pairs.Add({Le(i, 4), Le(i * i, 4)});
+    pairs.Add({Le(i, 4), Le(std::uint64_t{i} * i, 4)});
   pairs.ownedPages = file.AddReferenceMap(pairs.DataPages());
   pairs.Finish();
 

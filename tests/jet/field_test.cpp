@@ -1,7 +1,10 @@
 // What the fields of a row give: texts, numbers, bytes; and what they refuse.
 #include <bit>
 #include <cmath>
+#include <cstdint>
 #include <limits>
+#include <string>
+#include <string_view>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,7 +1,10 @@
 #include "jet/file_header.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <string>
+#include <utility>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -32,10 +35,10 @@ TEST_P(FileHeaderTest, TellsFormatCodePageAndSortOrder) {
   file.sortOrderVersion = 1;
   const Bytes bytes = file.Build();
   const FileHeader header = ReadFileHeader({bytes.data(), bytes.size()});
+  EXPECT_EQ(header.format, GetParam());
   EXPECT_EQ(header.codePage, 1250);
   EXPECT_EQ(header.sortOrder.language, 0x0407);
   EXPECT_EQ(header.sortOrder.version, file.IsJet3() ? 0 : 1);
-  EXPECT_EQ(header.format, GetParam());
 }
 
 TEST_P(FileHeaderTest, RefusesAnEncryptedFile) {

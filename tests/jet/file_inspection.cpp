@@ -1,11 +1,13 @@
 #include "jet/file_inspection.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <optional>
 #include <set>
 #include <stdexcept>
+#include <utility>
 
 #include "jet/key.h"
 #include "jet/schema.h"

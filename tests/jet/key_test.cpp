@@ -1,7 +1,6 @@
 #include "jet/key.h"
 
 #include <array>
-#include <bit>
 #include <cstring>
 #include <string>
 #include <string_view>

@@ -2,6 +2,8 @@
 
 #include <bit>
 #include <functional>
+#include <utility>
+#include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

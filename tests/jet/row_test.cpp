@@ -1,7 +1,6 @@
 // Rows that are not what they should be.
 #include "jet/row.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "support/jet_file.h"

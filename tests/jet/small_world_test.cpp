@@ -1,6 +1,7 @@
 // The world that other tests live in: what its description promises.
 #include "support/small_world.h"
 
+#include <stdexcept>
 #include <string>
 #include <vector>
 

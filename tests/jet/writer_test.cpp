@@ -4,6 +4,7 @@
 #include <csignal>
 #include <filesystem>
 #include <functional>
+#include <iterator>
 #include <string>
 #include <vector>
 

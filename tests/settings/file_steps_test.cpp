@@ -7,7 +7,6 @@
 #include <csignal>
 #include <filesystem>
 #include <iostream>
-#include <iterator>
 #include <string>
 #include <type_traits>
 #include <vector>
