@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <functional>
 #include <string>
+#include <utility>
 
 #include "settings/message_boxes.h"
 

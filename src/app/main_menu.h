@@ -5,7 +5,6 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <functional>
-#include <string>
 #include <vector>
 
 #include "app/commands.h"
@@ -27,6 +26,9 @@ class MainMenu {
 
   /// Fills `bar`; every entry belongs to `owner`, the pop-up menu too.
   MainMenu(QMenuBar& bar, QWidget& owner, RunCommand run);
+  // The entries call back into this object.
+  MainMenu(const MainMenu&) = delete;
+  MainMenu& operator=(const MainMenu&) = delete;
 
   /// One entry a region behind "World". Entry 0 of the array is the line above them.
   void AddRegions(const data::RegionTable& regions, const RunEntry& show);

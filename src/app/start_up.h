@@ -1,6 +1,7 @@
 // The start of the program, from the splash window to the first map.
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <memory>
 

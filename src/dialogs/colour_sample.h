@@ -3,7 +3,6 @@
 
 #include <QString>
 #include <QWidget>
-#include <functional>
 #include <vector>
 
 #include "data/reference_tables.h"

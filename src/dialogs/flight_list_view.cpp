@@ -1,6 +1,7 @@
 #include "dialogs/flight_list_view.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "data/counters.h"
 

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "data/random_source.h"
 #include "dialogs/finder_dialog.h"

@@ -1,6 +1,8 @@
 // The three dialogs of the help menu.
 #pragma once
 
+#include <filesystem>
+
 #include "dialogs/placed_dialog.h"
 
 namespace zerbal::dialogs {

@@ -1,6 +1,8 @@
 // Message boxes on the screen.
 #pragma once
 
+#include <string>
+
 #include "settings/message_boxes.h"
 
 namespace zerbal::dialogs {

@@ -5,6 +5,7 @@
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QToolButton>
+#include <algorithm>
 #include <set>
 
 #include "app_test.h"

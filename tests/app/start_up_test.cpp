@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <algorithm>
 #include <csignal>
 
 #include <sys/resource.h>

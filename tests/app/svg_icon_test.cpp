@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QPalette>
 #include <QSvgRenderer>
+#include <cmath>
 
 #include <gtest/gtest.h>
 

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <algorithm>
 
 #include "dialogs/dialog_fixture.h"
 #include "dialogs/number_edit.h"

@@ -1,5 +1,7 @@
 #include "dialogs/placed_dialog.h"
 
+#include <cmath>
+
 #include "dialogs/dialog_fixture.h"
 
 namespace zerbal::test {

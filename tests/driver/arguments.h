@@ -4,6 +4,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QString>
+#include <string>
 
 #include "failure.h"
 #include "script_line.h"

@@ -9,6 +9,8 @@
 #include <QMenu>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <algorithm>
+#include <vector>
 
 #include "controls.h"
 

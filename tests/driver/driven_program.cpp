@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <deque>
 #include <filesystem>
+#include <optional>
 
 #include "app/clock.h"
 #include "app/random_generator.h"

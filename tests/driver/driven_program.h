@@ -3,8 +3,9 @@
 #pragma once
 
 #include <QWidget>
+#include <cstdint>
 #include <memory>
-#include <optional>
+#include <vector>
 
 #include "app/program.h"
 #include "map/frm_map.h"

@@ -1,4 +1,6 @@
 // The driver's own promises: what it can tell apart, and that its expectations can fail.
+#include <algorithm>
+
 #include <gtest/gtest.h>
 
 #include "settings/profile_file.h"

@@ -2,7 +2,6 @@
 
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <cmath>
 #include <limits>
 #include <random>
 

@@ -4,6 +4,7 @@
 #include <QObject>
 #include <QTimer>
 #include <iosfwd>
+#include <string>
 #include <vector>
 
 #include "commands.h"

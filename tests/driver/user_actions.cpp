@@ -12,6 +12,7 @@
 #include <QMouseEvent>
 #include <QPointer>
 #include <QStyleOptionButton>
+#include <algorithm>
 
 #include "failure.h"
 

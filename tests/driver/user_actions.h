@@ -3,6 +3,7 @@
 
 #include <QString>
 #include <QWidget>
+#include <vector>
 
 namespace zerbal::drive {
 
