@@ -110,7 +110,7 @@ void WalkWithPairReader(benchmark::State& state) {
   const Database database = Database::Open(Files::Get().Points());
   const Recordset table = database.OpenTable("wcl");
   std::vector<LongPair> batch(1024);
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     PairReader reader(table, "Lon", "Lat");
     std::int64_t sum = 0;
     int rows = 0;
@@ -131,7 +131,7 @@ void WalkWithRecordset(benchmark::State& state) {
   const Database database = Database::Open(Files::Get().Points());
   Recordset table = database.OpenTable("wcl");
   const int lon = table.FieldIndex("Lon"), lat = table.FieldIndex("Lat");
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     std::int64_t sum = 0;
     for (table.MoveFirst(); !table.Eof(); table.MoveNext())
       sum += table.At(lon).AsLong() ^ table.At(lat).AsLong();
@@ -154,7 +154,7 @@ void WalkWithLibmdb(benchmark::State& state) {
   std::array<char, MDB_BIND_SIZE> lon = {}, lat = {};
   mdb_bind_column_by_name(table, const_cast<char*>("Lon"), lon.data(), nullptr);
   mdb_bind_column_by_name(table, const_cast<char*>("Lat"), lat.data(), nullptr);
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     mdb_rewind_table(table);
     std::int64_t sum = 0;
     int rows = 0;
@@ -176,7 +176,7 @@ void Seek(benchmark::State& state) {
   table.SetIndex("aprt");
   const std::vector<std::string>& codes = Files::Get().Codes();
   std::size_t i = 0;
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     table.Seek(codes[i]);
     if (table.NoMatch())
       state.SkipWithError("a code was not found");
@@ -188,14 +188,14 @@ BENCHMARK(Seek);
 
 void OpenDatabase(benchmark::State& state) {
   const std::string file = Files::Get().Airports();
-  for (auto _ : state)
+  for ([[maybe_unused]] auto _ : state)
     benchmark::DoNotOptimize(Database::Open(file));
 }
 BENCHMARK(OpenDatabase)->Unit(benchmark::kMicrosecond);
 
 void OpenTable(benchmark::State& state) {
   const Database database = Database::Open(Files::Get().Airports());
-  for (auto _ : state)
+  for ([[maybe_unused]] auto _ : state)
     benchmark::DoNotOptimize(database.OpenTable("allaprt"));
 }
 BENCHMARK(OpenTable)->Unit(benchmark::kMicrosecond);

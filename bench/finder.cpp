@@ -3,6 +3,9 @@
 #include <QApplication>
 #include <QListWidget>
 #include <QMainWindow>
+#include <optional>
+#include <string>
+#include <vector>
 
 #include <benchmark/benchmark.h>
 
@@ -60,7 +63,7 @@ void OpenSelection(benchmark::State& state) {
   data::FlightFinderState finder;
   std::vector<std::string> selected;
   const dialogs::Placement placement{mainWindow, ini, flags};
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     dialogs::frmSeleFlit dialog(
         placement, {schedule.services, *schedule.flit, *schedule.dest, finder, selected, schedule.boxes});
     dialog.show();
@@ -77,7 +80,7 @@ void SelectAllAndHandOver(benchmark::State& state) {
   view.SetFlights(list.lines, list.keys);
   lines.setSelectionMode(QAbstractItemView::ExtendedSelection);
   std::vector<std::string> selected;
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     view.SelectAll(true);
     view.HandOver(selected, schedule.boxes);
   }
@@ -86,7 +89,7 @@ BENCHMARK(SelectAllAndHandOver)->Unit(benchmark::kMillisecond);
 
 void FillItemWidgets(benchmark::State& state) {
   const data::FlightList list = data::FlightsOfService(Schedule().Source(), 0, false);
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     QListWidget widget;
     for (const std::string& line : list.lines)
       widget.addItem(QString::fromStdString(line));

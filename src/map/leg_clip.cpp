@@ -14,11 +14,11 @@ float Interpolate(float at, float begin, float end, float from, float to) {
 
 /// Moves an outside end onto one bound that it lies beyond: latitudes before longitudes.
 void MoveOntoBound(const Viewport& view, unsigned code, LonLat& end, const LonLat& other) {
-  if (code & (kBeyondUpperLat | kBeyondLowerLat)) {
-    const float bound = code & kBeyondUpperLat ? view.MapLatMax : view.MapLatMin;
+  if ((code & (kBeyondUpperLat | kBeyondLowerLat)) != 0) {
+    const float bound = (code & kBeyondUpperLat) != 0 ? view.MapLatMax : view.MapLatMin;
     end = {Interpolate(bound, end.lat, other.lat, end.lon, other.lon), bound};
   } else {
-    const float bound = code & kEastOfView ? view.MapLonMax : view.MapLonMin;
+    const float bound = (code & kEastOfView) != 0 ? view.MapLonMax : view.MapLonMin;
     end = {bound, Interpolate(bound, end.lon, other.lon, end.lat, other.lat)};
   }
 }

@@ -5,6 +5,7 @@
 #include <bit>
 #include <cmath>
 #include <cstdlib>
+#include <span>
 
 namespace zerbal::map {
 namespace {
@@ -66,6 +67,69 @@ class Cover {
 
   Lanes background_;
   Lanes colour_;
+};
+
+/// A line drawn as a bar with soft edges, half a pixel longer at both ends.
+class Bar {
+ public:
+  Bar(PixelCanvas::Spot from, PixelCanvas::Spot to, double width)
+      : middle_{(from.x + to.x) / 2, (from.y + to.y) / 2}, reachAside_(width / 2) {
+    const double dx = to.x - from.x;
+    const double dy = to.y - from.y;
+    const double length = std::hypot(dx, dy);
+    if (length > 0) {
+      ux_ = dx / length;
+      uy_ = dy / length;
+    }
+    reachAlong_ = length / 2 + 0.5;
+  }
+
+  /// Left and top are included, right and bottom are not.
+  struct Pixels {
+    int left, top, right, bottom;
+  };
+  /// What it can touch of a picture.
+  Pixels Within(int width, int height) const {
+    // Half the extent of the slanted bar on both axes, with its soft edge.
+    const double halfWidth = std::abs(ux_) * (reachAlong_ + 1) + std::abs(uy_) * (reachAside_ + 1);
+    const double halfHeight = std::abs(uy_) * (reachAlong_ + 1) + std::abs(ux_) * (reachAside_ + 1);
+    const auto first = [](double value) { return static_cast<int>(std::max(value, 0.0)); };
+    const auto past = [](double value, int limit) {
+      return static_cast<int>(std::clamp<double>(value, 0, limit));
+    };
+    return {first(middle_.x - halfWidth), first(middle_.y - halfHeight),
+            past(middle_.x + halfWidth + 1, width), past(middle_.y + halfHeight + 1, height)};
+  }
+
+  /// How much it covers of the pixels of row `y` from column `left` on.
+  void CoverRow(int left, int y, std::span<std::uint8_t> row) const {
+    // How far beyond the bar's edges a pixel's middle is, plus half a pixel: 0 and less is outside, 1 and
+    // more inside. Both change by a fixed step from one pixel to the next.
+    const auto stepAlong = static_cast<float>(ux_);
+    const auto stepAside = static_cast<float>(uy_);
+    const auto edgeAlong = static_cast<float>(reachAlong_ + 0.5);
+    const auto edgeAside = static_cast<float>(reachAside_ + 0.5);
+    const double px = left + 0.5 - middle_.x;
+    const double py = y + 0.5 - middle_.y;
+    auto along = static_cast<float>(px * ux_ + py * uy_);
+    auto aside = static_cast<float>(px * uy_ - py * ux_);
+    for (std::uint8_t& coverage : row) {
+      const float insideAlong = std::clamp(edgeAlong - std::abs(along), 0.0F, 1.0F);
+      const float insideAside = std::clamp(edgeAside - std::abs(aside), 0.0F, 1.0F);
+      coverage = static_cast<std::uint8_t>(std::lround(insideAlong * insideAside * 255));
+      along += stepAlong;
+      aside += stepAside;
+    }
+  }
+
+ private:
+  PixelCanvas::Spot middle_;
+  // Unit vector along the line; a line without length lies flat.
+  double ux_ = 1;
+  double uy_ = 0;
+  // Half its length and half its width.
+  double reachAlong_ = 0;
+  double reachAside_ = 0;
 };
 
 }  // namespace
@@ -136,49 +200,15 @@ void PixelCanvas::Line(Point from, Point to, std::uint32_t pixel, int width) {
 }
 
 void PixelCanvas::SmoothLine(Spot from, Spot to, std::uint32_t pixel, double width) {
-  const double dx = to.x - from.x;
-  const double dy = to.y - from.y;
-  const double length = std::hypot(dx, dy);
-  // Unit vector along the line; a line without length lies flat.
-  const double ux = length > 0 ? dx / length : 1;
-  const double uy = length > 0 ? dy / length : 0;
-  const Spot middle{(from.x + to.x) / 2, (from.y + to.y) / 2};
-  const double reachAlong = length / 2 + 0.5;
-  const double reachAside = width / 2;
-  // Half the extent of the slanted bar on both axes, with its soft edge.
-  const double halfWidth = std::abs(ux) * (reachAlong + 1) + std::abs(uy) * (reachAside + 1);
-  const double halfHeight = std::abs(uy) * (reachAlong + 1) + std::abs(ux) * (reachAside + 1);
-  const auto first = [](double value) { return static_cast<int>(std::max(value, 0.0)); };
-  const auto past = [](double value, int limit) {
-    return static_cast<int>(std::clamp<double>(value, 0, limit));
-  };
-  const int top = first(middle.y - halfHeight);
-  const int bottom = past(middle.y + halfHeight + 1, height_);
-  const int left = first(middle.x - halfWidth);
-  const int right = past(middle.x + halfWidth + 1, width_);
-  // How far beyond the bar's edges a pixel's middle is, plus half a pixel: 0 and less is outside, 1 and more
-  // inside. Both change by a fixed step from one pixel to the next.
-  const auto stepAlong = static_cast<float>(ux);
-  const auto stepAside = static_cast<float>(uy);
-  const auto edgeAlong = static_cast<float>(reachAlong + 0.5);
-  const auto edgeAside = static_cast<float>(reachAside + 0.5);
-  if (right <= left)
+  const Bar bar(from, to, width);
+  const Bar::Pixels around = bar.Within(width_, height_);
+  if (around.right <= around.left)
     return;
   const Cover cover(background_, pixel);
-  coverage_.resize(static_cast<std::size_t>(right - left));
-  for (int y = top; y < bottom; ++y) {
-    const double px = left + 0.5 - middle.x;
-    const double py = y + 0.5 - middle.y;
-    auto along = static_cast<float>(px * ux + py * uy);
-    auto aside = static_cast<float>(px * uy - py * ux);
-    for (std::uint8_t& coverage : coverage_) {
-      const float insideAlong = std::clamp(edgeAlong - std::abs(along), 0.0F, 1.0F);
-      const float insideAside = std::clamp(edgeAside - std::abs(aside), 0.0F, 1.0F);
-      coverage = static_cast<std::uint8_t>(std::lround(insideAlong * insideAside * 255));
-      along += stepAlong;
-      aside += stepAside;
-    }
-    cover.Row(pixels_ + y * stride_ + left, coverage_.data(), right - left);
+  coverage_.resize(static_cast<std::size_t>(around.right - around.left));
+  for (int y = around.top; y < around.bottom; ++y) {
+    bar.CoverRow(around.left, y, coverage_);
+    cover.Row(pixels_ + y * stride_ + around.left, coverage_.data(), around.right - around.left);
   }
 }
 
