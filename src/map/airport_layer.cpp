@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <exception>
 #include <optional>
+#include <string_view>
 
 #include "jet/error.h"
 

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 #include "data/reference_tables.h"
 #include "jet/recordset.h"

@@ -1,6 +1,8 @@
 // Cutting lines off at a rectangle, however far away their ends are.
 #pragma once
 
+#include <cstdint>
+
 #include "map/surface.h"
 
 namespace zerbal::map {

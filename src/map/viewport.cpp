@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "map/position_text.h"
 #include "settings/rounding.h"
 
 namespace zerbal::map {

@@ -10,7 +10,6 @@
 #include <vector>
 
 #include "data/reference_tables.h"
-#include "map/position_text.h"
 #include "map/surface.h"
 
 namespace zerbal::map {

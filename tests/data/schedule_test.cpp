@@ -1,5 +1,6 @@
 #include "data/schedule.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
