@@ -1,7 +1,6 @@
 // The sample data itself: whole, consistent, and rich enough to try every feature of the program on.
 #include <cmath>
 #include <cstdint>
-#include <filesystem>
 #include <map>
 #include <set>
 #include <sstream>
@@ -12,12 +11,13 @@
 
 #include <gtest/gtest.h>
 
+#include "pack/pack_fixture.h"
 #include "zerbal-pack/airline.h"
 
 namespace zerbal::pack {
 namespace {
 
-const std::filesystem::path kPack = std::filesystem::path(ZERBAL_SOURCE_DIR) / "pack";
+using test::kPackFolder;
 
 struct Route {
   std::string service;
@@ -29,10 +29,11 @@ class PackContent : public testing::Test {
  protected:
   static void SetUpTestSuite() {
     Problems problems;
-    schedule = new Schedule(
-        ReadSchedule({kPack / "services.csv", kPack / "destinations.csv", kPack / "flights.csv"}, problems));
-    program = new ProgramData(ReadProgramData(kPack, problems));
-    airports = new CsvTable(ReadAirports(kPack / "airports.csv", problems));
+    schedule = new Schedule(ReadSchedule(
+        {kPackFolder / "services.csv", kPackFolder / "destinations.csv", kPackFolder / "flights.csv"},
+        problems));
+    program = new ProgramData(ReadProgramData(kPackFolder, problems));
+    airports = new CsvTable(ReadAirports(kPackFolder / "airports.csv", problems));
     std::ostringstream text;
     problems.Print(text);
     faults = new std::string(text.str());
