@@ -56,7 +56,7 @@ const data::Region& FindRegion(const data::RegionTable& regions, const std::stri
 std::string FindDestination(jet::Recordset& dest, const std::string& wanted) {
   QStringList codes;
   for (dest.MoveFirst(); !dest.Eof(); dest.MoveNext()) {
-    const std::string code = dest["AP"].AsText();
+    std::string code = dest["AP"].AsText();
     if (SameName(code, wanted))
       return code;
     codes.append(QString::fromStdString(code));
