@@ -43,7 +43,7 @@ Life::Life(std::uint32_t seed, int actions, settings::MessageBoxes& boxes)
   connect(&next_, &QTimer::timeout, this, &Life::Step);
 }
 
-LifeEnd Life::Run(app::Application& application, const ErrorWatch& watch) {
+LifeEnd Life::Run(const ErrorWatch& watch) {
   QTimer first;
   first.setSingleShot(true);
   connect(&first, &QTimer::timeout, this, &Life::Start);
@@ -51,7 +51,7 @@ LifeEnd Life::Run(app::Application& application, const ErrorWatch& watch) {
   const int status = QApplication::exec();
   ended_ = true;
   next_.stop();
-  if (application.Failed())
+  if (watch.End() != kClosed)
     return watch.End();
   if (refused_)
     return kRefused;

@@ -7,7 +7,6 @@
 #include <cstdint>
 #include <vector>
 
-#include "app/application.h"
 #include "app/clock.h"
 #include "app/start_up.h"
 #include "hands.h"
@@ -29,6 +28,7 @@ class ErrorWatch final : public settings::MessageBoxes {
  public:
   explicit ErrorWatch(settings::MessageBoxes& boxes) : boxes_(boxes) {}
   void Show(settings::BoxIcon icon, const std::string& text) override;
+  /// kClosed when there was none.
   LifeEnd End() const { return end_; }
 
  private:
@@ -43,7 +43,7 @@ class Life final : public QObject {
   /// Acts `actions` times, then closes the program as a user does.
   Life(std::uint32_t seed, int actions, settings::MessageBoxes& boxes);
   /// In an event loop of its own.
-  LifeEnd Run(app::Application& application, const ErrorWatch& watch);
+  LifeEnd Run(const ErrorWatch& watch);
 
  private:
   void Start();

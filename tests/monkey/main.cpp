@@ -11,6 +11,7 @@
 #include <limits>
 #include <string_view>
 
+#include "app/application.h"
 #include "dialogs/qt_message_boxes.h"
 #include "life.h"
 #include "lives.h"
@@ -33,7 +34,7 @@ int LiveOnce(int argc, char** argv, std::uint32_t seed, int actions) {
   // Nothing that happens may hang on how fast it does: what a click or a letter means never ends by time.
   QApplication::setDoubleClickInterval(0);
   QApplication::setKeyboardInputInterval(std::numeric_limits<int>::max());
-  return monkey::Life(seed, actions, boxes).Run(application, watch);
+  return monkey::Life(seed, actions, boxes).Run(watch);
 }
 
 int SoakOnce(int argc, char** argv, int redraws, int dialogs) {

@@ -83,7 +83,7 @@ void Misfortune::SpoilPage(std::fstream& file, int size) {
   if (contents == 1) {
     bytes = AnyBytes(kPageSize);
   } else if (contents == 2) {
-    file.seekg(choice_.Below(pages) * kPageSize);
+    file.seekg(std::streamoff{kPageSize} * choice_.Below(pages));
     file.read(bytes.data(), kPageSize);
     file.clear();
   }
