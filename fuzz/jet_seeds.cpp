@@ -1,5 +1,6 @@
 // Writes the first inputs of the database fuzzer into the folder given: small files of both formats with
 // every kind of structure in them.
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -107,7 +108,7 @@ void AddIndexed(JetFile& file) {
 void AddPairs(JetFile& file) {
   TestTable table(file, "Pairs",
                   {{"Lon", ColumnType::kLong, 0, true, 0, 4}, {"Lat", ColumnType::kLong, 1, true, 4, 4}});
-  for (std::uint32_t i = 0; i < 20; ++i)
+  for (std::uint64_t i = 0; i < 20; ++i)
     table.Add({Le(i * 1000, 4), Le(i * 500, 4)});
   table.ownedPages = file.AddReferenceMap(table.DataPages());
   table.Finish();

@@ -1,6 +1,8 @@
 // The catalog and table definitions, whole and damaged.
 #include "jet/database.h"
 
+#include <cstdint>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -115,7 +117,7 @@ TEST_P(DatabaseTest, JoinsDefinitionsOfSeveralPages) {
     columns.push_back({"AColumnWithALongName" + std::to_string(i), ColumnType::kLong, i, true, 4 * i, 4});
   TestTable big(file, "Big", columns);
   std::vector<Cell> cells;
-  for (unsigned i = 0; i < 200; ++i)
+  for (std::uint64_t i = 0; i < 200; ++i)
     cells.push_back(Le(i * 3, 4));
   big.Add(cells);
   big.Finish();
