@@ -37,8 +37,6 @@ class Application final : public QApplication {
     }
   }
 
-  /// Whether an error has ended the program.
-  bool Failed() const { return failed_; }
   /// Handles events until the program ends; at once when an error has ended it before. The exit status.
   int Run() { return failed_ ? kErrorStatus : exec(); }
 

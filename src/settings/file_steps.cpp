@@ -59,8 +59,9 @@ namespace {
 
 constexpr mode_t kAnyWrite = S_IWUSR | S_IWGRP | S_IWOTH;
 constexpr mode_t kPermissions = 07777;
-/// How long a writer waits for its turn before it goes on without: another program must not hold us up.
-constexpr std::chrono::milliseconds kLockPatience{1000};
+/// How long a writer waits for its turn before it goes on without: a stopped program must not stop others for
+/// ever, but one on a busy machine or a slow disk must not lose what the other wrote.
+constexpr std::chrono::seconds kLockPatience{5};
 constexpr int kTemporaryNameTries = 100;
 constexpr int kMaxLinks = 40;
 

@@ -11,9 +11,10 @@
 
 #include "controls.h"
 #include "driven_program.h"
+#include "support/sanitizer.h"
 #include "world.h"
 
-#if defined(__SANITIZE_ADDRESS__)
+#if ZERBAL_ADDRESS_SANITIZER
 // The sanitizer's own count; not every compiler has a header for it.
 extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
 #endif
@@ -23,7 +24,7 @@ namespace {
 
 /// What middle and end may differ by: texts of other lengths, a table of glyphs that was doubled.
 constexpr long kHeapSlack = 64L * 1024;
-#if !defined(__SANITIZE_ADDRESS__)
+#if !ZERBAL_ADDRESS_SANITIZER
 constexpr long kResidentSlack = 8L * 1024 * 1024;
 #endif
 
@@ -44,7 +45,7 @@ struct Holding {
 
 Holding Present() {
   Holding holding;
-#if defined(__SANITIZE_ADDRESS__)
+#if ZERBAL_ADDRESS_SANITIZER
   holding.heap = static_cast<long>(__sanitizer_get_current_allocated_bytes());
 #else
   const struct mallinfo2 info = mallinfo2();
@@ -110,8 +111,7 @@ class Session {
 
 bool Grew(const Holding& start, const Holding& middle, const Holding& end) {
   bool grew = end.heap - middle.heap > kHeapSlack || end.descriptors > start.descriptors;
-#if !defined(__SANITIZE_ADDRESS__)
-  // A sanitizer keeps freed memory for a while.
+#if !ZERBAL_ADDRESS_SANITIZER
   grew = grew || end.resident - middle.resident > kResidentSlack;
 #endif
   return grew;
