@@ -49,10 +49,7 @@ data::DataFiles FilesOf(const fs::path& folder) {
 struct World {
   explicit World(const data::DataFiles& files) : databases(data::OpenDatabases(files)) {
     ThrowingBoxes boxes;
-    tables.bands = data::BuildGridBands();
-    data::LoadColours(files.zbldata, tables.colours, boxes);
-    data::LoadFonts(files.zbldata, tables.fonts, boxes);
-    data::LoadFlightServices(databases.fsrv, tables.services, boxes);
+    data::LoadReferenceTables(files.zbldata, databases.fsrv, tables, boxes);
     viewport.SetSize(kWidth * map::kTwipsPerPixel, kHeight * map::kTwipsPerPixel);
   }
 

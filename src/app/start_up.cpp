@@ -94,14 +94,8 @@ bool Main::FindFiles() {
 }
 
 bool Main::LoadTables() {
-  data::ReferenceTables& tables = program_.tables;
-  settings::MessageBoxes& boxes = program_.environment.boxes;
-  const std::filesystem::path& zbldata = program_.files.zbldata;
-  tables.bands = data::BuildGridBands();
-  if (!data::LoadColours(zbldata, tables.colours, boxes) || !data::LoadFonts(zbldata, tables.fonts, boxes))
-    return false;
-  data::LoadRegions(zbldata, tables.regions);
-  return data::LoadFlightServices(program_.databases->fsrv, tables.services, boxes);
+  return data::LoadReferenceTables(program_.files.zbldata, program_.databases->fsrv, program_.tables,
+                                   program_.environment.boxes);
 }
 
 void Main::LoadMainWindow() {
@@ -129,12 +123,7 @@ bool Main::ReadSettings() {
 }
 
 void Main::SetWorldView() {
-  const data::Region& world = program_.tables.regions.rows.front();
-  map::Viewport& viewport = program_.viewport;
-  viewport.ReqLonMin = static_cast<float>(world.fromLon);
-  viewport.ReqLatMin = static_cast<float>(world.fromLat);
-  viewport.ReqLonMax = static_cast<float>(world.toLon);
-  viewport.ReqLatMax = static_cast<float>(world.toLat);
+  program_.viewport.SelectRegion(program_.tables.regions.rows.front());
 }
 
 void Main::ResetRunState() {

@@ -96,4 +96,13 @@ bool LoadFlightServices(jet::Recordset& fsrv, FlightServiceTable& services, sett
   return true;
 }
 
+bool LoadReferenceTables(const std::filesystem::path& zbldata, jet::Recordset& fsrv, ReferenceTables& tables,
+                         settings::MessageBoxes& boxes) {
+  tables.bands = BuildGridBands();
+  if (!LoadColours(zbldata, tables.colours, boxes) || !LoadFonts(zbldata, tables.fonts, boxes))
+    return false;
+  LoadRegions(zbldata, tables.regions);
+  return LoadFlightServices(fsrv, tables.services, boxes);
+}
+
 }  // namespace zerbal::data

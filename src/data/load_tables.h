@@ -31,4 +31,9 @@ void LoadRegions(const std::filesystem::path& zbldata, RegionTable& regions);
 /// Throws jet::ConversionError for a colour component outside 0..255, OverflowError beyond 32767 services.
 bool LoadFlightServices(jet::Recordset& fsrv, FlightServiceTable& services, settings::MessageBoxes& boxes);
 
+/// Fills the whole of `tables`: the grid's bands, and the tables above in their order. False as soon as one
+/// of them has shown a box.
+bool LoadReferenceTables(const std::filesystem::path& zbldata, jet::Recordset& fsrv, ReferenceTables& tables,
+                         settings::MessageBoxes& boxes);
+
 }  // namespace zerbal::data

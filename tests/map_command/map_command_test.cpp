@@ -51,15 +51,12 @@ class MapWindow {
   explicit MapWindow(const fs::path& folder)
       : files_(data::FindDataFiles(folder).files),
         databases_(data::OpenDatabases(files_)),
-        viewport_((tables_.bands = data::BuildGridBands(), tables_.bands)) {
-    data::LoadColours(files_.zbldata, tables_.colours, boxes_);
-    data::LoadFonts(files_.zbldata, tables_.fonts, boxes_);
+        viewport_(tables_.bands) {
+    data::LoadReferenceTables(files_.zbldata, databases_.fsrv, tables_, boxes_);
     const std::vector<std::string> none;
     data::CheckFonts(tables_.fonts, none);
-    data::LoadRegions(files_.zbldata, tables_.regions);
     tables_.regions.centreWorld = "1";
     tables_.regions.ComputeWorldRow();
-    data::LoadFlightServices(databases_.fsrv, tables_.services, boxes_);
   }
 
   QImage Show(const data::Region& view, QSize size) {

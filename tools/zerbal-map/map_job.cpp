@@ -87,11 +87,7 @@ void MapJob::LoadTables() {
     throw NotFound(missing.front().string());
   databases_ = data::OpenDatabases(files);
   ThrowingBoxes boxes;
-  tables_.bands = data::BuildGridBands();
-  data::LoadColours(files.zbldata, tables_.colours, boxes);
-  data::LoadFonts(files.zbldata, tables_.fonts, boxes);
-  data::LoadRegions(files.zbldata, tables_.regions);
-  data::LoadFlightServices(databases_->fsrv, tables_.services, boxes);
+  data::LoadReferenceTables(files.zbldata, databases_->fsrv, tables_, boxes);
 }
 
 void MapJob::ReadSettings() {
