@@ -20,7 +20,7 @@ struct PieceEnd {
   MapPoint point;
   std::int32_t group = 0;
   std::size_t end = 0;
-  auto operator<=>(const PieceEnd&) const = default;
+  auto operator<=>(const PieceEnd&) const = default;  // NOLINT(modernize-use-nullptr)
 };
 
 std::size_t OtherEnd(std::size_t end) {
@@ -104,7 +104,7 @@ struct SegmentPlace {
   MapPoint low;  // the segment's ends, the smaller first
   MapPoint high;
   std::size_t number = 0;  // in the order of all pieces
-  auto operator<=>(const SegmentPlace&) const = default;
+  auto operator<=>(const SegmentPlace&) const = default;  // NOLINT(modernize-use-nullptr)
 };
 
 std::vector<bool> FindRepeats(const std::vector<MapPiece>& pieces, bool& any) {

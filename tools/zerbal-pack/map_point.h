@@ -17,7 +17,7 @@ inline constexpr std::int32_t kPenUp = -kDegree;             ///< this `Lon` end
 struct MapPoint {
   std::int32_t lon = 0;
   std::int32_t lat = 0;
-  auto operator<=>(const MapPoint&) const = default;
+  auto operator<=>(const MapPoint&) const = default;  // NOLINT(modernize-use-nullptr)
 };
 
 using MapLine = std::vector<MapPoint>;
