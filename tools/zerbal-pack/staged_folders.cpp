@@ -51,7 +51,7 @@ void Exchange(const fs::path& a, const fs::path& b) {
 
 }  // namespace
 
-StagedFolders::StagedFolders(fs::path target, std::vector<std::string> names)
+StagedFolders::StagedFolders(const fs::path& target, std::vector<std::string> names)
     : target_(fs::absolute(target).lexically_normal()), names_(std::move(names)) {
   if (target_.filename().empty())
     target_ = target_.parent_path();

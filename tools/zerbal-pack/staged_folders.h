@@ -12,7 +12,7 @@ namespace zerbal::pack {
 /// before. Failures are std::filesystem::filesystem_error.
 class StagedFolders {
  public:
-  StagedFolders(std::filesystem::path target, std::vector<std::string> names);
+  StagedFolders(const std::filesystem::path& target, std::vector<std::string> names);
   ~StagedFolders();
   StagedFolders(const StagedFolders&) = delete;
   StagedFolders& operator=(const StagedFolders&) = delete;
