@@ -103,7 +103,7 @@ MapLine FollowChain(std::vector<MapPiece>& pieces, const std::vector<std::size_t
 struct SegmentPlace {
   MapPoint low;  // the segment's ends, the smaller first
   MapPoint high;
-  std::size_t number = 0;  // in the order of all pieces
+  std::size_t number = 0;                                 // in the order of all pieces
   auto operator<=>(const SegmentPlace&) const = default;  // NOLINT(modernize-use-nullptr)
 };
 
