@@ -1,8 +1,6 @@
 #include "jet/index_writer.h"
 
 #include <algorithm>
-#include <array>
-#include <cstring>
 #include <utility>
 
 #include "jet/page_bytes.h"
@@ -12,15 +10,9 @@ namespace {
 
 using Bytes = std::span<const std::uint8_t>;
 
-constexpr std::size_t kPointer = 4;  // bytes behind the key: page and row, or the page of a child
 constexpr std::size_t kMask = 0x1B;
 constexpr std::size_t kEntries = 0x1E0;
 constexpr std::size_t kCapacity = kPageSize - kEntries;
-
-std::array<std::uint8_t, kPointer> BigEndian(std::uint32_t value) {
-  return {static_cast<std::uint8_t>(value >> 24), static_cast<std::uint8_t>(value >> 16 & 0xFF),
-          static_cast<std::uint8_t>(value >> 8 & 0xFF), static_cast<std::uint8_t>(value & 0xFF)};
-}
 
 // A page of the tree: the entries below it that it names, by their numbers in the order of the index.
 struct Node {
@@ -113,7 +105,7 @@ class Tree {
       }
       parents.back().end = child + 1;
       parents.back().lastEntry = below_[child].lastEntry;
-      used += keys_.Entry(below_[child].lastEntry).size() + kPointer;
+      used += keys_.Entry(below_[child].lastEntry).size() + kEntryPointer;
     }
     if (parents.size() > 1 && parents.back().end - parents.back().first == 1)
       LendChild(parents[parents.size() - 2], parents.back());
@@ -151,41 +143,6 @@ class Tree {
 };
 
 }  // namespace
-
-void IndexKeys::Add(Bytes key, std::uint32_t page, std::uint8_t row, std::uint32_t ordinal) {
-  Place place{0, bytes_.size(), static_cast<std::uint32_t>(key.size() + kPointer), ordinal};
-  bytes_.insert(bytes_.end(), key.begin(), key.end());
-  const auto pointer = BigEndian(page << 8 | row);
-  bytes_.insert(bytes_.end(), pointer.begin(), pointer.end());
-  for (std::size_t i = 0; i < sizeof(place.prefix); ++i)
-    place.prefix = place.prefix << 8 | (i < place.length ? bytes_[place.start + i] : 0);
-  entries_.push_back(place);
-}
-
-bool IndexKeys::Less(const Place& a, const Place& b) const {
-  if (a.prefix != b.prefix)
-    return a.prefix < b.prefix;
-  const int order =
-      std::memcmp(bytes_.data() + a.start, bytes_.data() + b.start, std::min(a.length, b.length));
-  return order != 0 ? order < 0 : a.length < b.length;
-}
-
-void IndexKeys::Sort() {
-  std::ranges::sort(entries_, [this](const Place& a, const Place& b) { return Less(a, b); });
-}
-
-bool IndexKeys::RepeatsKey(std::size_t i) const {
-  if (i == 0 || entries_[i].length != entries_[i - 1].length)
-    return false;
-  return std::memcmp(Entry(i).data(), Entry(i - 1).data(), entries_[i].length - kPointer) == 0;
-}
-
-std::uint32_t IndexKeys::DistinctKeys() const {
-  std::uint32_t distinct = 0;
-  for (std::size_t i = 0; i < entries_.size(); ++i)
-    distinct += RepeatsKey(i) ? 0 : 1;
-  return distinct;
-}
 
 PageList WriteIndexTree(OutputFile& file, const IndexKeys& keys, std::uint32_t root, std::uint32_t owner) {
   return Tree(file, keys, root, owner).Write();

@@ -1,50 +1,13 @@
-// The keys of one index, collected row by row, and the tree of pages made of them.
+// The tree of pages made of the keys of an index.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
-#include <span>
-#include <vector>
 
+#include "jet/index_keys.h"
 #include "jet/output_file.h"
 #include "jet/usage_map_writer.h"
 
 namespace zerbal::jet {
-
-/// Collects keys with the places of their rows; all in memory, some 24 bytes an entry and its key.
-class IndexKeys {
- public:
-  /// The longest key; so at least two entries fit on every page.
-  static constexpr std::size_t kMaxKey = 1800;
-
-  /// `ordinal` is the row's number for messages. The key must not be longer than kMaxKey.
-  void Add(std::span<const std::uint8_t> key, std::uint32_t page, std::uint8_t row, std::uint32_t ordinal);
-
-  /// Brings the entries into the order of the index. Must precede everything below.
-  void Sort();
-
-  std::size_t Count() const { return entries_.size(); }
-  /// The bytes of an entry as a leaf holds them: key, page, row.
-  std::span<const std::uint8_t> Entry(std::size_t i) const {
-    return {bytes_.data() + entries_[i].start, entries_[i].length};
-  }
-  std::uint32_t Ordinal(std::size_t i) const { return entries_[i].ordinal; }
-  /// Whether the entry has the same key as the one before it.
-  bool RepeatsKey(std::size_t i) const;
-  std::uint32_t DistinctKeys() const;
-
- private:
-  struct Place {
-    std::uint64_t prefix;  ///< the first eight bytes, so that most comparisons need not look further
-    std::uint64_t start;
-    std::uint32_t length;
-    std::uint32_t ordinal;
-  };
-  bool Less(const Place& a, const Place& b) const;
-
-  std::vector<std::uint8_t> bytes_;
-  std::vector<Place> entries_;
-};
 
 /// Writes the tree with its root on page `root`, for the table whose definition is on page `owner`, and
 /// returns all its pages. Entries stand in full on their pages: compressing common prefixes would save little

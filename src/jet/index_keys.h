@@ -1,0 +1,55 @@
+// The keys of one index, collected row by row and brought into the order of the index.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace zerbal::jet {
+
+inline constexpr std::size_t kEntryPointer = 4;  ///< bytes behind an entry's key: page and row
+
+/// Such a pointer, and that to a child, as entries hold them.
+inline std::array<std::uint8_t, kEntryPointer> BigEndian(std::uint32_t value) {
+  return {static_cast<std::uint8_t>(value >> 24), static_cast<std::uint8_t>(value >> 16 & 0xFF),
+          static_cast<std::uint8_t>(value >> 8 & 0xFF), static_cast<std::uint8_t>(value & 0xFF)};
+}
+
+/// Collects keys with the places of their rows; all in memory, some 24 bytes an entry and its key.
+class IndexKeys {
+ public:
+  /// The longest key that a tree takes; so at least two entries fit on every page.
+  static constexpr std::size_t kMaxKey = 1800;
+
+  /// `ordinal` is the row's number for messages.
+  void Add(std::span<const std::uint8_t> key, std::uint32_t page, std::uint8_t row, std::uint32_t ordinal);
+
+  /// Brings the entries into the order of the index. Must precede everything below.
+  void Sort();
+
+  std::size_t Count() const { return entries_.size(); }
+  /// The bytes of an entry as a leaf holds them: key, page, row.
+  std::span<const std::uint8_t> Entry(std::size_t i) const {
+    return {bytes_.data() + entries_[i].start, entries_[i].length};
+  }
+  std::uint32_t Ordinal(std::size_t i) const { return entries_[i].ordinal; }
+  /// Whether the entry has the same key as the one before it.
+  bool RepeatsKey(std::size_t i) const;
+  std::uint32_t DistinctKeys() const;
+
+ private:
+  struct Place {
+    std::uint64_t prefix;  ///< the first eight bytes, so that most comparisons need not look further
+    std::uint64_t start;
+    std::uint32_t length;
+    std::uint32_t ordinal;
+  };
+  bool Less(const Place& a, const Place& b) const;
+
+  std::vector<std::uint8_t> bytes_;
+  std::vector<Place> entries_;
+};
+
+}  // namespace zerbal::jet
