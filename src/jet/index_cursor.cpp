@@ -44,6 +44,16 @@ IndexPage IndexCursor::FirstLeaf() {
   return page;
 }
 
+IndexPage IndexCursor::LastLeaf() {
+  IndexPage page = Load(rootPage_);
+  for (int depth = 0; !page.IsLeaf(); ++depth) {
+    if (depth == kDeepest)
+      ThrowTooDeep();
+    page = Child(page, page.End());
+  }
+  return page;
+}
+
 IndexPage IndexCursor::LeafFor(std::span<const std::uint8_t> key) {
   IndexPage page = Load(rootPage_);
   for (int depth = 0; !page.IsLeaf(); ++depth) {
@@ -60,8 +70,10 @@ bool IndexCursor::Neighbour(IndexPage& leaf, bool forward) {
   IndexPage page = leaf;
   for (std::uint32_t steps = 0; steps < pages_->PageCount(); ++steps) {
     const std::uint32_t number = forward ? page.NextPage() : page.PreviousPage();
-    if (number == 0)
+    if (number == 0) {
+      CheckEnd(page, forward);
       return false;
+    }
     const IndexPage next = Load(number);
     if (!next.IsLeaf() || (forward ? next.PreviousPage() : next.NextPage()) != page.Number())
       throw Damage("the leaf pages of an index are not properly linked");
@@ -78,6 +90,18 @@ bool IndexCursor::Neighbour(IndexPage& leaf, bool forward) {
     return true;
   }
   ThrowTooDeep();
+}
+
+/// The chain of leaves may end with the last (first) one that the tree names or one behind (before) it. A
+/// chain that has been torn ends earlier.
+void IndexCursor::CheckEnd(const IndexPage& end, bool forward) {
+  IndexPage page = forward ? LastLeaf() : FirstLeaf();
+  for (std::uint32_t steps = 0; page.Number() != end.Number(); ++steps) {
+    const std::uint32_t number = forward ? page.NextPage() : page.PreviousPage();
+    if (number == 0 || steps == pages_->PageCount())
+      throw Damage("the chain of an index's leaf pages is torn");
+    page = Load(number);
+  }
 }
 
 void IndexCursor::StandOn(const IndexPage& page, unsigned entry) {

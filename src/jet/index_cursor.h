@@ -41,8 +41,10 @@ class IndexCursor {
   IndexPage Load(std::uint32_t number);
   IndexPage Child(const IndexPage& node, unsigned entry);
   IndexPage FirstLeaf();
+  IndexPage LastLeaf();
   IndexPage LeafFor(std::span<const std::uint8_t> key);
   bool Neighbour(IndexPage& leaf, bool forward);
+  void CheckEnd(const IndexPage& end, bool forward);
   void StandOn(const IndexPage& page, unsigned entry);
 
   const FilePages* pages_ = nullptr;

@@ -203,6 +203,20 @@ TEST_P(IndexCursorTest, RefusesWrongLinks) {
   EXPECT_THAT(Failure(a), HasSubstr("linked"));
 }
 
+TEST_P(IndexCursorTest, NoticesATornChainOfLeaves) {
+  const std::uint32_t firstLeaf = file.PageCount();
+  const std::uint32_t root = AddIndexTree(file, kOwner, Numbered(50), 4, true);
+  const Bytes link = Le(file.Get(firstLeaf + 4, Links() + 4, 4), 4);
+  file.Put(firstLeaf + 4, Links() + 4, Le(0, 4));
+  EXPECT_THAT(Failure(root), HasSubstr("torn"));
+  EXPECT_FALSE(Cursor(root).MoveTo(Bytes{0x80}));  // the last leaf is where it should be
+  file.Put(firstLeaf + 4, Links() + 4, link);
+  file.Put(firstLeaf + 4, Links(), Le(0, 4));
+  IndexCursor cursor = Cursor(root);
+  ASSERT_TRUE(cursor.MoveTo(Bytes{0x7F} + Be(16, 4)));
+  EXPECT_THROW(while (cursor.MovePrevious()){}, Damage);
+}
+
 TEST_P(IndexCursorTest, RefusesEntriesOutOfOrder) {
   EXPECT_THAT(Failure(AddIndexPage(file, kOwner, true, {Entry("b", 1), Entry("a", 2)}, false)),
               HasSubstr("out of order"));
