@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <string>
 
 #include "jet/key_tables.h"
+#include "jet/text.h"
 
 namespace zerbal::jet {
 namespace {
@@ -227,6 +229,18 @@ void AppendBinaryKey(std::string_view bytes, bool ascending, Key& key) {
     if (more)
       key.push_back(kMoreGroups);
   }
+}
+
+void AppendFoldedTextKey(std::string_view text, bool ascending, Key& key) {
+  constexpr std::uint8_t kBehindWeights = 0xFE;
+  StartValue(ascending, key);
+  const std::size_t first = key.size();
+  const std::string folded = FoldCase(text.substr(0, text.find_last_not_of(' ') + 1));
+  key.push_back(kBehindWeights);
+  key.insert(key.end(), folded.begin(), folded.end());
+  key.push_back(0);
+  if (!ascending)
+    Complement(key, first);
 }
 
 void AppendNullKey(bool ascending, Key& key) {

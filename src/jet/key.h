@@ -22,6 +22,9 @@ void AppendTextKeyJet3(std::string_view bytes, bool ascending, std::vector<std::
 bool AppendFixedKey(ColumnType type, std::string_view bytes, bool ascending, std::vector<std::uint8_t>& key);
 
 void AppendBinaryKey(std::string_view bytes, bool ascending, std::vector<std::uint8_t>& key);
+/// A stand-in for the key of a text that has none that is known: stands behind all that have, ordered by the
+/// text (UTF-8) without regard to letter case and trailing blanks.
+void AppendFoldedTextKey(std::string_view text, bool ascending, std::vector<std::uint8_t>& key);
 void AppendNullKey(bool ascending, std::vector<std::uint8_t>& key);
 
 }  // namespace zerbal::jet

@@ -85,7 +85,7 @@ void PairReader::State::ReadPages(std::span<LongPair> out, std::size_t& count) {
     const std::uint32_t next = owned.Next(pageNumber);
     if (next == 0)
       return;
-    page = TablePage(database->pages, next, table->page);
+    page = TablePage(database->pages, next, table->page).value_or(DataPage());
     pageNumber = next;
     nextRow = 0;
   }

@@ -1,14 +1,14 @@
 #include "jet/row_walk.h"
 
-#include <string>
-
 namespace zerbal::jet {
 
-DataPage TablePage(const FilePages& pages, std::uint32_t number, std::uint32_t owner) {
-  const DataPage page(pages, number);
-  if (page.Owner() != owner)
-    throw Damage("data page " + std::to_string(number) + " belongs to another table");
-  return page;
+std::optional<DataPage> TablePage(const FilePages& pages, std::uint32_t number, std::uint32_t owner) {
+  if (number == 0 || number >= pages.PageCount())
+    return std::nullopt;
+  const std::uint8_t* head = pages.Page(number).Data();
+  if (head[0] != static_cast<std::uint8_t>(PageKind::kData) || LoadU32(head + 4) != owner)
+    return std::nullopt;
+  return DataPage(pages, number);
 }
 
 RowWalk::RowWalk(const FilePages& pages, const TableDefinition& table)
@@ -17,14 +17,14 @@ RowWalk::RowWalk(const FilePages& pages, const TableDefinition& table)
 /// Goes to the first (last) row on page `number` or a page after (before) it.
 bool RowWalk::Find(std::uint32_t number, bool forward) {
   for (; number != 0; number = forward ? owned_.Next(number) : owned_.Previous(number)) {
-    const DataPage page = TablePage(*pages_, number, owner_);
-    const unsigned count = page.RowCount();
+    const std::optional<DataPage> page = TablePage(*pages_, number, owner_);
+    const unsigned count = page ? page->RowCount() : 0;
     for (unsigned i = 0; i < count; ++i) {
       const unsigned row = forward ? i : count - 1 - i;
-      if ((page.Flags(row) & DataPage::kHidden) != 0)
+      if ((page->Flags(row) & DataPage::kHidden) != 0)
         continue;
       number_ = number;
-      page_ = page;
+      page_ = *page;
       row_ = row;
       return true;
     }

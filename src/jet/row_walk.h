@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 #include "jet/bytes.h"
 #include "jet/data_page.h"
@@ -22,6 +23,12 @@ class RowWalk {
   bool MoveNext();
   bool MovePrevious();
 
+  /// The place that an index names; nothing for a row whose number is too large for that.
+  std::optional<RecordPointer> Here() const {
+    if (row_ > 0xFF)
+      return std::nullopt;
+    return RecordPointer{number_, static_cast<std::uint8_t>(row_)};
+  }
   /// The bytes of the row, wherever it has moved.
   ByteView RowBytes() const { return FollowRow(*pages_, page_, row_, owner_); }
 
@@ -37,7 +44,7 @@ class RowWalk {
   unsigned row_ = 0;
 };
 
-/// A data page of the table `owner`; throws Damage when it belongs to somebody else.
-DataPage TablePage(const FilePages& pages, std::uint32_t number, std::uint32_t owner);
+/// A data page of the table `owner`; nothing when the page is none, be it freed or somebody else's.
+std::optional<DataPage> TablePage(const FilePages& pages, std::uint32_t number, std::uint32_t owner);
 
 }  // namespace zerbal::jet

@@ -1,6 +1,7 @@
 #include "jet/table_cursor.h"
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <utility>
 
@@ -38,6 +39,8 @@ void TableCursor::SetIndex(std::string_view name) {
   const PhysicalIndex& tree = table_->trees[table_->treeOf[i]];
   if (&tree != tree_) {
     index_ = IndexCursor(Pages(), tree.rootPage, table_->page);
+    sorted_.reset();
+    pointer_ = {};
     lookup_.reset();
     tree_ = &tree;
   }
@@ -52,28 +55,73 @@ std::optional<int> TableCursor::FindField(std::string_view name) const {
   return std::nullopt;
 }
 
+/// Takes a step in the order of the index. An index is but a shortcut: a damaged one is left for the rows
+/// themselves, sorted, where the step sets out from the row that the index led to last.
+template <class Step>
+bool TableCursor::InOrder(Step&& step) {
+  if (!sorted_) {
+    try {
+      return step(index_);
+    } catch (const Damage&) {
+      SortRows();
+    }
+  }
+  return step(*sorted_);
+}
+
+void TableCursor::SortRows() {
+  auto sorted = std::make_unique<SortedRows>(*database_, *table_, *tree_);
+  sorted->StandOnRow(pointer_);
+  lookup_.reset();
+  sorted_ = std::move(sorted);
+}
+
+/// Whether the entry that the index is on names a row. Damaged ones may name a deleted row, or none.
+bool TableCursor::FindRow() {
+  const RecordPointer pointer = sorted_ ? sorted_->Row() : index_.Row();
+  const std::optional<DataPage> page = TablePage(Pages(), pointer.page, table_->page);
+  if (!page || pointer.row >= page->RowCount() || (page->Flags(pointer.row) & DataPage::kHidden) != 0)
+    return false;
+  pointer_ = pointer;
+  page_ = *page;
+  return true;
+}
+
+/// Ends a step in the order of the index: goes on over entries that name no row.
+bool TableCursor::Settle(bool found, bool forward) {
+  while (found && !FindRow())
+    found = InOrder([forward](auto& order) { return forward ? order.MoveNext() : order.MovePrevious(); });
+  return found;
+}
+
 bool TableCursor::StepFirst() {
-  return ByIndex() ? index_.MoveFirst() : walk_.MoveFirst();
+  if (!ByIndex())
+    return walk_.MoveFirst();
+  return Settle(InOrder([](auto& order) { return order.MoveFirst(); }), true);
 }
 bool TableCursor::StepNext() {
-  return ByIndex() ? index_.MoveNext() : walk_.MoveNext();
+  if (!ByIndex())
+    return walk_.MoveNext();
+  return Settle(InOrder([](auto& order) { return order.MoveNext(); }), true);
 }
 bool TableCursor::StepPrevious() {
-  return ByIndex() ? index_.MovePrevious() : walk_.MovePrevious();
+  if (!ByIndex())
+    return walk_.MovePrevious();
+  return Settle(InOrder([](auto& order) { return order.MovePrevious(); }), false);
+}
+
+/// Ends a step back onto the row at the end that had been walked over.
+bool TableCursor::Stay(bool forward) {
+  return !ByIndex() || Settle(true, forward);
 }
 
 /// Reads the row at the place that the walk or the index has reached.
 void TableCursor::LoadRow() {
   ByteView bytes;
-  if (ByIndex()) {
-    const RecordPointer pointer = index_.Row();
-    const DataPage page = TablePage(Pages(), pointer.page, table_->page);
-    if (pointer.row < page.RowCount() && (page.Flags(pointer.row) & DataPage::kHidden) != 0)
-      throw Damage("an index names a row that is deleted");
-    bytes = FollowRow(Pages(), page, pointer.row, table_->page);
-  } else {
+  if (ByIndex())
+    bytes = FollowRow(Pages(), page_, pointer_.row, table_->page);
+  else
     bytes = walk_.RowBytes();
-  }
   row_ = Row(bytes, Pages().IsJet3(), table_->hasVariableColumns);
 }
 
@@ -98,15 +146,16 @@ void TableCursor::MoveNext() {
   if (state_ == State::kAfterLast || state_ == State::kNowhere)
     return;
   Guarded([this] {
-    // Before the first row the place is still that of the first row.
-    Arrive(state_ == State::kBeforeFirst || StepNext(), State::kAfterLast);
+    // Before the first row the place is still that of the first row, or of an entry before it without a row.
+    Arrive(state_ == State::kBeforeFirst ? Stay(true) : StepNext(), State::kAfterLast);
   });
 }
 
 void TableCursor::MovePrevious() {
   if (state_ == State::kBeforeFirst || state_ == State::kNowhere)
     return;
-  Guarded([this] { Arrive(state_ == State::kAfterLast || StepPrevious(), State::kBeforeFirst); });
+  Guarded(
+      [this] { Arrive(state_ == State::kAfterLast ? Stay(false) : StepPrevious(), State::kBeforeFirst); });
 }
 
 void TableCursor::Seek(std::string_view key) {
@@ -135,15 +184,16 @@ bool TableCursor::SeekByKey(std::string_view key) {
   const int column = tree_->parts.front().column;
   const ColumnType type = Column(column).type;
   const bool exact = type != ColumnType::kText && type != ColumnType::kMemo;
-  if (!index_.MoveTo(seekKey_.Bytes()))
+  const std::span<const std::uint8_t> bytes = seekKey_.Bytes();
+  if (!Settle(InOrder([bytes](auto& order) { return order.MoveTo(bytes); }), true))
     return false;
   do {
-    if (!index_.StartsWith(seekKey_.Bytes()))
+    if (!(sorted_ ? sorted_->StartsWith(bytes) : index_.StartsWith(bytes)))
       return false;
     LoadRow();
     if (exact || StoredTextIs(column, key))
       return true;
-  } while (index_.MoveNext());
+  } while (StepNext());
   return false;
 }
 
@@ -152,27 +202,36 @@ bool TableCursor::SeekByText(std::string_view key) {
   const std::optional<std::string> wanted = Canonical(Column(column), key);
   if (!wanted)
     return false;
-  std::string text;
-  const auto readText = [&] {
-    LoadRow();
-    text.clear();
-    AppendText(*this, column, text);
-    return Canonical(Column(column), text).value_or(std::string());
-  };
-  if (!lookup_) {
-    auto lookup = std::make_unique<TextLookup>();
-    for (bool found = index_.MoveFirst(); found; found = index_.MoveNext()) {
-      const std::string value = readText();
-      if (!IsNull(*this, column))
-        lookup->Add(value, index_.Here());
-    }
-    lookup->Finish();
-    lookup_ = std::move(lookup);
-  }
+  if (!lookup_)
+    lookup_ = MakeLookup(column);
   return lookup_->Find(*wanted, [&](const IndexCursor::Place& place) {
-    index_.GoTo(place);
-    return readText() == *wanted;
+    if (sorted_)
+      sorted_->GoTo(place);
+    else
+      index_.GoTo(place);
+    return FindRow() && LoadText(column) == *wanted;
   });
+}
+
+std::unique_ptr<TextLookup> TableCursor::MakeLookup(int column) {
+  const bool sorted = sorted_ != nullptr;
+  auto lookup = std::make_unique<TextLookup>();
+  for (bool found = StepFirst(); found; found = StepNext()) {
+    const std::string text = LoadText(column);
+    if (!IsNull(*this, column))
+      lookup->Add(text, sorted_ ? sorted_->Here() : index_.Here());
+  }
+  if (!sorted && sorted_)  // places in the tree are none among the sorted rows
+    return MakeLookup(column);
+  lookup->Finish();
+  return lookup;
+}
+
+std::string TableCursor::LoadText(int column) {
+  LoadRow();
+  std::string text;
+  AppendText(*this, column, text);
+  return Canonical(Column(column), text).value_or(std::string());
 }
 
 bool TableCursor::StoredTextIs(int column, std::string_view text) const {

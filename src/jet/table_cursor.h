@@ -16,6 +16,7 @@
 #include "jet/row_walk.h"
 #include "jet/schema.h"
 #include "jet/seek_key.h"
+#include "jet/sorted_rows.h"
 #include "jet/table_definition.h"
 #include "jet/text_lookup.h"
 
@@ -62,13 +63,21 @@ class TableCursor {
 
   const ColumnPlace& Place(int column) const { return table_->places[static_cast<std::size_t>(column)]; }
   bool ByIndex() const { return tree_ != nullptr; }
+  template <class Step>
+  bool InOrder(Step&& step);
+  void SortRows();
+  bool FindRow();
+  bool Settle(bool found, bool forward);
   bool StepFirst();
   bool StepNext();
   bool StepPrevious();
+  bool Stay(bool forward);
   void LoadRow();
+  std::string LoadText(int column);
   void Arrive(bool found, State otherwise);
   bool SeekByKey(std::string_view key);
   bool SeekByText(std::string_view key);
+  std::unique_ptr<TextLookup> MakeLookup(int column);
 
   std::shared_ptr<const DatabaseState> database_;
   std::shared_ptr<const TableDefinition> table_;
@@ -79,6 +88,9 @@ class TableCursor {
   RowWalk walk_;                         ///< the place in stored order
   const PhysicalIndex* tree_ = nullptr;  ///< the chosen index; null = stored order
   IndexCursor index_;                    ///< the place in its order
+  std::unique_ptr<SortedRows> sorted_;   ///< instead of index_, once the index has proved damaged
+  RecordPointer pointer_;                ///< the row that the index led to
+  DataPage page_;                        ///< and its page
   SeekKey seekKey_;
   std::unique_ptr<TextLookup> lookup_;  ///< where keys cannot be computed; made when first needed
 };

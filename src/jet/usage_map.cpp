@@ -41,25 +41,37 @@ std::uint64_t LastSetBit(ByteView bitmap, std::uint64_t before) {
 }  // namespace
 
 UsageMap::UsageMap(const FilePages& pages, RecordPointer where)
-    : pages_(&pages), row_(RowAt(pages, where)), perPage_((pages.PageSize() - 4) * 8) {
-  if (row_.Empty())
-    throw Damage("a usage map is empty");
+    : pages_(&pages), perPage_((pages.PageSize() - 4) * 8) {
+  try {
+    Read(where);
+  } catch (const Damage&) {
+    kind_ = Kind::kEveryPage;
+    start_ = 0;
+    end_ = pages.PageCount();
+  }
+}
+
+void UsageMap::Read(RecordPointer where) {
+  row_ = RowAt(*pages_, where);
   const std::uint8_t kind = row_.U8(0);
-  if (kind > 1)
-    throw Damage("a usage map is of unknown kind " + std::to_string(kind));
-  inline_ = kind == 0;
-  if (inline_) {
+  const std::uint64_t pageCount = pages_->PageCount();
+  if (kind == 0) {
     start_ = row_.U32(1);
-    end_ = start_ + (row_.Size() - 5) * 8;
-  } else {
+    end_ = std::min<std::uint64_t>(start_ + (row_.Size() - 5) * 8, pageCount);
+  } else if (kind == 1) {
+    kind_ = Kind::kReference;
     // Pointers for pages behind the end of the file may hold anything.
-    const std::uint64_t ranges = (pages.PageCount() + perPage_ - 1) / perPage_;
-    end_ = std::min<std::uint64_t>((row_.Size() - 1) / 4, ranges) * perPage_;
+    end_ = std::min<std::uint64_t>((row_.Size() - 1) / 4 * perPage_, pageCount);
+    std::uint64_t first = 0, end = 0;
+    for (std::uint64_t page = 0; page < end_; page += perPage_)
+      BitmapOf(page, first, end);
+  } else {
+    throw Damage("a usage map is of unknown kind " + std::to_string(kind));
   }
 }
 
 ByteView UsageMap::BitmapOf(std::uint64_t page, std::uint64_t& first, std::uint64_t& end) const {
-  if (inline_) {
+  if (kind_ == Kind::kInline) {
     first = start_;
     end = end_;
     return row_.From(5);
@@ -74,10 +86,12 @@ ByteView UsageMap::BitmapOf(std::uint64_t page, std::uint64_t& first, std::uint6
 std::uint32_t UsageMap::Next(std::uint32_t page) const {
   std::uint64_t at = std::max<std::uint64_t>(std::uint64_t{page} + 1, start_);
   while (at < end_) {
+    if (kind_ == Kind::kEveryPage)
+      return static_cast<std::uint32_t>(at);
     std::uint64_t first = 0, end = 0;
     const ByteView bitmap = BitmapOf(at, first, end);
     if (const std::uint64_t bit = FirstSetBit(bitmap, at - first); bit != kNone)
-      return Existing(first + bit);
+      return first + bit < end_ ? static_cast<std::uint32_t>(first + bit) : 0;
     at = end;
   }
   return 0;
@@ -86,19 +100,15 @@ std::uint32_t UsageMap::Next(std::uint32_t page) const {
 std::uint32_t UsageMap::Previous(std::uint32_t page) const {
   std::uint64_t before = std::min<std::uint64_t>(page, end_);
   while (before > start_) {
+    if (kind_ == Kind::kEveryPage)
+      return static_cast<std::uint32_t>(before - 1);
     std::uint64_t first = 0, end = 0;
     const ByteView bitmap = BitmapOf(before - 1, first, end);
     if (const std::uint64_t bit = LastSetBit(bitmap, before - first); bit != kNone)
-      return Existing(first + bit);
+      return static_cast<std::uint32_t>(first + bit);
     before = first;
   }
   return 0;
-}
-
-std::uint32_t UsageMap::Existing(std::uint64_t page) const {
-  if (page == 0 || page >= pages_->PageCount())
-    throw Damage("the file is cut short: page " + std::to_string(page) + " is missing");
-  return static_cast<std::uint32_t>(page);
 }
 
 }  // namespace zerbal::jet

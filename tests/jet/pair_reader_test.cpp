@@ -137,6 +137,35 @@ TEST_P(PairReaderTest, DeliversTheRowsBeforeABadOne) {
   }
 }
 
+TEST_P(PairReaderTest, PassesOverPagesThatAreNotTheTables) {
+  TestTable table(file, "T", lonLat);
+  for (std::uint32_t i = 1; i <= 4; ++i) {
+    table.Add({Le(i, 4), Le(i, 4)});
+    table.StartPage();
+  }
+  table.Finish();
+  file.Put(table.DataPages()[0], 4, Le(99, 4));
+  file.Put(table.DataPages()[2], 0, {4});
+  PairReader reader = Reader();
+  EXPECT_THAT(ReadAll(reader, 10), ElementsAre(Pair(2, 2), Pair(4, 4)));
+}
+
+TEST_P(PairReaderTest, FindsThePagesWithoutAUsageMap) {
+  TestTable table(file, "T", lonLat);
+  TestTable other(file, "Other", lonLat);
+  for (std::uint32_t i = 1; i <= 3; ++i) {
+    table.Add({Le(i, 4), Le(i, 4)});
+    table.StartPage();
+    other.Add({Le(99, 4), Le(99, 4)});
+    other.StartPage();
+  }
+  other.Finish();
+  table.ownedPages = file.AddRow(file.AddDataPage(0), Bytes{2} + Bytes(68));
+  table.Finish();
+  PairReader reader = Reader();
+  EXPECT_THAT(ReadAll(reader, 10), ElementsAre(Pair(1, 1), Pair(2, 2), Pair(3, 3)));
+}
+
 TEST_P(PairReaderTest, RefusesDamagedRowsAndPages) {
   const auto reading = [this](const Bytes& row, const std::function<void(std::uint32_t)>& damage) {
     file = JetFile(GetParam());

@@ -290,29 +290,6 @@ TEST_P(SeekTest, MatchesTheFirstOfSeveralColumns) {
   EXPECT_EQ(Found(rows, "a"), 3);
 }
 
-TEST_P(SeekTest, RefusesIndexesThatNameWrongRows) {
-  const auto walking = [this](RecordPointer row) {
-    file = JetFile(GetParam());
-    TestTable table(file, "T", {{"Id", ColumnType::kLong, 0, true, 0, 4}});
-    table.Add({Le(1, 4)});
-    table.AddBytes({}, 0xC000);
-    const std::uint32_t page = row.page == 0 ? table.DataPages()[0] : row.page;
-    table.indexes = {
-        {"i",
-         {{0, true}},
-         AddIndexPage(file, table.Page(), true, {Bytes{0x7F, 1} + Be(page, 3) + Bytes{row.row}}, false)}};
-    table.Finish();
-    Recordset rows = file.Open().OpenTable("T");
-    return ReasonOf([&] { rows.SetIndex("i"); });
-  };
-  EXPECT_EQ(walking({0, 0}), "none");
-  EXPECT_THAT(walking({0, 1}), HasSubstr("deleted"));
-  EXPECT_THAT(walking({0, 2}), HasSubstr("does not have"));
-  EXPECT_THAT(walking({1, 0}), HasSubstr("another table"));
-  EXPECT_THAT(walking({2, 0}), HasSubstr("not a data page"));
-  EXPECT_THAT(walking({0xFFFFFF, 0}), HasSubstr("pages"));
-}
-
 TEST_P(SeekTest, FollowsMovedRows) {
   TestTable table(file, "T", {{"Id", ColumnType::kLong, 0, true, 0, 4}});
   const RecordPointer target = table.AddBytes(table.RowBytes({Le(42, 4)}), 0x8000);

@@ -1,6 +1,7 @@
 #include "jet/usage_map.h"
 
 #include <memory>
+#include <numeric>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -73,22 +74,37 @@ TEST_P(UsageMapTest, LeavesAloneWhatLiesBehindTheFile) {
   EXPECT_THAT(Read(Map(Bytes{1} + Le(bitmap, 4) + Bytes{0x80, 0xFF, 0xFF, 0xFF, 9})), ElementsAre(5));
 }
 
-TEST_P(UsageMapTest, NoticesAFileCutShort) {
+TEST_P(UsageMapTest, LeavesOutPagesThatTheFileDoesNotHave) {
   GrowTo(20);
-  EXPECT_THROW(Read(file.AddMap({5, 400})), Damage);
-  EXPECT_THROW(Read(file.AddMap({0})), Damage);
-  EXPECT_THROW(Read(Map(Bytes{0} + Le(0xFFFFFFF8, 4) + Bytes{0xFF})), Damage);
+  EXPECT_THAT(Read(file.AddMap({5, 19, 400})), ElementsAre(5, 19));
+  EXPECT_THAT(Read(file.AddMap({0, 5})), ElementsAre(5));
+  EXPECT_THAT(Read(file.AddMap({400})), IsEmpty());
+  EXPECT_THAT(Read(file.AddReferenceMap({5, 19, 400})), ElementsAre(5, 19));
+  EXPECT_THAT(Read(Map(Bytes{0} + Le(0xFFFFFFF8, 4) + Bytes{0xFF})), IsEmpty());
+  // The file's last page, and the first behind it.
+  const RecordPointer map = file.AddMap({});
+  const std::uint32_t last = (Read(map), pages->PageCount() - 1);
+  ASSERT_LT(last, 500u);
+  EXPECT_THAT(Read(file.AddMap({last, last + 1})), ElementsAre(last));
 }
 
-TEST_P(UsageMapTest, RefusesWhatIsNoMap) {
-  EXPECT_THROW(Read(Map({})), Damage);
-  EXPECT_THROW(Read(Map({0, 1, 2})), Damage);
-  EXPECT_THROW(Read(Map(Bytes{2} + Bytes(68))), Damage);
-  EXPECT_THROW(Read({1, 9}), Damage);
-  EXPECT_THROW(Read({2, 0}), Damage);
-  EXPECT_THROW(Read({0, 0}), Damage);
-  EXPECT_THROW(Read(Map(Bytes{1} + Le(1, 4))), Damage);  // page 1 is no bitmap
-  EXPECT_THROW(Read(Map(Bytes{1} + Le(0x00FFFFFF, 4))), Damage);
+TEST_P(UsageMapTest, HasEveryPageWhereItCannotBeRead) {
+  GrowTo(5);
+  const std::vector<RecordPointer> maps = {Map({}),
+                                           Map({0, 1, 2}),
+                                           Map(Bytes{2} + Bytes(68)),
+                                           {1, 9},
+                                           {2, 0},
+                                           {0, 0},
+                                           {0x00FFFFFF, 0},
+                                           Map(Bytes{1} + Le(1, 4)),  // page 1 is no bitmap
+                                           Map(Bytes{1} + Le(0x00FFFFFF, 4))};
+  for (const RecordPointer map : maps) {
+    const std::vector<std::uint32_t> read = Read(map);
+    std::vector<std::uint32_t> every(pages->PageCount() - 1);
+    std::iota(every.begin(), every.end(), 1);
+    EXPECT_EQ(read, every) << map.page << "/" << unsigned{map.row};
+  }
   EXPECT_THAT(Read(Map(Bytes{1} + Le(0, 3))), IsEmpty());  // half a pointer is none
 }
 
