@@ -33,6 +33,9 @@ void Recordset::Seek(std::string_view key) {
 bool Recordset::NoMatch() const {
   return cursor_->NoMatch();
 }
+bool Recordset::IndexDamaged() const {
+  return cursor_->IndexDamaged();
+}
 void Recordset::MoveFirst() {
   cursor_->MoveFirst();
 }

@@ -71,6 +71,9 @@ class Recordset {
   void Seek(std::string_view key);
   bool NoMatch() const;
 
+  /// Whether the chosen index has been found damaged, so far; the rows then come sorted anew.
+  bool IndexDamaged() const;
+
   void MoveFirst();
   void MoveNext();      ///< at Eof stays there
   void MovePrevious();  ///< before the first row: Bof

@@ -34,6 +34,7 @@ class TableCursor {
   void SetIndex(std::string_view name);
   void Seek(std::string_view key);
   bool NoMatch() const { return noMatch_; }
+  bool IndexDamaged() const { return sorted_ != nullptr; }
   void MoveFirst();
   void MoveNext();
   void MovePrevious();

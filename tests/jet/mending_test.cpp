@@ -192,6 +192,7 @@ TEST_P(MendingTest, GoesOnFromTheRowWhereItMetTheDamage) {
   std::vector<std::string> ids;
   for (; !whole.Eof(); whole.MoveNext())
     ids.push_back(whole["Id"].AsText());
+  EXPECT_FALSE(whole.IndexDamaged());
   file.Put(Leaf(5), 0, {1});
   Recordset table = file.Open().OpenTable("T");
   table.SetIndex("code");
@@ -199,6 +200,7 @@ TEST_P(MendingTest, GoesOnFromTheRowWhereItMetTheDamage) {
     ASSERT_EQ(table["Id"].AsText(), ids[i]) << i;
     table.MoveNext();
   }
+  EXPECT_TRUE(table.IndexDamaged());
   for (std::size_t i = 6 * kPerPage; i-- > 0;) {
     table.MovePrevious();
     ASSERT_EQ(table["Id"].AsText(), ids[i]) << i;

@@ -1,7 +1,10 @@
 #include "zerbal-pack/check.h"
 
+#include <cstddef>
 #include <functional>
+#include <span>
 #include <sstream>
+#include <string>
 
 #include <gtest/gtest.h>
 
@@ -17,6 +20,7 @@ namespace fs = std::filesystem;
 using jet::Null;
 using jet::Value;
 using test::WritePoints;
+using zerbal::test::ReadBytes;
 using zerbal::test::TempFolder;
 using zerbal::test::WriteBytes;
 
@@ -114,10 +118,9 @@ std::string FindingsAfter(
 TEST(CheckFolder, FindsNothingWrongWithGoodFiles) {
   const TempFolder folder;
   Files().Write(folder.Path());
-  EXPECT_EQ(
-      Report(folder.Path()),
-      "Found 1 regions, 1 flight services, 2 destinations, 2 flights, 2 airports, 1 cells in coast.mdb, "
-      "1 cells in river.mdb, 1 cells in ibound.mdb.\nAll is well.\n");
+  EXPECT_EQ(Report(folder.Path()),
+            "Found 1 region, 1 flight service, 2 destinations, 2 flights, 2 airports, 1 cell in coast.mdb, "
+            "1 cell in river.mdb, 1 cell in ibound.mdb.\nAll is well.\n");
 }
 
 TEST(CheckFolder, FindsFilesWhateverTheirLetterCase) {
@@ -196,6 +199,47 @@ TEST(CheckFolder, NamesMissingCodesAndRows) {
         files.flights.rows.clear();
       }),
       "app_data/qavdata.mdb: table 'fsrv': there is no flight service; the program needs at least one\n");
+}
+
+/// Changes the leaves of all indexes of a file: `spoil` is given each one's page.
+void SpoilLeaves(const fs::path& file, const std::function<void(std::span<char> page)>& spoil) {
+  constexpr std::size_t kPage = 4096;
+  constexpr char kLeaf = 4;
+  std::string bytes = ReadBytes(file);
+  for (std::size_t at = 0; at < bytes.size(); at += kPage) {
+    if (bytes[at] == kLeaf)
+      spoil({bytes.data() + at, kPage});
+  }
+  WriteBytes(file, bytes);
+}
+
+TEST(CheckFolder, ReportsDamagedIndexes) {
+  EXPECT_EQ(
+      FindingsAfter([](Files&) {},
+                    [](const fs::path& folder) {
+                      SpoilLeaves(folder / "app_data" / "qavdata.mdb",
+                                  [](std::span<char> page) { page[0] = 99; });
+                    }),
+      "app_data/qavdata.mdb: table 'fsrv': index 'sort' is damaged; the rows are sorted anew whenever "
+      "it is used\n"
+      "app_data/qavdata.mdb: table 'dest': index 'aprt' is damaged; the rows are sorted anew whenever "
+      "it is used\n"
+      "app_data/qavdata.mdb: table 'flit': index 'fsrv' is damaged; the rows are sorted anew whenever "
+      "it is used\n"
+      "app_data/qavdata.mdb: table 'flit': index 'flituni' is damaged; the rows are sorted anew whenever "
+      "it is used\n");
+}
+
+TEST(CheckFolder, ReportsIndexesThatDoNotLeadToAllRows) {
+  EXPECT_EQ(FindingsAfter([](Files&) {},
+                          [](const fs::path& folder) {
+                            SpoilLeaves(folder / "app_data" / "allaprt.mdb", [](std::span<char> page) {
+                              const std::size_t unused = static_cast<unsigned char>(page[2]) +
+                                                         256U * static_cast<unsigned char>(page[3]);
+                              page[page.size() - unused - 1] = 77;  // the row of the last entry
+                            });
+                          }),
+            "app_data/allaprt.mdb: table 'allaprt': index 'aprt' leads to 1 of 2 rows\n");
 }
 
 TEST(CheckFolder, ReportsFlightsThatCannotBeDrawn) {

@@ -111,7 +111,7 @@ class FolderCheck {
     const auto regions =
         Check(*database, file, RegionLayout(), [&](const jet::Recordset& row) { CheckRegion(row); });
     if (regions)
-      report_.AddCount("regions", *regions);
+      report_.AddCount(*regions, "region", "regions");
     CheckCount(file, RegionLayout(), regions);
   }
 
@@ -179,9 +179,9 @@ class FolderCheck {
     knowServices_ = services.has_value();
     const auto flights =
         Check(*database, file, FlightLayout(), [&](const jet::Recordset& row) { CheckFlight(row); });
-    report_.AddCount("flight services", services.value_or(0));
-    report_.AddCount("destinations", destinations.value_or(0));
-    report_.AddCount("flights", flights.value_or(0));
+    report_.AddCount(services.value_or(0), "flight service", "flight services");
+    report_.AddCount(destinations.value_or(0), "destination", "destinations");
+    report_.AddCount(flights.value_or(0), "flight", "flights");
   }
 
   void CheckDestination(const jet::Recordset& row) {
@@ -231,7 +231,7 @@ class FolderCheck {
     if (!database)
       return;
     const auto count = Check(*database, file, AirportLayout(), [](const jet::Recordset&) {});
-    report_.AddCount("airports", count.value_or(0));
+    report_.AddCount(count.value_or(0), "airport", "airports");
   }
 
   void CheckMap(const std::string& name, bool coast) {
@@ -250,7 +250,7 @@ class FolderCheck {
     }
     if (tables == 0)
       report_.Add(file, "cells", "there is no table of a grid cell; close views show no lines");
-    report_.AddCount("cells in " + name, tables);
+    report_.AddCount(tables, "cell in " + name, "cells in " + name);
   }
 
   /// A cell's name, two of the letters A, C, E, ... Q, and "wdb2".

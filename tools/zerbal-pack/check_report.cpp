@@ -27,8 +27,8 @@ void CheckReport::AddNote(const std::string& where, const std::string& text) {
   notes_.push_back(where + ": " + text);
 }
 
-void CheckReport::AddCount(const std::string& what, std::size_t count) {
-  counts_.push_back(std::to_string(count) + " " + what);
+void CheckReport::AddCount(std::size_t count, const std::string& one, const std::string& many) {
+  counts_.push_back(std::to_string(count) + " " + (count == 1 ? one : many));
 }
 
 void CheckReport::Print(std::ostream& out) const {

@@ -17,7 +17,8 @@ class CheckReport {
   void Add(const std::string& where, const std::string& kind, const std::string& text);
   /// Something worth knowing that is not wrong.
   void AddNote(const std::string& where, const std::string& text);
-  void AddCount(const std::string& what, std::size_t count);
+  /// `one` and `many` are what is counted: "region" and "regions".
+  void AddCount(std::size_t count, const std::string& one, const std::string& many);
 
   bool AllIsWell() const { return findings_ == 0; }
   void Print(std::ostream& out) const;

@@ -1,6 +1,8 @@
 #include "zerbal-pack/check_table.h"
 
 #include <array>
+#include <cstddef>
+#include <vector>
 
 #include "jet/error.h"
 #include "zerbal-pack/csv_value.h"
@@ -16,16 +18,17 @@ struct NeededIndex {
   std::string_view table;
   std::string_view index;
   std::string_view field;
+  bool sought;  ///< by key; others are only walked
 };
 
-constexpr std::array<NeededIndex, 8> kNeededIndexes = {{{"col", "colcode", ""},
-                                                        {"fon", "foncode", ""},
-                                                        {"reg", "sort", ""},
-                                                        {"fsrv", "sort", ""},
-                                                        {"dest", "aprt", "AP"},
-                                                        {"flit", "fsrv", "Flit_FSrv"},
-                                                        {"flit", "flituni", "Flit_2015"},
-                                                        {"allaprt", "aprt", "AP"}}};
+constexpr std::array<NeededIndex, 8> kNeededIndexes = {{{"col", "colcode", "", true},
+                                                        {"fon", "foncode", "", true},
+                                                        {"reg", "sort", "", false},
+                                                        {"fsrv", "sort", "", false},
+                                                        {"dest", "aprt", "AP", true},
+                                                        {"flit", "fsrv", "Flit_FSrv", true},
+                                                        {"flit", "flituni", "Flit_2015", true},
+                                                        {"allaprt", "aprt", "AP", false}}};
 
 bool CheckFields(const jet::Recordset& rows, const TableLayout& layout, const std::string& where,
                  CheckReport& report) {
@@ -53,6 +56,44 @@ void CheckIndex(const jet::Recordset& rows, const NeededIndex& needed, const std
   if (!onField)
     report.Add(where, "index",
                "index " + Quoted(needed.index) + " is not on the one field " + Quoted(needed.field));
+}
+
+/// How many of the keys are found.
+std::size_t CountFound(jet::Recordset& rows, const std::vector<std::string>& keys) {
+  std::size_t found = 0;
+  for (const std::string& key : keys) {
+    rows.Seek(key);
+    found += rows.NoMatch() ? 0 : 1;
+  }
+  return found;
+}
+
+/// Uses the index as the program does. `count` is that of the table's rows.
+void CheckOrder(jet::Recordset& rows, const NeededIndex& needed, std::size_t count, const std::string& where,
+                CheckReport& report) {
+  const jet::IndexInfo* index = FindIndex(rows, needed.index);
+  if (index == nullptr || index->columns.empty())
+    return;
+  const int field = rows.FieldIndex(index->columns.front().name);
+  std::vector<std::string> keys;
+  std::size_t reached = 0;
+  rows.SetIndex(index->name);
+  for (; !rows.Eof(); rows.MoveNext()) {
+    ++reached;
+    const jet::Field key = rows.At(field);
+    if (needed.sought && !key.IsNull() && (keys.empty() || !key.EqualsText(keys.back())))
+      keys.push_back(key.AsText());
+  }
+  const std::size_t found = CountFound(rows, keys);
+  const auto add = [&](const std::string& text) {
+    report.Add(where, "index", "index " + Quoted(index->name) + " " + text);
+  };
+  if (rows.IndexDamaged())
+    add("is damaged; the rows are sorted anew whenever it is used");
+  if (reached < count && !index->ignoreNulls)
+    add("leads to " + std::to_string(reached) + " of " + std::to_string(count) + " rows");
+  if (found < keys.size())
+    add("finds " + std::to_string(found) + " of its " + std::to_string(keys.size()) + " keys");
 }
 
 /// Throws ConversionError where the program's own conversion would.
@@ -147,9 +188,15 @@ bool CheckTable(jet::Recordset& rows, const TableLayout& layout, const std::stri
   if (!CheckFields(rows, layout, where, report))
     return false;
   try {
+    std::size_t count = 0;
     for (; !rows.Eof(); rows.MoveNext()) {
+      ++count;
       CheckValues(rows, layout, where, report);
       row(rows);
+    }
+    for (const NeededIndex& needed : kNeededIndexes) {
+      if (needed.table == layout.name)
+        CheckOrder(rows, needed, count, where, report);
     }
   } catch (const jet::EngineError& error) {
     report.Add(where, "damage", error.Reason());

@@ -18,8 +18,9 @@ std::optional<jet::Recordset> OpenChecked(const jet::Database& database, const s
                                           const std::string& table, CheckReport& report);
 
 /// Checks that the fields and indexes of `layout` that the program uses are there, then every row's values,
-/// in stored order. `row` is called for each row. Damage ends the table with a finding. `where` names file
-/// and table. False when a field is missing and no row was looked at.
+/// in stored order, then that the indexes lead to the rows. `row` is called for each row. Damage ends the
+/// table with a finding. `where` names file and table. False when a field is missing and no row was looked
+/// at.
 bool CheckTable(jet::Recordset& rows, const TableLayout& layout, const std::string& where,
                 CheckReport& report, const std::function<void(const jet::Recordset&)>& row);
 
