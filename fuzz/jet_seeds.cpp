@@ -131,6 +131,10 @@ int main(int argc, char** argv) {
     save("memos", AddMemos);
     save("indexed", AddIndexed);
     save("pairs", AddPairs);
+    JetFile file(format);
+    file.codePage = 932;  // characters of two bytes, in the 1997 format
+    AddIndexed(file);
+    Save(folder / ("encoded" + suffix), Encoded(file.Build(), file.PageSize(), 0x12345678));
   }
   return 0;
 }

@@ -26,7 +26,7 @@ struct OpenOptions {
 /// Copies share the mapping; it lasts until the last Database, Recordset or PairReader on it is gone.
 class Database {
  public:
-  /// Opens `file`. Throws EngineError when it is missing, cut short, encrypted, foreign or damaged.
+  /// Opens `file`. Throws EngineError when it is missing, cut short, foreign or damaged.
   static Database Open(const std::filesystem::path& file, const OpenOptions& options = {});
 
   /// The same for a file whose bytes are in memory; `name` stands for it in messages.

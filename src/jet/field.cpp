@@ -111,7 +111,7 @@ void AppendText(const TableCursor& cursor, int column, std::string& out) {
     return;
   WithBytes(cursor, column, *value, [&](ByteView bytes) {
     if (info.type == ColumnType::kText || info.type == ColumnType::kMemo)
-      AppendStoredText(bytes, cursor.Pages().IsJet3(), out);
+      AppendStoredText(bytes, cursor.Pages().TextCodePage(), out);
     else
       AppendValue(info, bytes, out);
   });

@@ -48,8 +48,7 @@ FileHeader ReadFileHeader(ByteView file) {
     throw Damage("the file is cut short");
   const PlainHeader bytes = Unmasked(file);
   const ByteView plain(bytes.data(), bytes.size());
-  if (plain.U32(0x3E) != 0)
-    throw Damage("the file is encrypted");
+  header.databaseKey = plain.U32(0x3E);
   header.codePage = plain.U16(0x3C);
   if (header.codePage == 0)
     header.codePage = 1252;

@@ -21,11 +21,12 @@ inline constexpr SortOrder kGeneralSortOrder{0x0409, 0};
 
 struct FileHeader {
   Format format = Format::kJet4;
-  std::uint16_t codePage = 0;  ///< of every text in a 1997 file; 1252 in all files met
+  std::uint16_t codePage = 0;  ///< of every text in a 1997 file
   SortOrder sortOrder;
+  std::uint32_t databaseKey = 0;  ///< not 0 where the pages are encoded with it
 };
 
-/// Reads the header out of the whole file. Throws Damage for a foreign, newer, encrypted or too short file.
+/// Reads the header out of the whole file. Throws Damage for a foreign, newer or too short file.
 FileHeader ReadFileHeader(ByteView file);
 
 inline std::size_t PageSizeOf(Format format) {

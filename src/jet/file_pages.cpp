@@ -1,8 +1,24 @@
 #include "jet/file_pages.h"
 
+#include <algorithm>
 #include <string>
+#include <utility>
+
+#include "jet/page_cipher.h"
 
 namespace zerbal::jet {
+
+FilePages::FilePages(FileImage image)
+    : image_(std::move(image)),
+      header_(ReadFileHeader(image_.bytes)),
+      pageSize_(PageSizeOf(header_.format)),
+      pageCount_(
+          static_cast<std::uint32_t>(std::min(image_.bytes.Size() / pageSize_, std::size_t{kMostPages}))) {
+  if (header_.databaseKey != 0)
+    image_ = Decoded(image_, pageSize_, header_.databaseKey);
+  if (IsJet3())
+    codePage_ = CodePage::OfNumber(header_.codePage);
+}
 
 void FilePages::ThrowNoPage(std::uint32_t number) const {
   throw Damage("page " + std::to_string(number) + " is wanted, but the file has only " +

@@ -4,9 +4,10 @@
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
-#include <utility>
+#include <memory>
 
 #include "jet/bytes.h"
+#include "jet/code_page.h"
 #include "jet/file_header.h"
 #include "jet/file_image.h"
 
@@ -24,15 +25,12 @@ enum class PageKind : std::uint8_t {
 class FilePages {
  public:
   /// Reads the header. Throws Damage when this is no file that can be read.
-  explicit FilePages(FileImage image)
-      : image_(std::move(image)),
-        header_(ReadFileHeader(image_.bytes)),
-        pageSize_(PageSizeOf(header_.format)),
-        pageCount_(static_cast<std::uint32_t>(
-            image_.bytes.Size() / pageSize_ < kMostPages ? image_.bytes.Size() / pageSize_ : kMostPages)) {}
+  explicit FilePages(FileImage image);
 
   const FileHeader& Header() const { return header_; }
   bool IsJet3() const { return header_.format == Format::kJet3; }
+  /// That of all texts in a 1997-format file; nullptr for the 2000 format.
+  const CodePage* TextCodePage() const { return codePage_.get(); }
   std::size_t PageSize() const { return pageSize_; }
   std::uint32_t PageCount() const { return pageCount_; }  ///< complete pages, the header included
   std::size_t FileSize() const { return image_.bytes.Size(); }
@@ -65,6 +63,7 @@ class FilePages {
   FileHeader header_;
   std::size_t pageSize_;
   std::uint32_t pageCount_;
+  std::shared_ptr<const CodePage> codePage_;
 };
 
 }  // namespace zerbal::jet

@@ -77,7 +77,7 @@ class RowKey {
 
   void AppendText(ByteView value, const ColumnInfo& column, const ColumnPlace& place, bool ascending) {
     text_.clear();
-    AppendStoredText(value, database_.pages.IsJet3(), text_);
+    AppendStoredText(value, database_.pages.TextCodePage(), text_);
     if (seekKey_.Make(text_, column, place, ascending, database_.pages.Header()) == SeekKey::Result::kReady)
       key_.insert(key_.end(), seekKey_.Bytes().begin(), seekKey_.Bytes().end());
     else

@@ -238,7 +238,7 @@ bool TableCursor::StoredTextIs(int column, std::string_view text) const {
   const std::optional<ByteView> value = Value(column);
   if (!value)
     return false;
-  const auto equals = [&](ByteView bytes) { return StoredTextEquals(bytes, Pages().IsJet3(), text); };
+  const auto equals = [&](ByteView bytes) { return StoredTextEquals(bytes, Pages().TextCodePage(), text); };
   if (Column(column).type != ColumnType::kMemo)
     return equals(*value);
   return LongValue(Pages(), *value, database_->options.maxLongValue).With(equals);

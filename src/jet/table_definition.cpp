@@ -124,7 +124,7 @@ class Parser {
       return true;
     };
     if (jet3_)
-      DecodeCodePage(stored, append);
+      pages_.TextCodePage()->Decode(stored, append);
     else
       DecodeUtf16(stored, append);
     if ((!jet3_ && length % 2 != 0) || name.find('\0') != std::string::npos)

@@ -1,16 +1,10 @@
 #include "jet/text.h"
 
 #include <algorithm>
-#include <array>
+#include <optional>
 
 namespace zerbal::jet {
 namespace {
-
-// Characters of the bytes 80 to 9F; the others are their own number.
-constexpr std::array<char16_t, 32> kUpperControls = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
 char32_t Lower(char32_t c) {
   if (c < 0x80)
@@ -37,10 +31,6 @@ bool IsAscii(std::string_view text) {
 }
 
 }  // namespace
-
-char32_t CodePageCharacter(std::uint8_t byte) {
-  return byte >= 0x80 && byte < 0xA0 ? char32_t{kUpperControls[byte - 0x80u]} : char32_t{byte};
-}
 
 int EncodeUtf8(char32_t c, char* out) {
   const auto put = [out](int i, char32_t byte) { out[i] = static_cast<char>(byte); };
@@ -106,20 +96,22 @@ std::string UnpackToUtf16(ByteView bytes) {
   return out;
 }
 
-void AppendStoredText(ByteView bytes, bool jet3, std::string& out) {
-  DecodeText(bytes, jet3, [&out](char32_t c) {
+void AppendStoredText(ByteView bytes, const CodePage* codePage, std::string& out) {
+  DecodeText(bytes, codePage, [&out](char32_t c) {
     char buffer[4];
     out.append(buffer, static_cast<std::size_t>(EncodeUtf8(c, buffer)));
     return true;
   });
 }
 
-bool StoredTextEquals(ByteView bytes, bool jet3, std::string_view text) {
+bool StoredTextEquals(ByteView bytes, const CodePage* codePage, std::string_view text) {
   // Most texts are plain letters, one byte each: then the bytes themselves are equal.
-  const std::string_view narrow = jet3 ? bytes.Chars() : IsCompressed(bytes) ? bytes.From(2).Chars() : "";
+  const std::string_view narrow = codePage != nullptr   ? bytes.Chars()
+                                  : IsCompressed(bytes) ? bytes.From(2).Chars()
+                                                        : "";
   if (!narrow.empty() && narrow == text && IsAscii(text))
     return true;
-  const bool all = DecodeText(bytes, jet3, [&text](char32_t c) {
+  const bool all = DecodeText(bytes, codePage, [&text](char32_t c) {
     char buffer[4];
     const std::string_view encoded(buffer, static_cast<std::size_t>(EncodeUtf8(c, buffer)));
     if (!text.starts_with(encoded))
@@ -146,17 +138,10 @@ void ToUtf16(std::string_view text, std::u16string& out) {
 bool ToCodePage(std::string_view text, std::string& out) {
   out.clear();
   while (!text.empty()) {
-    const char32_t c = TakeUtf8(text);
-    if (c < 0x80 || (c >= 0xA0 && c < 0x100)) {
-      out += static_cast<char>(c);
-      continue;
-    }
-    std::size_t i = 0;
-    while (i < kUpperControls.size() && kUpperControls[i] != c)
-      ++i;
-    if (i == kUpperControls.size())
+    const std::optional<std::uint8_t> byte = CodePage::Western().ByteOf(TakeUtf8(text));
+    if (!byte)
       return false;
-    out += static_cast<char>(0x80 + i);
+    out += static_cast<char>(*byte);
   }
   return true;
 }

@@ -7,14 +7,9 @@
 #include <string_view>
 
 #include "jet/bytes.h"
+#include "jet/code_page.h"
 
 namespace zerbal::jet {
-
-inline constexpr char32_t kReplacement = 0xFFFD;  ///< stands for what is no character
-
-/// The character of a byte in code page 1252; the five undefined bytes are the control characters of the same
-/// number.
-char32_t CodePageCharacter(std::uint8_t byte);
 
 /// Writes `character` to `out` (room for four bytes) and returns the number of bytes.
 int EncodeUtf8(char32_t character, char* out);
@@ -22,17 +17,8 @@ int EncodeUtf8(char32_t character, char* out);
 /// Takes the first character off `text`, which must not be empty. A byte that is no UTF-8 gives kReplacement.
 char32_t TakeUtf8(std::string_view& text);
 
-/// Decodes a stored text and hands its characters to `sink`, until it returns false.
-template <class Sink>
-bool DecodeCodePage(ByteView bytes, Sink&& sink) {
-  for (std::size_t i = 0; i < bytes.Size(); ++i) {
-    if (!sink(CodePageCharacter(bytes.Data()[i])))
-      return false;
-  }
-  return true;
-}
-
-/// The same for UTF-16; an odd last byte is dropped, half a surrogate pair is kReplacement.
+/// Decodes UTF-16 and hands its characters to `sink`, until it returns false; an odd last byte is dropped,
+/// half a surrogate pair is kReplacement.
 template <class Sink>
 bool DecodeUtf16(ByteView bytes, Sink&& sink) {
   for (std::size_t i = 0; i + 1 < bytes.Size(); i += 2) {
@@ -60,10 +46,12 @@ inline bool IsCompressed(ByteView bytes) {
 /// Unpacks a compressed text: one byte a character, a zero byte switching to UTF-16 and back.
 std::string UnpackToUtf16(ByteView bytes);
 
+// Stored texts in the code page of a 1997-format file; nullptr stands for the 2000 format.
+
 template <class Sink>
-bool DecodeText(ByteView bytes, bool jet3, Sink&& sink) {
-  if (jet3)
-    return DecodeCodePage(bytes, sink);
+bool DecodeText(ByteView bytes, const CodePage* codePage, Sink&& sink) {
+  if (codePage != nullptr)
+    return codePage->Decode(bytes, sink);
   if (!IsCompressed(bytes))
     return DecodeUtf16(bytes, sink);
   const ByteView packed = bytes.From(2);
@@ -78,10 +66,10 @@ bool DecodeText(ByteView bytes, bool jet3, Sink&& sink) {
   return true;
 }
 
-void AppendStoredText(ByteView bytes, bool jet3, std::string& out);
+void AppendStoredText(ByteView bytes, const CodePage* codePage, std::string& out);
 /// Whether a stored text is exactly `text` (UTF-8). Allocates only for a compressed text that mixes both
 /// widths.
-bool StoredTextEquals(ByteView bytes, bool jet3, std::string_view text);
+bool StoredTextEquals(ByteView bytes, const CodePage* codePage, std::string_view text);
 
 /// Replaces `out` by the UTF-16 form of `text`.
 void ToUtf16(std::string_view text, std::u16string& out);

@@ -12,8 +12,11 @@
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 
+#include "jet/database.h"
+#include "jet/recordset.h"
 #include "jet/writer.h"
 #include "support/database_builder.h"
+#include "support/jet_file.h"
 #include "support/small_world.h"
 #include "support/temp_folder.h"
 
@@ -96,6 +99,18 @@ TEST_F(IndependentReader, ReadsEveryType) {
             "\"\"quoted\"\"\","
             "\"\xE2\x82\xAC \xE4\xB8\xAD\",\"0110ABFF\",\"two\nlines\",\"a,b\",7.000\n"
             "0,\\N,\\N,\\N,\\N,\\N,\\N,\\N,\\N,\\N,\\N,\\N,\\N,\\N,\\N\n");
+}
+
+/// It decodes by rules of its own, so that files encoded as ours are encoded are told apart from others.
+TEST_F(IndependentReader, ReadsEncodedFilesAsWeDo) {
+  WriteDatabase(File(), {{"t", {Text("Code", 4), Long("N")}, {}, {{"LPPT", 7}, {"EGLL", 8}}}});
+  const std::string plain = Export("t");
+  ASSERT_EQ(plain, "\"LPPT\",7\n\"EGLL\",8\n");
+  const jet::test::Bytes encoded = jet::test::Encoded(jet::test::Raw(ReadBytes(File())), 4096, 0x2A5B7C01);
+  WriteBytes(File(), jet::test::Chars(encoded));
+  EXPECT_EQ(Export("t"), plain);
+  jet::Recordset rows = jet::Database::Open(File()).OpenTable("t");
+  EXPECT_EQ(rows["Code"].AsText() + rows["N"].AsText(), "LPPT7");
 }
 
 TEST_F(IndependentReader, NamesTypesAndSizes) {

@@ -41,12 +41,6 @@ TEST_P(FileHeaderTest, TellsFormatCodePageAndSortOrder) {
   EXPECT_EQ(header.sortOrder.version, file.IsJet3() ? 0 : 1);
 }
 
-TEST_P(FileHeaderTest, RefusesAnEncryptedFile) {
-  JetFile file(GetParam());
-  file.databaseKey = 0x12345678;
-  EXPECT_THAT(OpeningGives(file.Build()), HasSubstr("encrypted"));
-}
-
 TEST_P(FileHeaderTest, RefusesWhatIsNoDatabase) {
   EXPECT_THAT(OpeningGives({}), HasSubstr("empty"));
   EXPECT_THAT(OpeningGives(Raw("a short text")), HasSubstr("not a database"));

@@ -11,12 +11,12 @@ namespace {
 
 std::string Decoded(const Bytes& stored, bool jet3 = false) {
   std::string text;
-  AppendStoredText({stored.data(), stored.size()}, jet3, text);
+  AppendStoredText({stored.data(), stored.size()}, jet3 ? &CodePage::Western() : nullptr, text);
   return text;
 }
 
 bool Equals(const Bytes& stored, std::string_view text, bool jet3 = false) {
-  return StoredTextEquals({stored.data(), stored.size()}, jet3, text);
+  return StoredTextEquals({stored.data(), stored.size()}, jet3 ? &CodePage::Western() : nullptr, text);
 }
 
 TEST(TextTest, DecodesPlainUtf16) {

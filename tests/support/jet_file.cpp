@@ -8,14 +8,13 @@
 namespace zerbal::jet::test {
 namespace {
 
-// The pad under which a header is hidden, computed anew here: RC4 with a key of four bytes.
-Bytes HeaderMask(std::size_t size) {
-  const std::uint8_t key[] = {0xC7, 0xDA, 0x39, 0x6B};
+// The pad under which headers and encoded pages are hidden, computed anew here: RC4 with a key of four bytes.
+Bytes Pad(const Bytes& key, std::size_t size) {
   std::uint8_t state[256];
   for (int i = 0; i < 256; ++i)
     state[i] = static_cast<std::uint8_t>(i);
   for (int i = 0, j = 0; i < 256; ++i) {
-    j = (j + state[i] + key[i % 4]) & 255;
+    j = (j + state[i] + key.at(static_cast<std::size_t>(i) % 4)) & 255;
     std::swap(state[i], state[j]);
   }
   Bytes mask;
@@ -25,6 +24,11 @@ Bytes HeaderMask(std::size_t size) {
     mask.push_back(state[(state[i & 255] + state[j]) & 255]);
   }
   return mask;
+}
+
+void Hide(Bytes& bytes, std::size_t at, const Bytes& pad) {
+  for (std::size_t i = 0; i < pad.size(); ++i)
+    bytes.at(at + i) ^= pad[i];
 }
 
 constexpr std::uint32_t kCatalogPage = 2;
@@ -159,16 +163,13 @@ void JetFile::WriteHeader() {
   };
   set(0x18, Le(0x100, 4));
   set(0x3C, Le(codePage, 2));
-  set(0x3E, Le(databaseKey, 4));
   if (IsJet3()) {
     set(0x3A, Le(sortOrder, 2));
   } else {
     set(0x6E, Le(sortOrder, 2));
     set(0x71, {sortOrderVersion});
   }
-  const Bytes mask = HeaderMask(plain.size());
-  for (std::size_t i = 0; i < plain.size(); ++i)
-    plain[i] ^= mask[i];
+  Hide(plain, 0, Pad({0xC7, 0xDA, 0x39, 0x6B}, plain.size()));
   Put(0, 0,
       Bytes{0, 1, 0, 0} + Raw("Standard Jet DB") + Bytes{0, static_cast<std::uint8_t>(IsJet3() ? 0 : 1)});
   Put(0, 0x18, plain);
@@ -191,6 +192,13 @@ Bytes JetFile::Build() {
   WriteCatalog();
   WriteHeader();
   return bytes_;
+}
+
+Bytes Encoded(Bytes file, std::size_t pageSize, std::uint32_t databaseKey) {
+  Hide(file, 0x3E, Le(databaseKey, 4));  // no key stood there
+  for (std::size_t page = 1; (page + 1) * pageSize <= file.size(); ++page)
+    Hide(file, page * pageSize, Pad(Le(databaseKey ^ page, 4), pageSize));
+  return file;
 }
 
 TestTable::TestTable(JetFile& file, std::string name, std::vector<TestColumn> columns)

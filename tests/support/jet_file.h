@@ -70,7 +70,6 @@ class JetFile {
   void List(std::string name, std::uint32_t definition, std::uint32_t flags = 0, int type = 1);
 
   /// What is written over the header's masked part.
-  std::uint32_t databaseKey = 0;
   std::uint16_t codePage = 1252;
   std::uint16_t sortOrder = 0x0409;
   std::uint8_t sortOrderVersion = 0;
@@ -92,6 +91,9 @@ class JetFile {
   std::vector<Listed> listed_;
   std::uint32_t mapPage_ = 0;
 };
+
+/// The file with its pages behind the header encoded under a key.
+Bytes Encoded(Bytes file, std::size_t pageSize, std::uint32_t databaseKey);
 
 struct TestColumn {
   std::string name;

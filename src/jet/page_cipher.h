@@ -1,0 +1,32 @@
+// Encoded files: every page but the header is hidden behind a key stream of its own.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+#include "jet/file_image.h"
+
+namespace zerbal::jet {
+
+/// The bytes of the RC4 cipher for one key of four bytes.
+class KeyStream {
+ public:
+  explicit KeyStream(const std::array<std::uint8_t, 4>& key);
+  std::uint8_t Next();
+
+ private:
+  std::array<std::uint8_t, 256> state_;
+  std::uint8_t i_ = 0;
+  std::uint8_t j_ = 0;
+};
+
+/// Encodes the pages of a file behind the header, or decodes them again. `databaseKey` stands in the header
+/// and is not 0.
+void ApplyPageCipher(std::span<std::uint8_t> file, std::size_t pageSize, std::uint32_t databaseKey);
+
+/// A decoded copy in memory.
+FileImage Decoded(const FileImage& image, std::size_t pageSize, std::uint32_t databaseKey);
+
+}  // namespace zerbal::jet
