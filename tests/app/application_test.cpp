@@ -72,7 +72,7 @@ TEST_F(ErrorDeath, AnErrorInADialogClosesItAndEndsTheProgram) {
           QDialog dialog;
           QPushButton button("Fails", &dialog);
           QObject::connect(&button, &QPushButton::clicked, [] { Fail(); });
-          QTimer::singleShot(0, &button, &QPushButton::click);
+          QMetaObject::invokeMethod(&button, "click", Qt::QueuedConnection);
           dialog.exec();
           std::cerr << "the dialog is gone" << std::endl;
         });

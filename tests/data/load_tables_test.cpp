@@ -35,7 +35,7 @@ std::vector<Row> AllColours() {
 
 class LoadTables : public testing::Test {
  protected:
-  void Write(std::vector<test::Table> tables) { test::WriteDatabase(zbldata_, tables); }
+  void Write(const std::vector<test::Table>& tables) { test::WriteDatabase(zbldata_, tables); }
   bool LoadServices(std::vector<Row> rows) {
     test::WriteDatabase(folder_ / "qavdata.mdb", {test::FsrvTable(std::move(rows))});
     jet::Recordset fsrv = jet::Database::Open(folder_ / "qavdata.mdb").OpenTable("fsrv");

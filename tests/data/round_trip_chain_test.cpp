@@ -54,7 +54,7 @@ Trips TripsBySearch(const std::vector<Leg>& legs) {
   return trips;
 }
 
-Trips Of(std::vector<Leg> legs) {
+Trips Of(const std::vector<Leg>& legs) {
   return TripsByRule(legs);
 }
 

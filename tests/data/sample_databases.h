@@ -65,8 +65,8 @@ inline Table FlitTable(std::vector<Row> rows) {
 
 /// A row of FlitTable, its number being "QV" and its key; "-" among the stopovers is Null, and so are those
 /// after the last.
-inline Row Flight(std::string service, std::string key, std::string origin,
-                  std::initializer_list<std::string_view> stops, std::string destination) {
+inline Row Flight(const std::string& service, const std::string& key, const std::string& origin,
+                  std::initializer_list<std::string_view> stops, const std::string& destination) {
   Row row = {service, "QV" + key, key, origin};
   for (const std::string_view stop : stops)
     row.push_back(stop == "-" ? Cell(Null()) : Cell(std::string(stop)));

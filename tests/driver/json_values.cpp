@@ -62,7 +62,7 @@ QString ArrayDifference(const QJsonArray& expected, const QJsonArray& actual, co
         .arg(expected.size())
         .arg(actual.size());
   for (qsizetype i = 0; i < expected.size(); ++i) {
-    const QString found = Difference(expected[i], actual[i], QString("%1[%2]").arg(where).arg(i));
+    QString found = Difference(expected[i], actual[i], QString("%1[%2]").arg(where).arg(i));
     if (!found.isEmpty())
       return found;
   }
@@ -74,7 +74,7 @@ QString ObjectDifference(const QJsonObject& expected, const QJsonObject& actual,
     const QString path = where + "." + member.key();
     if (!actual.contains(member.key()))
       return path + ": missing";
-    const QString found = Difference(member.value(), actual[member.key()], path);
+    QString found = Difference(member.value(), actual[member.key()], path);
     if (!found.isEmpty())
       return found;
   }

@@ -19,8 +19,6 @@
 namespace zerbal::jet::test {
 namespace {
 
-using testing::HasSubstr;
-
 /// A table of many pages with an index, in a file on disk.
 class ShrinkingFileTest : public BothFormats {
  protected:
@@ -40,7 +38,7 @@ class ShrinkingFileTest : public BothFormats {
     size = std::filesystem::file_size(file);
   }
   /// Cuts the file to the pages that a walk has needed at its beginning.
-  void Cut() { std::filesystem::resize_file(file, 8192 * 2); }
+  void Cut() { std::filesystem::resize_file(file, 16384); }
 
   static constexpr unsigned kRows = 5000;
   const zerbal::test::TempFolder folder;

@@ -112,7 +112,7 @@ class Inspection {
   struct Place {
     std::uint32_t page;
     unsigned row;
-    auto operator<=>(const Place&) const = default;
+    auto operator<=>(const Place&) const = default;  // NOLINT(modernize-use-nullptr)
   };
 
   void Demand(bool holds, const std::string& fault) {
@@ -283,8 +283,9 @@ class Inspection {
       return std::nullopt;
     if (column.fixed)
       return std::string(row.substr(2 + column.fixedOffset, column.length));
-    const std::size_t start = Number(row, mask - 4 - 2 * column.variableIndex, 2);
-    return std::string(row.substr(start, Number(row, mask - 6 - 2 * column.variableIndex, 2) - start));
+    const std::size_t start = Number(row, mask - 4 - std::size_t{2} * column.variableIndex, 2);
+    return std::string(
+        row.substr(start, Number(row, mask - 6 - std::size_t{2} * column.variableIndex, 2) - start));
   }
 
   void CheckTable(const std::string& name, std::uint32_t page) {

@@ -66,7 +66,6 @@ ZERBAL_BOTH_FORMATS(IndexCursorTest);
 
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
 
 TEST_P(IndexCursorTest, WalksTreesOfAllShapes) {
   for (const unsigned count : {0u, 1u, 2u, 5u, 50u, 333u}) {
@@ -89,7 +88,7 @@ TEST_P(IndexCursorTest, FindsTheFirstEntryNotBelowAKey) {
     file = JetFile(GetParam());
     std::vector<TestEntry> entries;  // even keys only, each three times
     for (unsigned i = 0; i < 300; ++i)
-      entries.push_back({Bytes{0x7F} + Be(i / 3 * 2, 4), RecordPointer::FromU32(1000 + i)});
+      entries.push_back({Bytes{0x7F} + Be(std::uint64_t{i} / 3 * 2, 4), RecordPointer::FromU32(1000 + i)});
     IndexCursor cursor = Cursor(AddIndexTree(file, kOwner, entries, 5, compress));
     for (unsigned key = 0; key < 200; ++key) {
       const Bytes wanted = Bytes{0x7F} + Be(key, 4);
@@ -238,7 +237,7 @@ TEST_P(IndexCursorTest, RefusesPrefixesLongerThanTheFirstEntry) {
 TEST_P(IndexCursorTest, TakesAPageThatIsFullToTheLastByte) {
   std::vector<Bytes> entries;
   const std::size_t room = file.PageSize() - Base();
-  for (unsigned i = 0; (i + 1) * 8 <= room; ++i)
+  for (std::size_t i = 0; (i + 1) * 8 <= room; ++i)
     entries.push_back(Be(i, 4) + Be(i, 4));
   const auto count = entries.size();
   EXPECT_EQ(count * 8, room);

@@ -19,7 +19,6 @@
 namespace zerbal::jet::test {
 namespace {
 
-using testing::ElementsAre;
 using testing::HasSubstr;
 
 class SeekTest : public BothFormats {

@@ -16,7 +16,7 @@
 
 #if ZERBAL_ADDRESS_SANITIZER
 // The sanitizer's own count; not every compiler has a header for it.
-extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes();  // NOLINT(bugprone-reserved-identifier)
 #endif
 
 namespace zerbal::monkey {

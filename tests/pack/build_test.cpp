@@ -37,7 +37,7 @@ void NoProgress(double, const std::string&) {}
 
 /// A copy of the sample data's sources with few airports, so that building is quick.
 fs::path SmallSources(const TempFolder& folder) {
-  const fs::path sources = folder / "pack";
+  fs::path sources = folder / "pack";
   fs::create_directory(sources);
   for (const char* file : {"colours.csv", "fonts.csv", "regions.csv", "services.csv", "destinations.csv",
                            "flights.csv", "zblrev.ini"})
