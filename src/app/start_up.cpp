@@ -16,7 +16,6 @@ namespace zerbal::app {
 namespace {
 
 using settings::BoxIcon;
-using settings::NL;
 
 constexpr int kDefaultSplashSeconds = 2;
 constexpr int kWaitSliceMs = 10;

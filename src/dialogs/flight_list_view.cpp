@@ -1,14 +1,37 @@
 #include "dialogs/flight_list_view.h"
 
+#include <QHelpEvent>
+#include <QStyledItemDelegate>
+#include <QToolTip>
 #include <algorithm>
 #include <utility>
 
 #include "data/counters.h"
 
 namespace zerbal::dialogs {
+namespace {
+
+/// Shows a line that the list is too narrow for whole, in a tool tip.
+class WholeLineTip final : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                 const QModelIndex& index) override {
+    const QRect line = view->visualRect(index);
+    const bool cut = index.isValid() && sizeHint(option, index).width() > line.width();
+    // As a paragraph it is broken into lines; it is no markup itself.
+    const QString text = cut ? "<p>" + index.data().toString().toHtmlEscaped() + "</p>" : QString();
+    QToolTip::showText(event->globalPos(), text, view->viewport(), line);
+    return true;
+  }
+};
+
+}  // namespace
 
 ListLines::ListLines(QListView& view) : view_(view) {
   view_.setModel(&model_);
+  view_.setItemDelegate(new WholeLineTip(&view_));
 }
 
 void ListLines::SetLines(const std::vector<std::string>& lines) {
