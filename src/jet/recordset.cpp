@@ -1,6 +1,7 @@
 #include "jet/recordset.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <utility>
 
@@ -22,6 +23,9 @@ const std::vector<ColumnInfo>& Recordset::Columns() const {
 }
 const std::vector<IndexInfo>& Recordset::Indexes() const {
   return cursor_->Table().indexes;
+}
+std::uint32_t Recordset::NotedRows() const {
+  return cursor_->Table().notedRows;
 }
 
 void Recordset::SetIndex(std::string_view name) {

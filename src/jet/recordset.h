@@ -60,6 +60,8 @@ class Recordset {
   const std::string& TableName() const;
   const std::vector<ColumnInfo>& Columns() const;  ///< in column-number order
   const std::vector<IndexInfo>& Indexes() const;   ///< sorted by name, as stored
+  /// How many rows the file says that the table has. Not always true, but fewer may mean lost ones.
+  std::uint32_t NotedRows() const;
 
   /// Walks and seeks by this index from now on, standing on its first row; "" is stored order.
   /// Throws EngineError when the table has no index of that name (letter case does not matter).

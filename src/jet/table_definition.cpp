@@ -15,6 +15,7 @@ constexpr unsigned kMostIndexes = 1024;  // and at 32
 
 // Offsets within the records of a definition.
 struct Layout {
+  std::size_t rows;
   std::size_t maxColumns, variableColumns, columns, logicalIndexes, physicalIndexes, ownedPages, fixedEnd;
   std::size_t counterSize;
   std::size_t columnSize, columnNumber, columnVariableIndex, columnSortOrder, columnFlags, columnFixedOffset,
@@ -23,12 +24,14 @@ struct Layout {
   std::size_t logicalSize, logicalPhysical, logicalKind;
 };
 
-constexpr Layout kJet3Layout = {0x15, 0x17, 0x19, 0x1B, 0x1F, 0x23, 0x2B,  //
+constexpr Layout kJet3Layout = {0x0C,                                      //
+                                0x15, 0x17, 0x19, 0x1B, 0x1F, 0x23, 0x2B,  //
                                 8,                                         //
                                 18,   0x01, 0x03, 0x09, 0x0D, 0x0E, 0x10,  //
                                 39,   0x00, 0x22, 0x26,                    //
                                 20,   0x04, 0x13};
-constexpr Layout kJet4Layout = {0x29, 0x2B, 0x2D, 0x2F, 0x33, 0x37, 0x3F,  //
+constexpr Layout kJet4Layout = {0x10,                                      //
+                                0x29, 0x2B, 0x2D, 0x2F, 0x33, 0x37, 0x3F,  //
                                 12,                                        //
                                 25,   0x05, 0x07, 0x0B, 0x0F, 0x15, 0x17,  //
                                 52,   0x04, 0x26, 0x2E,                    //
@@ -97,6 +100,7 @@ class Parser {
     columnCount_ = bytes_.U16(layout_.columns);
     logicalCount_ = bytes_.U32(layout_.logicalIndexes);
     physicalCount_ = bytes_.U32(layout_.physicalIndexes);
+    table_.notedRows = bytes_.U32(layout_.rows);
     table_.ownedPages = RecordPointer::FromU32(bytes_.U32(layout_.ownedPages));
     table_.hasVariableColumns = variableColumns_ > 0;
     if (columnCount_ > kMostColumns || logicalCount_ > kMostIndexes || physicalCount_ > kMostIndexes)

@@ -39,6 +39,7 @@ struct TableDefinition {
   std::vector<ColumnInfo> columns;  ///< in the order of the column numbers
   std::vector<ColumnPlace> places;  ///< of the same columns
   bool hasVariableColumns = false;  ///< deleted ones count; decides how a row is laid out
+  std::uint32_t notedRows = 0;      ///< a crash may have left another number than there are
   RecordPointer ownedPages;
   std::vector<PhysicalIndex> trees;
   std::vector<IndexInfo> indexes;   ///< several may share one tree

@@ -242,6 +242,21 @@ TEST(CheckFolder, ReportsIndexesThatDoNotLeadToAllRows) {
             "app_data/allaprt.mdb: table 'allaprt': index 'aprt' leads to 1 of 2 rows\n");
 }
 
+TEST(CheckFolder, NotesRowsThatMayBeLost) {
+  constexpr char kForeignPage = 99;
+  EXPECT_EQ(FindingsAfter([](Files&) {},
+                          [](const fs::path& folder) {
+                            std::string bytes = ReadBytes(folder / "app_data" / "allaprt.mdb");
+                            bytes.at(bytes.rfind("EGLL") / 4096 * 4096) = kForeignPage;
+                            WriteBytes(folder / "app_data" / "allaprt.mdb", bytes);
+                            bytes = ReadBytes(folder / "app_map" / "coast.mdb");
+                            bytes.at(bytes.rfind("\x80\xFE\x21\x0A") / 4096 * 4096) = kForeignPage;
+                            WriteBytes(folder / "app_map" / "coast.mdb", bytes);
+                          }),
+            "Note: app_data/allaprt.mdb: table 'allaprt': has 0 of the 2 rows that it had; some may be lost\n"
+            "Note: app_map/coast.mdb: table 'IEwdb2': has 0 of the 3 rows that it had; some may be lost\n");
+}
+
 TEST(CheckFolder, ReportsFlightsThatCannotBeDrawn) {
   EXPECT_EQ(
       FindingsAfter([](Files& files) {

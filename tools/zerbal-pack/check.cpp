@@ -294,6 +294,7 @@ class FolderCheck {
                         std::to_string(lat) + " is outside the map frame");
       }
     }
+    NoteLostRows(rows, number, where, report_);
   }
 
   fs::path folder_;

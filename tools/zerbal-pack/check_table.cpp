@@ -179,6 +179,13 @@ std::optional<jet::Recordset> OpenChecked(const jet::Database& database, const s
   }
 }
 
+void NoteLostRows(const jet::Recordset& rows, std::size_t count, const std::string& where,
+                  CheckReport& report) {
+  if (count < rows.NotedRows())
+    report.AddNote(where, "has " + std::to_string(count) + " of the " + std::to_string(rows.NotedRows()) +
+                              " rows that it had; some may be lost");
+}
+
 bool CheckTable(jet::Recordset& rows, const TableLayout& layout, const std::string& where,
                 CheckReport& report, const std::function<void(const jet::Recordset&)>& row) {
   for (const NeededIndex& needed : kNeededIndexes) {
@@ -194,6 +201,7 @@ bool CheckTable(jet::Recordset& rows, const TableLayout& layout, const std::stri
       CheckValues(rows, layout, where, report);
       row(rows);
     }
+    NoteLostRows(rows, count, where, report);
     for (const NeededIndex& needed : kNeededIndexes) {
       if (needed.table == layout.name)
         CheckOrder(rows, needed, count, where, report);

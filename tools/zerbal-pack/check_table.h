@@ -24,6 +24,10 @@ std::optional<jet::Recordset> OpenChecked(const jet::Database& database, const s
 bool CheckTable(jet::Recordset& rows, const TableLayout& layout, const std::string& where,
                 CheckReport& report, const std::function<void(const jet::Recordset&)>& row);
 
+/// Notes that fewer rows were found than the file tells of.
+void NoteLostRows(const jet::Recordset& rows, std::size_t count, const std::string& where,
+                  CheckReport& report);
+
 /// How messages call the current row: "flight 'QV101'".
 std::string RowName(const jet::Recordset& rows, const TableLayout& layout);
 
