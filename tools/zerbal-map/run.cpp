@@ -29,7 +29,7 @@ Draws the map of an airline's flights as a picture, a drawing or a page.
 
 Data
   --data DIR          folder with app_data and app_map, the working directory when not given
-  --settings FILE     a settings file (zerbal.ini) whose colours and fonts are used; it is not written to
+  --settings FILE     a settings file (zerbal.ini) for colours, fonts and the centre of the world; only read
 
 View (the world when not given)
   --region NAME       a region by name or code, or World
