@@ -20,7 +20,7 @@ void WriteLines(const std::filesystem::path& file, const std::map<std::string, R
     std::vector<test::Point> points;
     for (const jet::LongPair& row : rows)
       points.push_back({row.first, row.second});
-    lineTables.push_back(test::MapTable(name, std::move(points)));
+    lineTables.push_back(test::MapTable(name, points));
   }
   test::WriteDatabase(file, lineTables);
 }

@@ -113,7 +113,7 @@ void Table::RemoveRow(std::string_view column, const Cell& value) {
   rows.erase(rows.begin() + (row - rows.data()));
 }
 
-Table MapTable(std::string name, std::vector<Point> points) {
+Table MapTable(std::string name, const std::vector<Point>& points) {
   Table table{std::move(name), {Long("Lon"), Long("Lat")}, {}, {}};
   for (const Point& point : points)
     table.rows.push_back({point.lon, point.lat});

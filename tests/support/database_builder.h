@@ -94,7 +94,7 @@ struct Point {
   std::int32_t lat = 0;
 };
 inline constexpr Point kPenUp = {-1000000, 0};
-Table MapTable(std::string name, std::vector<Point> points);
+Table MapTable(std::string name, const std::vector<Point>& points);
 /// A point from degrees.
 Point At(double lon, double lat);
 

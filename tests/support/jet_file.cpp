@@ -392,7 +392,7 @@ std::uint32_t AddIndexPage(JetFile& file, std::uint32_t owner, bool leaf, const 
   return page;
 }
 
-std::uint32_t AddIndexTree(JetFile& file, std::uint32_t owner, std::vector<TestEntry> entries,
+std::uint32_t AddIndexTree(JetFile& file, std::uint32_t owner, const std::vector<TestEntry>& entries,
                            std::size_t perPage, bool compress) {
   struct Node {
     std::uint32_t page;

@@ -157,7 +157,7 @@ struct TestEntry {
 std::uint32_t AddIndexPage(JetFile& file, std::uint32_t owner, bool leaf, const std::vector<Bytes>& entries,
                            bool compress, std::uint32_t tail = 0);
 /// Builds a tree over entries (sorted here) with at most `perPage` on a page; returns the root's page.
-std::uint32_t AddIndexTree(JetFile& file, std::uint32_t owner, std::vector<TestEntry> entries,
+std::uint32_t AddIndexTree(JetFile& file, std::uint32_t owner, const std::vector<TestEntry>& entries,
                            std::size_t perPage, bool compress);
 
 }  // namespace zerbal::jet::test
