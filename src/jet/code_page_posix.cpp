@@ -20,7 +20,10 @@ class Converter {
   Converter(const Converter&) = delete;
   Converter& operator=(const Converter&) = delete;
 
-  bool Known() const { return handle_ != iconv_t(-1); }
+  bool Known() const {
+    // The system's own sign. NOLINTNEXTLINE(performance-no-int-to-ptr)
+    return handle_ != iconv_t(-1);
+  }
 
   enum class Result { kCharacter, kIncomplete, kNone };
   Result Convert(std::string bytes, char16_t& character) {

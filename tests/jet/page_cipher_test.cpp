@@ -1,6 +1,7 @@
 #include "jet/page_cipher.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -36,7 +37,7 @@ class EncodedFileTest : public BothFormats {
   EncodedFileTest() {
     TestTable table(file, "T", {{"Id", ColumnType::kLong, 0, true, 0, 4}});
     for (std::uint32_t i = 0; i < 1000; ++i)
-      table.Add({Le(i * i, 4)});
+      table.Add({Le(std::uint64_t{i} * i, 4)});
     table.Finish();
   }
 
