@@ -18,6 +18,8 @@ namespace zerbal::dialogs {
 class ColourSample {
  public:
   ColourSample(QWidget& map, const data::FlightServiceTable& services);
+  ColourSample(const ColourSample&) = delete;
+  ColourSample& operator=(const ColourSample&) = delete;
 
   /// Captions of entries 1..8.
   static std::vector<QString> ObjectCaptions();

@@ -184,7 +184,7 @@ TableLayout LayOut(const SystemTable& table, UsageMapPages& maps) {
   return layout;
 }
 
-Value Masked(UserId id) {
+Value Masked(const UserId& id) {
   return std::vector<std::uint8_t>{static_cast<std::uint8_t>(id[0] ^ kIdMask[0]),
                                    static_cast<std::uint8_t>(id[1] ^ kIdMask[1])};
 }

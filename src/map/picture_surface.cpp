@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "jet/text.h"
+
 namespace zerbal::map {
 namespace {
 
@@ -10,31 +12,6 @@ namespace {
 constexpr std::int32_t kLargestMarker = 300;
 /// Strokes of symbols are shorter (twips).
 constexpr double kLongestSmoothStroke = 600;
-
-/// The code points of UTF-8 text one by one; a damaged sequence gives U+FFFD.
-class Characters {
- public:
-  explicit Characters(std::string_view text) : text_(text) {}
-  bool AtEnd() const { return text_.empty(); }
-  char32_t Next() {
-    const auto first = static_cast<unsigned char>(text_.front());
-    text_.remove_prefix(1);
-    if (first < 0x80)
-      return first;
-    const int more = first >= 0xF0 ? 3 : first >= 0xE0 ? 2 : first >= 0xC0 ? 1 : 0;
-    char32_t result = first & (0x3FU >> more);
-    for (int i = 0; i < more; ++i) {
-      if (text_.empty() || (static_cast<unsigned char>(text_.front()) & 0xC0U) != 0x80U)
-        return U'\uFFFD';
-      result = result << 6 | (static_cast<unsigned char>(text_.front()) & 0x3FU);
-      text_.remove_prefix(1);
-    }
-    return more == 0 ? U'\uFFFD' : result;
-  }
-
- private:
-  std::string_view text_;
-};
 
 }  // namespace
 
@@ -127,8 +104,8 @@ GlyphSet& PictureSurface::Glyphs(const TextFont& font) {
 
 void PictureSurface::Text(Point topLeft, std::string_view text, data::Rgb colour, const TextFont& font) {
   GlyphSet& glyphs = Glyphs(font);
-  for (Characters characters(text); !characters.AtEnd();) {
-    if (!glyphs.Of(characters.Next()).known) {
+  for (std::string_view rest = text; !rest.empty();) {
+    if (!glyphs.Of(jet::TakeUtf8(rest)).known) {
       Rest().Text(topLeft, text, colour, font);
       return;
     }
@@ -139,8 +116,8 @@ void PictureSurface::Text(Point topLeft, std::string_view text, data::Rgb colour
     return;
   std::int64_t x = at.x;
   const auto baseLine = static_cast<int>(std::int64_t{at.y} + glyphs.Ascent());
-  for (Characters characters(text); !characters.AtEnd() && x < picture_.width();) {
-    const GlyphSet::Glyph& glyph = glyphs.Of(characters.Next());
+  for (std::string_view rest = text; !rest.empty() && x < picture_.width();) {
+    const GlyphSet::Glyph& glyph = glyphs.Of(jet::TakeUtf8(rest));
     canvas_.Blend(glyph.mask, static_cast<int>(x), baseLine, pixel);
     x += glyph.advance;
   }

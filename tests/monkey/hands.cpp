@@ -288,7 +288,7 @@ void Hands::ChangeState(QWidget& window) {
     window.showFullScreen();
 }
 
-void Hands::UseAnyControl(QWidget& window) {
+void Hands::UseAnyControl(const QWidget& window) {
   std::vector<QWidget*> controls = ControlsOf(window);
   // Most of what is there is only to be looked at, and a dialog that is left at once has done little.
   if (!choice_.OneIn(4))

@@ -40,7 +40,7 @@ class Hands {
   void UseMouseOnMap(map::frmMap& map);
   void Resize(QWidget& window, map::frmMap& map);
   void ChangeState(QWidget& window);
-  void UseAnyControl(QWidget& window);
+  void UseAnyControl(const QWidget& window);
   void UseControl(QWidget& control);
   void TypeInto(QWidget& control);
   void PickIn(QAbstractItemView& list);

@@ -128,10 +128,10 @@ TEST(BuildFolder, LeavesEverythingAsItWasWhenTheMapFails) {
   Problems problems;
   BuildFolder({folder / "out", sources}, SmallMap, NoProgress, problems);
   const auto before = FolderContent(folder / "out");
-  const MapBuilder failing = [](const fs::path& parent, const std::function<void(double)>&) {
+  const MapBuilder failing = [](const fs::path& parent,
+                                const std::function<void(double)>&) -> std::vector<TableSize> {
     WriteBytes(parent / "app_map" / "coast.mdb", "half");
     throw std::runtime_error("no map");
-    return std::vector<TableSize>();
   };
   EXPECT_THROW(BuildFolder({folder / "out", sources}, failing, NoProgress, problems), std::runtime_error);
   EXPECT_TRUE(FolderContent(folder / "out") == before);

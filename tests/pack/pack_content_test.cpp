@@ -21,7 +21,6 @@ using test::kPackFolder;
 
 struct Route {
   std::string service;
-  std::string number;
   std::vector<std::string> airports;
 };
 
@@ -59,7 +58,7 @@ class PackContent : public testing::Test {
     std::vector<Route> routes;
     const CsvTable& flights = schedule->flights;
     for (const CsvRow& row : flights.rows) {
-      Route route{Text(flights, row, "Flit_FSrv"), Text(flights, row, "Flit"), {}};
+      Route route{Text(flights, row, "Flit_FSrv"), {}};
       const std::size_t last = flights.layout->ColumnIndex("Flit_Arr");
       for (std::size_t i = flights.layout->ColumnIndex("Flit_Dep"); i <= last; ++i) {
         if (!row.Text(i).empty())
