@@ -13,6 +13,7 @@
 #include "jet/error.h"
 #include "jet/pair_reader.h"
 #include "jet/recordset.h"
+#include "settings/find_file.h"
 #include "zerbal-pack/check_table.h"
 #include "zerbal-pack/csv_value.h"
 #include "zerbal-pack/find_index.h"
@@ -25,18 +26,6 @@ namespace zerbal::pack {
 namespace fs = std::filesystem;
 
 namespace {
-
-/// An entry of a folder by its name without regard to letter case; an exact match wins.
-std::optional<fs::path> FindEntry(const fs::path& folder, const std::string& name) {
-  if (fs::exists(folder / name))
-    return folder / name;
-  std::error_code failed;
-  for (const fs::directory_entry& entry : fs::directory_iterator(folder, failed)) {
-    if (EqualIgnoringCase(entry.path().filename().string(), name))
-      return entry.path();
-  }
-  return std::nullopt;
-}
 
 std::string TableOf(const std::string& file, const std::string& table) {
   return std::string(file).append(": table '").append(table).append("'");
@@ -60,11 +49,7 @@ class FolderCheck {
  private:
   using RowAction = std::function<void(const jet::Recordset&)>;
 
-  std::optional<fs::path> Find(const std::string& name) const {
-    const std::size_t slash = name.find('/');
-    const std::optional<fs::path> folder = FindEntry(folder_, name.substr(0, slash));
-    return folder ? FindEntry(*folder, name.substr(slash + 1)) : std::nullopt;
-  }
+  std::optional<fs::path> Find(const std::string& name) const { return settings::FindFile(folder_, name); }
 
   std::optional<jet::Database> Open(const std::string& name, bool required, std::string_view without) {
     const std::optional<fs::path> path = Find(name);
