@@ -1,73 +1,12 @@
 #include "map/pixel_canvas.h"
 
 #include <algorithm>
-#include <array>
-#include <bit>
 #include <cmath>
 #include <cstdlib>
 #include <span>
 
 namespace zerbal::map {
 namespace {
-
-// Two pixels, a lane for each colour component. Compilers make vector instructions of these types; the loop
-// over bytes that they stand for is twenty times slower.
-using Bytes = std::uint8_t __attribute__((vector_size(8)));
-using Lanes = std::uint16_t __attribute__((vector_size(16)));
-using SignedLanes = std::int16_t __attribute__((vector_size(16)));
-using PixelLanes = std::int64_t __attribute__((vector_size(16)));
-using PixelPair = std::array<std::uint32_t, 2>;
-
-Lanes ToLanes(PixelPair pixels) {
-  return __builtin_convertvector(std::bit_cast<Bytes>(pixels), Lanes);
-}
-
-/// A colour laid over a background, two pixels at a time.
-class Cover {
- public:
-  Cover(std::uint32_t background, std::uint32_t colour)
-      : background_(ToLanes({background, background})), colour_(ToLanes({colour, colour})) {}
-
-  void Row(std::uint32_t* at, const std::uint8_t* coverage, int count) const {
-    for (; count >= 2; count -= 2, at += 2, coverage += 2) {
-      if ((coverage[0] | coverage[1]) == 0)
-        continue;
-      const PixelPair mixed = Mixed({at[0], at[1]}, coverage[0], coverage[1]);
-      at[0] = mixed[0];
-      at[1] = mixed[1];
-    }
-    if (count == 1 && coverage[0] != 0)
-      at[0] = Mixed({at[0], at[0]}, coverage[0], coverage[0])[0];
-  }
-
- private:
-  PixelPair Mixed(PixelPair pixels, std::uint8_t first, std::uint8_t second) const {
-    const auto weigh = [](std::uint8_t coverage) {  // 0..256
-      return static_cast<std::uint16_t>(coverage + (coverage >> 7));
-    };
-    const std::uint16_t one = weigh(first);
-    const std::uint16_t two = weigh(second);
-    const Lanes weight{one, one, one, one, two, two, two, two};
-    const Lanes under = 256 - weight;
-    const Lanes ink = colour_ * weight;
-    const Lanes below = ToLanes(pixels);
-    const Lanes mixed = (below * under + ink) >> 8;
-    const Lanes plain = (background_ * under + ink) >> 8;
-    // Where no component is farther from the colour than on the plain background, the pixel stays.
-    const auto farther = std::bit_cast<PixelLanes>(Distance(below) > Distance(plain));
-    const auto chosen = std::bit_cast<Lanes>(farther != 0 ? std::bit_cast<PixelLanes>(mixed)
-                                                          : std::bit_cast<PixelLanes>(below));
-    return std::bit_cast<PixelPair>(__builtin_convertvector(chosen, Bytes));
-  }
-
-  SignedLanes Distance(Lanes parts) const {
-    const auto difference = std::bit_cast<SignedLanes>(parts - colour_);
-    return difference < 0 ? -difference : difference;
-  }
-
-  Lanes background_;
-  Lanes colour_;
-};
 
 /// A line drawn as a bar with soft edges, half a pixel longer at both ends.
 class Bar {
@@ -116,7 +55,8 @@ class Bar {
     for (std::uint8_t& coverage : row) {
       const float insideAlong = std::clamp(edgeAlong - std::abs(along), 0.0F, 1.0F);
       const float insideAside = std::clamp(edgeAside - std::abs(aside), 0.0F, 1.0F);
-      coverage = static_cast<std::uint8_t>(std::lround(insideAlong * insideAside * 255));
+      // Never negative, and so without a call. NOLINTNEXTLINE(bugprone-incorrect-roundings)
+      coverage = static_cast<std::uint8_t>(insideAlong * insideAside * 255 + 0.5F);
       along += stepAlong;
       aside += stepAside;
     }
@@ -199,16 +139,27 @@ void PixelCanvas::Line(Point from, Point to, std::uint32_t pixel, int width) {
   }
 }
 
+const Ink& PixelCanvas::InkOf(std::uint32_t pixel) {
+  for (const Ink& ink : inks_) {
+    if (ink.Is(background_, pixel))
+      return ink;
+  }
+  Ink& ink = inks_[nextInk_];
+  nextInk_ = (nextInk_ + 1) % inks_.size();
+  ink = Ink(background_, pixel);
+  return ink;
+}
+
 void PixelCanvas::SmoothLine(Spot from, Spot to, std::uint32_t pixel, double width) {
   const Bar bar(from, to, width);
   const Bar::Pixels around = bar.Within(width_, height_);
   if (around.right <= around.left)
     return;
-  const Cover cover(background_, pixel);
+  const Ink& ink = InkOf(pixel);
   coverage_.resize(static_cast<std::size_t>(around.right - around.left));
   for (int y = around.top; y < around.bottom; ++y) {
     bar.CoverRow(around.left, y, coverage_);
-    cover.Row(pixels_ + y * stride_ + around.left, coverage_.data(), around.right - around.left);
+    ink.Cover(pixels_ + y * stride_ + around.left, coverage_.data(), around.right - around.left);
   }
 }
 
@@ -221,11 +172,11 @@ void PixelCanvas::Blend(const Mask& mask, int x, int y, std::uint32_t pixel) {
   const auto lastRow = static_cast<int>(std::clamp<std::int64_t>(height_ - top, 0, mask.height));
   if (lastColumn <= firstColumn)
     return;
-  const Cover cover(background_, pixel);
+  const Ink& ink = InkOf(pixel);
   const std::uint8_t* coverage = mask.coverage.data() + std::ptrdiff_t{firstRow} * mask.width + firstColumn;
   std::uint32_t* at = pixels_ + (top + firstRow) * stride_ + left + firstColumn;
   for (int row = firstRow; row < lastRow; ++row, coverage += mask.width, at += stride_)
-    cover.Row(at, coverage, lastColumn - firstColumn);
+    ink.Cover(at, coverage, lastColumn - firstColumn);
 }
 
 void PixelCanvas::Block(std::int64_t x, std::int64_t y, std::int64_t width, std::int64_t height,

@@ -4,18 +4,19 @@
 #pragma once
 
 #include <QImage>
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
 #include "map/clip_area.h"
+#include "map/ink.h"
 #include "map/mask.h"
 #include "map/surface.h"
 
 namespace zerbal::map {
 
-/// Positions are pixels. Soft edges do not harden where the same shape is drawn again and again, as airports
-/// are for each flight: a pixel that is already as near to the colour as one drawing on the background would
-/// bring it stays as it is.
+/// Positions are pixels.
 class PixelCanvas {
  public:
   /// `image` has format RGB32 and must outlive the canvas unshared.
@@ -57,12 +58,15 @@ class PixelCanvas {
   void WideLine(Point from, Point to, std::uint32_t pixel, int width);
   void Block(std::int64_t x, std::int64_t y, std::int64_t width, std::int64_t height, std::uint32_t pixel,
              bool invert);
+  const Ink& InkOf(std::uint32_t pixel);
 
   std::uint32_t* pixels_;
   std::ptrdiff_t stride_;  ///< pixels from one row to the next
   int width_;
   int height_;
-  std::uint32_t background_ = 0;        ///< the last fill
+  std::uint32_t background_ = 0;  ///< the last fill
+  std::array<Ink, 4> inks_;       ///< the last ones used: airports, symbol and label of a flight, one more
+  std::size_t nextInk_ = 0;
   std::vector<std::uint8_t> coverage_;  ///< of one row, kept for its memory
 };
 
