@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "jet/code_page.h"
 #include "jet/page_cipher.h"
 
 namespace zerbal::jet {

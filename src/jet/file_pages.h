@@ -7,11 +7,12 @@
 #include <memory>
 
 #include "jet/bytes.h"
-#include "jet/code_page.h"
 #include "jet/file_header.h"
 #include "jet/file_image.h"
 
 namespace zerbal::jet {
+
+class CodePage;
 
 /// What the first byte of a page says.
 enum class PageKind : std::uint8_t {

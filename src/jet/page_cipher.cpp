@@ -1,6 +1,6 @@
 #include "jet/page_cipher.h"
 
-#include <algorithm>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -23,21 +23,17 @@ std::uint8_t KeyStream::Next() {
   return state_[static_cast<std::uint8_t>(state_[i_] + state_[j_])];
 }
 
-void ApplyPageCipher(std::span<std::uint8_t> file, std::size_t pageSize, std::uint32_t databaseKey) {
-  for (std::size_t page = 1; page * pageSize < file.size(); ++page) {
-    const std::uint32_t key = databaseKey ^ static_cast<std::uint32_t>(page);
-    KeyStream stream({static_cast<std::uint8_t>(key & 0xFF), static_cast<std::uint8_t>(key >> 8 & 0xFF),
-                      static_cast<std::uint8_t>(key >> 16 & 0xFF), static_cast<std::uint8_t>(key >> 24)});
-    const std::size_t start = page * pageSize;
-    for (std::uint8_t& byte : file.subspan(start, std::min(pageSize, file.size() - start)))
-      byte ^= stream.Next();
-  }
-}
-
 FileImage Decoded(const FileImage& image, std::size_t pageSize, std::uint32_t databaseKey) {
   const std::uint8_t* const bytes = image.bytes.Data();
   std::vector<std::uint8_t> copy(bytes, bytes + image.bytes.Size());
-  ApplyPageCipher(copy, pageSize, databaseKey);
+  const std::size_t pageCount = copy.size() / pageSize;
+  for (std::size_t page = 1; page < pageCount; ++page) {
+    const std::uint32_t key = databaseKey ^ static_cast<std::uint32_t>(page);
+    KeyStream stream({static_cast<std::uint8_t>(key & 0xFF), static_cast<std::uint8_t>(key >> 8 & 0xFF),
+                      static_cast<std::uint8_t>(key >> 16 & 0xFF), static_cast<std::uint8_t>(key >> 24)});
+    for (std::uint8_t& byte : std::span(copy).subspan(page * pageSize, pageSize))
+      byte ^= stream.Next();
+  }
   FileImage decoded = ImageOf(std::move(copy));
   decoded.shrunk = image.shrunk;  // the file may have been cut short while it was copied
   return decoded;

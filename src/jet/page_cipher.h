@@ -4,7 +4,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <span>
 
 #include "jet/file_image.h"
 
@@ -22,11 +21,7 @@ class KeyStream {
   std::uint8_t j_ = 0;
 };
 
-/// Encodes the pages of a file behind the header, or decodes them again. `databaseKey` stands in the header
-/// and is not 0.
-void ApplyPageCipher(std::span<std::uint8_t> file, std::size_t pageSize, std::uint32_t databaseKey);
-
-/// A decoded copy in memory.
+/// A decoded copy in memory. `databaseKey` stands in the header and is not 0.
 FileImage Decoded(const FileImage& image, std::size_t pageSize, std::uint32_t databaseKey);
 
 }  // namespace zerbal::jet

@@ -1,7 +1,6 @@
 #include "jet/sorted_rows.h"
 
 #include <algorithm>
-#include <array>
 #include <bit>
 #include <string>
 #include <string_view>

@@ -4,7 +4,6 @@
 #include <functional>
 #include <optional>
 #include <string>
-#include <string_view>
 
 #include "jet/database.h"
 #include "jet/recordset.h"
