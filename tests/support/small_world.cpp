@@ -100,6 +100,21 @@ SmallWorld::SmallWorld() {
   ibound = BoundaryTables();
 }
 
+void SmallWorld::LeaveOut(const std::string& file) {
+  const auto named = [&file](const std::filesystem::path& path) { return path.filename() == file; };
+  if (std::ranges::none_of(kDatabaseFiles, named))
+    throw std::logic_error("the world has no file " + file);
+  missing_.insert(file);
+}
+
+Table& SmallWorld::TableOf(std::string_view name) {
+  for (Table* table : {&col, &fon, &reg, &fsrv, &dest, &flit, &allaprt}) {
+    if (table->name == name)
+      return *table;
+  }
+  throw std::logic_error("the world has no table " + std::string(name));
+}
+
 Table& SmallWorld::MapTableOf(std::vector<Table>& tables, std::string_view name) {
   const auto table = std::ranges::find(tables, name, &Table::name);
   if (table == tables.end())
@@ -115,16 +130,13 @@ void SmallWorld::WriteFile(const std::filesystem::path& file, const std::vector<
 }
 
 void SmallWorld::Write(const std::filesystem::path& folder) const {
-  const std::filesystem::path data = folder / "app_data";
-  const std::filesystem::path map = folder / "app_map";
-  std::filesystem::create_directories(data);
-  std::filesystem::create_directories(map);
-  WriteFile(data / "zbldata.mdb", {col, fon, reg});
-  WriteFile(data / "qavdata.mdb", {fsrv, dest, flit});
-  WriteFile(data / "allaprt.mdb", {allaprt});
-  WriteFile(map / "coast.mdb", coast);
-  WriteFile(map / "river.mdb", river);
-  WriteFile(map / "ibound.mdb", ibound);
+  const std::array<std::vector<Table>, kDatabaseFiles.size()> contents = {
+      {{col, fon, reg}, {fsrv, dest, flit}, {allaprt}, coast, river, ibound}};
+  for (std::size_t i = 0; i < contents.size(); ++i) {
+    const std::filesystem::path file = folder / kDatabaseFiles[i];
+    std::filesystem::create_directories(file.parent_path());
+    WriteFile(file, contents[i]);
+  }
 }
 
 }  // namespace zerbal::test

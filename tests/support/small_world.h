@@ -42,6 +42,7 @@
 // river: IE KE and EE (which coast lacks). ibound: IE IC.
 #pragma once
 
+#include <array>
 #include <filesystem>
 #include <set>
 #include <string>
@@ -69,6 +70,12 @@ Table DestinationTable();
 Table FlightTable();
 Table AllAirportsTable();
 
+/// The databases of a world, below its folder.
+inline const std::array<std::filesystem::path, 6> kDatabaseFiles = {
+    "app_data/zbldata.mdb", "app_data/qavdata.mdb", "app_data/allaprt.mdb",
+    "app_map/coast.mdb",    "app_map/river.mdb",    "app_map/ibound.mdb"};
+inline const std::filesystem::path& kScheduleFile = kDatabaseFiles[1];
+
 class SmallWorld {
  public:
   SmallWorld();
@@ -88,10 +95,13 @@ class SmallWorld {
   std::vector<Table> river;
   std::vector<Table> ibound;
 
-  /// Files that are not written, by their names without folder; one that is there already is removed.
-  void LeaveOut(std::string file) { missing_.insert(std::move(file)); }
+  /// Write removes this file instead of writing it; `file` has no folder. Throws std::logic_error when the
+  /// world has no such file.
+  void LeaveOut(const std::string& file);
 
-  /// A map table by name; throws when there is none.
+  /// A table other than a map table by name; throws std::logic_error when there is none.
+  Table& TableOf(std::string_view name);
+  /// A map table by name; throws std::logic_error when there is none.
   static Table& MapTableOf(std::vector<Table>& tables, std::string_view name);
 
   /// Writes app_data and app_map below `folder`.
