@@ -21,9 +21,9 @@
 #include "data/load_tables.h"
 #include "data/schedule.h"
 #include "map/draw_map.h"
-#include "map/picture_surface.h"
 #include "map/recorder.h"
 #include "mdb_scan.h"
+#include "paint/picture_surface.h"
 
 namespace zerbal::bench {
 namespace {
@@ -102,7 +102,7 @@ QColor ToColour(data::Rgb colour) {
 }
 
 QPoint ToPixel(map::Point twips) {
-  const map::Point pixel = map::PixelScale(1).Pixel(twips);
+  const map::Point pixel = paint::PixelScale(1).Pixel(twips);
   return {pixel.x, pixel.y};
 }
 
@@ -135,7 +135,7 @@ void DrawNaively(const std::vector<map::Operation>& operations, QImage& picture)
       case map::Operation::Kind::kText:
         if (!(operation.font == fontName)) {
           fontName = operation.font;
-          painter.setFont(map::DeviceFont(fontName, map::PixelScale(1), picture));
+          painter.setFont(paint::DeviceFont(fontName, paint::PixelScale(1), picture));
         }
         painter.setPen(colour);
         painter.drawText(from + QPoint(0, painter.fontMetrics().ascent()),
@@ -267,9 +267,9 @@ void Run(const View& view, const fs::path& folder, const Options& options) {
   map::MapScene scene = world.Scene();
 
   QImage picture(kWidth, kHeight, QImage::Format_RGB32);
-  map::PreparedPictures prepared;
+  paint::PreparedPictures prepared;
   const auto redraw = [&] {
-    map::PictureSurface surface(picture, 1, prepared);
+    paint::PictureSurface surface(picture, 1, prepared);
     map::DrawMap(scene, surface);
   };
   if (options.onlyRedraw) {

@@ -16,8 +16,8 @@
 
 #include "data/schedule.h"
 #include "map/map_world.h"
-#include "map/picture_surface.h"
 #include "map/tee_surface.h"
+#include "paint/picture_surface.h"
 
 namespace {
 
@@ -210,14 +210,14 @@ void FillMaps(Bytes& bytes, map::MapWorld& world) {
 }
 
 void DrawAt(double ratio, map::MapWorld& world, map::Surface& second) {
-  const map::PixelScale scale(ratio);
+  const paint::PixelScale scale(ratio);
   const auto side = [&scale](std::int32_t twips) {
     const int logical = std::clamp(twips / map::kTwipsPerPixel, 1, kLargestSide);
     return static_cast<int>(scale.Length(logical * double{map::kTwipsPerPixel})) + 1;
   };
   QImage picture(side(world.viewport.MapWidth), side(world.viewport.MapHeight), QImage::Format_RGB32);
-  map::PreparedPictures prepared;
-  map::PictureSurface surface(picture, ratio, prepared);
+  paint::PreparedPictures prepared;
+  paint::PictureSurface surface(picture, ratio, prepared);
   map::TeeSurface both(surface, second);
   world.DrawOn(both);
 }

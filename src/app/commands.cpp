@@ -11,9 +11,8 @@ constexpr float kZoomBigStep = 50;
 
 }  // namespace
 
-Commands::Commands(Program& program, map::frmMap& mapWindow, Dialogs& dialogs,
-                   const dialogs::Placement& placement, std::function<void()> stateChanged,
-                   std::function<void()> criteriaChanged)
+Commands::Commands(Program& program, frmMap& mapWindow, Dialogs& dialogs, const dialogs::Placement& placement,
+                   std::function<void()> stateChanged, std::function<void()> criteriaChanged)
     : program_(program),
       map_(mapWindow),
       dialogs_(dialogs),

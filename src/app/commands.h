@@ -7,9 +7,9 @@
 #include <span>
 
 #include "app/dialogs.h"
+#include "app/frm_map.h"
 #include "app/program.h"
 #include "dialogs/placed_dialog.h"
-#include "map/frm_map.h"
 
 namespace zerbal::app {
 
@@ -17,7 +17,7 @@ class Commands final : public QObject {
  public:
   /// `stateChanged` is called when what check marks and enabled entries show has changed; `criteriaChanged`
   /// when a delimitation has. Everything given outlives this.
-  Commands(Program& program, map::frmMap& mapWindow, Dialogs& dialogs, const dialogs::Placement& placement,
+  Commands(Program& program, frmMap& mapWindow, Dialogs& dialogs, const dialogs::Placement& placement,
            std::function<void()> stateChanged, std::function<void()> criteriaChanged);
 
   // File
@@ -64,7 +64,7 @@ class Commands final : public QObject {
   void ShowFlights(bool serviceMode);
 
   Program& program_;
-  map::frmMap& map_;
+  frmMap& map_;
   Dialogs& dialogs_;
   dialogs::Placement placement_;
   std::function<void()> stateChanged_;

@@ -134,16 +134,16 @@ void frmMain::LoadSettings() {
 void frmMain::MakeMapWindow() {
   scene_.emplace(map::MapScene{program_.viewport, program_.display, program_.tables, *program_.databases,
                                program_.allAirportCriteria, program_.destinationCriteria, program_.flights});
-  map_ = std::make_unique<map::frmMap>(*scene_, client_);
+  map_ = std::make_unique<frmMap>(*scene_, client_);
   map_->SetObserver(program_.environment.mapObserver);
   map_->hide();
   client_->Hold(map_.get());
   commands_ = std::make_unique<Commands>(
       program_, *map_, dialogs_, dialogs::Placement{*this, program_.iniFile, program_.saveFlags},
       [this] { ShowState(); }, [this] { UpdateDelimitationInfo(); });
-  connect(map_.get(), &map::frmMap::PositionChanged, picStat_, &StatusBar::ShowPosition);
-  connect(map_.get(), &map::frmMap::ExtentChanged, picStat_, &StatusBar::ShowExtent);
-  connect(map_.get(), &map::frmMap::PopupRequested, this,
+  connect(map_.get(), &frmMap::PositionChanged, picStat_, &StatusBar::ShowPosition);
+  connect(map_.get(), &frmMap::ExtentChanged, picStat_, &StatusBar::ShowExtent);
+  connect(map_.get(), &frmMap::PopupRequested, this,
           [this](const QPoint& position) { menu_->Popup().popup(position); });
 }
 

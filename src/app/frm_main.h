@@ -7,12 +7,12 @@
 
 #include "app/commands.h"
 #include "app/dialogs.h"
+#include "app/frm_map.h"
 #include "app/main_menu.h"
 #include "app/program.h"
 #include "app/status_bar.h"
 #include "app/tool_bar.h"
 #include "app/window_settings.h"
-#include "map/frm_map.h"
 
 namespace zerbal::app {
 
@@ -37,7 +37,7 @@ class frmMain final : public QMainWindow {
   bool Loaded() const { return map_ != nullptr; }
 
   /// Only while loaded.
-  map::frmMap& MapWindow() { return *map_; }
+  frmMap& MapWindow() { return *map_; }
 
   void SetBackground(data::Rgb colour);
   QColor BackgroundColour() const;
@@ -67,7 +67,7 @@ class frmMain final : public QMainWindow {
   Client* client_;
   std::unique_ptr<MainMenu> menu_;
   std::optional<map::MapScene> scene_;
-  std::unique_ptr<map::frmMap> map_;
+  std::unique_ptr<frmMap> map_;
   std::unique_ptr<Commands> commands_;
 };
 

@@ -25,7 +25,7 @@ Qt::MouseButtons ButtonsOf(const QString& word) {
 }
 
 void SendToMap(Stage& stage, QEvent::Type type, double x, double y, Qt::MouseButton button) {
-  map::frmMap& window = stage.program.MapWindow();
+  app::frmMap& window = stage.program.MapWindow();
   RequireReachable(&window, "frmMap");
   const QPointF at(x / map::kTwipsPerPixel, y / map::kTwipsPerPixel);
   QMouseEvent event(type, at, window.mapToGlobal(at), button, stage.heldButtons, Qt::NoModifier);
@@ -129,7 +129,7 @@ void HoverCommand(const Arguments& arguments, Stage&) {
 
 void MapSizeCommand(const Arguments& arguments, Stage& stage) {
   QWidget& main = stage.program.MainWindow();
-  map::frmMap& mapWindow = stage.program.MapWindow();
+  app::frmMap& mapWindow = stage.program.MapWindow();
   const QSize wanted(arguments.Whole(0), arguments.Whole(1));
   main.resize(main.size() + wanted - mapWindow.size());
   QApplication::sendPostedEvents();

@@ -76,7 +76,7 @@ app::Program& DrivenProgram::State() {
 QWidget& DrivenProgram::MainWindow() {
   return parts_->main->MainWindow();
 }
-map::frmMap& DrivenProgram::MapWindow() {
+app::frmMap& DrivenProgram::MapWindow() {
   return parts_->main->MainWindow().MapWindow();
 }
 const std::vector<map::Operation>& DrivenProgram::Operations() const {

@@ -7,8 +7,8 @@
 #include <memory>
 #include <vector>
 
+#include "app/frm_map.h"
 #include "app/program.h"
-#include "map/frm_map.h"
 #include "map/recorder.h"
 
 namespace zerbal::drive {
@@ -30,7 +30,7 @@ class DrivenProgram {
   // Only while it runs.
   app::Program& State();
   QWidget& MainWindow();
-  map::frmMap& MapWindow();
+  app::frmMap& MapWindow();
   /// What the last complete redraw drew, and what was drawn on it since.
   const std::vector<map::Operation>& Operations() const;
   int Draws() const;

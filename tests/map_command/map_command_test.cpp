@@ -9,9 +9,9 @@
 
 #include <gtest/gtest.h>
 
+#include "app/frm_map.h"
 #include "data/load_tables.h"
 #include "data/table_settings.h"
-#include "map/frm_map.h"
 #include "support/recorded_boxes.h"
 #include "support/small_world.h"
 #include "zerbal-map/map_job.h"
@@ -64,7 +64,7 @@ class MapWindow {
       service.displayFlag = true;
     viewport_.SelectRegion(view);
     map::MapScene scene{viewport_, options, tables_, databases_, criteria_, criteria_, flights_};
-    map::frmMap window(scene);
+    app::frmMap window(scene);
     window.resize(size);
     window.show();
     return window.Picture().copy();

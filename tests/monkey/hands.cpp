@@ -184,7 +184,7 @@ void Hands::Hurt(const Misfortune::Event& event) {
   }
 }
 
-void Hands::UseMainWindow(QWidget& window, map::frmMap& map) {
+void Hands::UseMainWindow(QWidget& window, app::frmMap& map) {
   if (intended_) {
     Trigger(*std::exchange(intended_, nullptr));
     return;
@@ -246,7 +246,7 @@ void Hands::OpenMenuBar(QWidget& window) {
   Mouse(*bar, QEvent::MouseButtonRelease, at, Qt::LeftButton);
 }
 
-void Hands::UseMouseOnMap(map::frmMap& map) {
+void Hands::UseMouseOnMap(app::frmMap& map) {
   // Past the edges, too: the mouse is held there while a box is drawn.
   const QPoint at(choice_.Between(-20, map.width() + 20), choice_.Between(-20, map.height() + 20));
   const Qt::MouseButton button = choice_.OneIn(5) ? Qt::RightButton : Qt::LeftButton;
@@ -267,7 +267,7 @@ void Hands::UseMouseOnMap(map::frmMap& map) {
   Mouse(map, types[step], at, types[step] == QEvent::MouseMove ? Qt::NoButton : button);
 }
 
-void Hands::Resize(QWidget& window, map::frmMap& map) {
+void Hands::Resize(QWidget& window, app::frmMap& map) {
   const QSize size(choice_.Length(3000), choice_.Length(2000));
   QWidget& resized = choice_.OneIn(3) ? static_cast<QWidget&>(map) : window;
   Say(QString("resize to %1 x %2: %3").arg(size.width()).arg(size.height()).arg(OwnName(resized)));

@@ -11,8 +11,8 @@
 #include <QWidget>
 
 #include "ambush.h"
+#include "app/frm_map.h"
 #include "choice.h"
-#include "map/frm_map.h"
 #include "misfortune.h"
 
 namespace zerbal::monkey {
@@ -25,7 +25,7 @@ class Hands {
   void AnswerBox(QMessageBox& box);
   void UsePopup(QWidget& popup);
   void UseDialog(QWidget& dialog);
-  void UseMainWindow(QWidget& window, map::frmMap& map);
+  void UseMainWindow(QWidget& window, app::frmMap& map);
 
  private:
   void Say(const QString& action);
@@ -37,8 +37,8 @@ class Hands {
   void Trigger(QAction& entry);
   void ChooseEntry(QWidget& window);
   void OpenMenuBar(QWidget& window);
-  void UseMouseOnMap(map::frmMap& map);
-  void Resize(QWidget& window, map::frmMap& map);
+  void UseMouseOnMap(app::frmMap& map);
+  void Resize(QWidget& window, app::frmMap& map);
   void ChangeState(QWidget& window);
   void UseAnyControl(const QWidget& window);
   void UseControl(QWidget& control);

@@ -10,9 +10,9 @@
 #include <QSvgGenerator>
 #include <cmath>
 
-#include "map/painter_surface.h"
-#include "map/picture_surface.h"
-#include "map/prepared_pictures.h"
+#include "paint/painter_surface.h"
+#include "paint/picture_surface.h"
+#include "paint/prepared_pictures.h"
 
 namespace zerbal::mapcommand {
 namespace {
@@ -28,9 +28,9 @@ QImage DrawPicture(MapJob& job, const Options& options) {
   QImage picture(options.PixelSize(), QImage::Format_RGB32);
   if (picture.isNull())
     throw std::runtime_error("There is not enough memory for a picture of this size.");
-  map::PreparedPictures prepared;
+  paint::PreparedPictures prepared;
   {
-    map::PictureSurface surface(picture, options.dpi / kScreenDpi, prepared);
+    paint::PictureSurface surface(picture, options.dpi / kScreenDpi, prepared);
     job.Draw(surface);
   }
   const int dotsPerMetre = static_cast<int>(std::lround(options.dpi / 0.0254));
@@ -41,7 +41,7 @@ QImage DrawPicture(MapJob& job, const Options& options) {
 
 void DrawOn(QPaintDevice& device, MapJob& job, const QSizeF& logicalSize) {
   QPainter painter(&device);
-  map::PainterSurface surface(painter, kVectorGrid, QRectF(QPointF(), logicalSize * kVectorGrid));
+  paint::PainterSurface surface(painter, kVectorGrid, QRectF(QPointF(), logicalSize * kVectorGrid));
   painter.setClipRect(QRectF(QPointF(), logicalSize * kVectorGrid));
   job.Draw(surface);
 }

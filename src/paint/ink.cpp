@@ -1,11 +1,11 @@
-#include "map/ink.h"
+#include "paint/ink.h"
 
 #include <algorithm>
 #include <bit>
 #include <cstddef>
 #include <cstring>
 
-namespace zerbal::map {
+namespace zerbal::paint {
 namespace {
 
 // Four pixels, and two with a lane for each colour component. Compilers make vector instructions of these
@@ -118,4 +118,4 @@ void Ink::Cover(std::uint32_t* at, const std::uint8_t* coverage, int count) cons
   }
 }
 
-}  // namespace zerbal::map
+}  // namespace zerbal::paint

@@ -1,4 +1,4 @@
-#include "map/picture_surface.h"
+#include "paint/picture_surface.h"
 
 #include <chrono>
 #include <limits>
@@ -7,7 +7,7 @@
 
 #include "support/pictures.h"
 
-namespace zerbal::map {
+namespace zerbal::paint {
 namespace {
 
 using test::Blank;
@@ -15,7 +15,7 @@ using test::Ink;
 using test::InkBounds;
 
 constexpr data::Rgb kBlack{0, 0, 0};
-constexpr Pen kPen{.colour = kBlack};
+constexpr map::Pen kPen{.colour = kBlack};
 constexpr std::int32_t kFar = std::numeric_limits<std::int32_t>::max();
 constexpr std::int32_t kFarNegative = std::numeric_limits<std::int32_t>::min();
 
@@ -35,20 +35,20 @@ class PictureSurfaceTest : public testing::Test {
 using Rows = std::vector<std::string>;
 
 TEST_F(PictureSurfaceTest, ClearFillsEverything) {
-  const QImage image = Drawn(7, 3, 1, [](Surface& surface) { surface.Clear({1, 2, 3}); });
+  const QImage image = Drawn(7, 3, 1, [](map::Surface& surface) { surface.Clear({1, 2, 3}); });
   for (int y = 0; y < 3; ++y)
     for (int x = 0; x < 7; ++x)
       EXPECT_EQ(image.pixel(x, y), qRgb(1, 2, 3));
 }
 
 TEST_F(PictureSurfaceTest, LineIsOnePixelWideAndHasBothEnds) {
-  const QImage image = Drawn(6, 4, 1, [](Surface& surface) { surface.Line({15, 15}, {74, 15}, kPen); });
+  const QImage image = Drawn(6, 4, 1, [](map::Surface& surface) { surface.Line({15, 15}, {74, 15}, kPen); });
   EXPECT_EQ(Ink(image), (Rows{"......", ".####.", "......", "......"}));
 }
 
 TEST_F(PictureSurfaceTest, LineIsCrispAtEveryRatio) {
   for (const double ratio : {1.0, 1.5, 2.0}) {
-    const QImage image = Drawn(40, 40, ratio, [](Surface& surface) {
+    const QImage image = Drawn(40, 40, ratio, [](map::Surface& surface) {
       surface.Line({60, 60}, {240, 60}, kPen);
     });
     const int width = PixelScale(ratio).LineWidth(1);
@@ -62,7 +62,9 @@ TEST_F(PictureSurfaceTest, LineIsCrispAtEveryRatio) {
 }
 
 TEST_F(PictureSurfaceTest, SlantedLineHasOnePixelAStep) {
-  const QImage image = Drawn(8, 8, 1, [](Surface& surface) { surface.Line({0, 0}, {7 * 15, 3 * 15}, kPen); });
+  const QImage image = Drawn(8, 8, 1, [](map::Surface& surface) {
+    surface.Line({0, 0}, {7 * 15, 3 * 15}, kPen);
+  });
   for (int x = 0; x < 8; ++x) {
     int count = 0;
     for (int y = 0; y < 8; ++y)
@@ -73,46 +75,46 @@ TEST_F(PictureSurfaceTest, SlantedLineHasOnePixelAStep) {
 
 TEST_F(PictureSurfaceTest, LineBackCoversTheLineThere) {
   for (const double ratio : {1.0, 2.0}) {
-    for (const Point to :
-         {Point{750, 360}, Point{360, 750}, Point{75, 420}, Point{630, 100}, Point{90, 30}}) {
-      const Point from{300, 270};
-      const auto there = [&](Surface& surface) { surface.Line(from, to, kPen); };
-      const auto back = [&](Surface& surface) { surface.Line(to, from, kPen); };
+    for (const map::Point to : {map::Point{750, 360}, map::Point{360, 750}, map::Point{75, 420},
+                                map::Point{630, 100}, map::Point{90, 30}}) {
+      const map::Point from{300, 270};
+      const auto there = [&](map::Surface& surface) { surface.Line(from, to, kPen); };
+      const auto back = [&](map::Surface& surface) { surface.Line(to, from, kPen); };
       EXPECT_EQ(Drawn(110, 110, ratio, there), Drawn(110, 110, ratio, back)) << to.x << ", " << to.y;
     }
   }
 }
 
 TEST_F(PictureSurfaceTest, RunIsDrawnWithoutGaps) {
-  const QImage image = Drawn(5, 5, 1, [](Surface& surface) {
-    const Point run[] = {{0, 0}, {60, 0}, {61, 1}, {63, 60}, {0, 60}};
+  const QImage image = Drawn(5, 5, 1, [](map::Surface& surface) {
+    const map::Point run[] = {{0, 0}, {60, 0}, {61, 1}, {63, 60}, {0, 60}};
     surface.Polyline(run, kPen);
   });
   EXPECT_EQ(Ink(image), (Rows{"#####", "....#", "....#", "....#", "#####"}));
 }
 
 TEST_F(PictureSurfaceTest, RunOnOnePixelIsThatPixel) {
-  const QImage image = Drawn(3, 3, 1, [](Surface& surface) {
-    const Point run[] = {{15, 15}, {20, 20}, {29, 29}};
+  const QImage image = Drawn(3, 3, 1, [](map::Surface& surface) {
+    const map::Point run[] = {{15, 15}, {20, 20}, {29, 29}};
     surface.Polyline(run, kPen);
-    surface.Polyline(std::span<const Point>(run, 1), kPen);
+    surface.Polyline(std::span<const map::Point>(run, 1), kPen);
     surface.Polyline({}, kPen);
   });
   EXPECT_EQ(Ink(image), (Rows{"...", ".#.", "..."}));
 }
 
 TEST_F(PictureSurfaceTest, FewerThanTwoPointsDrawNothing) {
-  const QImage image = Drawn(3, 3, 1, [](Surface& surface) {
-    const Point run[] = {{15, 15}};
+  const QImage image = Drawn(3, 3, 1, [](map::Surface& surface) {
+    const map::Point run[] = {{15, 15}};
     surface.Polyline(run, kPen);
-    surface.Polyline(run, {.colour = kBlack, .style = LineStyle::kDotted});
+    surface.Polyline(run, {.colour = kBlack, .style = map::LineStyle::kDotted});
   });
   EXPECT_TRUE(InkBounds(image).isEmpty());
 }
 
 TEST_F(PictureSurfaceTest, WideLinesLieAroundTheirPixels) {
-  const auto wide = [&](int width, Point to) {
-    return Ink(Drawn(5, 5, 1, [&](Surface& surface) {
+  const auto wide = [&](int width, map::Point to) {
+    return Ink(Drawn(5, 5, 1, [&](map::Surface& surface) {
       surface.Line({30, 30}, to, {.colour = kBlack, .width = width});
     }));
   };
@@ -122,21 +124,22 @@ TEST_F(PictureSurfaceTest, WideLinesLieAroundTheirPixels) {
 }
 
 TEST_F(PictureSurfaceTest, SlantedWideLineIsAsThickAsAStraightOne) {
-  const auto thickness = [&](Point to) {
-    const QImage image = Drawn(300, 300, 1, [&](Surface& surface) {
+  const auto thickness = [&](map::Point to) {
+    const QImage image = Drawn(300, 300, 1, [&](map::Surface& surface) {
       surface.Line({150, 150}, to, {.colour = kBlack, .width = 3});
     });
     const double length = std::hypot(to.x - 150, to.y - 150) / 15;
     return test::InkAmount(image) / length;
   };
-  for (const Point to : {Point{4000, 150}, Point{4000, 1500}, Point{4000, 4000}, Point{1500, 4000}})
+  for (const map::Point to :
+       {map::Point{4000, 150}, map::Point{4000, 1500}, map::Point{4000, 4000}, map::Point{1500, 4000}})
     EXPECT_NEAR(thickness(to), 3, 0.35) << to.x << " " << to.y;
 }
 
 TEST_F(PictureSurfaceTest, MarkersAreRoundAndCentredAtEveryRatio) {
   for (const double ratio : {1.0, 1.5, 2.0, 3.0}) {
     for (const std::int32_t radius : {20, 30}) {
-      const QImage image = Drawn(60, 60, ratio, [&](Surface& surface) {
+      const QImage image = Drawn(60, 60, ratio, [&](map::Surface& surface) {
         surface.Circle({150, 150}, radius, kBlack, true);
       });
       const QRect bounds = InkBounds(image);
@@ -162,13 +165,13 @@ TEST_F(PictureSurfaceTest, MarkersAreRoundAndCentredAtEveryRatio) {
 }
 
 TEST_F(PictureSurfaceTest, DrawingAgainDoesNotHardenSoftEdges) {
-  const auto shapes = [](Surface& surface) {
+  const auto shapes = [](map::Surface& surface) {
     surface.Circle({150, 150}, 30, {16, 48, 90}, true);
     surface.Text({300, 75}, "QAV 12", {200, 30, 120}, {"Liberation Sans", 8});
     surface.Line({150, 300}, {300, 370}, {.colour = kBlack, .width = 3});
   };
   const auto times = [&](int count) {
-    return Drawn(80, 40, 1, [&](Surface& surface) {
+    return Drawn(80, 40, 1, [&](map::Surface& surface) {
       surface.Clear({230, 240, 244});
       for (int i = 0; i < count; ++i)
         shapes(surface);
@@ -178,7 +181,7 @@ TEST_F(PictureSurfaceTest, DrawingAgainDoesNotHardenSoftEdges) {
 }
 
 TEST_F(PictureSurfaceTest, DrawingAgainCoversWhatCameBetween) {
-  const QImage image = Drawn(80, 40, 1, [](Surface& surface) {
+  const QImage image = Drawn(80, 40, 1, [](map::Surface& surface) {
     const auto label = [&] { surface.Text({300, 75}, "MMM", kBlack, {"Liberation Sans", 14}); };
     surface.Clear({255, 255, 255});
     label();
@@ -192,7 +195,7 @@ TEST_F(PictureSurfaceTest, DrawingAgainCoversWhatCameBetween) {
 }
 
 TEST_F(PictureSurfaceTest, OpenCircleIsEmptyInside) {
-  const QImage image = Drawn(30, 30, 1, [](Surface& surface) {
+  const QImage image = Drawn(30, 30, 1, [](map::Surface& surface) {
     surface.Circle({225, 225}, 60, kBlack, false);
   });
   EXPECT_EQ(image.pixel(15, 15), qRgb(255, 255, 255));
@@ -203,9 +206,9 @@ TEST_F(PictureSurfaceTest, OpenCircleIsEmptyInside) {
 }
 
 TEST_F(PictureSurfaceTest, TextBeginsAtItsTopLeftCorner) {
-  const TextFont font{"Liberation Sans", 8};
+  const map::TextFont font{"Liberation Sans", 8};
   for (const double ratio : {1.0, 1.5, 2.0}) {
-    const QImage image = Drawn(200, 60, ratio, [&](Surface& surface) {
+    const QImage image = Drawn(200, 60, ratio, [&](map::Surface& surface) {
       surface.Text({150, 150}, "HHH", kBlack, font);
     });
     const QRect bounds = InkBounds(image);
@@ -221,9 +224,9 @@ TEST_F(PictureSurfaceTest, TextBeginsAtItsTopLeftCorner) {
 }
 
 TEST_F(PictureSurfaceTest, TextLooksAsThePainterWouldDrawIt) {
-  const TextFont font{"Liberation Sans", 8};
+  const map::TextFont font{"Liberation Sans", 8};
   const std::string_view text = "QAV 12 (2/3) Z\xC3\xBCrich";
-  const QImage fast = Drawn(160, 30, 1, [&](Surface& surface) {
+  const QImage fast = Drawn(160, 30, 1, [&](map::Surface& surface) {
     surface.Text({75, 75}, text, kBlack, font);
   });
   QImage slow = Blank(160, 30);
@@ -238,12 +241,12 @@ TEST_F(PictureSurfaceTest, TextLooksAsThePainterWouldDrawIt) {
 }
 
 TEST_F(PictureSurfaceTest, TextOfAnyContentIsDrawnOrLeftOut) {
-  const TextFont font{"Liberation Sans", 8};
+  const map::TextFont font{"Liberation Sans", 8};
   for (const std::string_view text :
        {std::string_view(""), std::string_view("\xFF\xC3"), std::string_view("a\0b", 3),
         std::string_view("\xE4\xBD\xA0\xE5\xA5\xBD"), std::string_view("e\xCC\x81"), std::string_view("\n\t"),
         std::string_view("\xF0\x9F\x9B\xA9")}) {
-    const QImage image = Drawn(80, 30, 1, [&](Surface& surface) {
+    const QImage image = Drawn(80, 30, 1, [&](map::Surface& surface) {
       surface.Text({75, 75}, text, kBlack, font);
       surface.Text({75, 75}, text, kBlack, {"No such family", 7});
     });
@@ -252,11 +255,12 @@ TEST_F(PictureSurfaceTest, TextOfAnyContentIsDrawnOrLeftOut) {
 }
 
 TEST_F(PictureSurfaceTest, TextIsCutAtEveryEdge) {
-  const TextFont font{"Liberation Sans", 8};
-  const QImage image = Drawn(20, 20, 1, [&](Surface& surface) {
-    for (const Point at :
-         {Point{-100, -60}, Point{240, 200}, Point{-4000, 0}, Point{0, -200}, Point{kFar, kFar},
-          Point{kFarNegative, kFarNegative}, Point{kFar, 0}, Point{0, kFar}})
+  const map::TextFont font{"Liberation Sans", 8};
+  const QImage image = Drawn(20, 20, 1, [&](map::Surface& surface) {
+    for (const map::Point at :
+         {map::Point{-100, -60}, map::Point{240, 200}, map::Point{-4000, 0}, map::Point{0, -200},
+          map::Point{kFar, kFar}, map::Point{kFarNegative, kFarNegative}, map::Point{kFar, 0},
+          map::Point{0, kFar}})
       surface.Text(at, "Harbour Field", kBlack, font);
   });
   EXPECT_FALSE(InkBounds(image).isEmpty());
@@ -270,11 +274,11 @@ TEST_F(PictureSurfaceTest, InvertingTwiceRestoresEveryPixel) {
         image.setPixel(x, y, qRgb(x * 7 & 255, y * 3 & 255, x * y & 255));
     const QImage before = image.copy();
     PictureSurface surface(image, ratio, prepared_);
-    for (const auto style : {LineStyle::kSolid, LineStyle::kDotted}) {
-      for (const Point to :
-           {Point{150, 150}, Point{151, 160}, Point{150, 900}, Point{900, 150}, Point{1200, 900},
-            Point{-300, -20}, Point{5000, 5000}, Point{kFar, kFarNegative}}) {
-        const Pen pen{.colour = {255, 200, 30}, .style = style, .mode = PenMode::kXor};
+    for (const auto style : {map::LineStyle::kSolid, map::LineStyle::kDotted}) {
+      for (const map::Point to : {map::Point{150, 150}, map::Point{151, 160}, map::Point{150, 900},
+                                  map::Point{900, 150}, map::Point{1200, 900}, map::Point{-300, -20},
+                                  map::Point{5000, 5000}, map::Point{kFar, kFarNegative}}) {
+        const map::Pen pen{.colour = {255, 200, 30}, .style = style, .mode = map::PenMode::kXor};
         surface.Rectangle({150, 150}, to, pen);
         EXPECT_NE(image, before);
         surface.Rectangle({150, 150}, to, pen);
@@ -285,8 +289,8 @@ TEST_F(PictureSurfaceTest, InvertingTwiceRestoresEveryPixel) {
 }
 
 TEST_F(PictureSurfaceTest, InvertingTouchesNoPixelTwice) {
-  const QImage image = Drawn(8, 8, 1, [](Surface& surface) {
-    surface.Rectangle({15, 15}, {75, 60}, {.colour = {255, 255, 255}, .mode = PenMode::kXor});
+  const QImage image = Drawn(8, 8, 1, [](map::Surface& surface) {
+    surface.Rectangle({15, 15}, {75, 60}, {.colour = {255, 255, 255}, .mode = map::PenMode::kXor});
   });
   EXPECT_EQ(Ink(image), (Rows{"........", ".#####..", ".#...#..", ".#...#..", ".#####..", "........",
                               "........", "........"}));
@@ -294,24 +298,26 @@ TEST_F(PictureSurfaceTest, InvertingTouchesNoPixelTwice) {
 }
 
 TEST_F(PictureSurfaceTest, RectangleWithoutExtentIsOneDot) {
-  const QImage image = Drawn(4, 4, 1, [](Surface& surface) {
-    surface.Rectangle({30, 30}, {30, 30},
-                      {.colour = {255, 255, 255}, .style = LineStyle::kDotted, .mode = PenMode::kXor});
+  const QImage image = Drawn(4, 4, 1, [](map::Surface& surface) {
+    surface.Rectangle(
+        {30, 30}, {30, 30},
+        {.colour = {255, 255, 255}, .style = map::LineStyle::kDotted, .mode = map::PenMode::kXor});
   });
   EXPECT_EQ(Ink(image), (Rows{"....", "....", "..#.", "...."}));
 }
 
 TEST_F(PictureSurfaceTest, RectangleWithoutWidthIsALine) {
-  const QImage image = Drawn(5, 6, 1, [](Surface& surface) {
-    surface.Rectangle({30, 15}, {30, 60}, {.colour = {255, 255, 255}, .mode = PenMode::kXor});
+  const QImage image = Drawn(5, 6, 1, [](map::Surface& surface) {
+    surface.Rectangle({30, 15}, {30, 60}, {.colour = {255, 255, 255}, .mode = map::PenMode::kXor});
   });
   EXPECT_EQ(Ink(image), (Rows{".....", "..#..", "..#..", "..#..", "..#..", "....."}));
 }
 
 TEST_F(PictureSurfaceTest, DottedRectangleHasDotsAndGapsOnAllSides) {
-  const QImage image = Drawn(60, 60, 1, [](Surface& surface) {
-    surface.Rectangle({75, 75}, {750, 750},
-                      {.colour = {255, 255, 255}, .style = LineStyle::kDotted, .mode = PenMode::kXor});
+  const QImage image = Drawn(60, 60, 1, [](map::Surface& surface) {
+    surface.Rectangle(
+        {75, 75}, {750, 750},
+        {.colour = {255, 255, 255}, .style = map::LineStyle::kDotted, .mode = map::PenMode::kXor});
   });
   const Rows ink = Ink(image);
   int dots[4] = {};
@@ -327,13 +333,13 @@ TEST_F(PictureSurfaceTest, DottedRectangleHasDotsAndGapsOnAllSides) {
 
 TEST_F(PictureSurfaceTest, FarthestCoordinatesAreQuickAndHarmless) {
   const auto start = std::chrono::steady_clock::now();
-  const QImage image = Drawn(50, 40, 2, [](Surface& surface) {
-    const Point far[] = {
+  const QImage image = Drawn(50, 40, 2, [](map::Surface& surface) {
+    const map::Point far[] = {
         {kFarNegative, kFarNegative}, {kFar, kFar}, {kFarNegative, kFar}, {300, kFarNegative}};
     for (const int width : {1, 2, 3, 1000}) {
-      for (const auto style : {LineStyle::kSolid, LineStyle::kDotted}) {
-        for (const auto mode : {PenMode::kCopy, PenMode::kXor}) {
-          const Pen pen{.colour = kBlack, .width = width, .style = style, .mode = mode};
+      for (const auto style : {map::LineStyle::kSolid, map::LineStyle::kDotted}) {
+        for (const auto mode : {map::PenMode::kCopy, map::PenMode::kXor}) {
+          const map::Pen pen{.colour = kBlack, .width = width, .style = style, .mode = mode};
           surface.Polyline(far, pen);
           surface.Rectangle(far[0], far[1], pen);
           surface.Rectangle(far[2], {100, 100}, pen);
@@ -352,7 +358,7 @@ TEST_F(PictureSurfaceTest, FarthestCoordinatesAreQuickAndHarmless) {
 }
 
 TEST_F(PictureSurfaceTest, LineThroughThePictureIsCutToIt) {
-  const QImage image = Drawn(5, 3, 1, [](Surface& surface) {
+  const QImage image = Drawn(5, 3, 1, [](map::Surface& surface) {
     surface.Line({kFarNegative, 15}, {kFar, 15}, kPen);
   });
   EXPECT_EQ(Ink(image), (Rows{".....", "#####", "....."}));
@@ -370,11 +376,11 @@ TEST_F(PictureSurfaceTest, EmptyPictureTakesEverything) {
 }
 
 TEST_F(PictureSurfaceTest, DottedRunHasGaps) {
-  const QImage image = Drawn(40, 5, 1, [](Surface& surface) {
-    surface.Line({15, 30}, {570, 30}, {.colour = kBlack, .style = LineStyle::kDotted});
+  const QImage image = Drawn(40, 5, 1, [](map::Surface& surface) {
+    surface.Line({15, 30}, {570, 30}, {.colour = kBlack, .style = map::LineStyle::kDotted});
   });
   EXPECT_NEAR(test::InkAmount(image), 18, 4);
 }
 
 }  // namespace
-}  // namespace zerbal::map
+}  // namespace zerbal::paint

@@ -4,7 +4,7 @@
 #include <array>
 #include <cstdint>
 
-namespace zerbal::map {
+namespace zerbal::paint {
 
 /// Soft edges do not harden where the same shape is drawn again and again, as airports are for each flight: a
 /// pixel that is already as near to the colour as one drawing on the background would bring it stays as it
@@ -29,4 +29,4 @@ class Ink {
   std::array<std::uint64_t, 256> distances_ = {};
 };
 
-}  // namespace zerbal::map
+}  // namespace zerbal::paint

@@ -1,10 +1,10 @@
-#include "map/pixel_scale.h"
+#include "paint/pixel_scale.h"
 
 #include <limits>
 
 #include <gtest/gtest.h>
 
-namespace zerbal::map {
+namespace zerbal::paint {
 namespace {
 
 TEST(PixelScale, CutsTwipsDownToThePixelThatHoldsThem) {
@@ -58,4 +58,4 @@ TEST(PixelScale, LinesAreWholePixelsWide) {
 }
 
 }  // namespace
-}  // namespace zerbal::map
+}  // namespace zerbal::paint

@@ -1,4 +1,4 @@
-#include "map/frm_map.h"
+#include "app/frm_map.h"
 
 #include <QApplication>
 #include <QMouseEvent>
@@ -13,18 +13,18 @@
 #include "map/recorder.h"
 #include "support/pictures.h"
 
-namespace zerbal::map {
+namespace zerbal::app {
 namespace {
 
 /// A coast along the equator, two airports and a flight between them.
-class World : public MapWorld {
+class World : public map::MapWorld {
  public:
   World() {
     for (int lon = 0; lon <= 360; lon += 2)
-      coast["wcl"].push_back(At(lon, 90 + lon % 3 * 4));
-    allaprt = {Airport("AAA", 100, 60), Airport("BBB", 200, 80)};
+      coast["wcl"].push_back(map::At(lon, 90 + lon % 3 * 4));
+    allaprt = {map::Airport("AAA", 100, 60), map::Airport("BBB", 200, 80)};
     dest = allaprt;
-    flit = {Flight("QV1", "EUR", {"AAA", "BBB"})};
+    flit = {map::Flight("QV1", "EUR", {"AAA", "BBB"})};
     AddService("EUR", {200, 0, 0});
     options.allAirports = true;
     Ask(5, 0, 355, 180);
@@ -79,14 +79,14 @@ class FrmMapTest : public testing::Test {
   /// What was drawn of the zoom box since the last complete redraw.
   std::vector<Box> Boxes() const {
     std::vector<Box> boxes;
-    for (const Operation& operation : recorder_.Operations()) {
-      if (operation.layer != Layer::kZoomBox)
+    for (const map::Operation& operation : recorder_.Operations()) {
+      if (operation.layer != map::Layer::kZoomBox)
         continue;
-      EXPECT_EQ(operation.kind, Operation::Kind::kRectangle);
-      EXPECT_EQ(operation.pen, (Pen{.colour = ColourOf(data::ColourCode::kZoom),
-                                    .width = 1,
-                                    .style = LineStyle::kDotted,
-                                    .mode = PenMode::kXor}));
+      EXPECT_EQ(operation.kind, map::Operation::Kind::kRectangle);
+      EXPECT_EQ(operation.pen, (map::Pen{.colour = map::ColourOf(data::ColourCode::kZoom),
+                                         .width = 1,
+                                         .style = map::LineStyle::kDotted,
+                                         .mode = map::PenMode::kXor}));
       boxes.push_back({operation.from.x, operation.from.y, operation.to.x, operation.to.y});
     }
     return boxes;
@@ -102,11 +102,11 @@ class FrmMapTest : public testing::Test {
   double Ratio() const { return map_.devicePixelRatioF(); }
 
   World world_;
-  MapScene scene_;
-  Recorder recorder_;
+  map::MapScene scene_;
+  map::Recorder recorder_;
   QWidget host_;
   frmMap map_;
-  Viewport& view_ = world_.viewport;
+  map::Viewport& view_ = world_.viewport;
   std::string position_;
   std::vector<std::string> extents_;
   std::vector<QPoint> popups_;
@@ -161,15 +161,15 @@ TEST_F(FrmMapTest, RedrawDrawsWithoutComputing) {
 TEST_F(FrmMapTest, ObserverIsGivenTheWholeRedraw) {
   const auto& operations = recorder_.Operations();
   ASSERT_FALSE(operations.empty());
-  EXPECT_EQ(operations.front().kind, Operation::Kind::kClear);
-  const auto count = [&](Layer layer) {
+  EXPECT_EQ(operations.front().kind, map::Operation::Kind::kClear);
+  const auto count = [&](map::Layer layer) {
     return std::count_if(operations.begin(), operations.end(),
-                         [&](const Operation& operation) { return operation.layer == layer; });
+                         [&](const map::Operation& operation) { return operation.layer == layer; });
   };
-  EXPECT_GT(count(Layer::kCoast), 100);
-  EXPECT_EQ(count(Layer::kAirports), 4);
-  EXPECT_GT(count(Layer::kFlights), 0);
-  EXPECT_EQ(count(Layer::kZoomBox), 0);
+  EXPECT_GT(count(map::Layer::kCoast), 100);
+  EXPECT_EQ(count(map::Layer::kAirports), 4);
+  EXPECT_GT(count(map::Layer::kFlights), 0);
+  EXPECT_EQ(count(map::Layer::kZoomBox), 0);
 }
 
 TEST_F(FrmMapTest, TheWindowsOwnFontAndColourAreTheMaps) {
@@ -233,7 +233,7 @@ TEST_F(FrmMapTest, ClickCentresWithoutZooming) {
   map_.RecomputeAndRedraw();
   const float lonSpan = view_.MapLonSpan;
   const float latSpan = view_.MapLatSpan;
-  const LonLat wanted = view_.Unproject(3000, 2000);
+  const map::LonLat wanted = view_.Unproject(3000, 2000);
   NewDraws();
   Press(3000, 2000);
   Release(3000, 2000);
@@ -359,8 +359,9 @@ TEST_F(FrmMapTest, BoxLeavesNoTraceButThePressPoint) {
     for (int x = 0; x < before.width(); ++x)
       if (before.pixel(x, y) != map_.Picture().pixel(x, y))
         touched |= QRect(x, y, 1, 1);
-  const int dot = PixelScale(Ratio()).LineWidth(1);
-  EXPECT_EQ(touched, QRect(static_cast<int>(200 * Ratio()), PixelScale(Ratio()).Pixel(2000), dot, dot));
+  const int dot = paint::PixelScale(Ratio()).LineWidth(1);
+  EXPECT_EQ(touched,
+            QRect(static_cast<int>(200 * Ratio()), paint::PixelScale(Ratio()).Pixel(2000), dot, dot));
 }
 
 TEST_F(FrmMapTest, ReleaseElsewhereErasesTheBoxThatWasDrawn) {
@@ -523,4 +524,4 @@ TEST_F(FrmMapTest, OutlastsAStormOfSizes) {
 }
 
 }  // namespace
-}  // namespace zerbal::map
+}  // namespace zerbal::app

@@ -1,4 +1,4 @@
-#include "map/prepared_pictures.h"
+#include "paint/prepared_pictures.h"
 
 #include <QGlyphRun>
 #include <QImage>
@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace zerbal::map {
+namespace zerbal::paint {
 namespace {
 
 constexpr double kPixelsPerPoint = 96.0 / 72.0;
@@ -48,7 +48,7 @@ QImage Blackboard(int width, int height) {
 
 }  // namespace
 
-QFont DeviceFont(const TextFont& font, const PixelScale& scale, const QPaintDevice& device) {
+QFont DeviceFont(const map::TextFont& font, const PixelScale& scale, const QPaintDevice& device) {
   QFont result(QString::fromStdString(font.name));
   result.setPointSizeF(std::clamp(font.size, 1, 1000) * scale.Ratio() * 96.0 / device.logicalDpiY());
   result.setKerning(false);
@@ -118,7 +118,7 @@ const Mask& PreparedPictures::Disc(std::int32_t radius, const PixelScale& scale)
   return place->second;
 }
 
-GlyphSet& PreparedPictures::Glyphs(const TextFont& font, const PixelScale& scale) {
+GlyphSet& PreparedPictures::Glyphs(const map::TextFont& font, const PixelScale& scale) {
   for (const FontEntry& entry : fonts_)
     if (entry.ratio == scale.Ratio() && entry.font == font)
       return *entry.glyphs;
@@ -129,4 +129,4 @@ GlyphSet& PreparedPictures::Glyphs(const TextFont& font, const PixelScale& scale
   return *fonts_.back().glyphs;
 }
 
-}  // namespace zerbal::map
+}  // namespace zerbal::paint

@@ -6,9 +6,9 @@
 #include <QWidget>
 
 #include "map/draw_map.h"
-#include "map/prepared_pictures.h"
+#include "paint/prepared_pictures.h"
 
-namespace zerbal::map {
+namespace zerbal::app {
 
 /// Keeps the picture at the screen's own resolution. Resizing, zooming and the mouse end in
 /// RecomputeAndRedraw; a change of what is drawn ends in Redraw. Both run to their end before they return.
@@ -19,7 +19,7 @@ class frmMap final : public QWidget {
 
  public:
   /// `scene` must outlive the window.
-  explicit frmMap(MapScene& scene, QWidget* parent = nullptr);
+  explicit frmMap(map::MapScene& scene, QWidget* parent = nullptr);
 
   /// ComputeViewport, then DrawMap.
   void RecomputeAndRedraw();
@@ -29,7 +29,7 @@ class frmMap final : public QWidget {
   /// Complete redraws so far.
   int Draws() const { return draws_; }
   /// A second surface that is given every operation, the zoom box's too; null for none.
-  void SetObserver(Surface* observer) { observer_ = observer; }
+  void SetObserver(map::Surface* observer) { observer_ = observer; }
   QColor BackgroundColour() const { return background_; }
   const QImage& Picture() const { return picture_; }
 
@@ -69,13 +69,13 @@ class frmMap final : public QWidget {
   float LimitedX(float x) const;
   float LimitedY(float y) const;
 
-  MapScene& scene_;
+  map::MapScene& scene_;
   QColor background_;
   QImage picture_;
-  PreparedPictures prepared_;
-  Surface* observer_ = nullptr;
+  paint::PreparedPictures prepared_;
+  map::Surface* observer_ = nullptr;
   int draws_ = 0;
   ZoomBox zoomBox_;
 };
 
-}  // namespace zerbal::map
+}  // namespace zerbal::app

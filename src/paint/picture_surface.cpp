@@ -1,11 +1,11 @@
-#include "map/picture_surface.h"
+#include "paint/picture_surface.h"
 
 #include <algorithm>
 #include <cmath>
 
 #include "jet/text.h"
 
-namespace zerbal::map {
+namespace zerbal::paint {
 namespace {
 
 /// Larger discs (twips) are not markers; keeping pictures of them would be a waste.
@@ -32,8 +32,8 @@ void PictureSurface::Clear(data::Rgb colour) {
   canvas_.Fill(PixelCanvas::Pixel(colour));
 }
 
-void PictureSurface::Polyline(std::span<const Point> points, const Pen& pen) {
-  if (pen.style != LineStyle::kSolid || pen.mode != PenMode::kCopy) {
+void PictureSurface::Polyline(std::span<const map::Point> points, const map::Pen& pen) {
+  if (pen.style != map::LineStyle::kSolid || pen.mode != map::PenMode::kCopy) {
     Rest().Polyline(points, pen);
     return;
   }
@@ -46,10 +46,10 @@ void PictureSurface::Polyline(std::span<const Point> points, const Pen& pen) {
     return;
   }
   const int width = scale_.LineWidth(1);
-  Point from = scale_.Pixel(points.front());
+  map::Point from = scale_.Pixel(points.front());
   bool drawn = false;
-  for (const Point& twips : points.subspan(1)) {
-    const Point to = scale_.Pixel(twips);
+  for (const map::Point& twips : points.subspan(1)) {
+    const map::Point to = scale_.Pixel(twips);
     if (to == from)
       continue;
     canvas_.Line(from, to, pixel, width);
@@ -60,7 +60,7 @@ void PictureSurface::Polyline(std::span<const Point> points, const Pen& pen) {
     canvas_.Line(from, from, pixel, width);
 }
 
-void PictureSurface::Stroke(Point from, Point to, std::uint32_t pixel, int width) {
+void PictureSurface::Stroke(map::Point from, map::Point to, std::uint32_t pixel, int width) {
   // Straight strokes have crisp edges as they are; long ones are no small shapes.
   const double length = std::hypot(static_cast<double>(from.x) - to.x, static_cast<double>(from.y) - to.y);
   if (from.x == to.x || from.y == to.y || length > kLongestSmoothStroke) {
@@ -72,29 +72,29 @@ void PictureSurface::Stroke(Point from, Point to, std::uint32_t pixel, int width
     canvas_.Line(scale_.Pixel(from), scale_.Pixel(to), pixel, across);
     return;
   }
-  const auto spot = [this](Point twips) {
+  const auto spot = [this](map::Point twips) {
     return PixelCanvas::Spot{scale_.Length(twips.x), scale_.Length(twips.y)};
   };
   canvas_.SmoothLine(spot(from), spot(to), pixel, width * scale_.Ratio());
 }
 
-void PictureSurface::Rectangle(Point corner1, Point corner2, const Pen& pen) {
+void PictureSurface::Rectangle(map::Point corner1, map::Point corner2, const map::Pen& pen) {
   canvas_.Rectangle(scale_.Pixel(corner1), scale_.Pixel(corner2), PixelCanvas::Pixel(pen.colour),
                     {.size = scale_.LineWidth(pen.width),
-                     .dotted = pen.style == LineStyle::kDotted,
-                     .invert = pen.mode == PenMode::kXor});
+                     .dotted = pen.style == map::LineStyle::kDotted,
+                     .invert = pen.mode == map::PenMode::kXor});
 }
 
-void PictureSurface::Circle(Point centre, std::int32_t radius, data::Rgb colour, bool fill) {
+void PictureSurface::Circle(map::Point centre, std::int32_t radius, data::Rgb colour, bool fill) {
   if (!fill || radius < 0 || radius > kLargestMarker) {
     Rest().Circle(centre, radius, colour, fill);
     return;
   }
-  const Point at = scale_.Pixel(centre);
+  const map::Point at = scale_.Pixel(centre);
   canvas_.Blend(prepared_.Disc(radius, scale_), at.x, at.y, PixelCanvas::Pixel(colour));
 }
 
-GlyphSet& PictureSurface::Glyphs(const TextFont& font) {
+GlyphSet& PictureSurface::Glyphs(const map::TextFont& font) {
   if (glyphs_ == nullptr || font_ != font) {
     font_ = font;
     glyphs_ = &prepared_.Glyphs(font, scale_);
@@ -102,7 +102,8 @@ GlyphSet& PictureSurface::Glyphs(const TextFont& font) {
   return *glyphs_;
 }
 
-void PictureSurface::Text(Point topLeft, std::string_view text, data::Rgb colour, const TextFont& font) {
+void PictureSurface::Text(map::Point topLeft, std::string_view text, data::Rgb colour,
+                          const map::TextFont& font) {
   GlyphSet& glyphs = Glyphs(font);
   for (std::string_view rest = text; !rest.empty();) {
     if (!glyphs.Of(jet::TakeUtf8(rest)).known) {
@@ -110,7 +111,7 @@ void PictureSurface::Text(Point topLeft, std::string_view text, data::Rgb colour
       return;
     }
   }
-  const Point at = scale_.Pixel(topLeft);
+  const map::Point at = scale_.Pixel(topLeft);
   const std::uint32_t pixel = PixelCanvas::Pixel(colour);
   if (at.x >= picture_.width() || at.y >= picture_.height())
     return;
@@ -123,4 +124,4 @@ void PictureSurface::Text(Point topLeft, std::string_view text, data::Rgb colour
   }
 }
 
-}  // namespace zerbal::map
+}  // namespace zerbal::paint

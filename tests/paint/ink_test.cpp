@@ -1,4 +1,4 @@
-#include "map/ink.h"
+#include "paint/ink.h"
 
 #include <cstdlib>
 #include <random>
@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zerbal::map {
+namespace zerbal::paint {
 namespace {
 
 int Component(std::uint32_t pixel, int shift) {
@@ -81,4 +81,4 @@ TEST(Ink, KnowsWhatItIsFor) {
 }
 
 }  // namespace
-}  // namespace zerbal::map
+}  // namespace zerbal::paint

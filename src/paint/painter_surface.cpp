@@ -1,12 +1,12 @@
-#include "map/painter_surface.h"
+#include "paint/painter_surface.h"
 
 #include <QPaintEngine>
 #include <algorithm>
 #include <cmath>
 
-#include "map/prepared_pictures.h"
+#include "paint/prepared_pictures.h"
 
-namespace zerbal::map {
+namespace zerbal::paint {
 namespace {
 
 QColor ToColour(data::Rgb colour) {
@@ -30,12 +30,12 @@ void PainterSurface::Clear(data::Rgb colour) {
   painter_.fillRect(area_, ToColour(colour));
 }
 
-void PainterSurface::UsePen(const Pen& pen) {
+void PainterSurface::UsePen(const map::Pen& pen) {
   if (pen_ == pen)
     return;
   pen_ = pen;
   QPen result(ToColour(pen.colour), scale_.LineWidth(pen.width));
-  if (pen.style == LineStyle::kDotted) {
+  if (pen.style == map::LineStyle::kDotted) {
     result.setCapStyle(Qt::FlatCap);
     result.setDashPattern({1, 1});
   } else {
@@ -45,7 +45,7 @@ void PainterSurface::UsePen(const Pen& pen) {
   painter_.setPen(result);
   // A device that cannot invert, such as a printer, shows the colour.
   const bool invert =
-      pen.mode == PenMode::kXor && painter_.paintEngine()->hasFeature(QPaintEngine::RasterOpModes);
+      pen.mode == map::PenMode::kXor && painter_.paintEngine()->hasFeature(QPaintEngine::RasterOpModes);
   painter_.setCompositionMode(invert ? QPainter::RasterOp_SourceXorDestination
                                      : QPainter::CompositionMode_SourceOver);
 }
@@ -58,15 +58,15 @@ void PainterSurface::DrawRun() {
   run_.clear();
 }
 
-void PainterSurface::Polyline(std::span<const Point> points, const Pen& pen) {
+void PainterSurface::Polyline(std::span<const map::Point> points, const map::Pen& pen) {
   if (points.size() < 2)
     return;
   UsePen(pen);
   run_.clear();
   for (std::size_t i = 1; i < points.size(); ++i) {
-    Point from = scale_.Pixel(points[i - 1]);
-    Point to = scale_.Pixel(points[i]);
-    const Point wholeTo = to;
+    map::Point from = scale_.Pixel(points[i - 1]);
+    map::Point to = scale_.Pixel(points[i]);
+    const map::Point wholeTo = to;
     if (!near_.Clip(from, to)) {
       DrawRun();
       continue;
@@ -83,13 +83,13 @@ void PainterSurface::Polyline(std::span<const Point> points, const Pen& pen) {
   DrawRun();
 }
 
-void PainterSurface::Rectangle(Point corner1, Point corner2, const Pen& pen) {
-  const Point corners[] = {corner1, {corner2.x, corner1.y}, corner2, {corner1.x, corner2.y}, corner1};
+void PainterSurface::Rectangle(map::Point corner1, map::Point corner2, const map::Pen& pen) {
+  const map::Point corners[] = {corner1, {corner2.x, corner1.y}, corner2, {corner1.x, corner2.y}, corner1};
   Polyline(corners, pen);
 }
 
-void PainterSurface::Circle(Point centre, std::int32_t radius, data::Rgb colour, bool fill) {
-  const Point at = scale_.Pixel(centre);
+void PainterSurface::Circle(map::Point centre, std::int32_t radius, data::Rgb colour, bool fill) {
+  const map::Point at = scale_.Pixel(centre);
   const double reach = std::clamp(scale_.Length(radius), 0.0, area_.width() + area_.height());
   if (!QRectF(near_.left - reach, near_.top - reach, near_.right - near_.left + 2 * reach,
               near_.bottom - near_.top + 2 * reach)
@@ -105,7 +105,7 @@ void PainterSurface::Circle(Point centre, std::int32_t radius, data::Rgb colour,
   painter_.restore();
 }
 
-const QFont& PainterSurface::UseFont(const TextFont& font) {
+const QFont& PainterSurface::UseFont(const map::TextFont& font) {
   if (fontName_ != font || fontName_.name.empty()) {
     fontName_ = font;
     font_ = DeviceFont(font, scale_, *painter_.device());
@@ -113,8 +113,9 @@ const QFont& PainterSurface::UseFont(const TextFont& font) {
   return font_;
 }
 
-void PainterSurface::Text(Point topLeft, std::string_view text, data::Rgb colour, const TextFont& font) {
-  const Point at = scale_.Pixel(topLeft);
+void PainterSurface::Text(map::Point topLeft, std::string_view text, data::Rgb colour,
+                          const map::TextFont& font) {
+  const map::Point at = scale_.Pixel(topLeft);
   if (text.empty() || !near_.Holds(at))
     return;
   UsePen({.colour = colour});
@@ -124,4 +125,4 @@ void PainterSurface::Text(Point topLeft, std::string_view text, data::Rgb colour
                     QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
 }
 
-}  // namespace zerbal::map
+}  // namespace zerbal::paint

@@ -12,13 +12,13 @@
 #include <utility>
 #include <vector>
 
-#include "map/mask.h"
-#include "map/pixel_scale.h"
+#include "paint/mask.h"
+#include "paint/pixel_scale.h"
 
-namespace zerbal::map {
+namespace zerbal::paint {
 
 /// The family at its size in points, at 96 dots an inch times the ratio.
-QFont DeviceFont(const TextFont& font, const PixelScale& scale, const QPaintDevice& device);
+QFont DeviceFont(const map::TextFont& font, const PixelScale& scale, const QPaintDevice& device);
 
 /// The letters of one font at one size. Letters stand on whole pixels, without kerning.
 class GlyphSet {
@@ -48,16 +48,16 @@ class PreparedPictures {
  public:
   /// A filled disc with an outline of one logical pixel. Its reference pixel is that of its centre position.
   const Mask& Disc(std::int32_t radius, const PixelScale& scale);
-  GlyphSet& Glyphs(const TextFont& font, const PixelScale& scale);
+  GlyphSet& Glyphs(const map::TextFont& font, const PixelScale& scale);
 
  private:
   std::map<std::pair<std::int32_t, double>, Mask> discs_;
   struct FontEntry {
-    TextFont font;
+    map::TextFont font;
     double ratio;
     std::unique_ptr<GlyphSet> glyphs;
   };
   std::vector<FontEntry> fonts_;  ///< a handful: two fonts, and what was chosen before
 };
 
-}  // namespace zerbal::map
+}  // namespace zerbal::paint

@@ -1,11 +1,11 @@
-#include "map/pixel_canvas.h"
+#include "paint/pixel_canvas.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <span>
 
-namespace zerbal::map {
+namespace zerbal::paint {
 namespace {
 
 /// A line drawn as a bar with soft edges, half a pixel longer at both ends.
@@ -92,7 +92,7 @@ void PixelCanvas::Fill(std::uint32_t pixel) {
     std::fill_n(pixels_ + y * stride_, width_, pixel);
 }
 
-void PixelCanvas::ThinLine(Point from, Point to, std::uint32_t pixel) {
+void PixelCanvas::ThinLine(map::Point from, map::Point to, std::uint32_t pixel) {
   int length = std::abs(to.x - from.x);
   int aside = std::abs(to.y - from.y);
   const bool flat = length >= aside;
@@ -116,7 +116,7 @@ void PixelCanvas::ThinLine(Point from, Point to, std::uint32_t pixel) {
   }
 }
 
-void PixelCanvas::WideLine(Point from, Point to, std::uint32_t pixel, int width) {
+void PixelCanvas::WideLine(map::Point from, map::Point to, std::uint32_t pixel, int width) {
   const int dx = std::abs(to.x - from.x);
   const int dy = std::abs(to.y - from.y);
   if (dx == 0 && dy == 0) {
@@ -125,12 +125,12 @@ void PixelCanvas::WideLine(Point from, Point to, std::uint32_t pixel, int width)
   }
   for (int i = 0; i < width; ++i) {
     const int aside = i - (width - 1) / 2;
-    const Point shift = dx >= dy ? Point{0, aside} : Point{aside, 0};
+    const map::Point shift = dx >= dy ? map::Point{0, aside} : map::Point{aside, 0};
     Line({from.x + shift.x, from.y + shift.y}, {to.x + shift.x, to.y + shift.y}, pixel, 1);
   }
 }
 
-void PixelCanvas::Line(Point from, Point to, std::uint32_t pixel, int width) {
+void PixelCanvas::Line(map::Point from, map::Point to, std::uint32_t pixel, int width) {
   if (width <= 1) {
     if ((Holds(from) && Holds(to)) || Area(0).Clip(from, to))
       ThinLine(from, to, pixel);
@@ -192,7 +192,7 @@ void PixelCanvas::Block(std::int64_t x, std::int64_t y, std::int64_t width, std:
   }
 }
 
-void PixelCanvas::Rectangle(Point corner1, Point corner2, std::uint32_t pixel, const Dots& dots) {
+void PixelCanvas::Rectangle(map::Point corner1, map::Point corner2, std::uint32_t pixel, const Dots& dots) {
   const std::int64_t size = std::max(1, dots.size);
   const std::int64_t left = std::min(corner1.x, corner2.x);
   const std::int64_t right = std::max(corner1.x, corner2.x);
@@ -227,4 +227,4 @@ void PixelCanvas::Rectangle(Point corner1, Point corner2, std::uint32_t pixel, c
     vertical(right);
 }
 
-}  // namespace zerbal::map
+}  // namespace zerbal::paint

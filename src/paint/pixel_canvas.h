@@ -9,12 +9,12 @@
 #include <cstdint>
 #include <vector>
 
-#include "map/clip_area.h"
-#include "map/ink.h"
-#include "map/mask.h"
 #include "map/surface.h"
+#include "paint/clip_area.h"
+#include "paint/ink.h"
+#include "paint/mask.h"
 
-namespace zerbal::map {
+namespace zerbal::paint {
 
 /// Positions are pixels.
 class PixelCanvas {
@@ -27,7 +27,7 @@ class PixelCanvas {
   void Fill(std::uint32_t pixel);
   /// Both ends included, no soft edges. `width` counts along a row or a column, whichever crosses the line
   /// more squarely; an even width has its extra pixel right of or below the ends.
-  void Line(Point from, Point to, std::uint32_t pixel, int width);
+  void Line(map::Point from, map::Point to, std::uint32_t pixel, int width);
 
   /// A place between the pixels: the middle of the first pixel is 0.5, 0.5.
   struct Spot {
@@ -46,16 +46,16 @@ class PixelCanvas {
   };
   /// Touches each pixel of the outline once, so that inverting it twice restores the picture. A rectangle
   /// without extent is one dot.
-  void Rectangle(Point corner1, Point corner2, std::uint32_t pixel, const Dots& dots);
+  void Rectangle(map::Point corner1, map::Point corner2, std::uint32_t pixel, const Dots& dots);
 
  private:
-  bool Holds(Point point) const {
+  bool Holds(map::Point point) const {
     return static_cast<std::uint32_t>(point.x) < static_cast<std::uint32_t>(width_) &&
            static_cast<std::uint32_t>(point.y) < static_cast<std::uint32_t>(height_);
   }
   ClipArea Area(int margin) const { return {-margin, -margin, width_ - 1 + margin, height_ - 1 + margin}; }
-  void ThinLine(Point from, Point to, std::uint32_t pixel);
-  void WideLine(Point from, Point to, std::uint32_t pixel, int width);
+  void ThinLine(map::Point from, map::Point to, std::uint32_t pixel);
+  void WideLine(map::Point from, map::Point to, std::uint32_t pixel, int width);
   void Block(std::int64_t x, std::int64_t y, std::int64_t width, std::int64_t height, std::uint32_t pixel,
              bool invert);
   const Ink& InkOf(std::uint32_t pixel);
@@ -70,4 +70,4 @@ class PixelCanvas {
   std::vector<std::uint8_t> coverage_;  ///< of one row, kept for its memory
 };
 
-}  // namespace zerbal::map
+}  // namespace zerbal::paint

@@ -5,41 +5,41 @@
 #include <QImage>
 #include <optional>
 
-#include "map/painter_surface.h"
-#include "map/pixel_canvas.h"
-#include "map/prepared_pictures.h"
+#include "paint/painter_surface.h"
+#include "paint/pixel_canvas.h"
+#include "paint/prepared_pictures.h"
 
-namespace zerbal::map {
+namespace zerbal::paint {
 
 /// `picture` has format RGB32 and the device pixel ratio 1 while it is drawn on; `scale` is the number of its
 /// pixels a logical pixel. Picture and prepared pictures must outlive the surface.
-class PictureSurface final : public Surface {
+class PictureSurface final : public map::Surface {
  public:
   PictureSurface(QImage& picture, double scale, PreparedPictures& prepared);
   ~PictureSurface() override;
 
-  void BeginLayer(Layer) override {}
+  void BeginLayer(map::Layer) override {}
   void Clear(data::Rgb colour) override;
-  void Polyline(std::span<const Point> points, const Pen& pen) override;
-  void Rectangle(Point corner1, Point corner2, const Pen& pen) override;
-  void Circle(Point centre, std::int32_t radius, data::Rgb colour, bool fill) override;
-  void Text(Point topLeft, std::string_view text, data::Rgb colour, const TextFont& font) override;
+  void Polyline(std::span<const map::Point> points, const map::Pen& pen) override;
+  void Rectangle(map::Point corner1, map::Point corner2, const map::Pen& pen) override;
+  void Circle(map::Point centre, std::int32_t radius, data::Rgb colour, bool fill) override;
+  void Text(map::Point topLeft, std::string_view text, data::Rgb colour, const map::TextFont& font) override;
 
  private:
   /// A line of more than one logical pixel: a part of a symbol.
-  void Stroke(Point from, Point to, std::uint32_t pixel, int width);
+  void Stroke(map::Point from, map::Point to, std::uint32_t pixel, int width);
   PainterSurface& Rest();
-  GlyphSet& Glyphs(const TextFont& font);
+  GlyphSet& Glyphs(const map::TextFont& font);
 
   QImage& picture_;
   PixelScale scale_;
   PreparedPictures& prepared_;
   PixelCanvas canvas_;
-  TextFont font_;  ///< of glyphs_
+  map::TextFont font_;  ///< of glyphs_
   GlyphSet* glyphs_ = nullptr;
   // Made when first needed: most redraws have no use for them.
   std::optional<QPainter> painter_;
   std::optional<PainterSurface> rest_;
 };
 
-}  // namespace zerbal::map
+}  // namespace zerbal::paint

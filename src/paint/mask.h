@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace zerbal::map {
+namespace zerbal::paint {
 
 /// Coverage 0..255, row by row. The reference pixel of the shape (a marker's centre, a letter's place on the
 /// base line) has the coordinates 0, 0; the picture's own top left pixel has `left`, `top`. The width is a
@@ -17,4 +17,4 @@ struct Mask {
   std::vector<std::uint8_t> coverage;
 };
 
-}  // namespace zerbal::map
+}  // namespace zerbal::paint

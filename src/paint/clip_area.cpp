@@ -1,9 +1,9 @@
-#include "map/clip_area.h"
+#include "paint/clip_area.h"
 
 #include <algorithm>
 #include <cmath>
 
-namespace zerbal::map {
+namespace zerbal::paint {
 namespace {
 
 /// One border of the four: keeps the part of the line's 0..1 where p * t <= q.
@@ -20,7 +20,7 @@ bool KeepInside(double p, double q, double& first, double& last) {
 
 }  // namespace
 
-bool ClipArea::Clip(Point& from, Point& to) const {
+bool ClipArea::Clip(map::Point& from, map::Point& to) const {
   if (right < left || bottom < top)
     return false;
   const double x = from.x;
@@ -33,8 +33,8 @@ bool ClipArea::Clip(Point& from, Point& to) const {
       !KeepInside(-dy, y - top, first, last) || !KeepInside(dy, bottom - y, first, last))
     return false;
   const auto at = [&](double t) {
-    return Point{static_cast<std::int32_t>(std::clamp<double>(std::nearbyint(x + t * dx), left, right)),
-                 static_cast<std::int32_t>(std::clamp<double>(std::nearbyint(y + t * dy), top, bottom))};
+    return map::Point{static_cast<std::int32_t>(std::clamp<double>(std::nearbyint(x + t * dx), left, right)),
+                      static_cast<std::int32_t>(std::clamp<double>(std::nearbyint(y + t * dy), top, bottom))};
   };
   if (first > 0)
     from = at(first);
@@ -43,4 +43,4 @@ bool ClipArea::Clip(Point& from, Point& to) const {
   return true;
 }
 
-}  // namespace zerbal::map
+}  // namespace zerbal::paint

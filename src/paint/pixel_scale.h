@@ -7,7 +7,7 @@
 
 #include "map/surface.h"
 
-namespace zerbal::map {
+namespace zerbal::paint {
 
 /// `Ratio()` device pixels stand for one logical pixel. A position is the pixel that holds it (floor), a
 /// length keeps its fraction, a line width is the nearest whole number of pixels (halves go down: fine coasts
@@ -16,7 +16,7 @@ class PixelScale {
  public:
   /// The ratio is limited to 1/8..8: beyond that nothing could be seen, and whole numbers would overflow.
   explicit PixelScale(double ratio)
-      : ratio_(std::clamp(ratio, 0.125, 8.0)), step_(std::llround(ratio_ / kTwipsPerPixel * kOne)) {}
+      : ratio_(std::clamp(ratio, 0.125, 8.0)), step_(std::llround(ratio_ / map::kTwipsPerPixel * kOne)) {}
 
   double Ratio() const { return ratio_; }
 
@@ -25,9 +25,9 @@ class PixelScale {
     return static_cast<std::int32_t>((twips * step_ + kSlack) >> kBits);
   }
 
-  Point Pixel(Point twips) const { return {Pixel(twips.x), Pixel(twips.y)}; }
+  map::Point Pixel(map::Point twips) const { return {Pixel(twips.x), Pixel(twips.y)}; }
 
-  double Length(double twips) const { return twips * ratio_ / kTwipsPerPixel; }
+  double Length(double twips) const { return twips * ratio_ / map::kTwipsPerPixel; }
 
   int LineWidth(int logicalPixels) const {
     return std::max(1, static_cast<int>(std::ceil(std::clamp(logicalPixels, 1, 1000) * ratio_ - 0.5)));
@@ -44,4 +44,4 @@ class PixelScale {
   std::int64_t step_;  ///< pixels a twip, in units of 2^-31
 };
 
-}  // namespace zerbal::map
+}  // namespace zerbal::paint

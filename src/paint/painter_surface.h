@@ -7,28 +7,28 @@
 #include <optional>
 #include <vector>
 
-#include "map/clip_area.h"
-#include "map/pixel_scale.h"
+#include "paint/clip_area.h"
+#include "paint/pixel_scale.h"
 
-namespace zerbal::map {
+namespace zerbal::paint {
 
 /// `scale` is the number of the painter's units a logical pixel; `area` is what Clear fills. The painter must
 /// outlive the surface. Whole runs of points go to the painter in one call; points that fall on the same
 /// unit as the one before are dropped.
-class PainterSurface final : public Surface {
+class PainterSurface final : public map::Surface {
  public:
   PainterSurface(QPainter& painter, double scale, const QRectF& area);
 
-  void BeginLayer(Layer) override {}
+  void BeginLayer(map::Layer) override {}
   void Clear(data::Rgb colour) override;
-  void Polyline(std::span<const Point> points, const Pen& pen) override;
-  void Rectangle(Point corner1, Point corner2, const Pen& pen) override;
-  void Circle(Point centre, std::int32_t radius, data::Rgb colour, bool fill) override;
-  void Text(Point topLeft, std::string_view text, data::Rgb colour, const TextFont& font) override;
+  void Polyline(std::span<const map::Point> points, const map::Pen& pen) override;
+  void Rectangle(map::Point corner1, map::Point corner2, const map::Pen& pen) override;
+  void Circle(map::Point centre, std::int32_t radius, data::Rgb colour, bool fill) override;
+  void Text(map::Point topLeft, std::string_view text, data::Rgb colour, const map::TextFont& font) override;
 
  private:
-  void UsePen(const Pen& pen);
-  const QFont& UseFont(const TextFont& font);
+  void UsePen(const map::Pen& pen);
+  const QFont& UseFont(const map::TextFont& font);
   void DrawRun();
 
   QPainter& painter_;
@@ -36,9 +36,9 @@ class PainterSurface final : public Surface {
   QRectF area_;
   ClipArea near_;  ///< what can show anything: the area and as much again on every side
   std::vector<QPoint> run_;
-  std::optional<Pen> pen_;  ///< the painter's
-  TextFont fontName_;       ///< of font_
+  std::optional<map::Pen> pen_;  ///< the painter's
+  map::TextFont fontName_;       ///< of font_
   QFont font_;
 };
 
-}  // namespace zerbal::map
+}  // namespace zerbal::paint

@@ -1,4 +1,4 @@
-#include "map/frm_map.h"
+#include "app/frm_map.h"
 
 #include <QGuiApplication>
 #include <QMouseEvent>
@@ -6,12 +6,12 @@
 #include <algorithm>
 #include <cmath>
 
-#include "map/picture_surface.h"
 #include "map/position_text.h"
 #include "map/tee_surface.h"
+#include "paint/picture_surface.h"
 #include "settings/rounding.h"
 
-namespace zerbal::map {
+namespace zerbal::app {
 namespace {
 
 /// Shows the hourglass over the whole program as long as it lives.
@@ -24,7 +24,7 @@ class Hourglass {
 };
 
 float Twips(double logicalPixels) {
-  return static_cast<float>(logicalPixels * kTwipsPerPixel);
+  return static_cast<float>(logicalPixels * map::kTwipsPerPixel);
 }
 
 std::int32_t Whole(float twips) {
@@ -33,7 +33,7 @@ std::int32_t Whole(float twips) {
 
 }  // namespace
 
-frmMap::frmMap(MapScene& scene, QWidget* parent) : QWidget(parent), scene_(scene) {
+frmMap::frmMap(map::MapScene& scene, QWidget* parent) : QWidget(parent), scene_(scene) {
   setObjectName("frmMap");
   setAccessibleName(tr("Map"));
   setMouseTracking(true);
@@ -56,7 +56,7 @@ void frmMap::Redraw() {
   const Hourglass hourglass;
   TakeLooks();
   PreparePicture();
-  DrawOnPicture([this](Surface& surface) { DrawMap(scene_, surface); });
+  DrawOnPicture([this](map::Surface& surface) { map::DrawMap(scene_, surface); });
   ++draws_;
   // A box that was being dragged is gone with the old picture: the next move begins it anew.
   zoomBox_.drawn = false;
@@ -66,7 +66,7 @@ void frmMap::Redraw() {
 
 /// The window's own font and colour are those of its map, for whoever asks the window.
 void frmMap::TakeLooks() {
-  const TextFont mapFont = MapFont(scene_.viewport, scene_.tables.fonts);
+  const map::TextFont mapFont = map::MapFont(scene_.viewport, scene_.tables.fonts);
   const QFont wanted(QString::fromStdString(mapFont.name), mapFont.size);
   if (font() != wanted)
     setFont(wanted);
@@ -88,9 +88,9 @@ void frmMap::DrawOnPicture(const Draw& draw) {
   const double ratio = picture_.devicePixelRatio();
   picture_.setDevicePixelRatio(1);  // the surface counts pixels
   {
-    PictureSurface surface(picture_, ratio, prepared_);
+    paint::PictureSurface surface(picture_, ratio, prepared_);
     if (observer_ != nullptr) {
-      TeeSurface both(surface, *observer_);
+      map::TeeSurface both(surface, *observer_);
       draw(both);
     } else {
       draw(surface);
@@ -115,7 +115,7 @@ void frmMap::paintEvent(QPaintEvent* event) {
 }
 
 void frmMap::resizeEvent(QResizeEvent*) {
-  scene_.viewport.SetSize(width() * double{kTwipsPerPixel}, height() * double{kTwipsPerPixel});
+  scene_.viewport.SetSize(width() * double{map::kTwipsPerPixel}, height() * double{map::kTwipsPerPixel});
   RecomputeAndRedraw();
 }
 
@@ -144,9 +144,9 @@ void frmMap::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void frmMap::ShowPosition(float x, float y) {
-  const LonLat position = ToGeographic(scene_.viewport.Unproject(x, y));
-  emit PositionChanged(QString::fromStdString(LonText(position.lon)),
-                       QString::fromStdString(LatText(position.lat)));
+  const map::LonLat position = map::ToGeographic(scene_.viewport.Unproject(x, y));
+  emit PositionChanged(QString::fromStdString(map::LonText(position.lon)),
+                       QString::fromStdString(map::LatText(position.lat)));
 }
 
 void frmMap::MoveZoomBox(float x, float y) {
@@ -158,12 +158,12 @@ void frmMap::MoveZoomBox(float x, float y) {
 }
 
 void frmMap::InvertZoomBox() {
-  DrawOnPicture([this](Surface& surface) {
-    surface.BeginLayer(Layer::kZoomBox);
+  DrawOnPicture([this](map::Surface& surface) {
+    surface.BeginLayer(map::Layer::kZoomBox);
     surface.Rectangle({Whole(zoomBox_.x1), Whole(zoomBox_.y1)}, {Whole(zoomBox_.x2), Whole(zoomBox_.y2)},
                       {.colour = scene_.tables.colours[data::ColourCode::kZoom],
-                       .style = LineStyle::kDotted,
-                       .mode = PenMode::kXor});
+                       .style = map::LineStyle::kDotted,
+                       .mode = map::PenMode::kXor});
   });
 }
 
@@ -201,4 +201,4 @@ float frmMap::LimitedY(float y) const {
   return std::clamp(y, 0.0F, static_cast<float>(std::max(0, scene_.viewport.MapHeight)));
 }
 
-}  // namespace zerbal::map
+}  // namespace zerbal::app

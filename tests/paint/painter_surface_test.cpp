@@ -1,14 +1,14 @@
-#include "map/painter_surface.h"
+#include "paint/painter_surface.h"
 
 #include <QPicture>
 #include <limits>
 
 #include <gtest/gtest.h>
 
-#include "map/picture_surface.h"
+#include "paint/picture_surface.h"
 #include "support/pictures.h"
 
-namespace zerbal::map {
+namespace zerbal::paint {
 namespace {
 
 using test::Blank;
@@ -16,7 +16,7 @@ using test::Ink;
 using Rows = std::vector<std::string>;
 
 constexpr data::Rgb kBlack{0, 0, 0};
-constexpr Pen kPen{.colour = kBlack};
+constexpr map::Pen kPen{.colour = kBlack};
 
 template <typename Draw>
 QImage Drawn(int width, int height, double scale, const Draw& draw) {
@@ -37,8 +37,8 @@ TEST(PainterSurface, ClearFillsItsArea) {
 }
 
 TEST(PainterSurface, LinesLieWhereThePictureSurfacePutsThem) {
-  const auto draw = [](Surface& surface) {
-    const Point run[] = {{30, 30}, {31, 31}, {300, 30}, {300, 240}, {30, 240}, {30, 30}};
+  const auto draw = [](map::Surface& surface) {
+    const map::Point run[] = {{30, 30}, {31, 31}, {300, 30}, {300, 240}, {30, 240}, {30, 30}};
     surface.Polyline(run, kPen);
     surface.Line({400, 100}, {400, 100}, kPen);
   };
@@ -60,8 +60,9 @@ TEST(PainterSurface, InvertingTwiceRestoresEveryPixel) {
   const QImage before = image.copy();
   QPainter painter(&image);
   PainterSurface surface(painter, 1.5, image.rect());
-  const Pen pen{.colour = {255, 0, 30}, .style = LineStyle::kDotted, .mode = PenMode::kXor};
-  for (const Point to : {Point{30, 30}, Point{30, 300}, Point{400, 300}, Point{-99999, 99999}}) {
+  const map::Pen pen{.colour = {255, 0, 30}, .style = map::LineStyle::kDotted, .mode = map::PenMode::kXor};
+  for (const map::Point to :
+       {map::Point{30, 30}, map::Point{30, 300}, map::Point{400, 300}, map::Point{-99999, 99999}}) {
     surface.Rectangle({30, 30}, to, pen);
     surface.Rectangle({30, 30}, to, pen);
     EXPECT_EQ(image, before) << to.x << ", " << to.y;
@@ -71,8 +72,9 @@ TEST(PainterSurface, InvertingTwiceRestoresEveryPixel) {
 }
 
 TEST(PainterSurface, PensDoNotLeakIntoWhatFollows) {
-  const QImage image = Drawn(20, 10, 1, [](Surface& surface) {
-    surface.Line({15, 15}, {200, 15}, {.colour = kBlack, .style = LineStyle::kDotted, .mode = PenMode::kXor});
+  const QImage image = Drawn(20, 10, 1, [](map::Surface& surface) {
+    surface.Line({15, 15}, {200, 15},
+                 {.colour = kBlack, .style = map::LineStyle::kDotted, .mode = map::PenMode::kXor});
     surface.Circle({150, 75}, 30, {255, 0, 0}, true);
     surface.Line({15, 120}, {240, 120}, {.colour = {0, 0, 255}});
   });
@@ -84,12 +86,12 @@ TEST(PainterSurface, PensDoNotLeakIntoWhatFollows) {
 TEST(PainterSurface, FarthestCoordinatesAreHarmless) {
   constexpr std::int32_t kFar = std::numeric_limits<std::int32_t>::max();
   constexpr std::int32_t kFarNegative = std::numeric_limits<std::int32_t>::min();
-  const QImage image = Drawn(50, 40, 2, [](Surface& surface) {
-    const Point far[] = {
+  const QImage image = Drawn(50, 40, 2, [](map::Surface& surface) {
+    const map::Point far[] = {
         {kFarNegative, 150}, {kFar, 150}, {kFarNegative, kFar}, {150, kFarNegative}, {150, kFar}};
     surface.Polyline(far, kPen);
-    surface.Polyline(far, {.colour = kBlack, .width = 3, .style = LineStyle::kDotted});
-    for (const Point& at : far) {
+    surface.Polyline(far, {.colour = kBlack, .width = 3, .style = map::LineStyle::kDotted});
+    for (const map::Point& at : far) {
       surface.Circle(at, kFar, kBlack, true);
       surface.Text(at, "far", kBlack, {"Liberation Sans", 8});
     }
@@ -104,10 +106,10 @@ TEST(PainterSurface, DrawsOnAnyDevice) {
   surface.Clear({255, 255, 255});
   surface.Line({0, 0}, {900, 900}, kPen);
   surface.Text({150, 150}, "AAA", kBlack, {"Liberation Sans", 8});
-  surface.Rectangle({0, 0}, {900, 900}, {.colour = kBlack, .mode = PenMode::kXor});
+  surface.Rectangle({0, 0}, {900, 900}, {.colour = kBlack, .mode = map::PenMode::kXor});
   painter.end();
   EXPECT_GT(recording.size(), 100U);
 }
 
 }  // namespace
-}  // namespace zerbal::map
+}  // namespace zerbal::paint

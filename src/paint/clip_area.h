@@ -5,7 +5,7 @@
 
 #include "map/surface.h"
 
-namespace zerbal::map {
+namespace zerbal::paint {
 
 /// Pixels, all bounds inclusive.
 struct ClipArea {
@@ -14,12 +14,12 @@ struct ClipArea {
   std::int32_t right = -1;
   std::int32_t bottom = -1;
 
-  bool Holds(Point point) const {
+  bool Holds(map::Point point) const {
     return point.x >= left && point.x <= right && point.y >= top && point.y <= bottom;
   }
   /// Moves the ends that lie outside onto the border, to the nearest pixel. False, with the ends as they
   /// were, when nothing of the line is inside.
-  bool Clip(Point& from, Point& to) const;
+  bool Clip(map::Point& from, map::Point& to) const;
 };
 
-}  // namespace zerbal::map
+}  // namespace zerbal::paint
