@@ -50,7 +50,7 @@ struct World {
   explicit World(const data::DataFiles& files) : databases(data::OpenDatabases(files)) {
     ThrowingBoxes boxes;
     data::LoadReferenceTables(files.zbldata, databases.fsrv, tables, boxes);
-    viewport.SetSize(kWidth * map::kTwipsPerPixel, kHeight * map::kTwipsPerPixel);
+    viewport.SetSize(kWidth * kTwipsPerPixel, kHeight * kTwipsPerPixel);
   }
 
   map::MapScene Scene() {
@@ -101,8 +101,8 @@ QColor ToColour(data::Rgb colour) {
   return {colour.red, colour.green, colour.blue};
 }
 
-QPoint ToPixel(map::Point twips) {
-  const map::Point pixel = paint::PixelScale(1).Pixel(twips);
+QPoint ToPixel(TwipPoint twips) {
+  const PixelPoint pixel = PixelScale(1).ToPixelPoint(twips);
   return {pixel.x, pixel.y};
 }
 
@@ -128,14 +128,14 @@ void DrawNaively(const std::vector<map::Operation>& operations, QImage& picture)
       case map::Operation::Kind::kCircle: {
         painter.setPen(colour);
         painter.setBrush(operation.fill ? QBrush(colour) : QBrush(Qt::NoBrush));
-        const double radius = operation.radius / static_cast<double>(map::kTwipsPerPixel);
+        const double radius = operation.radius / static_cast<double>(kTwipsPerPixel);
         painter.drawEllipse(QPointF(from.x() + 0.5, from.y() + 0.5), radius, radius);
         break;
       }
       case map::Operation::Kind::kText:
         if (!(operation.font == fontName)) {
           fontName = operation.font;
-          painter.setFont(paint::DeviceFont(fontName, paint::PixelScale(1), picture));
+          painter.setFont(paint::DeviceFont(fontName, PixelScale(1), picture));
         }
         painter.setPen(colour);
         painter.drawText(from + QPoint(0, painter.fontMetrics().ascent()),
@@ -188,9 +188,9 @@ class Scanner {
     const std::vector<std::string> airport = {"AP",      "AP_Name",  "AP_City",    "AP_Lon", "AP_Lat",
                                               "AP_Elev", "AP_RwyNr", "AP_RwyMaxL", "AP_ILS"};
     std::size_t rows = 0;
-    if (!viewport.DetailMode)
+    if (!viewport.DetailMode())
       rows += coast_.Scan("wcl", point);
-    for (const std::string& tile : viewport.DetailTiles) {
+    for (const std::string& tile : viewport.DetailTiles()) {
       rows += coast_.Scan(tile + "wdb2", point);
       rows += options.rivers ? river_.Scan(tile + "wdb2", point) : 0;
       rows += options.boundaries ? ibound_.Scan(tile + "wdb2", point) : 0;

@@ -106,19 +106,16 @@ class Bytes {
 void ChooseView(Bytes& bytes, map::MapWorld& world) {
   map::Viewport& viewport = world.viewport;
   viewport.SetSize(bytes.Number(2), bytes.Number(2));
-  if (bytes.Flag()) {
-    data::Region region;
-    region.fromLon = bytes.Single(360);
-    region.fromLat = bytes.Single(180);
-    region.toLon = bytes.Single(360);
-    region.toLat = bytes.Single(180);
-    viewport.SelectRegion(region);
-  } else {
-    viewport.ReqLonMin = bytes.Single(360);
-    viewport.ReqLatMin = bytes.Single(180);
-    viewport.ReqLonMax = bytes.Flag() ? viewport.ReqLonMin + 5 : bytes.Single(360);
-    viewport.ReqLatMax = bytes.Flag() ? viewport.ReqLatMin + 3 : bytes.Single(180);
-  }
+  const bool anySpan = bytes.Flag();
+  const auto end = [&](double begin, double span, float whole) {
+    return !anySpan && bytes.Flag() ? begin + span : bytes.Single(whole);
+  };
+  data::Region region;
+  region.fromLon = bytes.Single(360);
+  region.fromLat = bytes.Single(180);
+  region.toLon = end(region.fromLon, 5, 360);
+  region.toLat = end(region.fromLat, 3, 180);
+  viewport.SelectRegion(region);
   viewport.ComputeViewport();
   for (int steps = bytes.Below(4); steps > 0; --steps) {
     const int kind = bytes.Below(5);
@@ -127,14 +124,15 @@ void ChooseView(Bytes& bytes, map::MapWorld& world) {
     else if (kind == 1)
       viewport.ZoomOut(bytes.Single(100));
     else if (kind == 2)
-      viewport.CentreOn(bytes.Single(20000), bytes.Single(20000));
+      viewport.CentreOn({bytes.Single(20000), bytes.Single(20000)});
     else if (kind == 3)
-      viewport.ZoomToBox(bytes.Single(20000), bytes.Single(20000), bytes.Single(20000), bytes.Single(20000));
+      viewport.ZoomToBox({bytes.Single(20000), bytes.Single(20000)},
+                         {bytes.Single(20000), bytes.Single(20000)});
     else
       viewport.ZoomReset();
     viewport.ComputeViewport();
   }
-  Require(viewport.DetailTiles.size() <= 4, "more than four tiles");
+  Require(viewport.DetailTiles().size() <= 4, "more than four tiles");
   static_cast<void>(viewport.ExtentText());
 }
 
@@ -202,7 +200,7 @@ void FillMaps(Bytes& bytes, map::MapWorld& world) {
   world.coast["wcl"] = Lines(bytes);
   world.river.emplace();
   world.ibound.emplace();
-  for (const std::string& tile : world.viewport.DetailTiles) {
+  for (const std::string& tile : world.viewport.DetailTiles()) {
     world.coast[tile + "wdb2"] = Lines(bytes);
     (*world.river)[tile + "wdb2"] = Lines(bytes);
     (*world.ibound)[tile + "wdb2"] = Lines(bytes);
@@ -210,12 +208,12 @@ void FillMaps(Bytes& bytes, map::MapWorld& world) {
 }
 
 void DrawAt(double ratio, map::MapWorld& world, map::Surface& second) {
-  const paint::PixelScale scale(ratio);
+  const PixelScale scale(ratio);
   const auto side = [&scale](std::int32_t twips) {
-    const int logical = std::clamp(twips / map::kTwipsPerPixel, 1, kLargestSide);
-    return static_cast<int>(scale.Length(logical * double{map::kTwipsPerPixel})) + 1;
+    const int logical = std::clamp(twips / kTwipsPerPixel, 1, kLargestSide);
+    return static_cast<int>(scale.Length(logical * double{kTwipsPerPixel})) + 1;
   };
-  QImage picture(side(world.viewport.MapWidth), side(world.viewport.MapHeight), QImage::Format_RGB32);
+  QImage picture(side(world.viewport.MapWidth()), side(world.viewport.MapHeight()), QImage::Format_RGB32);
   paint::PreparedPictures prepared;
   paint::PictureSurface surface(picture, ratio, prepared);
   map::TeeSurface both(surface, second);

@@ -23,12 +23,14 @@ class Hourglass {
   Hourglass& operator=(const Hourglass&) = delete;
 };
 
-float Twips(double logicalPixels) {
-  return static_cast<float>(logicalPixels * map::kTwipsPerPixel);
+TwipPosition PlaceOf(const QMouseEvent& event) {
+  return ToTwipPosition(event.position().x(), event.position().y());
 }
 
-std::int32_t Whole(float twips) {
-  return settings::ToInt32(settings::Round(twips));
+TwipPoint Whole(TwipPosition position) {
+  using settings::Round;
+  using settings::ToInt32;
+  return {ToInt32(Round(position.x)), ToInt32(Round(position.y))};
 }
 
 }  // namespace
@@ -60,8 +62,7 @@ void frmMap::Redraw() {
   ++draws_;
   // A box that was being dragged is gone with the old picture: the next move begins it anew.
   zoomBox_.drawn = false;
-  zoomBox_.x2 = zoomBox_.x1;
-  zoomBox_.y2 = zoomBox_.y1;
+  zoomBox_.corner = zoomBox_.press;
 }
 
 /// The window's own font and colour are those of its map, for whoever asks the window.
@@ -115,44 +116,41 @@ void frmMap::paintEvent(QPaintEvent* event) {
 }
 
 void frmMap::resizeEvent(QResizeEvent*) {
-  scene_.viewport.SetSize(width() * double{map::kTwipsPerPixel}, height() * double{map::kTwipsPerPixel});
+  scene_.viewport.SetSize(width() * double{kTwipsPerPixel}, height() * double{kTwipsPerPixel});
   RecomputeAndRedraw();
 }
 
 void frmMap::mousePressEvent(QMouseEvent* event) {
   const Qt::MouseButtons buttons = event->buttons() | event->button();
-  const float x = Twips(event->position().x());
-  const float y = Twips(event->position().y());
+  const TwipPosition at = PlaceOf(*event);
   if (buttons.testFlag(Qt::LeftButton)) {
-    if (!scene_.viewport.IsOnMap(x, y))
+    if (!scene_.viewport.IsOnMap(at))
       return;
     EraseZoomBox();
-    zoomBox_ = {.active = true, .x1 = x, .y1 = y, .x2 = x, .y2 = y};
+    zoomBox_ = {.active = true, .press = at, .corner = at};
   } else if (buttons.testFlag(Qt::RightButton)) {
     emit PopupRequested(event->globalPosition().toPoint());
   }
 }
 
 void frmMap::mouseMoveEvent(QMouseEvent* event) {
-  const float x = Twips(event->position().x());
-  const float y = Twips(event->position().y());
-  if (!scene_.viewport.IsOnMap(x, y))
+  const TwipPosition at = PlaceOf(*event);
+  if (!scene_.viewport.IsOnMap(at))
     return;
-  ShowPosition(x, y);
+  ShowPosition(at);
   if (event->buttons().testFlag(Qt::LeftButton) && zoomBox_.active)
-    MoveZoomBox(x, y);
+    MoveZoomBox(at);
 }
 
-void frmMap::ShowPosition(float x, float y) {
-  const map::LonLat position = map::ToGeographic(scene_.viewport.Unproject(x, y));
+void frmMap::ShowPosition(TwipPosition at) {
+  const GeoPosition position = ToGeoPosition(scene_.viewport.Unproject(at));
   emit PositionChanged(QString::fromStdString(map::LonText(position.lon)),
                        QString::fromStdString(map::LatText(position.lat)));
 }
 
-void frmMap::MoveZoomBox(float x, float y) {
+void frmMap::MoveZoomBox(TwipPosition at) {
   InvertZoomBox();  // the box of the last move; at the first one, the point of the press
-  zoomBox_.x2 = LimitedX(x);
-  zoomBox_.y2 = LimitedY(y);
+  zoomBox_.corner = Limited(at);
   InvertZoomBox();
   zoomBox_.drawn = true;
 }
@@ -160,7 +158,7 @@ void frmMap::MoveZoomBox(float x, float y) {
 void frmMap::InvertZoomBox() {
   DrawOnPicture([this](map::Surface& surface) {
     surface.BeginLayer(map::Layer::kZoomBox);
-    surface.Rectangle({Whole(zoomBox_.x1), Whole(zoomBox_.y1)}, {Whole(zoomBox_.x2), Whole(zoomBox_.y2)},
+    surface.Rectangle(Whole(zoomBox_.press), Whole(zoomBox_.corner),
                       {.colour = scene_.tables.colours[data::ColourCode::kZoom],
                        .style = map::LineStyle::kDotted,
                        .mode = map::PenMode::kXor});
@@ -178,27 +176,25 @@ void frmMap::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton || !zoomBox_.active)
     return;
   zoomBox_.active = false;
-  const float x2 = LimitedX(Twips(event->position().x()));
-  const float y2 = LimitedY(Twips(event->position().y()));
-  const bool noWidth = zoomBox_.x1 == x2;
-  const bool noHeight = zoomBox_.y1 == y2;
+  const TwipPosition released = Limited(PlaceOf(*event));
+  const bool noWidth = zoomBox_.press.x == released.x;
+  const bool noHeight = zoomBox_.press.y == released.y;
   bool changed = false;
   if (noWidth && noHeight)
-    changed = scene_.viewport.CentreOn(x2, y2);
+    changed = scene_.viewport.CentreOn(released);
   else if (!noWidth && !noHeight)
-    changed = scene_.viewport.ZoomToBox(zoomBox_.x1, zoomBox_.y1, x2, y2);
+    changed = scene_.viewport.ZoomToBox(zoomBox_.press, released);
   if (changed)
     RecomputeAndRedraw();
   else
     EraseZoomBox();
 }
 
-float frmMap::LimitedX(float x) const {
-  return std::clamp(x, 0.0F, static_cast<float>(std::max(0, scene_.viewport.MapWidth)));
-}
-
-float frmMap::LimitedY(float y) const {
-  return std::clamp(y, 0.0F, static_cast<float>(std::max(0, scene_.viewport.MapHeight)));
+TwipPosition frmMap::Limited(TwipPosition at) const {
+  const auto limited = [](float value, std::int32_t size) {
+    return std::clamp(value, 0.0F, static_cast<float>(std::max(0, size)));
+  };
+  return {limited(at.x, scene_.viewport.MapWidth()), limited(at.y, scene_.viewport.MapHeight())};
 }
 
 }  // namespace zerbal::app

@@ -53,9 +53,9 @@ class frmMap final : public QWidget {
   /// differ from where the button is let go.
   struct ZoomBox {
     bool active = false;
-    bool drawn = false;    ///< the box between the two corners stands on the picture
-    float x1 = 0, y1 = 0;  ///< the press, twips
-    float x2 = 0, y2 = 0;  ///< the moving corner, limited to the drawing area
+    bool drawn = false;  ///< the box between the two corners stands on the picture
+    TwipPosition press{};
+    TwipPosition corner{};  ///< the moving one, limited to the drawing area
   };
 
   void TakeLooks();
@@ -64,10 +64,9 @@ class frmMap final : public QWidget {
   void DrawOnPicture(const Draw& draw);
   void InvertZoomBox();
   void EraseZoomBox();
-  void MoveZoomBox(float x, float y);
-  void ShowPosition(float x, float y);
-  float LimitedX(float x) const;
-  float LimitedY(float y) const;
+  void MoveZoomBox(TwipPosition at);
+  void ShowPosition(TwipPosition at);
+  TwipPosition Limited(TwipPosition at) const;
 
   map::MapScene& scene_;
   QColor background_;

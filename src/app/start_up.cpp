@@ -126,7 +126,6 @@ void Main::SetWorldView() {
 }
 
 void Main::ResetRunState() {
-  program_.viewport.DetailMode = false;
   program_.finder.chosenService = 0;
   program_.finder.chosenAirport = 0;
   program_.finder.drawnService = 0;

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "base/coordinates.h"
+
 namespace zerbal::data {
 
 Rgb ClampRgb(std::int16_t red, std::int16_t green, std::int16_t blue) {
@@ -9,10 +11,6 @@ Rgb ClampRgb(std::int16_t red, std::int16_t green, std::int16_t blue) {
     return static_cast<std::uint8_t>(std::clamp<std::int16_t>(value, 0, 255));
   };
   return {clamp(red), clamp(green), clamp(blue)};
-}
-
-float ToMapLon(float longitude) {
-  return longitude + 180.0F;
 }
 
 float RegionTable::WorldCentre() const {

@@ -78,9 +78,6 @@ struct RegionTable {
   void ComputeWorldRow();
 };
 
-/// Geographic to map longitude.
-float ToMapLon(float longitude);
-
 struct GridBand {
   std::int16_t lower = 0;
   std::int16_t upper = 0;

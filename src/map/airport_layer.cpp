@@ -16,16 +16,16 @@ constexpr std::int32_t kRadiusOverview = 20;
 constexpr std::int32_t kRadiusDetail = 30;
 constexpr std::int32_t kLabelOffset = 50;  ///< right of and below the marker's centre
 
-/// Whether ProjectPoint found the position in view. The pen-up marker is not a position.
-bool Project(Viewport& viewport, float lon, float lat) {
-  return viewport.ProjectPoint(lon, lat) && viewport.PointInView;
+/// Where the airport is when it is in view. The longitude of the marker in line tables is not a position here
+/// either.
+std::optional<TwipPoint> Project(const Viewport& viewport, MapPosition position) {
+  if (position.lon == kPenUpLon)
+    return std::nullopt;
+  return viewport.ProjectPoint(position);
 }
 
-/// Draws at the point projected last.
-void DrawHere(Canvas& canvas, std::string_view label, data::Rgb colour) {
-  const Viewport& view = canvas.viewport;
-  const Point centre{view.PointX, view.PointY};
-  canvas.surface.Circle(centre, view.DetailMode ? kRadiusDetail : kRadiusOverview, colour, true);
+void DrawAt(TwipPoint centre, Canvas& canvas, std::string_view label, data::Rgb colour) {
+  canvas.surface.Circle(centre, canvas.viewport.DetailMode() ? kRadiusDetail : kRadiusOverview, colour, true);
   canvas.surface.Text({centre.x + kLabelOffset, centre.y + kLabelOffset}, label, colour, canvas.font);
 }
 
@@ -55,8 +55,7 @@ class AirportRow {
     return AirportPassesCriteria(criteria, values[0], values[1], values[2], ilsText_);
   }
 
-  float Lon() const { return table_.At(*lon_).AsSingle(); }
-  float Lat() const { return table_.At(*lat_).AsSingle(); }
+  MapPosition Position() const { return {table_.At(*lon_).AsSingle(), table_.At(*lat_).AsSingle()}; }
 
   /// In overview mode only the code is shown, and so only that is read.
   const std::string& Label(bool detailMode) {
@@ -119,12 +118,13 @@ void AppendAirportLabel(std::string& label, const AirportTexts& texts, bool deta
   }
 }
 
-void DrawAirport(Canvas& canvas, const AirportTexts& texts, float lon, float lat, data::Rgb colour) {
-  if (!Project(canvas.viewport, lon, lat))
+void DrawAirport(Canvas& canvas, const AirportTexts& texts, MapPosition position, data::Rgb colour) {
+  const std::optional<TwipPoint> centre = Project(canvas.viewport, position);
+  if (!centre)
     return;
   std::string label;
-  AppendAirportLabel(label, texts, canvas.viewport.DetailMode);
-  DrawHere(canvas, label, colour);
+  AppendAirportLabel(label, texts, canvas.viewport.DetailMode());
+  DrawAt(*centre, canvas, label, colour);
 }
 
 void DrawAirportLayer(Canvas& canvas, jet::Recordset& airports, const AirportCriteria& criteria,
@@ -136,8 +136,8 @@ void DrawAirportLayer(Canvas& canvas, jet::Recordset& airports, const AirportCri
     if (!row.Passes(criteria))
       continue;
     try {
-      if (Project(canvas.viewport, row.Lon(), row.Lat()))
-        DrawHere(canvas, row.Label(canvas.viewport.DetailMode), colour);
+      if (const std::optional<TwipPoint> centre = Project(canvas.viewport, row.Position()))
+        DrawAt(*centre, canvas, row.Label(canvas.viewport.DetailMode()), colour);
     } catch (const std::exception&) {
       // This airport is left out.
     }

@@ -21,7 +21,7 @@ struct AirportTexts {
 void AppendAirportLabel(std::string& label, const AirportTexts& texts, bool detailMode);
 
 /// Draws marker and label when the position is in view.
-void DrawAirport(Canvas& canvas, const AirportTexts& texts, float lon, float lat, data::Rgb colour);
+void DrawAirport(Canvas& canvas, const AirportTexts& texts, MapPosition position, data::Rgb colour);
 
 /// Draws every airport of a table, in its current order, that passes the criteria and is in view.
 ///

@@ -7,7 +7,7 @@
 namespace zerbal::map {
 
 struct Canvas {
-  Viewport& viewport;
+  const Viewport& viewport;
   Surface& surface;
   TextFont font;  ///< of airport labels and flight texts in the current mode
 };

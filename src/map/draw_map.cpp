@@ -26,7 +26,7 @@ void Contained(const Step& step) {
 
 void DrawCentreMark(const Viewport& viewport, Surface& surface, data::Rgb colour) {
   constexpr std::int32_t kRadius = 60;
-  const Point centre{viewport.MapWidth / 2, viewport.MapHeight / 2};
+  const TwipPoint centre{viewport.MapWidth() / 2, viewport.MapHeight() / 2};
   const Pen pen{.colour = colour};
   surface.Circle(centre, kRadius, colour, false);
   surface.Line(centre, {centre.x + kRadius, centre.y}, pen);
@@ -45,14 +45,14 @@ void DrawTable(const jet::Database& database, const std::string& table, data::Rg
 }
 
 void DrawTiles(const jet::Database& database, data::Rgb colour, const Viewport& viewport, Surface& surface) {
-  for (const std::string& tile : viewport.DetailTiles)
+  for (const std::string& tile : viewport.DetailTiles())
     DrawTable(database, tile + "wdb2", colour, viewport, surface);
 }
 
 void DrawCoast(const MapScene& scene, Surface& surface) {
   const data::Rgb colour = scene.tables.colours[ColourCode::kCoast];
   surface.BeginLayer(Layer::kCoast);
-  if (scene.viewport.DetailMode)
+  if (scene.viewport.DetailMode())
     DrawTiles(scene.databases.coast, colour, scene.viewport, surface);
   else
     DrawTable(scene.databases.coast, "wcl", colour, scene.viewport, surface);
@@ -110,7 +110,7 @@ void DrawMap(MapScene& scene, Surface& surface) {
 }
 
 TextFont MapFont(const Viewport& viewport, const data::FontTable& fonts) {
-  const data::Font& font = fonts[viewport.DetailMode ? data::FontCode::kHiRes : data::FontCode::kLoRes];
+  const data::Font& font = fonts[viewport.DetailMode() ? data::FontCode::kHiRes : data::FontCode::kLoRes];
   return {.name = font.name, .size = font.size};
 }
 

@@ -13,36 +13,36 @@ float Interpolate(float at, float begin, float end, float from, float to) {
 }
 
 /// Moves an outside end onto one bound that it lies beyond: latitudes before longitudes.
-void MoveOntoBound(const Viewport& view, unsigned code, LonLat& end, const LonLat& other) {
+void MoveOntoBound(const Viewport& view, unsigned code, MapPosition& end, const MapPosition& other) {
   if ((code & (kBeyondUpperLat | kBeyondLowerLat)) != 0) {
-    const float bound = (code & kBeyondUpperLat) != 0 ? view.MapLatMax : view.MapLatMin;
+    const float bound = (code & kBeyondUpperLat) != 0 ? view.MapLatMax() : view.MapLatMin();
     end = {Interpolate(bound, end.lat, other.lat, end.lon, other.lon), bound};
   } else {
-    const float bound = (code & kEastOfView) != 0 ? view.MapLonMax : view.MapLonMin;
+    const float bound = (code & kEastOfView) != 0 ? view.MapLonMax() : view.MapLonMin();
     end = {bound, Interpolate(bound, end.lon, other.lon, end.lat, other.lat)};
   }
 }
 
-bool IsFinite(const LonLat& position) {
+bool IsFinite(const MapPosition& position) {
   return std::isfinite(position.lon) && std::isfinite(position.lat);
 }
 
 }  // namespace
 
-unsigned GetClipCode(const Viewport& viewport, LonLat position) {
+unsigned GetClipCode(const Viewport& viewport, MapPosition position) {
   unsigned code = 0;
-  if (position.lat > viewport.MapLatMax)
+  if (position.lat > viewport.MapLatMax())
     code |= kBeyondUpperLat;
-  if (position.lat < viewport.MapLatMin)
+  if (position.lat < viewport.MapLatMin())
     code |= kBeyondLowerLat;
-  if (position.lon < viewport.MapLonMin)
+  if (position.lon < viewport.MapLonMin())
     code |= kWestOfView;
-  if (position.lon > viewport.MapLonMax)
+  if (position.lon > viewport.MapLonMax())
     code |= kEastOfView;
   return code;
 }
 
-bool ClipLeg(const Viewport& viewport, LonLat& from, LonLat& to) {
+bool ClipLeg(const Viewport& viewport, MapPosition& from, MapPosition& to) {
   if (!IsFinite(from) || !IsFinite(to))
     return false;
   // Each move settles one bound of one end for good, so that four are enough; only a region whose bounds are

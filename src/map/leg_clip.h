@@ -12,10 +12,10 @@ inline constexpr unsigned kWestOfView = 4;
 inline constexpr unsigned kEastOfView = 8;
 
 /// Beyond which bounds of the shown region a position lies; 0 inside.
-unsigned GetClipCode(const Viewport& viewport, LonLat position);
+unsigned GetClipCode(const Viewport& viewport, MapPosition position);
 
 /// Moves the ends of a segment onto the bounds it crosses (Cohen-Sutherland). Returns false when nothing of
 /// it is in view, or when an end is not a number.
-bool ClipLeg(const Viewport& viewport, LonLat& from, LonLat& to);
+bool ClipLeg(const Viewport& viewport, MapPosition& from, MapPosition& to);
 
 }  // namespace zerbal::map

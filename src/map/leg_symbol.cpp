@@ -33,7 +33,7 @@ int Sign(double value) {
 /// that a leg along an axis, or of whole-numbered sides, gives whole numbers exactly.
 class Direction {
  public:
-  Direction(Point from, Point to)
+  Direction(TwipPoint from, TwipPoint to)
       : from_(from),
         dx_(static_cast<double>(to.x) - from.x),
         dy_(static_cast<double>(to.y) - from.y),
@@ -43,17 +43,17 @@ class Direction {
   int SignY() const { return Sign(dy_); }
 
   /// A quarter of the leg from its start, rounded down after the addition.
-  Point Anchor() const { return {ToInt32(Int(from_.x + dx_ / 4)), ToInt32(Int(from_.y + dy_ / 4))}; }
+  TwipPoint Anchor() const { return {ToInt32(Int(from_.x + dx_ / 4)), ToInt32(Int(from_.y + dy_ / 4))}; }
 
   /// `distance` further along the leg; what is added or subtracted is rounded down.
-  Point Along(Point point, double distance) const {
+  TwipPoint Along(TwipPoint point, double distance) const {
     return {point.x + SignX() * ToInt32(Int(TimesCos(distance))),
             point.y + SignY() * ToInt32(Int(TimesSin(distance)))};
   }
 
   /// `distance` to the left of the direction of the leg, to the right when negative; rounded down after the
   /// addition.
-  Point Aside(Point point, double distance) const {
+  TwipPoint Aside(TwipPoint point, double distance) const {
     return {ToInt32(Int(point.x + SignY() * TimesSin(distance))),
             ToInt32(Int(point.y - SignX() * TimesCos(distance)))};
   }
@@ -62,30 +62,30 @@ class Direction {
   double TimesCos(double distance) const { return distance * std::fabs(dx_) / length_; }
   double TimesSin(double distance) const { return distance * std::fabs(dy_) / length_; }
 
-  Point from_;
+  TwipPoint from_;
   double dx_;
   double dy_;
   double length_;
 };
 
 /// From the reference point two nose lengths along the leg to the label's top left corner.
-Point LabelOffset(int signX, int signY) {
+TwipPoint LabelOffset(int signX, int signY) {
   if (signX == 0)
     return {40, 0};
   if (signY == 0)
     return {0, 40};
   if (signX > 0)
-    return signY < 0 ? Point{40, 40} : Point{40, -240};
-  return signY < 0 ? Point{40, -200} : Point{40, 20};
+    return signY < 0 ? TwipPoint{40, 40} : TwipPoint{40, -240};
+  return signY < 0 ? TwipPoint{40, -200} : TwipPoint{40, 20};
 }
 
 }  // namespace
 
-LegSymbol ComputeLegSymbol(Point from, Point to, bool detailMode) {
+LegSymbol ComputeLegSymbol(TwipPoint from, TwipPoint to, bool detailMode) {
   const Sizes& sizes = SizesOf(detailMode);
   const Direction direction(from, to);
-  const Point anchor = direction.Anchor();
-  const Point wing = direction.Along(anchor, sizes.wing);
+  const TwipPoint anchor = direction.Anchor();
+  const TwipPoint wing = direction.Along(anchor, sizes.wing);
   return {.anchor = anchor,
           .nose = direction.Along(anchor, sizes.nose),
           .wingFrom = direction.Aside(wing, sizes.halfWing),
@@ -94,18 +94,18 @@ LegSymbol ComputeLegSymbol(Point from, Point to, bool detailMode) {
           .tailTo = direction.Aside(anchor, -sizes.halfTail)};
 }
 
-Point LegLabelPosition(Point from, Point to, bool detailMode) {
+TwipPoint LegLabelPosition(TwipPoint from, TwipPoint to, bool detailMode) {
   if (from == to)
     return {from.x + 50, from.y - 240};
   const Direction direction(from, to);
-  const Point reference = direction.Along(direction.Anchor(), 2 * SizesOf(detailMode).nose);
-  const Point offset = LabelOffset(direction.SignX(), direction.SignY());
+  const TwipPoint reference = direction.Along(direction.Anchor(), 2 * SizesOf(detailMode).nose);
+  const TwipPoint offset = LabelOffset(direction.SignX(), direction.SignY());
   return {reference.x + offset.x, reference.y + offset.y};
 }
 
-void DrawLegSymbol(Canvas& canvas, Point from, Point to, std::string_view label,
+void DrawLegSymbol(Canvas& canvas, TwipPoint from, TwipPoint to, std::string_view label,
                    const LegSymbolOptions& options) {
-  const bool detailMode = canvas.viewport.DetailMode;
+  const bool detailMode = canvas.viewport.DetailMode();
   if (options.symbol && from != to) {
     constexpr int kFuselageWidth = 3;
     constexpr int kWingWidth = 2;

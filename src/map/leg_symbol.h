@@ -12,17 +12,17 @@ namespace zerbal::map {
 /// from its start, to the nose, with wing and tail across. Wing and tail run from the left side of the
 /// direction of flight to the right one.
 struct LegSymbol {
-  Point anchor;  ///< where the tail crosses
-  Point nose;
-  Point wingFrom, wingTo;
-  Point tailFrom, tailTo;
+  TwipPoint anchor;  ///< where the tail crosses
+  TwipPoint nose;
+  TwipPoint wingFrom, wingTo;
+  TwipPoint tailFrom, tailTo;
 };
 
 /// The ends must differ.
-LegSymbol ComputeLegSymbol(Point from, Point to, bool detailMode);
+LegSymbol ComputeLegSymbol(TwipPoint from, TwipPoint to, bool detailMode);
 
 /// Top left corner of the label; the same whether or not the symbol is drawn.
-Point LegLabelPosition(Point from, Point to, bool detailMode);
+TwipPoint LegLabelPosition(TwipPoint from, TwipPoint to, bool detailMode);
 
 struct LegSymbolOptions {
   bool symbol = false;
@@ -32,7 +32,7 @@ struct LegSymbolOptions {
 };
 
 /// Draws symbol, then label, as the options say. A leg whose ends coincide has no symbol.
-void DrawLegSymbol(Canvas& canvas, Point from, Point to, std::string_view label,
+void DrawLegSymbol(Canvas& canvas, TwipPoint from, TwipPoint to, std::string_view label,
                    const LegSymbolOptions& options);
 
 }  // namespace zerbal::map

@@ -38,21 +38,21 @@ StoredProjection::Range StoredProjection::Between(std::int64_t from, std::int64_
           static_cast<std::uint32_t>(std::clamp(end - from, std::int64_t{0}, kMost))};
 }
 
-StoredProjection::StoredProjection(const Viewport& view) : viewport_(&view), seam_(view.MapWrap) {
-  const std::int64_t west = Lowest([&](float lon) { return lon >= view.MapLonMin; });
+StoredProjection::StoredProjection(const Viewport& view) : viewport_(&view), seam_(view.MapWrap()) {
+  const std::int64_t west = Lowest([&](float lon) { return lon >= view.MapLonMin(); });
   const std::int64_t pastEast =
-      Lowest([&](float lon) { return !((seam_ ? lon + 360.0F : lon) <= view.MapLonMax); });
+      Lowest([&](float lon) { return !((seam_ ? lon + 360.0F : lon) <= view.MapLonMax()); });
   // Through 360 what is one turn west of the east bound is in view as well, and only the rest is not.
   lons_ = seam_ ? Between(pastEast, west) : Between(west, pastEast);
-  lats_ = Between(Lowest([&](float lat) { return lat >= view.MapLatMin; }),
-                  Lowest([&](float lat) { return !(lat <= view.MapLatMax); }));
+  lats_ = Between(Lowest([&](float lat) { return lat >= view.MapLatMin(); }),
+                  Lowest([&](float lat) { return !(lat <= view.MapLatMax()); }));
 }
 
 void DrawLineLayer(const jet::Recordset& table, data::Rgb colour, const Viewport& viewport,
                    Surface& surface) {
   const StoredProjection projection(viewport);
   const Pen pen{.colour = colour};
-  std::vector<Point> run;  // joined by segments
+  std::vector<TwipPoint> run;  // joined by segments
   const auto draw = [&] {
     if (run.size() > 1)
       surface.Polyline(run, pen);

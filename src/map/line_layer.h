@@ -30,11 +30,11 @@ class StoredProjection {
   bool InView(jet::LongPair row) const { return lons_.Holds(row.first) != seam_ && lats_.Holds(row.second); }
 
   /// Where a point that is in view goes.
-  Point Project(jet::LongPair row) const {
-    float lon = StoredDegrees(row.first);
-    if (seam_ && !(lon >= viewport_->MapLonMin))
-      lon += 360.0F;
-    return viewport_->PictureAt(lon, StoredDegrees(row.second));
+  TwipPoint Project(jet::LongPair row) const {
+    MapPosition position{StoredDegrees(row.first), StoredDegrees(row.second)};
+    if (seam_ && !(position.lon >= viewport_->MapLonMin()))
+      position.lon += 360.0F;
+    return viewport_->PictureAt(position);
   }
 
  private:

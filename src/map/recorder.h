@@ -12,8 +12,8 @@ struct Operation {
   enum class Kind { kClear, kLine, kRectangle, kCircle, kText };
   Kind kind = Kind::kClear;
   Layer layer = Layer::kBackground;
-  Point from{};  ///< line start, rectangle corner, circle centre, text's top left corner
-  Point to{};    ///< line end, opposite corner
+  TwipPoint from{};  ///< line start, rectangle corner, circle centre, text's top left corner
+  TwipPoint to{};    ///< line end, opposite corner
   std::int32_t radius = 0;
   bool fill = false;
   Pen pen{};  ///< colour of every kind; width, style and mode of lines and rectangles
@@ -27,15 +27,15 @@ class Recorder final : public Surface {
  public:
   void BeginLayer(Layer layer) override;
   void Clear(data::Rgb colour) override;
-  void Polyline(std::span<const Point> points, const Pen& pen) override;
-  void Rectangle(Point corner1, Point corner2, const Pen& pen) override;
-  void Circle(Point centre, std::int32_t radius, data::Rgb colour, bool fill) override;
-  void Text(Point topLeft, std::string_view text, data::Rgb colour, const TextFont& font) override;
+  void Polyline(std::span<const TwipPoint> points, const Pen& pen) override;
+  void Rectangle(TwipPoint corner1, TwipPoint corner2, const Pen& pen) override;
+  void Circle(TwipPoint centre, std::int32_t radius, data::Rgb colour, bool fill) override;
+  void Text(TwipPoint topLeft, std::string_view text, data::Rgb colour, const TextFont& font) override;
 
   const std::vector<Operation>& Operations() const { return operations_; }
 
  private:
-  Operation& Add(Operation::Kind kind, Point from, const Pen& pen);
+  Operation& Add(Operation::Kind kind, TwipPoint from, const Pen& pen);
 
   Layer layer_ = Layer::kBackground;
   std::vector<Operation> operations_;

@@ -18,7 +18,7 @@ namespace {
 constexpr std::size_t kMaxPoints = data::kMaxStopovers + 2;
 
 struct RoutePoint {
-  LonLat position;
+  MapPosition position;
   AirportTexts texts;  ///< only when airports are drawn
 };
 
@@ -65,7 +65,7 @@ class FlightPainter {
         Read(cityField_, point.texts.city);
       }
       // West of a view that runs through 360: this end is seen one turn further east.
-      if (canvas_.viewport.MapWrap && point.position.lon < canvas_.viewport.MapLonMin)
+      if (canvas_.viewport.MapWrap() && point.position.lon < canvas_.viewport.MapLonMin())
         secondPass_ = true;
     }
     return true;
@@ -78,8 +78,8 @@ class FlightPainter {
 
   void DrawPass(const data::Flight& flight, float offset) {
     for (std::size_t leg = 1; leg < count_; ++leg) {
-      const LonLat from = Shifted(points_[leg - 1].position, offset);
-      const LonLat to = Shifted(points_[leg].position, offset);
+      const MapPosition from = Shifted(points_[leg - 1].position, offset);
+      const MapPosition to = Shifted(points_[leg].position, offset);
       MakeLabel(flight.number, leg);
       if (DrawFlightLeg(from, to))
         DrawFlightLeg(Shifted(from, -360.0F), Shifted(to, -360.0F));
@@ -88,7 +88,9 @@ class FlightPainter {
     DrawRouteAirport(points_[count_ - 1], offset);
   }
 
-  static LonLat Shifted(LonLat position, float offset) { return {position.lon + offset, position.lat}; }
+  static MapPosition Shifted(MapPosition position, float offset) {
+    return {position.lon + offset, position.lat};
+  }
 
   void MakeLabel(std::string_view number, std::size_t leg) {
     label_ = number;
@@ -101,14 +103,14 @@ class FlightPainter {
   }
 
   /// Returns whether the leg goes the short way round through 360.
-  bool DrawFlightLeg(LonLat from, LonLat to) {
+  bool DrawFlightLeg(MapPosition from, MapPosition to) {
     const bool wrapped = std::fabs(static_cast<double>(from.lon) - to.lon) > 180.0;
     if (wrapped)
       (from.lon < to.lon ? from : to).lon += 360.0F;
     if (!ClipLeg(canvas_.viewport, from, to))
       return wrapped;
-    const Point start = canvas_.viewport.PictureAt(from.lon, from.lat);
-    const Point end = canvas_.viewport.PictureAt(to.lon, to.lat);
+    const TwipPoint start = canvas_.viewport.PictureAt(from);
+    const TwipPoint end = canvas_.viewport.PictureAt(to);
     canvas_.surface.Line(start, end, {.colour = colour_});
     if (options_.flightNumbers || options_.aircraftSymbols)
       DrawLegSymbol(canvas_, start, end, label_,
@@ -123,7 +125,7 @@ class FlightPainter {
     if (!options_.flightAirports)
       return;
     try {
-      DrawAirport(canvas_, point.texts, point.position.lon + offset, point.position.lat, airportColour_);
+      DrawAirport(canvas_, point.texts, Shifted(point.position, offset), airportColour_);
     } catch (const std::exception&) {
       // An airport that cannot be drawn costs neither its flight nor the others.
     }

@@ -1,5 +1,4 @@
-// What the map is drawn on. Positions and lengths are whole twips (15 a logical pixel) from the top left
-// corner of the drawing area; the geometry above never sees a pixel.
+// What the map is drawn on. Positions and lengths are whole twips; the geometry never sees a pixel.
 #pragma once
 
 #include <cstdint>
@@ -7,17 +6,10 @@
 #include <string>
 #include <string_view>
 
+#include "base/coordinates.h"
 #include "data/reference_tables.h"
 
 namespace zerbal::map {
-
-inline constexpr int kTwipsPerPixel = 15;
-
-struct Point {
-  std::int32_t x = 0;
-  std::int32_t y = 0;
-  bool operator==(const Point&) const = default;
-};
 
 enum class LineStyle { kSolid, kDotted };
 enum class PenMode { kCopy, kXor };
@@ -57,15 +49,15 @@ class Surface {
   virtual void BeginLayer(Layer layer) = 0;
   virtual void Clear(data::Rgb colour) = 0;
   /// A run of connected points. Fewer than two points draw nothing.
-  virtual void Polyline(std::span<const Point> points, const Pen& pen) = 0;
+  virtual void Polyline(std::span<const TwipPoint> points, const Pen& pen) = 0;
   /// An unfilled rectangle between two opposite corners.
-  virtual void Rectangle(Point corner1, Point corner2, const Pen& pen) = 0;
-  virtual void Circle(Point centre, std::int32_t radius, data::Rgb colour, bool fill) = 0;
+  virtual void Rectangle(TwipPoint corner1, TwipPoint corner2, const Pen& pen) = 0;
+  virtual void Circle(TwipPoint centre, std::int32_t radius, data::Rgb colour, bool fill) = 0;
   /// `topLeft` is the top left corner of the text's box; `text` is UTF-8.
-  virtual void Text(Point topLeft, std::string_view text, data::Rgb colour, const TextFont& font) = 0;
+  virtual void Text(TwipPoint topLeft, std::string_view text, data::Rgb colour, const TextFont& font) = 0;
 
-  void Line(Point from, Point to, const Pen& pen) {
-    const Point ends[] = {from, to};
+  void Line(TwipPoint from, TwipPoint to, const Pen& pen) {
+    const TwipPoint ends[] = {from, to};
     Polyline(ends, pen);
   }
 };

@@ -17,19 +17,19 @@ class TeeSurface final : public Surface {
     first_.Clear(colour);
     second_.Clear(colour);
   }
-  void Polyline(std::span<const Point> points, const Pen& pen) override {
+  void Polyline(std::span<const TwipPoint> points, const Pen& pen) override {
     first_.Polyline(points, pen);
     second_.Polyline(points, pen);
   }
-  void Rectangle(Point corner1, Point corner2, const Pen& pen) override {
+  void Rectangle(TwipPoint corner1, TwipPoint corner2, const Pen& pen) override {
     first_.Rectangle(corner1, corner2, pen);
     second_.Rectangle(corner1, corner2, pen);
   }
-  void Circle(Point centre, std::int32_t radius, data::Rgb colour, bool fill) override {
+  void Circle(TwipPoint centre, std::int32_t radius, data::Rgb colour, bool fill) override {
     first_.Circle(centre, radius, colour, fill);
     second_.Circle(centre, radius, colour, fill);
   }
-  void Text(Point topLeft, std::string_view text, data::Rgb colour, const TextFont& font) override {
+  void Text(TwipPoint topLeft, std::string_view text, data::Rgb colour, const TextFont& font) override {
     first_.Text(topLeft, text, colour, font);
     second_.Text(topLeft, text, colour, font);
   }

@@ -1,7 +1,6 @@
 #include "map/viewport.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "map/position_text.h"
 #include "settings/rounding.h"
@@ -16,17 +15,6 @@ using settings::ToInt32;
 /// Stores an intermediate result.
 float Single(double value) {
   return static_cast<float>(value);
-}
-
-/// Takes full turns off a longitude until it is at most 360. One turn at a time, each rounded, since that is
-/// what decides the last bit; a number far beyond any view must not keep us turning.
-float UpTo360(float lon) {
-  constexpr float kTooFar = 36'000.0F;
-  if (!(lon <= kTooFar))
-    return Single(std::fmod(lon, 360.0));
-  while (lon > 360.0F)
-    lon -= 360.0F;
-  return lon;
 }
 
 /// Unlike std::clamp it takes bounds the wrong way round, which a region of odd numbers may give.
@@ -47,8 +35,8 @@ bool LiesEither(const data::GridBand& band, float value1, float value2) {
 Viewport::Viewport(const data::GridBands& bands) : bands_(&bands) {}
 
 void Viewport::SetSize(double width, double height) {
-  MapWidth = ToInt32(Round(width));
-  MapHeight = ToInt32(Round(height));
+  width_ = ToInt32(Round(width));
+  height_ = ToInt32(Round(height));
 }
 
 void Viewport::ComputeViewport() {
@@ -60,21 +48,18 @@ void Viewport::ComputeViewport() {
 }
 
 void Viewport::FitRequest() {
-  float west = ReqLonMin;
-  float top = ReqLatMin;
-  float east = ReqLonMax;
-  float bottom = ReqLatMax;
-  MapWrap = east <= west;
-  if (MapWrap)
+  auto [west, top, east, bottom] = request_;
+  wrap_ = east <= west;
+  if (wrap_)
     east += 360.0F;
-  MapLonSpan = east - west;
-  MapLatSpan = bottom - top;
+  lonSpan_ = east - west;
+  latSpan_ = bottom - top;
 
-  const float scaleX = Single(static_cast<double>(MapWidth) / MapLonSpan);
-  const float scaleY = Single(static_cast<double>(MapHeight) / MapLatSpan);
+  const float scaleX = Single(static_cast<double>(width_) / lonSpan_);
+  const float scaleY = Single(static_cast<double>(height_) / latSpan_);
   if (scaleX < scaleY) {
-    MapScale = scaleX;
-    const float extra = Single((static_cast<double>(MapHeight) / MapScale - MapLatSpan) / 2);
+    placement_.scale = scaleX;
+    const float extra = Single((static_cast<double>(height_) / placement_.scale - latSpan_) / 2);
     top -= extra;
     bottom += extra;
     // A side that meets the pole stops there; the other keeps what it gained.
@@ -82,91 +67,74 @@ void Viewport::FitRequest() {
       top = 0.0F;
     if (bottom > kWidestLatSpan)
       bottom = kWidestLatSpan;
-    MapLatSpan = bottom - top;
+    latSpan_ = bottom - top;
   } else if (scaleX == scaleY) {
-    MapScale = scaleX;
+    placement_.scale = scaleX;
   } else if (scaleX > scaleY) {
-    MapScale = scaleY;
-    float span = Single(static_cast<double>(MapWidth) / MapScale);
+    placement_.scale = scaleY;
+    float span = Single(static_cast<double>(width_) / placement_.scale);
     if (span > kWidestLonSpan)
       span = kWidestLonSpan;
-    const float extra = Single((static_cast<double>(span) - MapLonSpan) / 2);
+    const float extra = Single((static_cast<double>(span) - lonSpan_) / 2);
     west -= extra;
     east += extra;
     if (west < 0.0F) {
       west += 360.0F;
       east += 360.0F;
     }
-    MapLonSpan = east - west;
+    lonSpan_ = east - west;
   }
-  MapLonMin = west;
-  MapLatMin = top;
-  MapLonMax = east;
-  MapLatMax = bottom;
+  shown_ = {west, top, east, bottom};
 }
 
 void Viewport::PlaceMap() {
   const auto margin = [this](std::int32_t area, float span) {
-    const double shown = static_cast<double>(MapScale) * span;
+    const double shown = static_cast<double>(placement_.scale) * span;
     return shown < area ? Single((area - shown) / 2) : 0.0F;
   };
   const auto offset = [this](float unused, float low) {
-    return ToInt32(Round(unused - static_cast<double>(low) * MapScale));
+    return ToInt32(Round(unused - static_cast<double>(low) * placement_.scale));
   };
-  MapOffX = offset(margin(MapWidth, MapLonSpan), MapLonMin);
-  MapOffY = offset(margin(MapHeight, MapLatSpan), MapLatMin);
+  placement_.offX = offset(margin(width_, lonSpan_), shown_.west);
+  placement_.offY = offset(margin(height_, latSpan_), shown_.top);
 }
 
 void Viewport::ListDetailTiles() {
-  DetailMode = false;
-  DetailTiles.clear();
-  if (!(MapLonSpan <= kDetailLonSpan && MapLatSpan <= kDetailLatSpan))
+  detailTiles_.clear();
+  if (!(lonSpan_ <= kDetailLonSpan && latSpan_ <= kDetailLatSpan))
     return;
   // Bands are twice as wide as the widest detail view, so that at most two of each kind hold an edge.
   for (const data::GridBand& lon : bands_->lon)
-    if (LiesEither(lon, MapLonMin, MapLonMax))
+    if (LiesEither(lon, shown_.west, shown_.east))
       for (const data::GridBand& lat : bands_->lat)
-        if (LiesEither(lat, MapLatMin, MapLatMax))
-          DetailTiles.push_back({lon.letter, lat.letter});
-  DetailMode = !DetailTiles.empty();
+        if (LiesEither(lat, shown_.top, shown_.bottom))
+          detailTiles_.push_back({lon.letter, lat.letter});
 }
 
-bool Viewport::ProjectPoint(float lon, float lat) {
-  if (lon == kPenUpLon)
-    return false;
-  PointInView = false;
-  float x = lon;
-  if (MapWrap) {
-    // Unshifted where that fits; no upper test then.
-    if (!(lon >= MapLonMin)) {
-      x = lon + 360.0F;
-      if (!(x <= MapLonMax))
-        return true;
+std::optional<TwipPoint> Viewport::ProjectPoint(MapPosition position) const {
+  if (wrap_) {
+    // Unshifted where that fits; there is no upper test then.
+    if (!(position.lon >= shown_.west)) {
+      position.lon += 360.0F;
+      if (!(position.lon <= shown_.east))
+        return std::nullopt;
     }
-  } else if (!(lon >= MapLonMin && lon <= MapLonMax)) {
-    return true;
+  } else if (!(position.lon >= shown_.west && position.lon <= shown_.east)) {
+    return std::nullopt;
   }
-  if (!(lat >= MapLatMin && lat <= MapLatMax))
-    return true;
-  const Point place = PictureAt(x, lat);
-  PointInView = true;
-  PointX = place.x;
-  PointY = place.y;
-  return true;
+  if (!(position.lat >= shown_.top && position.lat <= shown_.bottom))
+    return std::nullopt;
+  return PictureAt(position);
 }
 
-LonLat Viewport::Unproject(double x, double y) const {
-  return {Single((x - MapOffX) / MapScale), Single((y - MapOffY) / MapScale)};
-}
-
-bool Viewport::IsOnMap(double x, double y) const {
-  const LonLat at = Unproject(x, y);
-  return MapLonMin <= at.lon && at.lon <= MapLonMax && MapLatMin <= at.lat && at.lat <= MapLatMax;
+bool Viewport::IsOnMap(TwipPosition place) const {
+  const MapPosition at = Unproject(place);
+  return shown_.west <= at.lon && at.lon <= shown_.east && shown_.top <= at.lat && at.lat <= shown_.bottom;
 }
 
 bool Viewport::ZoomIn(float percent) {
-  const float lonSpan = Single(MapLonSpan / 100.0 * (100.0 - percent));
-  const float latSpan = Single(MapLatSpan / 100.0 * (100.0 - percent));
+  const float lonSpan = Single(lonSpan_ / 100.0 * (100.0 - percent));
+  const float latSpan = Single(latSpan_ / 100.0 * (100.0 - percent));
   if (lonSpan < kSmallestLonSpan && latSpan < kSmallestLatSpan)
     return false;
   RequestAround(lonSpan, latSpan);
@@ -174,8 +142,8 @@ bool Viewport::ZoomIn(float percent) {
 }
 
 bool Viewport::ZoomOut(float percent) {
-  const float lonSpan = Single(MapLonSpan / 100.0 * (100.0 + percent));
-  const float latSpan = Single(MapLatSpan / 100.0 * (100.0 + percent));
+  const float lonSpan = Single(lonSpan_ / 100.0 * (100.0 + percent));
+  const float latSpan = Single(latSpan_ / 100.0 * (100.0 + percent));
   const bool tooWide = lonSpan > kWidestLonSpan;
   const bool tooHigh = latSpan > kWidestLatSpan;
   if (tooWide && tooHigh)
@@ -193,76 +161,63 @@ bool Viewport::ZoomReset() {
 }
 
 void Viewport::RequestAround(float lonSpan, float latSpan) {
-  const float centreLon = Single(MapLonMin + MapLonSpan / 2.0);
-  const float centreLat = Single(MapLatMin + MapLatSpan / 2.0);
+  const float centreLon = Single(shown_.west + lonSpan_ / 2.0);
+  const float centreLat = Single(shown_.top + latSpan_ / 2.0);
   float west = Single(centreLon - lonSpan / 2.0);
   float east = Single(centreLon + lonSpan / 2.0);
   if (west < 0.0F)
     west += 360.0F;
   west = UpTo360(west);
   east = UpTo360(east);
-  Request(west, Single(centreLat - latSpan / 2.0), east, Single(centreLat + latSpan / 2.0), latSpan);
+  Request({west, Single(centreLat - latSpan / 2.0), east, Single(centreLat + latSpan / 2.0)}, latSpan);
 }
 
-void Viewport::Request(float west, float top, float east, float bottom, float latSpan) {
-  if (top < 0.0F) {
-    top = 0.0F;
-    bottom = latSpan;
+void Viewport::Request(Bounds bounds, float latSpan) {
+  if (bounds.top < 0.0F) {
+    bounds.top = 0.0F;
+    bounds.bottom = latSpan;
   }
-  if (bottom > kWidestLatSpan) {
-    top = kWidestLatSpan - latSpan;
-    bottom = kWidestLatSpan;
+  if (bounds.bottom > kWidestLatSpan) {
+    bounds.top = kWidestLatSpan - latSpan;
+    bounds.bottom = kWidestLatSpan;
   }
-  ReqLonMin = west;
-  ReqLatMin = top;
-  ReqLonMax = east;
-  ReqLatMax = bottom;
+  request_ = bounds;
 }
 
 bool Viewport::SelectRegion(const data::Region& region) {
-  ReqLonMin = Single(region.fromLon);
-  ReqLatMin = Single(region.fromLat);
-  ReqLonMax = Single(region.toLon);
-  ReqLatMax = Single(region.toLat);
-  return ReqLonMin != ReqLonMax && ReqLatMin != ReqLatMax;
+  request_ = {Single(region.fromLon), Single(region.fromLat), Single(region.toLon), Single(region.toLat)};
+  return request_.west != request_.east && request_.top != request_.bottom;
 }
 
-bool Viewport::CentreOn(double x, double y) {
-  const LonLat at = Unproject(x, y);
-  const float lon = UpTo360(Limit(at.lon, MapLonMin, MapLonMax));
-  const float lat = Limit(at.lat, MapLatMin, MapLatMax);
-  float west = Single(lon - MapLonSpan / 2.0);
-  float east = Single(lon + MapLonSpan / 2.0);
+bool Viewport::CentreOn(TwipPosition place) {
+  const MapPosition at = Unproject(place);
+  const float lon = UpTo360(Limit(at.lon, shown_.west, shown_.east));
+  const float lat = Limit(at.lat, shown_.top, shown_.bottom);
+  float west = Single(lon - lonSpan_ / 2.0);
+  float east = Single(lon + lonSpan_ / 2.0);
   if (west < 0.0F)
     west += 360.0F;
   if (east > 360.0F)
     east -= 360.0F;
-  Request(west, Single(lat - MapLatSpan / 2.0), east, Single(lat + MapLatSpan / 2.0), MapLatSpan);
+  Request({west, Single(lat - latSpan_ / 2.0), east, Single(lat + latSpan_ / 2.0)}, latSpan_);
   return true;
 }
 
-bool Viewport::ZoomToBox(double x1, double y1, double x2, double y2) {
-  if (x1 == x2 || y1 == y2)
+bool Viewport::ZoomToBox(TwipPosition corner1, TwipPosition corner2) {
+  if (corner1.x == corner2.x || corner1.y == corner2.y)
     return false;
-  const LonLat low = Unproject(std::min(x1, x2), std::min(y1, y2));
-  const LonLat high = Unproject(std::max(x1, x2), std::max(y1, y2));
+  const MapPosition low = Unproject({std::min(corner1.x, corner2.x), std::min(corner1.y, corner2.y)});
+  const MapPosition high = Unproject({std::max(corner1.x, corner2.x), std::max(corner1.y, corner2.y)});
   const float lonSpan = high.lon - low.lon;
   const float latSpan = high.lat - low.lat;
   if (!(lonSpan >= kSmallestLonSpan || latSpan >= kSmallestLatSpan))
     return false;
-  ReqLonMin = UpTo360(low.lon);
-  ReqLatMin = low.lat;
-  ReqLonMax = UpTo360(high.lon);
-  ReqLatMax = high.lat;
+  request_ = {UpTo360(low.lon), low.lat, UpTo360(high.lon), high.lat};
   return true;
 }
 
 std::string Viewport::ExtentText() const {
-  return TwoDecimals(MapLatSpan) + "° Latitude / " + TwoDecimals(MapLonSpan) + "° Longitude";
-}
-
-LonLat ToGeographic(LonLat position) {
-  return {UpTo360(position.lon) - 180.0F, 90.0F - position.lat};
+  return TwoDecimals(latSpan_) + "° Latitude / " + TwoDecimals(lonSpan_) + "° Longitude";
 }
 
 }  // namespace zerbal::map

@@ -20,7 +20,7 @@ bool KeepInside(double p, double q, double& first, double& last) {
 
 }  // namespace
 
-bool ClipArea::Clip(map::Point& from, map::Point& to) const {
+bool ClipArea::Clip(PixelPoint& from, PixelPoint& to) const {
   if (right < left || bottom < top)
     return false;
   const double x = from.x;
@@ -33,7 +33,7 @@ bool ClipArea::Clip(map::Point& from, map::Point& to) const {
       !KeepInside(-dy, y - top, first, last) || !KeepInside(dy, bottom - y, first, last))
     return false;
   const auto at = [&](double t) {
-    return map::Point{static_cast<std::int32_t>(std::clamp<double>(std::nearbyint(x + t * dx), left, right)),
+    return PixelPoint{static_cast<std::int32_t>(std::clamp<double>(std::nearbyint(x + t * dx), left, right)),
                       static_cast<std::int32_t>(std::clamp<double>(std::nearbyint(y + t * dy), top, bottom))};
   };
   if (first > 0)

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "map/surface.h"
+#include "base/coordinates.h"
 
 namespace zerbal::paint {
 
@@ -14,12 +14,12 @@ struct ClipArea {
   std::int32_t right = -1;
   std::int32_t bottom = -1;
 
-  bool Holds(map::Point point) const {
+  bool Holds(PixelPoint point) const {
     return point.x >= left && point.x <= right && point.y >= top && point.y <= bottom;
   }
   /// Moves the ends that lie outside onto the border, to the nearest pixel. False, with the ends as they
   /// were, when nothing of the line is inside.
-  bool Clip(map::Point& from, map::Point& to) const;
+  bool Clip(PixelPoint& from, PixelPoint& to) const;
 };
 
 }  // namespace zerbal::paint

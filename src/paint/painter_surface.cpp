@@ -58,15 +58,15 @@ void PainterSurface::DrawRun() {
   run_.clear();
 }
 
-void PainterSurface::Polyline(std::span<const map::Point> points, const map::Pen& pen) {
+void PainterSurface::Polyline(std::span<const TwipPoint> points, const map::Pen& pen) {
   if (points.size() < 2)
     return;
   UsePen(pen);
   run_.clear();
   for (std::size_t i = 1; i < points.size(); ++i) {
-    map::Point from = scale_.Pixel(points[i - 1]);
-    map::Point to = scale_.Pixel(points[i]);
-    const map::Point wholeTo = to;
+    PixelPoint from = scale_.ToPixelPoint(points[i - 1]);
+    PixelPoint to = scale_.ToPixelPoint(points[i]);
+    const PixelPoint wholeTo = to;
     if (!near_.Clip(from, to)) {
       DrawRun();
       continue;
@@ -83,13 +83,13 @@ void PainterSurface::Polyline(std::span<const map::Point> points, const map::Pen
   DrawRun();
 }
 
-void PainterSurface::Rectangle(map::Point corner1, map::Point corner2, const map::Pen& pen) {
-  const map::Point corners[] = {corner1, {corner2.x, corner1.y}, corner2, {corner1.x, corner2.y}, corner1};
+void PainterSurface::Rectangle(TwipPoint corner1, TwipPoint corner2, const map::Pen& pen) {
+  const TwipPoint corners[] = {corner1, {corner2.x, corner1.y}, corner2, {corner1.x, corner2.y}, corner1};
   Polyline(corners, pen);
 }
 
-void PainterSurface::Circle(map::Point centre, std::int32_t radius, data::Rgb colour, bool fill) {
-  const map::Point at = scale_.Pixel(centre);
+void PainterSurface::Circle(TwipPoint centre, std::int32_t radius, data::Rgb colour, bool fill) {
+  const PixelPoint at = scale_.ToPixelPoint(centre);
   const double reach = std::clamp(scale_.Length(radius), 0.0, area_.width() + area_.height());
   if (!QRectF(near_.left - reach, near_.top - reach, near_.right - near_.left + 2 * reach,
               near_.bottom - near_.top + 2 * reach)
@@ -113,9 +113,9 @@ const QFont& PainterSurface::UseFont(const map::TextFont& font) {
   return font_;
 }
 
-void PainterSurface::Text(map::Point topLeft, std::string_view text, data::Rgb colour,
+void PainterSurface::Text(TwipPoint topLeft, std::string_view text, data::Rgb colour,
                           const map::TextFont& font) {
-  const map::Point at = scale_.Pixel(topLeft);
+  const PixelPoint at = scale_.ToPixelPoint(topLeft);
   if (text.empty() || !near_.Holds(at))
     return;
   UsePen({.colour = colour});

@@ -7,8 +7,8 @@
 #include <optional>
 #include <vector>
 
+#include "map/surface.h"
 #include "paint/clip_area.h"
-#include "paint/pixel_scale.h"
 
 namespace zerbal::paint {
 
@@ -21,10 +21,10 @@ class PainterSurface final : public map::Surface {
 
   void BeginLayer(map::Layer) override {}
   void Clear(data::Rgb colour) override;
-  void Polyline(std::span<const map::Point> points, const map::Pen& pen) override;
-  void Rectangle(map::Point corner1, map::Point corner2, const map::Pen& pen) override;
-  void Circle(map::Point centre, std::int32_t radius, data::Rgb colour, bool fill) override;
-  void Text(map::Point topLeft, std::string_view text, data::Rgb colour, const map::TextFont& font) override;
+  void Polyline(std::span<const TwipPoint> points, const map::Pen& pen) override;
+  void Rectangle(TwipPoint corner1, TwipPoint corner2, const map::Pen& pen) override;
+  void Circle(TwipPoint centre, std::int32_t radius, data::Rgb colour, bool fill) override;
+  void Text(TwipPoint topLeft, std::string_view text, data::Rgb colour, const map::TextFont& font) override;
 
  private:
   void UsePen(const map::Pen& pen);

@@ -32,7 +32,7 @@ void PictureSurface::Clear(data::Rgb colour) {
   canvas_.Fill(PixelCanvas::Pixel(colour));
 }
 
-void PictureSurface::Polyline(std::span<const map::Point> points, const map::Pen& pen) {
+void PictureSurface::Polyline(std::span<const TwipPoint> points, const map::Pen& pen) {
   if (pen.style != map::LineStyle::kSolid || pen.mode != map::PenMode::kCopy) {
     Rest().Polyline(points, pen);
     return;
@@ -46,10 +46,10 @@ void PictureSurface::Polyline(std::span<const map::Point> points, const map::Pen
     return;
   }
   const int width = scale_.LineWidth(1);
-  map::Point from = scale_.Pixel(points.front());
+  PixelPoint from = scale_.ToPixelPoint(points.front());
   bool drawn = false;
-  for (const map::Point& twips : points.subspan(1)) {
-    const map::Point to = scale_.Pixel(twips);
+  for (const TwipPoint& twips : points.subspan(1)) {
+    const PixelPoint to = scale_.ToPixelPoint(twips);
     if (to == from)
       continue;
     canvas_.Line(from, to, pixel, width);
@@ -60,7 +60,7 @@ void PictureSurface::Polyline(std::span<const map::Point> points, const map::Pen
     canvas_.Line(from, from, pixel, width);
 }
 
-void PictureSurface::Stroke(map::Point from, map::Point to, std::uint32_t pixel, int width) {
+void PictureSurface::Stroke(TwipPoint from, TwipPoint to, std::uint32_t pixel, int width) {
   // Straight strokes have crisp edges as they are; long ones are no small shapes.
   const double length = std::hypot(static_cast<double>(from.x) - to.x, static_cast<double>(from.y) - to.y);
   if (from.x == to.x || from.y == to.y || length > kLongestSmoothStroke) {
@@ -69,29 +69,26 @@ void PictureSurface::Stroke(map::Point from, map::Point to, std::uint32_t pixel,
         std::max(std::abs(static_cast<double>(from.x) - to.x), std::abs(static_cast<double>(from.y) - to.y));
     const double slant = reach > 0 ? length / reach : 1;
     const int across = static_cast<int>(std::lround(scale_.LineWidth(width) * slant));
-    canvas_.Line(scale_.Pixel(from), scale_.Pixel(to), pixel, across);
+    canvas_.Line(scale_.ToPixelPoint(from), scale_.ToPixelPoint(to), pixel, across);
     return;
   }
-  const auto spot = [this](map::Point twips) {
-    return PixelCanvas::Spot{scale_.Length(twips.x), scale_.Length(twips.y)};
-  };
-  canvas_.SmoothLine(spot(from), spot(to), pixel, width * scale_.Ratio());
+  canvas_.SmoothLine(scale_.ToPixelPosition(from), scale_.ToPixelPosition(to), pixel, width * scale_.Ratio());
 }
 
-void PictureSurface::Rectangle(map::Point corner1, map::Point corner2, const map::Pen& pen) {
-  canvas_.Rectangle(scale_.Pixel(corner1), scale_.Pixel(corner2), PixelCanvas::Pixel(pen.colour),
+void PictureSurface::Rectangle(TwipPoint corner1, TwipPoint corner2, const map::Pen& pen) {
+  canvas_.Rectangle(scale_.ToPixelPoint(corner1), scale_.ToPixelPoint(corner2),
+                    PixelCanvas::Pixel(pen.colour),
                     {.size = scale_.LineWidth(pen.width),
                      .dotted = pen.style == map::LineStyle::kDotted,
                      .invert = pen.mode == map::PenMode::kXor});
 }
 
-void PictureSurface::Circle(map::Point centre, std::int32_t radius, data::Rgb colour, bool fill) {
+void PictureSurface::Circle(TwipPoint centre, std::int32_t radius, data::Rgb colour, bool fill) {
   if (!fill || radius < 0 || radius > kLargestMarker) {
     Rest().Circle(centre, radius, colour, fill);
     return;
   }
-  const map::Point at = scale_.Pixel(centre);
-  canvas_.Blend(prepared_.Disc(radius, scale_), at.x, at.y, PixelCanvas::Pixel(colour));
+  canvas_.Blend(prepared_.Disc(radius, scale_), scale_.ToPixelPoint(centre), PixelCanvas::Pixel(colour));
 }
 
 GlyphSet& PictureSurface::Glyphs(const map::TextFont& font) {
@@ -102,7 +99,7 @@ GlyphSet& PictureSurface::Glyphs(const map::TextFont& font) {
   return *glyphs_;
 }
 
-void PictureSurface::Text(map::Point topLeft, std::string_view text, data::Rgb colour,
+void PictureSurface::Text(TwipPoint topLeft, std::string_view text, data::Rgb colour,
                           const map::TextFont& font) {
   GlyphSet& glyphs = Glyphs(font);
   for (std::string_view rest = text; !rest.empty();) {
@@ -111,7 +108,7 @@ void PictureSurface::Text(map::Point topLeft, std::string_view text, data::Rgb c
       return;
     }
   }
-  const map::Point at = scale_.Pixel(topLeft);
+  const PixelPoint at = scale_.ToPixelPoint(topLeft);
   const std::uint32_t pixel = PixelCanvas::Pixel(colour);
   if (at.x >= picture_.width() || at.y >= picture_.height())
     return;
@@ -119,7 +116,7 @@ void PictureSurface::Text(map::Point topLeft, std::string_view text, data::Rgb c
   const auto baseLine = static_cast<int>(std::int64_t{at.y} + glyphs.Ascent());
   for (std::string_view rest = text; !rest.empty() && x < picture_.width();) {
     const GlyphSet::Glyph& glyph = glyphs.Of(jet::TakeUtf8(rest));
-    canvas_.Blend(glyph.mask, static_cast<int>(x), baseLine, pixel);
+    canvas_.Blend(glyph.mask, {static_cast<int>(x), baseLine}, pixel);
     x += glyph.advance;
   }
 }

@@ -20,14 +20,14 @@ class PictureSurface final : public map::Surface {
 
   void BeginLayer(map::Layer) override {}
   void Clear(data::Rgb colour) override;
-  void Polyline(std::span<const map::Point> points, const map::Pen& pen) override;
-  void Rectangle(map::Point corner1, map::Point corner2, const map::Pen& pen) override;
-  void Circle(map::Point centre, std::int32_t radius, data::Rgb colour, bool fill) override;
-  void Text(map::Point topLeft, std::string_view text, data::Rgb colour, const map::TextFont& font) override;
+  void Polyline(std::span<const TwipPoint> points, const map::Pen& pen) override;
+  void Rectangle(TwipPoint corner1, TwipPoint corner2, const map::Pen& pen) override;
+  void Circle(TwipPoint centre, std::int32_t radius, data::Rgb colour, bool fill) override;
+  void Text(TwipPoint topLeft, std::string_view text, data::Rgb colour, const map::TextFont& font) override;
 
  private:
   /// A line of more than one logical pixel: a part of a symbol.
-  void Stroke(map::Point from, map::Point to, std::uint32_t pixel, int width);
+  void Stroke(TwipPoint from, TwipPoint to, std::uint32_t pixel, int width);
   PainterSurface& Rest();
   GlyphSet& Glyphs(const map::TextFont& font);
 

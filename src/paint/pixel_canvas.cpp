@@ -11,7 +11,7 @@ namespace {
 /// A line drawn as a bar with soft edges, half a pixel longer at both ends.
 class Bar {
  public:
-  Bar(PixelCanvas::Spot from, PixelCanvas::Spot to, double width)
+  Bar(PixelPosition from, PixelPosition to, double width)
       : middle_{(from.x + to.x) / 2, (from.y + to.y) / 2}, reachAside_(width / 2) {
     const double dx = to.x - from.x;
     const double dy = to.y - from.y;
@@ -63,7 +63,7 @@ class Bar {
   }
 
  private:
-  PixelCanvas::Spot middle_;
+  PixelPosition middle_;
   // Unit vector along the line; a line without length lies flat.
   double ux_ = 1;
   double uy_ = 0;
@@ -92,7 +92,7 @@ void PixelCanvas::Fill(std::uint32_t pixel) {
     std::fill_n(pixels_ + y * stride_, width_, pixel);
 }
 
-void PixelCanvas::ThinLine(map::Point from, map::Point to, std::uint32_t pixel) {
+void PixelCanvas::ThinLine(PixelPoint from, PixelPoint to, std::uint32_t pixel) {
   int length = std::abs(to.x - from.x);
   int aside = std::abs(to.y - from.y);
   const bool flat = length >= aside;
@@ -116,7 +116,7 @@ void PixelCanvas::ThinLine(map::Point from, map::Point to, std::uint32_t pixel) 
   }
 }
 
-void PixelCanvas::WideLine(map::Point from, map::Point to, std::uint32_t pixel, int width) {
+void PixelCanvas::WideLine(PixelPoint from, PixelPoint to, std::uint32_t pixel, int width) {
   const int dx = std::abs(to.x - from.x);
   const int dy = std::abs(to.y - from.y);
   if (dx == 0 && dy == 0) {
@@ -125,12 +125,12 @@ void PixelCanvas::WideLine(map::Point from, map::Point to, std::uint32_t pixel, 
   }
   for (int i = 0; i < width; ++i) {
     const int aside = i - (width - 1) / 2;
-    const map::Point shift = dx >= dy ? map::Point{0, aside} : map::Point{aside, 0};
+    const PixelPoint shift = dx >= dy ? PixelPoint{0, aside} : PixelPoint{aside, 0};
     Line({from.x + shift.x, from.y + shift.y}, {to.x + shift.x, to.y + shift.y}, pixel, 1);
   }
 }
 
-void PixelCanvas::Line(map::Point from, map::Point to, std::uint32_t pixel, int width) {
+void PixelCanvas::Line(PixelPoint from, PixelPoint to, std::uint32_t pixel, int width) {
   if (width <= 1) {
     if ((Holds(from) && Holds(to)) || Area(0).Clip(from, to))
       ThinLine(from, to, pixel);
@@ -150,7 +150,7 @@ const Ink& PixelCanvas::InkOf(std::uint32_t pixel) {
   return ink;
 }
 
-void PixelCanvas::SmoothLine(Spot from, Spot to, std::uint32_t pixel, double width) {
+void PixelCanvas::SmoothLine(PixelPosition from, PixelPosition to, std::uint32_t pixel, double width) {
   const Bar bar(from, to, width);
   const Bar::Pixels around = bar.Within(width_, height_);
   if (around.right <= around.left)
@@ -163,9 +163,9 @@ void PixelCanvas::SmoothLine(Spot from, Spot to, std::uint32_t pixel, double wid
   }
 }
 
-void PixelCanvas::Blend(const Mask& mask, int x, int y, std::uint32_t pixel) {
-  const std::int64_t left = std::int64_t{x} + mask.left;
-  const std::int64_t top = std::int64_t{y} + mask.top;
+void PixelCanvas::Blend(const Mask& mask, PixelPoint place, std::uint32_t pixel) {
+  const std::int64_t left = std::int64_t{place.x} + mask.left;
+  const std::int64_t top = std::int64_t{place.y} + mask.top;
   const auto firstColumn = static_cast<int>(std::clamp<std::int64_t>(-left, 0, mask.width));
   const auto lastColumn = static_cast<int>(std::clamp<std::int64_t>(width_ - left, 0, mask.width));
   const auto firstRow = static_cast<int>(std::clamp<std::int64_t>(-top, 0, mask.height));
@@ -192,7 +192,7 @@ void PixelCanvas::Block(std::int64_t x, std::int64_t y, std::int64_t width, std:
   }
 }
 
-void PixelCanvas::Rectangle(map::Point corner1, map::Point corner2, std::uint32_t pixel, const Dots& dots) {
+void PixelCanvas::Rectangle(PixelPoint corner1, PixelPoint corner2, std::uint32_t pixel, const Dots& dots) {
   const std::int64_t size = std::max(1, dots.size);
   const std::int64_t left = std::min(corner1.x, corner2.x);
   const std::int64_t right = std::max(corner1.x, corner2.x);

@@ -16,7 +16,6 @@
 
 namespace zerbal::paint {
 
-/// Positions are pixels.
 class PixelCanvas {
  public:
   /// `image` has format RGB32 and must outlive the canvas unshared.
@@ -27,17 +26,13 @@ class PixelCanvas {
   void Fill(std::uint32_t pixel);
   /// Both ends included, no soft edges. `width` counts along a row or a column, whichever crosses the line
   /// more squarely; an even width has its extra pixel right of or below the ends.
-  void Line(map::Point from, map::Point to, std::uint32_t pixel, int width);
+  void Line(PixelPoint from, PixelPoint to, std::uint32_t pixel, int width);
 
-  /// A place between the pixels: the middle of the first pixel is 0.5, 0.5.
-  struct Spot {
-    double x = 0;
-    double y = 0;
-  };
   /// A short bar with soft edges, half a pixel longer than the line at both ends; for small shapes, as its
   /// cost grows with the area around it.
-  void SmoothLine(Spot from, Spot to, std::uint32_t pixel, double width);
-  void Blend(const Mask& mask, int x, int y, std::uint32_t pixel);
+  void SmoothLine(PixelPosition from, PixelPosition to, std::uint32_t pixel, double width);
+  /// Lays a shape over the picture with its reference pixel at `place`.
+  void Blend(const Mask& mask, PixelPoint place, std::uint32_t pixel);
 
   struct Dots {
     int size = 1;         ///< a dot's length and width
@@ -46,16 +41,16 @@ class PixelCanvas {
   };
   /// Touches each pixel of the outline once, so that inverting it twice restores the picture. A rectangle
   /// without extent is one dot.
-  void Rectangle(map::Point corner1, map::Point corner2, std::uint32_t pixel, const Dots& dots);
+  void Rectangle(PixelPoint corner1, PixelPoint corner2, std::uint32_t pixel, const Dots& dots);
 
  private:
-  bool Holds(map::Point point) const {
+  bool Holds(PixelPoint point) const {
     return static_cast<std::uint32_t>(point.x) < static_cast<std::uint32_t>(width_) &&
            static_cast<std::uint32_t>(point.y) < static_cast<std::uint32_t>(height_);
   }
   ClipArea Area(int margin) const { return {-margin, -margin, width_ - 1 + margin, height_ - 1 + margin}; }
-  void ThinLine(map::Point from, map::Point to, std::uint32_t pixel);
-  void WideLine(map::Point from, map::Point to, std::uint32_t pixel, int width);
+  void ThinLine(PixelPoint from, PixelPoint to, std::uint32_t pixel);
+  void WideLine(PixelPoint from, PixelPoint to, std::uint32_t pixel, int width);
   void Block(std::int64_t x, std::int64_t y, std::int64_t width, std::int64_t height, std::uint32_t pixel,
              bool invert);
   const Ink& InkOf(std::uint32_t pixel);

@@ -12,8 +12,9 @@
 #include <utility>
 #include <vector>
 
+#include "base/coordinates.h"
+#include "map/surface.h"
 #include "paint/mask.h"
-#include "paint/pixel_scale.h"
 
 namespace zerbal::paint {
 

@@ -149,7 +149,7 @@ TEST_F(CommandTest, ButtonsHaveTheirTextsAndPictures) {
 }
 
 TEST_F(CommandTest, ButtonsDoWhatTheirEntriesDo) {
-  const auto spans = [&] { return std::pair(State().viewport.MapLonSpan, State().viewport.MapLatSpan); };
+  const auto spans = [&] { return std::pair(State().viewport.MapLonSpan(), State().viewport.MapLatSpan()); };
   for (const auto& row : kButtons) {
     Entry("mnuRegPart(2)")->trigger();
     const int before = Draws();
@@ -168,17 +168,17 @@ TEST_F(CommandTest, ButtonsDoWhatTheirEntriesDo) {
 
 TEST_F(CommandTest, ZoomStepsAreOfTwentyAndFiftyPercent) {
   Entry("mnuRegPart(2)")->trigger();
-  const float span = State().viewport.MapLonSpan;
+  const float span = State().viewport.MapLonSpan();
   EXPECT_EQ(DrawsOf("mnuZoomIn"), 1);
-  EXPECT_NEAR(State().viewport.MapLonSpan, span * 0.8F, 1e-3);
+  EXPECT_NEAR(State().viewport.MapLonSpan(), span * 0.8F, 1e-3);
   EXPECT_EQ(DrawsOf("mnuZoomOut"), 1);
-  EXPECT_NEAR(State().viewport.MapLonSpan, span * 0.96F, 1e-3);
+  EXPECT_NEAR(State().viewport.MapLonSpan(), span * 0.96F, 1e-3);
   EXPECT_EQ(DrawsOf("mnuZoomIn2"), 1);
-  EXPECT_NEAR(State().viewport.MapLonSpan, span * 0.48F, 1e-3);
+  EXPECT_NEAR(State().viewport.MapLonSpan(), span * 0.48F, 1e-3);
   EXPECT_EQ(DrawsOf("mnuZoomOut2"), 1);
-  EXPECT_NEAR(State().viewport.MapLonSpan, span * 0.72F, 1e-3);
+  EXPECT_NEAR(State().viewport.MapLonSpan(), span * 0.72F, 1e-3);
   EXPECT_EQ(DrawsOf("mnuZoomReset"), 1);
-  EXPECT_EQ(State().viewport.MapLonSpan, 350);
+  EXPECT_EQ(State().viewport.MapLonSpan(), 350);
 }
 
 TEST_F(CommandTest, ARefusedZoomDoesNotRedraw) {
@@ -192,18 +192,18 @@ TEST_F(CommandTest, ARefusedZoomDoesNotRedraw) {
 
 TEST_F(CommandTest, RegionsAreShown) {
   EXPECT_EQ(DrawsOf("mnuRegPart(2)"), 1);
-  EXPECT_EQ(State().viewport.ReqLonMin, 182);
-  EXPECT_EQ(State().viewport.ReqLatMax, 37);
+  EXPECT_EQ(State().viewport.ReqLonMin(), 182);
+  EXPECT_EQ(State().viewport.ReqLatMax(), 37);
   EXPECT_EQ(DrawsOf("mnuRegWorld"), 1);
-  EXPECT_EQ(State().viewport.ReqLonMin, 290);
+  EXPECT_EQ(State().viewport.ReqLonMin(), 290);
   EXPECT_EQ(DrawsOf("mnuRegWorld"), 1) << "the same region again";
 }
 
 TEST_F(CommandTest, RegionsWithoutExtentAreAskedForButNotShown) {
   for (const char* name : {"mnuRegPart(8)", "mnuRegPart(9)"})
     EXPECT_EQ(DrawsOf(name), 0) << name;
-  EXPECT_EQ(State().viewport.ReqLonMin, 185);
-  EXPECT_EQ(State().viewport.MapLonSpan, 350);
+  EXPECT_EQ(State().viewport.ReqLonMin(), 185);
+  EXPECT_EQ(State().viewport.MapLonSpan(), 350);
 }
 
 TEST_F(CommandTest, TogglesRedrawOnce) {
@@ -400,7 +400,7 @@ TEST_F(CommandTest, OnlyAnotherFontOfTheCurrentModeIsDrawn) {
   EXPECT_EQ(DrawsOf("mnuFileMapSett"), 1);
   Entry("mnuRegPart(6)")->trigger();
   Entry("mnuZoomIn2")->trigger();
-  ASSERT_TRUE(State().viewport.DetailMode);
+  ASSERT_TRUE(State().viewport.DetailMode());
   dialogs.whileOpen = [&] { fonts[data::FontCode::kLoRes].size = 6; };
   EXPECT_EQ(DrawsOf("mnuFileMapSett"), 0) << "the detail mode does not use it";
 }

@@ -272,7 +272,7 @@ TEST_F(MainWindow, TheMapFillsTheFrame) {
     Window().resize(size);
     EXPECT_EQ(Window().size(), size);
     EXPECT_EQ(Window().MapWindow().size(), inside->size());
-    EXPECT_EQ(State().viewport.MapWidth, inside->width() * map::kTwipsPerPixel);
+    EXPECT_EQ(State().viewport.MapWidth(), inside->width() * kTwipsPerPixel);
   }
 }
 

@@ -115,14 +115,14 @@ class FrmMapTest : public testing::Test {
 
 TEST_F(FrmMapTest, EveryResizeComputesAndDrawsOnce) {
   NewDraws();
-  EXPECT_EQ(view_.MapWidth, 10500);
-  EXPECT_EQ(view_.MapHeight, 5400);
+  EXPECT_EQ(view_.MapWidth(), 10500);
+  EXPECT_EQ(view_.MapHeight(), 5400);
   EXPECT_EQ(extents_.back(), "180.00\xC2\xB0 Latitude / 350.00\xC2\xB0 Longitude");
   for (const QSize size : {QSize(100, 700), QSize(1300, 90), QSize(1, 1), QSize(700, 360)}) {
     Resize(size.width(), size.height());
     EXPECT_EQ(NewDraws(), 1);
-    EXPECT_EQ(view_.MapWidth, size.width() * 15);
-    EXPECT_EQ(view_.MapHeight, size.height() * 15);
+    EXPECT_EQ(view_.MapWidth(), size.width() * 15);
+    EXPECT_EQ(view_.MapHeight(), size.height() * 15);
     EXPECT_EQ(map_.Picture().width(), std::ceil(size.width() * Ratio()));
     EXPECT_EQ(map_.Picture().devicePixelRatio(), Ratio());
   }
@@ -130,7 +130,7 @@ TEST_F(FrmMapTest, EveryResizeComputesAndDrawsOnce) {
 
 TEST_F(FrmMapTest, WithoutAnAreaNothingChanges) {
   const QImage before = map_.Picture().copy();
-  const float scale = view_.MapScale;
+  const float scale = view_.MapScale();
   const auto extents = extents_.size();
   NewDraws();
   Resize(0, 360);
@@ -138,7 +138,7 @@ TEST_F(FrmMapTest, WithoutAnAreaNothingChanges) {
   map_.RecomputeAndRedraw();
   EXPECT_EQ(NewDraws(), 0);
   EXPECT_EQ(map_.Picture(), before);
-  EXPECT_EQ(view_.MapScale, scale);
+  EXPECT_EQ(view_.MapScale(), scale);
   EXPECT_EQ(extents_.size(), extents);
   Resize(700, 360);
   EXPECT_EQ(NewDraws(), 1);
@@ -150,11 +150,11 @@ TEST_F(FrmMapTest, RedrawDrawsWithoutComputing) {
   world_.Ask(100, 50, 110, 55);
   map_.Redraw();
   EXPECT_EQ(NewDraws(), 1);
-  EXPECT_EQ(view_.MapLonMin, 5);
+  EXPECT_EQ(view_.MapLonMin(), 5);
   EXPECT_EQ(extents_.size(), extents);
   map_.RecomputeAndRedraw();
   EXPECT_EQ(NewDraws(), 1);
-  EXPECT_LT(view_.MapLonSpan, 20);
+  EXPECT_LT(view_.MapLonSpan(), 20);
   EXPECT_EQ(extents_.size(), extents + 1);
 }
 
@@ -223,7 +223,7 @@ TEST_F(FrmMapTest, MovingOverAMarginKeepsTheLastTexts) {
 TEST_F(FrmMapTest, PositionBeyondTheSeamIsReduced) {
   world_.Ask(340, 80, 20, 100);
   map_.RecomputeAndRedraw();
-  Move((369.5 - view_.MapLonMin) * view_.MapScale, 2700, {});
+  Move((369.5 - view_.MapLonMin()) * view_.MapScale(), 2700, {});
   EXPECT_EQ(position_.substr(0, 4), "W170");
 }
 
@@ -231,32 +231,32 @@ TEST_F(FrmMapTest, ClickCentresWithoutZooming) {
   NewDraws();
   world_.Ask(100, 60, 140, 80);
   map_.RecomputeAndRedraw();
-  const float lonSpan = view_.MapLonSpan;
-  const float latSpan = view_.MapLatSpan;
-  const map::LonLat wanted = view_.Unproject(3000, 2000);
+  const float lonSpan = view_.MapLonSpan();
+  const float latSpan = view_.MapLatSpan();
+  const MapPosition wanted = view_.Unproject({3000, 2000});
   NewDraws();
   Press(3000, 2000);
   Release(3000, 2000);
   EXPECT_EQ(NewDraws(), 1);
-  EXPECT_NEAR(view_.MapLonMin + view_.MapLonSpan / 2, wanted.lon, 0.01);
-  EXPECT_NEAR(view_.MapLatMin + view_.MapLatSpan / 2, wanted.lat, 0.01);
-  EXPECT_NEAR(view_.MapLonSpan, lonSpan, 0.01);
-  EXPECT_NEAR(view_.MapLatSpan, latSpan, 0.01);
+  EXPECT_NEAR(view_.MapLonMin() + view_.MapLonSpan() / 2, wanted.lon, 0.01);
+  EXPECT_NEAR(view_.MapLatMin() + view_.MapLatSpan() / 2, wanted.lat, 0.01);
+  EXPECT_NEAR(view_.MapLonSpan(), lonSpan, 0.01);
+  EXPECT_NEAR(view_.MapLatSpan(), latSpan, 0.01);
 }
 
 TEST_F(FrmMapTest, ClickNearThePoleKeepsTheSpan) {
   world_.Ask(100, 30, 216.6666F, 90);
   map_.RecomputeAndRedraw();
-  ASSERT_NEAR(view_.MapLatSpan, 60, 0.01);
-  const float span = view_.MapLatSpan;
+  ASSERT_NEAR(view_.MapLatSpan(), 60, 0.01);
+  const float span = view_.MapLatSpan();
   Press(5000, 10);
   Release(5000, 10);
-  EXPECT_NEAR(view_.MapLatSpan, span, 0.01);
+  EXPECT_NEAR(view_.MapLatSpan(), span, 0.01);
   Press(5000, 10);
   Release(5000, 10);
-  EXPECT_NEAR(view_.MapLatMin, 0, 0.001);
+  EXPECT_NEAR(view_.MapLatMin(), 0, 0.001);
   EXPECT_EQ(view_.ReqLatMin, 0);
-  EXPECT_NEAR(view_.MapLatMax, 60, 0.02);
+  EXPECT_NEAR(view_.MapLatMax(), 60, 0.02);
 }
 
 TEST_F(FrmMapTest, ClickAfterAnOutAndBackIsStillAClick) {
@@ -329,7 +329,7 @@ TEST_F(FrmMapTest, OneUnitMakesItABox) {
   Move(3001, 2001);
   Release(3001, 2001);
   EXPECT_EQ(NewDraws(), 0);
-  EXPECT_EQ(view_.MapLonMin, 5);
+  EXPECT_EQ(view_.MapLonMin(), 5);
 }
 
 TEST_F(FrmMapTest, BoxWithoutWidthOrHeightDoesNotZoom) {

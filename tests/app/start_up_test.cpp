@@ -320,10 +320,10 @@ TEST_F(StartUp, ShowsTheWorldAroundItsCentre) {
     SetIni("Region", "CentreWorld", c.centre);
     SetIni("Region", "CentreWorldAtLON", c.at);
     ASSERT_TRUE(Start());
-    EXPECT_EQ(State().viewport.ReqLonMin, c.west) << c.centre << ' ' << c.at;
-    EXPECT_EQ(State().viewport.ReqLonMax, c.east) << c.centre << ' ' << c.at;
-    EXPECT_EQ(State().viewport.ReqLatMin, 0);
-    EXPECT_EQ(State().viewport.ReqLatMax, 180);
+    EXPECT_EQ(State().viewport.ReqLonMin(), c.west) << c.centre << ' ' << c.at;
+    EXPECT_EQ(State().viewport.ReqLonMax(), c.east) << c.centre << ' ' << c.at;
+    EXPECT_EQ(State().viewport.ReqLatMin(), 0);
+    EXPECT_EQ(State().viewport.ReqLatMax(), 180);
     Window().close();
   }
 }

@@ -17,13 +17,6 @@ TEST(ReferenceTables, ClampRgbLimitsEachComponent) {
   EXPECT_EQ(ClampRgb(Limits::min(), Limits::max(), -1), (Rgb{0, 255, 0}));
 }
 
-TEST(ReferenceTables, ToMapLonAddsHalfATurn) {
-  EXPECT_EQ(ToMapLon(-180), 0);
-  EXPECT_EQ(ToMapLon(0), 180);
-  EXPECT_EQ(ToMapLon(-75), 105);
-  EXPECT_EQ(ToMapLon(180), 360);
-}
-
 TEST(ReferenceTables, GridBandsAreNineOfFortyAndNineOfTwentyDegrees) {
   const GridBands bands = BuildGridBands();
   std::string lonLetters;

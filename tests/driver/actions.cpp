@@ -27,7 +27,7 @@ Qt::MouseButtons ButtonsOf(const QString& word) {
 void SendToMap(Stage& stage, QEvent::Type type, double x, double y, Qt::MouseButton button) {
   app::frmMap& window = stage.program.MapWindow();
   RequireReachable(&window, "frmMap");
-  const QPointF at(x / map::kTwipsPerPixel, y / map::kTwipsPerPixel);
+  const QPointF at(x / kTwipsPerPixel, y / kTwipsPerPixel);
   QMouseEvent event(type, at, window.mapToGlobal(at), button, stage.heldButtons, Qt::NoModifier);
   QApplication::sendEvent(&window, &event);
 }

@@ -4,6 +4,8 @@
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QPixmap>
+#include <algorithm>
+#include <optional>
 
 #include "controls.h"
 #include "json_values.h"
@@ -36,6 +38,14 @@ std::optional<QString> ReadSetting(const QString& section, const QString& key) {
   return QString::fromStdString(settings::FromCodePage1252(value));
 }
 
+/// What `project` prints as the place of a position that is not in view.
+TwipPoint LastAirport(const std::vector<map::Operation>& operations) {
+  const auto last = std::find_if(operations.rbegin(), operations.rend(), [](const map::Operation& operation) {
+    return operation.kind == map::Operation::Kind::kCircle && operation.fill;
+  });
+  return last == operations.rend() ? TwipPoint{} : last->from;
+}
+
 }  // namespace
 
 QJsonValue BoxValue(const QMessageBox* box) {
@@ -65,34 +75,36 @@ void WindowsCommand(const Arguments&, Stage& stage) {
 void ViewCommand(const Arguments&, Stage& stage) {
   const map::Viewport& view = stage.program.State().viewport;
   QJsonArray tiles;
-  for (const std::string& tile : view.DetailTiles)
+  for (const std::string& tile : view.DetailTiles())
     tiles.append(Utf8(tile));
-  stage.answer({{"MapWidth", view.MapWidth},
-                {"MapHeight", view.MapHeight},
-                {"ReqLonMin", SingleValue(view.ReqLonMin)},
-                {"ReqLatMin", SingleValue(view.ReqLatMin)},
-                {"ReqLonMax", SingleValue(view.ReqLonMax)},
-                {"ReqLatMax", SingleValue(view.ReqLatMax)},
-                {"MapWrap", view.MapWrap},
-                {"MapLonMin", SingleValue(view.MapLonMin)},
-                {"MapLatMin", SingleValue(view.MapLatMin)},
-                {"MapLonMax", SingleValue(view.MapLonMax)},
-                {"MapLatMax", SingleValue(view.MapLatMax)},
-                {"MapLonSpan", SingleValue(view.MapLonSpan)},
-                {"MapLatSpan", SingleValue(view.MapLatSpan)},
-                {"MapScale", SingleValue(view.MapScale)},
-                {"MapOffX", view.MapOffX},
-                {"MapOffY", view.MapOffY},
-                {"DetailMode", view.DetailMode},
+  stage.answer({{"MapWidth", view.MapWidth()},
+                {"MapHeight", view.MapHeight()},
+                {"ReqLonMin", SingleValue(view.ReqLonMin())},
+                {"ReqLatMin", SingleValue(view.ReqLatMin())},
+                {"ReqLonMax", SingleValue(view.ReqLonMax())},
+                {"ReqLatMax", SingleValue(view.ReqLatMax())},
+                {"MapWrap", view.MapWrap()},
+                {"MapLonMin", SingleValue(view.MapLonMin())},
+                {"MapLatMin", SingleValue(view.MapLatMin())},
+                {"MapLonMax", SingleValue(view.MapLonMax())},
+                {"MapLatMax", SingleValue(view.MapLatMax())},
+                {"MapLonSpan", SingleValue(view.MapLonSpan())},
+                {"MapLatSpan", SingleValue(view.MapLatSpan())},
+                {"MapScale", SingleValue(view.MapScale())},
+                {"MapOffX", view.MapOffX()},
+                {"MapOffY", view.MapOffY()},
+                {"DetailMode", view.DetailMode()},
                 {"DetailTiles", tiles}});
 }
 
 void ProjectCommand(const Arguments& arguments, Stage& stage) {
-  // On a copy: a question changes nothing.
-  map::Viewport view = stage.program.State().viewport;
-  const bool result =
-      view.ProjectPoint(static_cast<float>(arguments.Number(0)), static_cast<float>(arguments.Number(1)));
-  stage.answer({{"result", result}, {"inView", view.PointInView}, {"x", view.PointX}, {"y", view.PointY}});
+  const MapPosition position{static_cast<float>(arguments.Number(0)),
+                             static_cast<float>(arguments.Number(1))};
+  const bool penUp = position.lon == kPenUpLon;
+  const std::optional<TwipPoint> point =
+      penUp ? std::nullopt : stage.program.State().viewport.ProjectPoint(position);
+  const TwipPoint shown = point.value_or(LastAirport(stage.program.Operations()));
+  stage.answer({{"result", !penUp}, {"inView", point.has_value()}, {"x", shown.x}, {"y", shown.y}});
 }
 
 void OpsCommand(const Arguments&, Stage& stage) {

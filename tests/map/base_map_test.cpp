@@ -7,6 +7,7 @@
 
 #include "map/line_layer.h"
 #include "map/map_world.h"
+#include "map/views.h"
 
 namespace zerbal::map {
 namespace {
@@ -43,7 +44,7 @@ TEST(DrawMap, MarksTheCentreOfTheWindowNotOfTheMap) {
   world.viewport.SetSize(9'001, 1'801);
   world.viewport.SelectRegion({"", "", 5, 0, 355, 180});
   world.viewport.ComputeViewport();
-  const Point centre{4'500, 900};
+  const TwipPoint centre{4'500, 900};
   const std::vector<Operation> expected{CircleOp(Layer::kCentre, centre, 60, kCentre, false),
                                         LineOp(Layer::kCentre, centre, {4'560, 900}, kCentre),
                                         LineOp(Layer::kCentre, centre, {4'500, 960}, kCentre),
@@ -54,8 +55,8 @@ TEST(DrawMap, MarksTheCentreOfTheWindowNotOfTheMap) {
 
 /// Three points in the middle of whatever is shown.
 Rows Stroke(const Viewport& view) {
-  const double lon = view.MapLonMin + view.MapLonSpan / 2;
-  const double lat = view.MapLatMin + view.MapLatSpan / 2;
+  const double lon = view.MapLonMin() + view.MapLonSpan() / 2;
+  const double lat = view.MapLatMin() + view.MapLatSpan() / 2;
   return {At(lon, lat), At(lon + 0.1, lat), At(lon + 0.1, lat + 0.1)};
 }
 
@@ -231,18 +232,18 @@ class Counter final : public Surface {
  public:
   void BeginLayer(Layer layer) override { layer_ = layer; }
   void Clear(data::Rgb) override {}
-  void Polyline(std::span<const Point> points, const Pen&) override {
+  void Polyline(std::span<const TwipPoint> points, const Pen&) override {
     runs.push_back(points.size());
     if (layer_ == failIn)
       throw std::runtime_error("out of paint");
   }
-  void Rectangle(Point, Point, const Pen&) override {}
-  void Circle(Point, std::int32_t, data::Rgb, bool) override {
+  void Rectangle(TwipPoint, TwipPoint, const Pen&) override {}
+  void Circle(TwipPoint, std::int32_t, data::Rgb, bool) override {
     ++circles;
     if (layer_ == failIn)
       throw std::runtime_error("out of paint");
   }
-  void Text(Point, std::string_view, data::Rgb, const TextFont&) override { ++texts; }
+  void Text(TwipPoint, std::string_view, data::Rgb, const TextFont&) override { ++texts; }
 
   std::optional<Layer> failIn;
   std::vector<std::size_t> runs;  ///< points of each polyline
@@ -346,44 +347,44 @@ TEST(StoredProjection, SaysWhatProjectPointSays) {
     view.SelectRegion({"", "", west, top, std::fmod(west + std::min(2 * size, 350.0), 360), top + size});
     view.ComputeViewport();
     const StoredProjection projection(view);
-    const double bounds[] = {view.MapLonMin, view.MapLonMax, view.MapLonMax - 360.0, uniform(0, 360)};
+    const double bounds[] = {view.MapLonMin(), view.MapLonMax(), view.MapLonMax() - 360.0, uniform(0, 360)};
     for (int j = 0; j < 200; ++j) {
       // On the bounds' millionths, some beside, some inside and some anywhere.
-      jet::LongPair row = At(j % 3 == 0 ? uniform(view.MapLonMin, view.MapLonMax) : bounds[random() % 4],
-                             j % 2 == 0 ? uniform(view.MapLatMin, view.MapLatMax)
-                                        : (random() % 2 == 0 ? view.MapLatMin : view.MapLatMax));
+      jet::LongPair row = At(j % 3 == 0 ? uniform(view.MapLonMin(), view.MapLonMax()) : bounds[random() % 4],
+                             j % 2 == 0 ? uniform(view.MapLatMin(), view.MapLatMax())
+                                        : (random() % 2 == 0 ? view.MapLatMin() : view.MapLatMax()));
       row.first += std::uniform_int_distribution<int>(-20, 20)(random);
       row.second += std::uniform_int_distribution<int>(-20, 20)(random);
-      ASSERT_TRUE(view.ProjectPoint(StoredDegrees(row.first), StoredDegrees(row.second)));
-      ASSERT_EQ(projection.InView(row), view.PointInView) << row.first << " " << row.second;
-      if (!view.PointInView)
+      const std::optional<TwipPoint> at =
+          view.ProjectPoint({StoredDegrees(row.first), StoredDegrees(row.second)});
+      ASSERT_EQ(projection.InView(row), at.has_value()) << row.first << " " << row.second;
+      if (!at)
         continue;
       ++inView;
-      ASSERT_EQ(projection.Project(row), (Point{view.PointX, view.PointY})) << row.first << " " << row.second;
+      ASSERT_EQ(projection.Project(row), *at) << row.first << " " << row.second;
     }
   }
   EXPECT_GT(inView, 10'000);
 }
 
 TEST(StoredProjection, OnlyTheMarkerItselfIsPenUp) {
-  MapWorld world;
   for (int off = -3; off <= 3; ++off) {
     const jet::LongPair row{-1'000'000 + off, 0};
     EXPECT_EQ(StoredProjection::IsPenUp(row), off == 0);
-    EXPECT_EQ(world.viewport.ProjectPoint(StoredDegrees(row.first), 0), off != 0);
+    EXPECT_EQ(StoredDegrees(row.first) == kPenUpLon, off == 0);
   }
 }
 
 TEST(StoredProjection, WithoutAUsableViewNothingIsInView) {
-  MapWorld world;
-  world.viewport.MapLonMin = std::numeric_limits<float>::quiet_NaN();
-  EXPECT_FALSE(StoredProjection(world.viewport).InView(kA));
-  world.Show(100, 40, 160, 70);
-  world.viewport.MapLatMax = std::numeric_limits<float>::quiet_NaN();
-  EXPECT_FALSE(StoredProjection(world.viewport).InView(kA));
-  world.Show(100, 40, 160, 70);
-  world.viewport.MapLonMax = std::numeric_limits<float>::infinity();
-  EXPECT_TRUE(StoredProjection(world.viewport).InView(kA));
+  constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
+  constexpr float kInf = std::numeric_limits<float>::infinity();
+  const auto holds = [](float west, float bottom, float east) {
+    const Viewport view = View(6'000, 3'000, west, 40, east, bottom);
+    return StoredProjection(view).InView(kA);
+  };
+  EXPECT_FALSE(holds(kNaN, 70, 160));
+  EXPECT_FALSE(holds(100, kNaN, 160));
+  EXPECT_TRUE(holds(100, 70, kInf));
 }
 
 }  // namespace

@@ -17,15 +17,15 @@ namespace {
 
 const Viewport kView = Exact(100, 40, 140, 60);
 
-using Leg = std::pair<LonLat, LonLat>;
+using Leg = std::pair<MapPosition, MapPosition>;
 
-std::optional<Leg> Clipped(LonLat from, LonLat to) {
+std::optional<Leg> Clipped(MapPosition from, MapPosition to) {
   if (!ClipLeg(kView, from, to))
     return std::nullopt;
   return Leg{from, to};
 }
 
-void ExpectLeg(const std::optional<Leg>& leg, LonLat from, LonLat to) {
+void ExpectLeg(const std::optional<Leg>& leg, MapPosition from, MapPosition to) {
   ASSERT_TRUE(leg.has_value());
   EXPECT_FLOAT_EQ(leg->first.lon, from.lon);
   EXPECT_FLOAT_EQ(leg->first.lat, from.lat);
@@ -46,7 +46,7 @@ TEST(GetClipCode, ABitForEachBound) {
 }
 
 TEST(GetClipCode, APointOnABoundIsInside) {
-  for (const LonLat corner : {LonLat{100, 40}, {140, 40}, {100, 60}, {140, 60}})
+  for (const MapPosition corner : {MapPosition{100, 40}, {140, 40}, {100, 60}, {140, 60}})
     EXPECT_EQ(GetClipCode(kView, corner), 0U);
   EXPECT_EQ(GetClipCode(kView, {std::nextafter(100.0F, 0.0F), 50}), 4U);
 }
@@ -93,10 +93,10 @@ TEST(ClipLeg, RejectsEndsThatAreNoNumbers) {
 }
 
 TEST(ClipLeg, EndsWithBoundsTheWrongWayRound) {
-  Viewport view = kView;
-  std::swap(view.MapLatMin, view.MapLatMax);
-  LonLat from{110, 30};
-  LonLat to{120, 70};
+  const Viewport view = View(4'000, 1'100, 100, 200, 140, 210);  // the bottom stops at 180, above the top
+  ASSERT_GT(view.MapLatMin(), view.MapLatMax());
+  MapPosition from{110, 170};
+  MapPosition to{120, 210};
   EXPECT_FALSE(ClipLeg(view, from, to));
 }
 
@@ -109,7 +109,7 @@ TEST(ClipLeg, TakesHugeNumbers) {
 }
 
 /// The part of a segment that is in view, by the definition: where along it all four bounds hold.
-std::optional<std::pair<double, double>> PartInView(const Viewport& view, LonLat from, LonLat to) {
+std::optional<std::pair<double, double>> PartInView(const Viewport& view, MapPosition from, MapPosition to) {
   double begin = 0;
   double end = 1;
   const auto hold = [&](double start, double slope, double low, double high) {
@@ -123,8 +123,8 @@ std::optional<std::pair<double, double>> PartInView(const Viewport& view, LonLat
     begin = std::max(begin, std::min(t1, t2));
     end = std::min(end, std::max(t1, t2));
   };
-  hold(from.lon, static_cast<double>(to.lon) - from.lon, view.MapLonMin, view.MapLonMax);
-  hold(from.lat, static_cast<double>(to.lat) - from.lat, view.MapLatMin, view.MapLatMax);
+  hold(from.lon, static_cast<double>(to.lon) - from.lon, view.MapLonMin(), view.MapLonMax());
+  hold(from.lat, static_cast<double>(to.lat) - from.lat, view.MapLatMin(), view.MapLatMax());
   if (begin > end)
     return std::nullopt;
   return std::pair{begin, end};
@@ -140,8 +140,8 @@ TEST(ClipLeg, GivesThePartThatIsInView) {
   };
   int accepted = 0;
   for (int i = 0; i < 50'000; ++i) {
-    const LonLat from{number(60, 180), number(20, 80)};
-    const LonLat to{number(60, 180), number(20, 80)};
+    const MapPosition from{number(60, 180), number(20, 80)};
+    const MapPosition to{number(60, 180), number(20, 80)};
     const auto part = PartInView(kView, from, to);
     const std::optional<Leg> leg = Clipped(from, to);
     if (part.has_value() != leg.has_value()) {

@@ -111,43 +111,44 @@ TEST(ComputeLegSymbol, AlongAnAxisInDetailMode) {
 TEST(ComputeLegSymbol, OffsetsAreRoundedAsMagnitudesThePointsAfterTheAddition) {
   // 45 degrees: 120 -> 84.85, 82 -> 57.98, 75 -> 53.03, 37 -> 26.16; a quarter of 1001 is 250.25.
   const LegSymbol symbol = ComputeLegSymbol({1001, 1001}, {0, 0}, false);
-  EXPECT_EQ(symbol.anchor, (Point{750, 750}));          // 750.75
-  EXPECT_EQ(symbol.nose, (Point{750 - 84, 750 - 84}));  // not 750 - 84.85 rounded down
-  EXPECT_EQ(symbol.wingFrom, (Point{639, 746}));        // 693 - 53.03, 693 + 53.03
-  EXPECT_EQ(symbol.wingTo, (Point{746, 639}));
-  EXPECT_EQ(symbol.tailFrom, (Point{723, 776}));  // 750 - 26.16, 750 + 26.16
-  EXPECT_EQ(symbol.tailTo, (Point{776, 723}));
+  EXPECT_EQ(symbol.anchor, (TwipPoint{750, 750}));          // 750.75
+  EXPECT_EQ(symbol.nose, (TwipPoint{750 - 84, 750 - 84}));  // not 750 - 84.85 rounded down
+  EXPECT_EQ(symbol.wingFrom, (TwipPoint{639, 746}));        // 693 - 53.03, 693 + 53.03
+  EXPECT_EQ(symbol.wingTo, (TwipPoint{746, 639}));
+  EXPECT_EQ(symbol.tailFrom, (TwipPoint{723, 776}));  // 750 - 26.16, 750 + 26.16
+  EXPECT_EQ(symbol.tailTo, (TwipPoint{776, 723}));
 }
 
 TEST(ComputeLegSymbol, RoundsDownBelowZeroToo) {
   const LegSymbol symbol = ComputeLegSymbol({-1000, -10}, {-1003, -10}, false);
-  EXPECT_EQ(symbol.anchor, (Point{-1001, -10}));  // -1000.75
-  EXPECT_EQ(symbol.nose, (Point{-1121, -10}));
+  EXPECT_EQ(symbol.anchor, (TwipPoint{-1001, -10}));  // -1000.75
+  EXPECT_EQ(symbol.nose, (TwipPoint{-1121, -10}));
 }
 
 TEST(LegLabelPosition, ForEveryDirection) {
   // The reference point, two nose lengths from the anchor, and the offset of the direction.
-  const auto overview = [](Point from, Point to) { return LegLabelPosition(from, to, false); };
-  EXPECT_EQ(overview({1000, 6000}, {4000, 2000}), (Point{1894 + 40, 4808 + 40}));
-  EXPECT_EQ(overview({1000, 2000}, {4000, 6000}), (Point{1894 + 40, 3192 - 240}));
-  EXPECT_EQ(overview({4000, 6000}, {1000, 2000}), (Point{3106 + 40, 4808 - 200}));
-  EXPECT_EQ(overview({4000, 2000}, {1000, 6000}), (Point{3106 + 40, 3192 + 20}));
-  EXPECT_EQ(overview({2000, 1403}, {2000, 1000}), (Point{2000 + 40, 1302 - 240}));
-  EXPECT_EQ(overview({2000, 1000}, {2000, 1403}), (Point{2000 + 40, 1100 + 240}));
-  EXPECT_EQ(overview({1000, 2000}, {1403, 2000}), (Point{1100 + 240, 2000 + 40}));
-  EXPECT_EQ(overview({1403, 2000}, {1000, 2000}), (Point{1302 - 240, 2000 + 40}));
-  EXPECT_EQ(overview({1000, 2000}, {1000, 2000}), (Point{1050, 1760}));
+  const auto overview = [](TwipPoint from, TwipPoint to) { return LegLabelPosition(from, to, false); };
+  EXPECT_EQ(overview({1000, 6000}, {4000, 2000}), (TwipPoint{1894 + 40, 4808 + 40}));
+  EXPECT_EQ(overview({1000, 2000}, {4000, 6000}), (TwipPoint{1894 + 40, 3192 - 240}));
+  EXPECT_EQ(overview({4000, 6000}, {1000, 2000}), (TwipPoint{3106 + 40, 4808 - 200}));
+  EXPECT_EQ(overview({4000, 2000}, {1000, 6000}), (TwipPoint{3106 + 40, 3192 + 20}));
+  EXPECT_EQ(overview({2000, 1403}, {2000, 1000}), (TwipPoint{2000 + 40, 1302 - 240}));
+  EXPECT_EQ(overview({2000, 1000}, {2000, 1403}), (TwipPoint{2000 + 40, 1100 + 240}));
+  EXPECT_EQ(overview({1000, 2000}, {1403, 2000}), (TwipPoint{1100 + 240, 2000 + 40}));
+  EXPECT_EQ(overview({1403, 2000}, {1000, 2000}), (TwipPoint{1302 - 240, 2000 + 40}));
+  EXPECT_EQ(overview({1000, 2000}, {1000, 2000}), (TwipPoint{1050, 1760}));
 }
 
 TEST(LegLabelPosition, LiesFurtherOutInDetailMode) {
-  EXPECT_EQ(LegLabelPosition({1000, 2000}, {4000, 6000}, true), (Point{1750 + 192 + 40, 3000 + 256 - 240}));
-  EXPECT_EQ(LegLabelPosition({1000, 2000}, {1400, 2000}, true), (Point{1100 + 320, 2040}));
-  EXPECT_EQ(LegLabelPosition({1000, 2000}, {1000, 2000}, true), (Point{1050, 1760}));
+  EXPECT_EQ(LegLabelPosition({1000, 2000}, {4000, 6000}, true),
+            (TwipPoint{1750 + 192 + 40, 3000 + 256 - 240}));
+  EXPECT_EQ(LegLabelPosition({1000, 2000}, {1400, 2000}, true), (TwipPoint{1100 + 320, 2040}));
+  EXPECT_EQ(LegLabelPosition({1000, 2000}, {1000, 2000}, true), (TwipPoint{1050, 1760}));
 }
 
 class DrawLegSymbolTest : public testing::Test {
  protected:
-  std::vector<Operation> Draw(Point from, Point to, bool symbol, bool label) {
+  std::vector<Operation> Draw(TwipPoint from, TwipPoint to, bool symbol, bool label) {
     Recorder recorder;
     Canvas canvas{viewport_, recorder, {"Sans", 8}};
     DrawLegSymbol(canvas, from, to, "QV12",
@@ -162,7 +163,7 @@ class DrawLegSymbolTest : public testing::Test {
 
 TEST_F(DrawLegSymbolTest, FuselageThenWingThenTailThenLabel) {
   const auto operations = Draw({1000, 2000}, {1400, 2000}, true, true);
-  const auto line = [](Point from, Point to, int width) {
+  const auto line = [](TwipPoint from, TwipPoint to, int width) {
     return Operation{
         .kind = Operation::Kind::kLine, .from = from, .to = to, .pen = {.colour = kSymbol, .width = width}};
   };
@@ -191,7 +192,7 @@ TEST_F(DrawLegSymbolTest, EndsThatCoincideHaveALabelOnly) {
   const auto operations = Draw({1000, 2000}, {1000, 2000}, true, true);
   ASSERT_EQ(operations.size(), 1U);
   EXPECT_EQ(operations[0].kind, Operation::Kind::kText);
-  EXPECT_EQ(operations[0].from, (Point{1050, 1760}));
+  EXPECT_EQ(operations[0].from, (TwipPoint{1050, 1760}));
   EXPECT_TRUE(Draw({1000, 2000}, {1000, 2000}, true, false).empty());
 }
 

@@ -52,7 +52,7 @@ void Exchange(const std::filesystem::path& file, const std::vector<std::pair<flo
 }
 
 std::string ShortOf(const Operation& operation) {
-  const auto point = [](Point at) { return std::to_string(at.x) + "," + std::to_string(at.y); };
+  const auto point = [](TwipPoint at) { return std::to_string(at.x) + "," + std::to_string(at.y); };
   switch (operation.kind) {
     case Operation::Kind::kClear:
       return "clear";
@@ -200,7 +200,7 @@ std::vector<Operation> MapWorld::Draw(Layer layer) {
   return operations;
 }
 
-Operation LineOp(Layer layer, Point from, Point to, data::Rgb colour, int width) {
+Operation LineOp(Layer layer, TwipPoint from, TwipPoint to, data::Rgb colour, int width) {
   return {.kind = Operation::Kind::kLine,
           .layer = layer,
           .from = from,
@@ -208,7 +208,7 @@ Operation LineOp(Layer layer, Point from, Point to, data::Rgb colour, int width)
           .pen = {.colour = colour, .width = width}};
 }
 
-Operation CircleOp(Layer layer, Point centre, std::int32_t radius, data::Rgb colour, bool fill) {
+Operation CircleOp(Layer layer, TwipPoint centre, std::int32_t radius, data::Rgb colour, bool fill) {
   return {.kind = Operation::Kind::kCircle,
           .layer = layer,
           .from = centre,
@@ -217,7 +217,7 @@ Operation CircleOp(Layer layer, Point centre, std::int32_t radius, data::Rgb col
           .pen = {.colour = colour}};
 }
 
-Operation TextOp(Layer layer, Point topLeft, std::string text, data::Rgb colour, TextFont font) {
+Operation TextOp(Layer layer, TwipPoint topLeft, std::string text, data::Rgb colour, TextFont font) {
   return {.kind = Operation::Kind::kText,
           .layer = layer,
           .from = topLeft,
@@ -239,10 +239,6 @@ Strings Texts(const std::vector<Operation>& operations) {
     if (operation.kind == Operation::Kind::kText)
       result.push_back(operation.text);
   return result;
-}
-
-void PrintTo(const Point& point, std::ostream* out) {
-  *out << '(' << point.x << ", " << point.y << ')';
 }
 
 void PrintTo(const Operation& operation, std::ostream* out) {

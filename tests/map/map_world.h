@@ -98,15 +98,14 @@ class MapWorld {
 };
 
 // Operations as a test expects them.
-Operation LineOp(Layer layer, Point from, Point to, data::Rgb colour, int width = 1);
-Operation CircleOp(Layer layer, Point centre, std::int32_t radius, data::Rgb colour, bool fill);
-Operation TextOp(Layer layer, Point topLeft, std::string text, data::Rgb colour, TextFont font);
+Operation LineOp(Layer layer, TwipPoint from, TwipPoint to, data::Rgb colour, int width = 1);
+Operation CircleOp(Layer layer, TwipPoint centre, std::int32_t radius, data::Rgb colour, bool fill);
+Operation TextOp(Layer layer, TwipPoint topLeft, std::string text, data::Rgb colour, TextFont font);
 
 /// Lines as "x1,y1-x2,y2", circles as "o x,y", texts as "text@x,y": enough to see where things are.
 Strings Short(const std::vector<Operation>& operations);
 Strings Texts(const std::vector<Operation>& operations);
 
-void PrintTo(const Point& point, std::ostream* out);
 void PrintTo(const Operation& operation, std::ostream* out);
 
 }  // namespace zerbal::map

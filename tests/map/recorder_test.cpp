@@ -11,7 +11,7 @@ TEST(Recorder, KeepsAPolylineAsItsSegments) {
   Recorder recorder;
   recorder.BeginLayer(Layer::kCoast);
   const Pen pen{.colour = {1, 2, 3}, .width = 2, .style = LineStyle::kDotted, .mode = PenMode::kXor};
-  const Point points[] = {{0, 0}, {10, 0}, {10, 20}};
+  const TwipPoint points[] = {{0, 0}, {10, 0}, {10, 20}};
   recorder.Polyline(points, pen);
   const std::vector<Operation> expected{
       {.kind = Kind::kLine, .layer = Layer::kCoast, .from = {0, 0}, .to = {10, 0}, .pen = pen},
@@ -21,7 +21,7 @@ TEST(Recorder, KeepsAPolylineAsItsSegments) {
 
 TEST(Recorder, FewerThanTwoPointsDrawNothing) {
   Recorder recorder;
-  const Point one[] = {{5, 5}};
+  const TwipPoint one[] = {{5, 5}};
   recorder.Polyline({}, {});
   recorder.Polyline(one, {});
   EXPECT_TRUE(recorder.Operations().empty());

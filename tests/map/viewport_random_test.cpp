@@ -27,7 +27,7 @@ class RandomViews : public testing::Test {
   }
 
   /// A point anywhere, on an edge or a hair beside it.
-  LonLat Somewhere(const Viewport& view) {
+  MapPosition Somewhere(const Viewport& view) {
     const auto coordinate = [&](float low, float high, float worldLow, float worldHigh) {
       switch (std::uniform_int_distribution<int>(0, 4)(random_)) {
         case 0:
@@ -42,10 +42,10 @@ class RandomViews : public testing::Test {
           return Uniform(low, high);
       }
     };
-    float lon = coordinate(view.MapLonMin, view.MapLonMax, 0, 360);
+    float lon = coordinate(view.MapLonMin(), view.MapLonMax(), 0, 360);
     if (lon > 360)
       lon -= 360;
-    return {lon, coordinate(view.MapLatMin, view.MapLatMax, 0, 180)};
+    return {lon, coordinate(view.MapLatMin(), view.MapLatMax(), 0, 180)};
   }
 
   const unsigned seed_ = std::random_device{}();
@@ -57,23 +57,23 @@ TEST_F(RandomViews, APointProjectsInsideExactlyWhenTheBoundsSaySo) {
   for (int i = 0; i < 2'000; ++i) {
     Viewport view = Next();
     for (int j = 0; j < 20; ++j) {
-      const LonLat point = Somewhere(view);
-      ASSERT_TRUE(view.ProjectPoint(point.lon, point.lat));
+      const MapPosition point = Somewhere(view);
+      const std::optional<TwipPoint> at = view.ProjectPoint(point);
       const float shifted = point.lon + 360;
-      const bool unshiftedFits = view.MapLonMin <= point.lon && point.lon <= view.MapLonMax;
-      const bool shiftedFits = view.MapWrap && view.MapLonMin <= shifted && shifted <= view.MapLonMax;
-      const bool latFits = view.MapLatMin <= point.lat && point.lat <= view.MapLatMax;
-      ASSERT_EQ(view.PointInView, latFits && (unshiftedFits || shiftedFits)) << point.lon << " " << point.lat;
-      if (!view.PointInView)
+      const bool unshiftedFits = view.MapLonMin() <= point.lon && point.lon <= view.MapLonMax();
+      const bool shiftedFits = view.MapWrap() && view.MapLonMin() <= shifted && shifted <= view.MapLonMax();
+      const bool latFits = view.MapLatMin() <= point.lat && point.lat <= view.MapLatMax();
+      ASSERT_EQ(at.has_value(), latFits && (unshiftedFits || shiftedFits)) << point.lon << " " << point.lat;
+      if (!at)
         continue;
       const double lon = unshiftedFits ? point.lon : shifted;
-      EXPECT_EQ(view.PointX, std::floor(static_cast<double>(view.MapScale) * lon + view.MapOffX));
+      EXPECT_EQ(at->x, std::floor(static_cast<double>(view.MapScale()) * lon + view.MapOffX()));
       // Everything in view is on the drawing area, but for the offset's rounding and the scale's last bit.
-      const double slack = 2 + 720.0 * view.MapScale / (1 << 23);
-      EXPECT_GE(view.PointX, -slack);
-      EXPECT_LE(view.PointX, view.MapWidth + slack);
-      EXPECT_GE(view.PointY, -slack);
-      EXPECT_LE(view.PointY, view.MapHeight + slack);
+      const double slack = 2 + 720.0 * view.MapScale() / (1 << 23);
+      EXPECT_GE(at->x, -slack);
+      EXPECT_LE(at->x, view.MapWidth() + slack);
+      EXPECT_GE(at->y, -slack);
+      EXPECT_LE(at->y, view.MapHeight() + slack);
     }
   }
 }
@@ -82,13 +82,14 @@ TEST_F(RandomViews, TheInverseGivesThePointBack) {
   SCOPED_TRACE("seed " + std::to_string(seed_));
   for (int i = 0; i < 5'000; ++i) {
     Viewport view = Next();
-    const LonLat point{Uniform(view.MapLonMin, view.MapLonMax), Uniform(view.MapLatMin, view.MapLatMax)};
-    view.ProjectPoint(point.lon, point.lat);
-    if (!view.PointInView)
+    const MapPosition point{Uniform(view.MapLonMin(), view.MapLonMax()),
+                            Uniform(view.MapLatMin(), view.MapLatMax())};
+    const std::optional<TwipPoint> at = view.ProjectPoint(point);
+    if (!at)
       continue;
-    const LonLat back = view.Unproject(view.PointX, view.PointY);
+    const MapPosition back = view.Unproject({static_cast<float>(at->x), static_cast<float>(at->y)});
     // Down to a whole twip, and the last bits of singles around 720.
-    const double twip = 1.0 / view.MapScale + 1e-4;
+    const double twip = 1.0 / view.MapScale() + 1e-4;
     EXPECT_NEAR(back.lon, point.lon, twip);
     EXPECT_NEAR(back.lat, point.lat, twip);
   }
@@ -99,8 +100,8 @@ TEST_F(RandomViews, ZoomingKeepsTheMapWithinItsLimits) {
   for (int i = 0; i < 500; ++i) {
     Viewport view = Next();
     for (int j = 0; j < 20; ++j) {
-      const float x = Uniform(0, static_cast<float>(view.MapWidth));
-      const float y = Uniform(0, static_cast<float>(view.MapHeight));
+      const float x = Uniform(0, static_cast<float>(view.MapWidth()));
+      const float y = Uniform(0, static_cast<float>(view.MapHeight()));
       switch (std::uniform_int_distribution<int>(0, 5)(random_)) {
         case 0:
           view.ZoomIn(20);
@@ -115,25 +116,25 @@ TEST_F(RandomViews, ZoomingKeepsTheMapWithinItsLimits) {
           view.ZoomOut(50);
           break;
         case 4:
-          view.CentreOn(x, y);
+          view.CentreOn({x, y});
           break;
         default:
           view.ZoomReset();
       }
-      EXPECT_GE(view.ReqLonMin, 0);
-      EXPECT_LE(view.ReqLonMin, 360);
-      EXPECT_LE(view.ReqLonMax, 360);
-      EXPECT_GE(view.ReqLatMin, 0);
-      EXPECT_LE(view.ReqLatMax, 180);
+      EXPECT_GE(view.ReqLonMin(), 0);
+      EXPECT_LE(view.ReqLonMin(), 360);
+      EXPECT_LE(view.ReqLonMax(), 360);
+      EXPECT_GE(view.ReqLatMin(), 0);
+      EXPECT_LE(view.ReqLatMax(), 180);
       view.ComputeViewport();
-      EXPECT_LE(view.MapLonSpan, 350.001F);
-      EXPECT_LE(view.MapLatSpan, 180);
-      EXPECT_GE(view.MapLonMin, 0);
-      EXPECT_LE(view.MapLonMax, 720);
-      EXPECT_GE(view.MapLatMin, 0);
-      EXPECT_LE(view.MapLatMax, 180);
-      EXPECT_LE(view.DetailTiles.size(), 4U);
-      EXPECT_EQ(view.DetailMode, view.MapLonSpan <= 20 && view.MapLatSpan <= 10);
+      EXPECT_LE(view.MapLonSpan(), 350.001F);
+      EXPECT_LE(view.MapLatSpan(), 180);
+      EXPECT_GE(view.MapLonMin(), 0);
+      EXPECT_LE(view.MapLonMax(), 720);
+      EXPECT_GE(view.MapLatMin(), 0);
+      EXPECT_LE(view.MapLatMax(), 180);
+      EXPECT_LE(view.DetailTiles().size(), 4U);
+      EXPECT_EQ(view.DetailMode(), view.MapLonSpan() <= 20 && view.MapLatSpan() <= 10);
     }
   }
 }
@@ -147,15 +148,15 @@ TEST_F(RandomViews, AtMostFourTilesAndEveryEdgePointHasOne) {
     const float lonSpan = whole(Uniform(1, 20));
     const float latSpan = whole(Uniform(1, 10));
     const Viewport view = Exact(west, top, west + lonSpan, top + latSpan);
-    if (!view.DetailMode)
+    if (!view.DetailMode())
       continue;
-    EXPECT_GE(view.DetailTiles.size(), 1U);
-    EXPECT_LE(view.DetailTiles.size(), 4U);
-    const char lon = static_cast<char>('A' + 2 * std::min(8, static_cast<int>(view.MapLonMin / 40)));
-    const char lat = static_cast<char>('A' + 2 * std::min(8, static_cast<int>(view.MapLatMin / 20)));
-    EXPECT_NE(std::find(view.DetailTiles.begin(), view.DetailTiles.end(), std::string{lon, lat}),
-              view.DetailTiles.end());
-    EXPECT_TRUE(std::is_sorted(view.DetailTiles.begin(), view.DetailTiles.end()));
+    EXPECT_GE(view.DetailTiles().size(), 1U);
+    EXPECT_LE(view.DetailTiles().size(), 4U);
+    const char lon = static_cast<char>('A' + 2 * std::min(8, static_cast<int>(view.MapLonMin() / 40)));
+    const char lat = static_cast<char>('A' + 2 * std::min(8, static_cast<int>(view.MapLatMin() / 20)));
+    EXPECT_NE(std::find(view.DetailTiles().begin(), view.DetailTiles().end(), std::string{lon, lat}),
+              view.DetailTiles().end());
+    EXPECT_TRUE(std::is_sorted(view.DetailTiles().begin(), view.DetailTiles().end()));
   }
 }
 

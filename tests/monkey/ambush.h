@@ -37,10 +37,10 @@ class AmbushedSurface final : public map::Surface {
 
   void BeginLayer(map::Layer) override { ambush_.Step(); }
   void Clear(data::Rgb) override { ambush_.Step(); }
-  void Polyline(std::span<const map::Point>, const map::Pen&) override { ambush_.Step(); }
-  void Rectangle(map::Point, map::Point, const map::Pen&) override { ambush_.Step(); }
-  void Circle(map::Point, std::int32_t, data::Rgb, bool) override { ambush_.Step(); }
-  void Text(map::Point, std::string_view, data::Rgb, const map::TextFont&) override { ambush_.Step(); }
+  void Polyline(std::span<const TwipPoint>, const map::Pen&) override { ambush_.Step(); }
+  void Rectangle(TwipPoint, TwipPoint, const map::Pen&) override { ambush_.Step(); }
+  void Circle(TwipPoint, std::int32_t, data::Rgb, bool) override { ambush_.Step(); }
+  void Text(TwipPoint, std::string_view, data::Rgb, const map::TextFont&) override { ambush_.Step(); }
 
  private:
   Ambush& ambush_;

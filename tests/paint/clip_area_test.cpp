@@ -14,43 +14,43 @@ constexpr std::int32_t kFarNegative = std::numeric_limits<std::int32_t>::min();
 constexpr ClipArea kArea{0, 0, 99, 49};
 
 TEST(ClipArea, LeavesAloneWhatIsInside) {
-  map::Point from{0, 0};
-  map::Point to{99, 49};
+  PixelPoint from{0, 0};
+  PixelPoint to{99, 49};
   ASSERT_TRUE(kArea.Clip(from, to));
-  EXPECT_EQ(from, (map::Point{0, 0}));
-  EXPECT_EQ(to, (map::Point{99, 49}));
+  EXPECT_EQ(from, (PixelPoint{0, 0}));
+  EXPECT_EQ(to, (PixelPoint{99, 49}));
 }
 
 TEST(ClipArea, CutsAtTheBorders) {
-  map::Point from{-100, 20};
-  map::Point to{200, 20};
+  PixelPoint from{-100, 20};
+  PixelPoint to{200, 20};
   ASSERT_TRUE(kArea.Clip(from, to));
-  EXPECT_EQ(from, (map::Point{0, 20}));
-  EXPECT_EQ(to, (map::Point{99, 20}));
+  EXPECT_EQ(from, (PixelPoint{0, 20}));
+  EXPECT_EQ(to, (PixelPoint{99, 20}));
 }
 
 TEST(ClipArea, ThrowsAwayWhatPassesBy) {
-  for (auto [from, to] : {std::pair<map::Point, map::Point>{{-5, 0}, {-1, 49}},
+  for (auto [from, to] : {std::pair<PixelPoint, PixelPoint>{{-5, 0}, {-1, 49}},
                           {{-10, 5}, {5, -10}},
                           {{0, 50}, {99, 50}},
                           {{kFarNegative, kFarNegative}, {kFarNegative, kFar}}}) {
-    const map::Point before = from;
+    const PixelPoint before = from;
     EXPECT_FALSE(kArea.Clip(from, to));
     EXPECT_EQ(from, before);
   }
 }
 
 TEST(ClipArea, TakesTheFarthestEnds) {
-  map::Point from{kFarNegative, kFarNegative};
-  map::Point to{kFar, kFar};
+  PixelPoint from{kFarNegative, kFarNegative};
+  PixelPoint to{kFar, kFar};
   ASSERT_TRUE(kArea.Clip(from, to));
-  EXPECT_EQ(from, (map::Point{0, 0}));
-  EXPECT_EQ(to, (map::Point{49, 49}));
+  EXPECT_EQ(from, (PixelPoint{0, 0}));
+  EXPECT_EQ(to, (PixelPoint{49, 49}));
 }
 
 TEST(ClipArea, EmptyHoldsNothing) {
-  map::Point from{0, 0};
-  map::Point to{1, 1};
+  PixelPoint from{0, 0};
+  PixelPoint to{1, 1};
   EXPECT_FALSE(ClipArea{}.Clip(from, to));
 }
 
@@ -59,16 +59,16 @@ TEST(ClipArea, AgreesWithWalkingAlongTheLine) {
   std::mt19937 random(kSeed);
   std::uniform_int_distribution<int> anywhere(-150, 250);
   for (int round = 0; round < 3000; ++round) {
-    const map::Point start{anywhere(random), anywhere(random)};
-    const map::Point end{anywhere(random), anywhere(random)};
+    const PixelPoint start{anywhere(random), anywhere(random)};
+    const PixelPoint end{anywhere(random), anywhere(random)};
     bool touches = false;
     for (int i = 0; i <= 4000 && !touches; ++i) {
       const double x = start.x + (end.x - start.x) * (i / 4000.0);
       const double y = start.y + (end.y - start.y) * (i / 4000.0);
       touches = x >= 0 && x <= 99 && y >= 0 && y <= 49;
     }
-    map::Point from = start;
-    map::Point to = end;
+    PixelPoint from = start;
+    PixelPoint to = end;
     const bool kept = kArea.Clip(from, to);
     if (touches) {
       ASSERT_TRUE(kept) << "seed " << kSeed << " round " << round;
@@ -78,7 +78,7 @@ TEST(ClipArea, AgreesWithWalkingAlongTheLine) {
     ASSERT_TRUE(kArea.Holds(from) && kArea.Holds(to));
     // The cut ends lie on the line, to half a pixel.
     const double length = std::hypot(end.x - start.x, end.y - start.y);
-    for (const map::Point& point : {from, to}) {
+    for (const PixelPoint& point : {from, to}) {
       const double aside = std::abs((end.x - start.x) * double(point.y - start.y) -
                                     (end.y - start.y) * double(point.x - start.x));
       ASSERT_LE(aside, 0.71 * std::max(length, 1.0)) << "seed " << kSeed << " round " << round;

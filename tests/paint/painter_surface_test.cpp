@@ -38,7 +38,7 @@ TEST(PainterSurface, ClearFillsItsArea) {
 
 TEST(PainterSurface, LinesLieWhereThePictureSurfacePutsThem) {
   const auto draw = [](map::Surface& surface) {
-    const map::Point run[] = {{30, 30}, {31, 31}, {300, 30}, {300, 240}, {30, 240}, {30, 30}};
+    const TwipPoint run[] = {{30, 30}, {31, 31}, {300, 30}, {300, 240}, {30, 240}, {30, 30}};
     surface.Polyline(run, kPen);
     surface.Line({400, 100}, {400, 100}, kPen);
   };
@@ -61,8 +61,8 @@ TEST(PainterSurface, InvertingTwiceRestoresEveryPixel) {
   QPainter painter(&image);
   PainterSurface surface(painter, 1.5, image.rect());
   const map::Pen pen{.colour = {255, 0, 30}, .style = map::LineStyle::kDotted, .mode = map::PenMode::kXor};
-  for (const map::Point to :
-       {map::Point{30, 30}, map::Point{30, 300}, map::Point{400, 300}, map::Point{-99999, 99999}}) {
+  for (const TwipPoint to :
+       {TwipPoint{30, 30}, TwipPoint{30, 300}, TwipPoint{400, 300}, TwipPoint{-99999, 99999}}) {
     surface.Rectangle({30, 30}, to, pen);
     surface.Rectangle({30, 30}, to, pen);
     EXPECT_EQ(image, before) << to.x << ", " << to.y;
@@ -87,11 +87,11 @@ TEST(PainterSurface, FarthestCoordinatesAreHarmless) {
   constexpr std::int32_t kFar = std::numeric_limits<std::int32_t>::max();
   constexpr std::int32_t kFarNegative = std::numeric_limits<std::int32_t>::min();
   const QImage image = Drawn(50, 40, 2, [](map::Surface& surface) {
-    const map::Point far[] = {
+    const TwipPoint far[] = {
         {kFarNegative, 150}, {kFar, 150}, {kFarNegative, kFar}, {150, kFarNegative}, {150, kFar}};
     surface.Polyline(far, kPen);
     surface.Polyline(far, {.colour = kBlack, .width = 3, .style = map::LineStyle::kDotted});
-    for (const map::Point& at : far) {
+    for (const TwipPoint& at : far) {
       surface.Circle(at, kFar, kBlack, true);
       surface.Text(at, "far", kBlack, {"Liberation Sans", 8});
     }

@@ -75,9 +75,9 @@ TEST_F(PictureSurfaceTest, SlantedLineHasOnePixelAStep) {
 
 TEST_F(PictureSurfaceTest, LineBackCoversTheLineThere) {
   for (const double ratio : {1.0, 2.0}) {
-    for (const map::Point to : {map::Point{750, 360}, map::Point{360, 750}, map::Point{75, 420},
-                                map::Point{630, 100}, map::Point{90, 30}}) {
-      const map::Point from{300, 270};
+    for (const TwipPoint to : {TwipPoint{750, 360}, TwipPoint{360, 750}, TwipPoint{75, 420},
+                               TwipPoint{630, 100}, TwipPoint{90, 30}}) {
+      const TwipPoint from{300, 270};
       const auto there = [&](map::Surface& surface) { surface.Line(from, to, kPen); };
       const auto back = [&](map::Surface& surface) { surface.Line(to, from, kPen); };
       EXPECT_EQ(Drawn(110, 110, ratio, there), Drawn(110, 110, ratio, back)) << to.x << ", " << to.y;
@@ -87,7 +87,7 @@ TEST_F(PictureSurfaceTest, LineBackCoversTheLineThere) {
 
 TEST_F(PictureSurfaceTest, RunIsDrawnWithoutGaps) {
   const QImage image = Drawn(5, 5, 1, [](map::Surface& surface) {
-    const map::Point run[] = {{0, 0}, {60, 0}, {61, 1}, {63, 60}, {0, 60}};
+    const TwipPoint run[] = {{0, 0}, {60, 0}, {61, 1}, {63, 60}, {0, 60}};
     surface.Polyline(run, kPen);
   });
   EXPECT_EQ(Ink(image), (Rows{"#####", "....#", "....#", "....#", "#####"}));
@@ -95,9 +95,9 @@ TEST_F(PictureSurfaceTest, RunIsDrawnWithoutGaps) {
 
 TEST_F(PictureSurfaceTest, RunOnOnePixelIsThatPixel) {
   const QImage image = Drawn(3, 3, 1, [](map::Surface& surface) {
-    const map::Point run[] = {{15, 15}, {20, 20}, {29, 29}};
+    const TwipPoint run[] = {{15, 15}, {20, 20}, {29, 29}};
     surface.Polyline(run, kPen);
-    surface.Polyline(std::span<const map::Point>(run, 1), kPen);
+    surface.Polyline(std::span<const TwipPoint>(run, 1), kPen);
     surface.Polyline({}, kPen);
   });
   EXPECT_EQ(Ink(image), (Rows{"...", ".#.", "..."}));
@@ -105,7 +105,7 @@ TEST_F(PictureSurfaceTest, RunOnOnePixelIsThatPixel) {
 
 TEST_F(PictureSurfaceTest, FewerThanTwoPointsDrawNothing) {
   const QImage image = Drawn(3, 3, 1, [](map::Surface& surface) {
-    const map::Point run[] = {{15, 15}};
+    const TwipPoint run[] = {{15, 15}};
     surface.Polyline(run, kPen);
     surface.Polyline(run, {.colour = kBlack, .style = map::LineStyle::kDotted});
   });
@@ -113,7 +113,7 @@ TEST_F(PictureSurfaceTest, FewerThanTwoPointsDrawNothing) {
 }
 
 TEST_F(PictureSurfaceTest, WideLinesLieAroundTheirPixels) {
-  const auto wide = [&](int width, map::Point to) {
+  const auto wide = [&](int width, TwipPoint to) {
     return Ink(Drawn(5, 5, 1, [&](map::Surface& surface) {
       surface.Line({30, 30}, to, {.colour = kBlack, .width = width});
     }));
@@ -124,15 +124,15 @@ TEST_F(PictureSurfaceTest, WideLinesLieAroundTheirPixels) {
 }
 
 TEST_F(PictureSurfaceTest, SlantedWideLineIsAsThickAsAStraightOne) {
-  const auto thickness = [&](map::Point to) {
+  const auto thickness = [&](TwipPoint to) {
     const QImage image = Drawn(300, 300, 1, [&](map::Surface& surface) {
       surface.Line({150, 150}, to, {.colour = kBlack, .width = 3});
     });
     const double length = std::hypot(to.x - 150, to.y - 150) / 15;
     return test::InkAmount(image) / length;
   };
-  for (const map::Point to :
-       {map::Point{4000, 150}, map::Point{4000, 1500}, map::Point{4000, 4000}, map::Point{1500, 4000}})
+  for (const TwipPoint to :
+       {TwipPoint{4000, 150}, TwipPoint{4000, 1500}, TwipPoint{4000, 4000}, TwipPoint{1500, 4000}})
     EXPECT_NEAR(thickness(to), 3, 0.35) << to.x << " " << to.y;
 }
 
@@ -257,10 +257,9 @@ TEST_F(PictureSurfaceTest, TextOfAnyContentIsDrawnOrLeftOut) {
 TEST_F(PictureSurfaceTest, TextIsCutAtEveryEdge) {
   const map::TextFont font{"Liberation Sans", 8};
   const QImage image = Drawn(20, 20, 1, [&](map::Surface& surface) {
-    for (const map::Point at :
-         {map::Point{-100, -60}, map::Point{240, 200}, map::Point{-4000, 0}, map::Point{0, -200},
-          map::Point{kFar, kFar}, map::Point{kFarNegative, kFarNegative}, map::Point{kFar, 0},
-          map::Point{0, kFar}})
+    for (const TwipPoint at : {TwipPoint{-100, -60}, TwipPoint{240, 200}, TwipPoint{-4000, 0},
+                               TwipPoint{0, -200}, TwipPoint{kFar, kFar},
+                               TwipPoint{kFarNegative, kFarNegative}, TwipPoint{kFar, 0}, TwipPoint{0, kFar}})
       surface.Text(at, "Harbour Field", kBlack, font);
   });
   EXPECT_FALSE(InkBounds(image).isEmpty());
@@ -275,9 +274,9 @@ TEST_F(PictureSurfaceTest, InvertingTwiceRestoresEveryPixel) {
     const QImage before = image.copy();
     PictureSurface surface(image, ratio, prepared_);
     for (const auto style : {map::LineStyle::kSolid, map::LineStyle::kDotted}) {
-      for (const map::Point to : {map::Point{150, 150}, map::Point{151, 160}, map::Point{150, 900},
-                                  map::Point{900, 150}, map::Point{1200, 900}, map::Point{-300, -20},
-                                  map::Point{5000, 5000}, map::Point{kFar, kFarNegative}}) {
+      for (const TwipPoint to : {TwipPoint{150, 150}, TwipPoint{151, 160}, TwipPoint{150, 900},
+                                 TwipPoint{900, 150}, TwipPoint{1200, 900}, TwipPoint{-300, -20},
+                                 TwipPoint{5000, 5000}, TwipPoint{kFar, kFarNegative}}) {
         const map::Pen pen{.colour = {255, 200, 30}, .style = style, .mode = map::PenMode::kXor};
         surface.Rectangle({150, 150}, to, pen);
         EXPECT_NE(image, before);
@@ -334,7 +333,7 @@ TEST_F(PictureSurfaceTest, DottedRectangleHasDotsAndGapsOnAllSides) {
 TEST_F(PictureSurfaceTest, FarthestCoordinatesAreQuickAndHarmless) {
   const auto start = std::chrono::steady_clock::now();
   const QImage image = Drawn(50, 40, 2, [](map::Surface& surface) {
-    const map::Point far[] = {
+    const TwipPoint far[] = {
         {kFarNegative, kFarNegative}, {kFar, kFar}, {kFarNegative, kFar}, {300, kFarNegative}};
     for (const int width : {1, 2, 3, 1000}) {
       for (const auto style : {map::LineStyle::kSolid, map::LineStyle::kDotted}) {

@@ -69,7 +69,7 @@ std::string FindDestination(jet::Recordset& dest, const std::string& wanted) {
 /// place.
 bool IsTooClose(const map::Viewport& view) {
   constexpr std::int32_t kFarthest = std::numeric_limits<std::int32_t>::min();
-  return view.MapOffX == kFarthest || view.MapOffY == kFarthest;
+  return view.MapOffX() == kFarthest || view.MapOffY() == kFarthest;
 }
 
 }  // namespace
@@ -109,14 +109,15 @@ void MapJob::ReadSettings() {
 void MapJob::ChooseView() {
   viewport_.emplace(tables_.bands);
   const QSizeF size = options_.LogicalSize();
-  viewport_->SetSize(size.width() * map::kTwipsPerPixel, size.height() * map::kTwipsPerPixel);
+  viewport_->SetSize(size.width() * kTwipsPerPixel, size.height() * kTwipsPerPixel);
   data::Region view;
   if (options_.bounds) {
-    // Geographic bounds in the map's frame, where latitude grows southwards.
-    view.fromLon = options_.bounds->west + 180;
-    view.toLon = options_.bounds->east + 180;
-    view.fromLat = 90 - options_.bounds->north;
-    view.toLat = 90 - options_.bounds->south;
+    const MapPosition northWest = ToMapPosition({options_.bounds->west, options_.bounds->north});
+    const MapPosition southEast = ToMapPosition({options_.bounds->east, options_.bounds->south});
+    view.fromLon = northWest.lon;
+    view.fromLat = northWest.lat;
+    view.toLon = southEast.lon;
+    view.toLat = southEast.lat;
   } else {
     view = FindRegion(tables_.regions, options_.region.value_or("World"));
   }
