@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "jet/database.h"
-#include "jet/file_image.h"
 #include "jet/pair_reader.h"
 #include "jet/recordset.h"
 
@@ -122,7 +121,7 @@ void ReadTable(const Database& database, const std::string& name) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   Try([&] {
-    const Database database = Database::FromImage(ImageOf({data, data + size}), "fuzz");
+    const Database database = Database::FromBytes({data, data + size}, "fuzz");
     std::vector<std::string> names = database.TableNames();
     constexpr std::size_t kMostTables = 20;  // many names may lead to one table
     if (names.size() > kMostTables)

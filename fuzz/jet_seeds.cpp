@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "jet/key.h"
+#include "jet/format/key.h"
 #include "support/jet_file.h"
 
 namespace {

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "jet/error.h"
-#include "jet/text.h"
+#include "jet/format/text.h"
 #include "settings/value_text.h"
 
 namespace zerbal::data {

@@ -2,13 +2,13 @@
 
 #include <utility>
 
-#include "jet/catalog.h"
-#include "jet/database_state.h"
 #include "jet/error.h"
-#include "jet/file_image.h"
+#include "jet/read/catalog.h"
+#include "jet/read/database_state.h"
+#include "jet/read/file_image.h"
+#include "jet/read/table_cursor.h"
+#include "jet/read/table_definition.h"
 #include "jet/recordset.h"
-#include "jet/table_cursor.h"
-#include "jet/table_definition.h"
 
 namespace zerbal::jet {
 
@@ -24,6 +24,10 @@ Database Database::Open(const std::filesystem::path& file, const OpenOptions& op
   } catch (const Damage& damage) {
     throw EngineError(file.string(), "", damage.what());
   }
+}
+
+Database Database::FromBytes(std::vector<std::uint8_t> bytes, std::string name, const OpenOptions& options) {
+  return FromImage(ImageOf(std::move(bytes)), std::move(name), options);
 }
 
 Database Database::FromImage(FileImage image, std::string name, const OpenOptions& options) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -11,11 +12,9 @@
 
 namespace zerbal::jet {
 
-struct DatabaseState;  // the mapped file and its catalog
-struct FileImage;      // the bytes of a file
 class Recordset;
-
-enum class Format { kJet3, kJet4 };
+struct DatabaseState;  // private
+struct FileImage;      // private
 
 struct OpenOptions {
   /// Bounds what one memo or OLE value may unfold to, in bytes.
@@ -29,8 +28,9 @@ class Database {
   /// Opens `file`. Throws EngineError when it is missing, cut short, foreign or damaged.
   static Database Open(const std::filesystem::path& file, const OpenOptions& options = {});
 
-  /// The same for a file whose bytes are in memory; `name` stands for it in messages.
-  static Database FromImage(FileImage image, std::string name, const OpenOptions& options = {});
+  /// The same for a file whose bytes are in memory; messages call it `name`.
+  static Database FromBytes(std::vector<std::uint8_t> bytes, std::string name,
+                            const OpenOptions& options = {});
 
   /// Names of the user tables, in the order of the catalog. Broken tables are named too.
   std::vector<std::string> TableNames() const;
@@ -42,6 +42,8 @@ class Database {
 
  private:
   explicit Database(std::shared_ptr<const DatabaseState> state);
+  static Database FromImage(FileImage image, std::string name, const OpenOptions& options);
+
   std::shared_ptr<const DatabaseState> state_;
 };
 

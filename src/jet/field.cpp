@@ -1,3 +1,5 @@
+#include "jet/field.h"
+
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -8,34 +10,19 @@
 #include <vector>
 
 #include "jet/error.h"
-#include "jet/field_value.h"
-#include "jet/long_value.h"
-#include "jet/number_text.h"
-#include "jet/recordset.h"
+#include "jet/format/text.h"
+#include "jet/read/field_value.h"
+#include "jet/read/number_text.h"
+#include "jet/read/table_cursor.h"
+#include "jet/read/value_text.h"
 #include "jet/schema.h"
-#include "jet/table_cursor.h"
-#include "jet/text.h"
-#include "jet/value_text.h"
 
 namespace zerbal::jet {
 namespace {
 
-bool HoldsLongValue(ColumnType type) {
-  return type == ColumnType::kMemo || type == ColumnType::kOle;
-}
-
 /// Columns that may hold an infinity themselves; in a text it is a number too large.
 bool IsReal(ColumnType type) {
   return type == ColumnType::kSingle || type == ColumnType::kDouble;
-}
-
-/// Hands the value's bytes to `use`, long values put together.
-template <class Use>
-void WithBytes(const TableCursor& cursor, int column, ByteView stored, Use&& use) {
-  if (HoldsLongValue(cursor.Column(column).type))
-    LongValue(cursor.Pages(), stored, cursor.SharedDatabase()->options.maxLongValue).With(use);
-  else
-    use(stored);
 }
 
 [[noreturn]] void Refuse(const TableCursor& cursor, int column, ConversionError::Cause cause,
@@ -93,29 +80,6 @@ Whole ReadWhole(const TableCursor& cursor, int column) {
 }
 
 }  // namespace
-
-bool IsNull(const TableCursor& cursor, int column) {
-  if (cursor.Column(column).type == ColumnType::kBoolean)
-    return false;
-  return !cursor.Value(column).has_value();
-}
-
-void AppendText(const TableCursor& cursor, int column, std::string& out) {
-  const ColumnInfo& info = cursor.Column(column);
-  if (info.type == ColumnType::kBoolean) {
-    out += cursor.Has(column) ? '1' : '0';
-    return;
-  }
-  const std::optional<ByteView> value = cursor.Value(column);
-  if (!value)
-    return;
-  WithBytes(cursor, column, *value, [&](ByteView bytes) {
-    if (info.type == ColumnType::kText || info.type == ColumnType::kMemo)
-      AppendStoredText(bytes, cursor.Pages().TextCodePage(), out);
-    else
-      AppendValue(info, bytes, out);
-  });
-}
 
 bool Field::IsNull() const {
   return cursor_->Guarded([this] { return jet::IsNull(*cursor_, column_); });

@@ -5,15 +5,15 @@
 #include <string>
 #include <vector>
 
-#include "jet/data_page.h"
 #include "jet/error.h"
+#include "jet/read/data_page.h"
+#include "jet/read/row.h"
+#include "jet/read/row_walk.h"
+#include "jet/read/table_cursor.h"
+#include "jet/read/table_definition.h"
+#include "jet/read/usage_map.h"
 #include "jet/recordset.h"
-#include "jet/row.h"
-#include "jet/row_walk.h"
 #include "jet/schema.h"
-#include "jet/table_cursor.h"
-#include "jet/table_definition.h"
-#include "jet/usage_map.h"
 
 namespace zerbal::jet {
 namespace {

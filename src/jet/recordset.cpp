@@ -5,8 +5,8 @@
 #include <string>
 #include <utility>
 
-#include "jet/table_cursor.h"
-#include "jet/table_definition.h"
+#include "jet/read/table_cursor.h"
+#include "jet/read/table_definition.h"
 
 namespace zerbal::jet {
 

@@ -5,12 +5,12 @@
 #include <utility>
 
 #include "jet/error.h"
-#include "jet/output_file.h"
-#include "jet/refusal.h"
-#include "jet/system_tables.h"
-#include "jet/table_layout.h"
-#include "jet/table_writer.h"
-#include "jet/usage_map_writer.h"
+#include "jet/write/output_file.h"
+#include "jet/write/refusal.h"
+#include "jet/write/system_tables.h"
+#include "jet/write/table_layout.h"
+#include "jet/write/table_writer.h"
+#include "jet/write/usage_map_writer.h"
 
 namespace zerbal::jet {
 namespace {

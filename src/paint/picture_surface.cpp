@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "jet/text.h"
+#include "jet/format/text.h"
 
 namespace zerbal::paint {
 namespace {

@@ -200,10 +200,9 @@ TEST_P(DatabaseTest, RefusesACatalogWithoutItsColumns) {
   Bytes bytes = file.Build();
   const std::size_t nameType = 2 * file.PageSize() + At(0x2B, 0x3F) + At(18, 25);
   bytes[nameType] = static_cast<std::uint8_t>(ColumnType::kLong);
-  EXPECT_THAT(ReasonOf([&] { Database::FromImage(ImageOf(bytes), "x"); }), HasSubstr("catalog"));
+  EXPECT_THAT(ReasonOf([&] { Database::FromBytes(bytes, "x"); }), HasSubstr("catalog"));
   bytes[2 * file.PageSize()] = 1;
-  EXPECT_THAT(ReasonOf([&] { Database::FromImage(ImageOf(bytes), "x"); }),
-              HasSubstr("not a table definition"));
+  EXPECT_THAT(ReasonOf([&] { Database::FromBytes(bytes, "x"); }), HasSubstr("not a table definition"));
 }
 
 TEST_P(DatabaseTest, KeepsTheFirstOfTwoNames) {

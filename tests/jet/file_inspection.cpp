@@ -9,7 +9,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include "jet/key.h"
+#include "jet/format/key.h"
 #include "jet/schema.h"
 
 namespace zerbal::test {

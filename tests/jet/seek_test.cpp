@@ -9,9 +9,9 @@
 #include <gtest/gtest.h>
 
 #include "jet/database.h"
-#include "jet/key.h"
+#include "jet/format/key.h"
+#include "jet/format/text.h"
 #include "jet/recordset.h"
-#include "jet/text.h"
 #include "support/engine_error.h"
 #include "support/jet_file.h"
 #include "support/jet_formats.h"

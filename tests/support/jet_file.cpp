@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "jet/file_image.h"
-
 namespace zerbal::jet::test {
 namespace {
 

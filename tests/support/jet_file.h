@@ -9,9 +9,9 @@
 #include <utility>
 #include <vector>
 
-#include "jet/data_page.h"
 #include "jet/database.h"
-#include "jet/file_image.h"
+#include "jet/read/data_page.h"
+#include "jet/read/file_header.h"
 #include "jet/schema.h"
 
 namespace zerbal::jet::test {
@@ -75,7 +75,7 @@ class JetFile {
   std::uint8_t sortOrderVersion = 0;
 
   Bytes Build();
-  Database Open() { return Database::FromImage(ImageOf(Build()), "test.mdb"); }
+  Database Open() { return Database::FromBytes(Build(), "test.mdb"); }
 
  private:
   struct Listed {

@@ -1,9 +1,0 @@
-#include "jet/bytes.h"
-
-namespace zerbal::jet {
-
-void ThrowOutside() {
-  throw Damage("a number in the file points outside its page or row");
-}
-
-}  // namespace zerbal::jet

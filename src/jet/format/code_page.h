@@ -1,0 +1,56 @@
+// The code pages in which the 1997 format keeps texts: the characters that its bytes stand for.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "jet/format/bytes.h"
+
+namespace zerbal::jet {
+
+inline constexpr char32_t kReplacement = 0xFFFD;  ///< stands for what is no character
+
+class CodePage {
+ public:
+  /// The code page of that number as far as the system knows it; otherwise 1252.
+  static std::shared_ptr<const CodePage> OfNumber(std::uint16_t number);
+  /// Most files have this one. Its five undefined bytes are the control characters of the same number.
+  static const CodePage& Western();
+
+  /// The byte that stands for a character by itself.
+  std::optional<std::uint8_t> ByteOf(char32_t character) const;
+
+  /// Decodes a stored text and hands its characters to `sink`, until it returns false.
+  template <class Sink>
+  bool Decode(ByteView bytes, Sink&& sink) const {
+    for (std::size_t i = 0; i < bytes.Size(); ++i) {
+      char32_t c = singles_[bytes.Data()[i]];
+      if (IsLead(c)) {
+        ++i;
+        c = i < bytes.Size() ? trails_[c - kLead][bytes.Data()[i]] : kReplacement;
+      }
+      if (!sink(c))
+        return false;
+    }
+    return true;
+  }
+
+ private:
+  using Characters = std::array<char16_t, 256>;
+  /// In place of a character: this and the number of the trails, for a byte that makes one with the next.
+  static constexpr char16_t kLead = 0xD800;
+
+  CodePage();
+  /// Asks the system; false when it does not know the number.
+  bool Load(std::uint16_t number);
+  static bool IsLead(char32_t c) { return c >= kLead && c < kLead + 256U; }
+
+  Characters singles_;
+  std::vector<Characters> trails_;
+};
+
+}  // namespace zerbal::jet

@@ -1,0 +1,84 @@
+// Texts: the forms in which the file stores them, UTF-8, and comparison without regard to letter case.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "jet/format/bytes.h"
+#include "jet/format/code_page.h"
+
+namespace zerbal::jet {
+
+/// Writes `character` to `out` (room for four bytes) and returns the number of bytes.
+int EncodeUtf8(char32_t character, char* out);
+
+/// Takes the first character off `text`, which must not be empty. A byte that is no UTF-8 gives kReplacement.
+char32_t TakeUtf8(std::string_view& text);
+
+/// Decodes UTF-16 and hands its characters to `sink`, until it returns false; an odd last byte is dropped,
+/// half a surrogate pair is kReplacement.
+template <class Sink>
+bool DecodeUtf16(ByteView bytes, Sink&& sink) {
+  for (std::size_t i = 0; i + 1 < bytes.Size(); i += 2) {
+    char32_t unit = LoadU16(bytes.Data() + i);
+    if (unit >= 0xD800 && unit < 0xE000) {
+      const char32_t next = i + 3 < bytes.Size() ? LoadU16(bytes.Data() + i + 2) : 0;
+      if (unit < 0xDC00 && next >= 0xDC00 && next < 0xE000) {
+        unit = 0x10000 + ((unit - 0xD800) << 10) + (next - 0xDC00);
+        i += 2;
+      } else {
+        unit = kReplacement;
+      }
+    }
+    if (!sink(unit))
+      return false;
+  }
+  return true;
+}
+
+/// A 2000-format text that is not compressed is plain UTF-16; a compressed one begins with FF FE.
+inline bool IsCompressed(ByteView bytes) {
+  return bytes.Size() >= 2 && bytes.Data()[0] == 0xFF && bytes.Data()[1] == 0xFE;
+}
+
+/// Unpacks a compressed text: one byte a character, a zero byte switching to UTF-16 and back.
+std::string UnpackToUtf16(ByteView bytes);
+
+// Stored texts in the code page of a 1997-format file; nullptr stands for the 2000 format.
+
+template <class Sink>
+bool DecodeText(ByteView bytes, const CodePage* codePage, Sink&& sink) {
+  if (codePage != nullptr)
+    return codePage->Decode(bytes, sink);
+  if (!IsCompressed(bytes))
+    return DecodeUtf16(bytes, sink);
+  const ByteView packed = bytes.From(2);
+  if (packed.Chars().find('\0') != std::string_view::npos) {
+    const std::string unpacked = UnpackToUtf16(packed);
+    return DecodeUtf16({reinterpret_cast<const std::uint8_t*>(unpacked.data()), unpacked.size()}, sink);
+  }
+  for (std::size_t i = 0; i < packed.Size(); ++i) {
+    if (!sink(char32_t{packed.Data()[i]}))
+      return false;
+  }
+  return true;
+}
+
+void AppendStoredText(ByteView bytes, const CodePage* codePage, std::string& out);
+/// Whether a stored text is exactly `text` (UTF-8). Allocates only for a compressed text that mixes both
+/// widths.
+bool StoredTextEquals(ByteView bytes, const CodePage* codePage, std::string_view text);
+
+/// Replaces `out` by the UTF-16 form of `text`.
+void ToUtf16(std::string_view text, std::u16string& out);
+/// Replaces `out` by the code page 1252 form; false when a character is not in it.
+bool ToCodePage(std::string_view text, std::string& out);
+
+/// Equal but for the letter case (Latin, Greek and Cyrillic letters).
+bool EqualsIgnoringCase(std::string_view a, std::string_view b);
+/// A text that is the same for all that EqualsIgnoringCase holds equal.
+std::string FoldCase(std::string_view text);
+
+}  // namespace zerbal::jet

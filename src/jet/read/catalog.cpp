@@ -1,0 +1,80 @@
+#include "jet/read/catalog.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "jet/error.h"
+#include "jet/format/text.h"
+#include "jet/read/field_value.h"
+#include "jet/read/table_cursor.h"
+#include "jet/read/table_definition.h"
+#include "jet/read/value_text.h"
+#include "jet/schema.h"
+
+namespace zerbal::jet {
+namespace {
+
+constexpr std::uint32_t kCatalogPage = 2;
+constexpr std::string_view kCatalogName = "MSysObjects";
+constexpr std::int64_t kLocalTable = 1;
+constexpr std::uint32_t kSystemFlags = 0x80000002;
+
+/// The columns of the catalog that matter.
+struct CatalogColumns {
+  int id, name, type, flags;
+};
+
+int ColumnOf(const TableCursor& cursor, std::string_view name, ColumnType type) {
+  const std::optional<int> column = cursor.FindField(name);
+  if (!column || cursor.Column(*column).type != type)
+    throw Damage("the catalog has no proper column '" + std::string(name) + "'");
+  return *column;
+}
+
+std::optional<std::int64_t> WholeNumber(const TableCursor& cursor, int column) {
+  const std::optional<ByteView> value = cursor.Value(column);
+  return value ? std::optional(NumberOf(cursor.Column(column), *value)->integer) : std::nullopt;
+}
+
+std::optional<CatalogEntry> ReadEntry(const TableCursor& cursor, const CatalogColumns& columns) {
+  if (WholeNumber(cursor, columns.type) != kLocalTable)
+    return std::nullopt;
+  CatalogEntry entry;
+  AppendText(cursor, columns.name, entry.name);
+  entry.foldedName = FoldCase(entry.name);
+  entry.definitionPage = static_cast<std::uint32_t>(WholeNumber(cursor, columns.id).value_or(0)) & 0x00FFFFFF;
+  entry.system =
+      (static_cast<std::uint32_t>(WholeNumber(cursor, columns.flags).value_or(0)) & kSystemFlags) != 0;
+  return entry;
+}
+
+}  // namespace
+
+std::vector<CatalogEntry> ReadCatalog(const std::shared_ptr<const DatabaseState>& database) {
+  auto definition = database->Guarded(std::string(kCatalogName), [&] {
+    return std::make_shared<const TableDefinition>(
+        ReadTableDefinition(database->pages, kCatalogPage, std::string(kCatalogName)));
+  });
+  TableCursor cursor(database, std::move(definition));
+  return cursor.Guarded([&] {
+    const CatalogColumns columns = {
+        ColumnOf(cursor, "Id", ColumnType::kLong), ColumnOf(cursor, "Name", ColumnType::kText),
+        ColumnOf(cursor, "Type", ColumnType::kInteger), ColumnOf(cursor, "Flags", ColumnType::kLong)};
+    std::vector<CatalogEntry> entries;
+    for (; !cursor.Eof(); cursor.MoveNext()) {
+      if (std::optional<CatalogEntry> entry = ReadEntry(cursor, columns))
+        entries.push_back(std::move(*entry));
+    }
+    return entries;
+  });
+}
+
+const CatalogEntry* FindTable(const DatabaseState& database, std::string_view name) {
+  const auto entry = std::ranges::find(database.catalog, FoldCase(name), &CatalogEntry::foldedName);
+  return entry == database.catalog.end() ? nullptr : &*entry;
+}
+
+}  // namespace zerbal::jet

@@ -1,0 +1,65 @@
+// What every Database, Recordset and PairReader on one file shares.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+#include "jet/database.h"
+#include "jet/error.h"
+#include "jet/read/file_pages.h"
+
+namespace zerbal::jet {
+
+/// A table as the catalog lists it.
+struct CatalogEntry {
+  std::string name;
+  std::string foldedName;  ///< for look-ups without regard to letter case
+  std::uint32_t definitionPage = 0;
+  bool system = false;
+};
+
+struct DatabaseState {
+  DatabaseState(std::string name, FileImage image, const OpenOptions& openOptions)
+      : fileName(std::move(name)), pages(std::move(image)), options(openOptions) {}
+
+  /// Runs `work` and turns Damage into an EngineError. Neither results nor errors from a file that has been
+  /// cut short meanwhile are delivered: all of them may come from zeros.
+  template <class Work>
+  auto Guarded(const std::string& table, Work&& work) const {
+    try {
+      if constexpr (std::is_void_v<decltype(work())>) {
+        work();
+        CheckWhole(table);
+      } else {
+        auto result = work();
+        CheckWhole(table);
+        return result;
+      }
+    } catch (const Damage& damage) {
+      CheckWhole(table);
+      throw EngineError(fileName, table, damage.what());
+    } catch (const EngineError&) {
+      CheckWhole(table);
+      throw;
+    }
+  }
+
+  void CheckWhole(const std::string& table) const {
+    if (pages.Shrunk())
+      ThrowShrunk(table);
+  }
+
+  std::string fileName;
+  FilePages pages;
+  OpenOptions options;
+  std::vector<CatalogEntry> catalog;  ///< in stored order
+
+ private:
+  [[noreturn]] void ThrowShrunk(const std::string& table) const;
+};
+
+}  // namespace zerbal::jet

@@ -1,0 +1,194 @@
+#include "jet/read/field_value.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
+
+namespace zerbal::jet {
+namespace {
+
+ByteView Sized(ByteView value, std::size_t size) {
+  if (value.Size() != size)
+    throw Damage("a value has not the size of its type");
+  return value;
+}
+
+double Real(ByteView value) {
+  return std::bit_cast<double>(Sized(value, 8).U64(0));
+}
+float Single(ByteView value) {
+  return std::bit_cast<float>(Sized(value, 4).U32(0));
+}
+
+/// The magnitude of a numeric value in decimal digits: four words, the highest first.
+std::string NumericDigits(ByteView value) {
+  std::array<std::uint32_t, 4> words = {value.U32(1), value.U32(5), value.U32(9), value.U32(13)};
+  std::string digits;
+  bool more = true;
+  while (more) {
+    std::uint64_t remainder = 0;
+    more = false;
+    for (std::uint32_t& word : words) {
+      const std::uint64_t current = remainder << 32 | word;
+      word = static_cast<std::uint32_t>(current / 10);
+      remainder = current % 10;
+      more = more || word != 0;
+    }
+    digits += static_cast<char>('0' + remainder);
+  }
+  std::reverse(digits.begin(), digits.end());
+  return digits;
+}
+
+void AppendNumeric(const ColumnInfo& column, ByteView value, std::string& out) {
+  Sized(value, 17);
+  const std::string digits = NumericDigits(value);
+  AppendScaled(value.U8(0) != 0 && digits != "0", digits, column.scale, out);
+}
+
+void AppendCurrency(ByteView value, std::string& out) {
+  const std::uint64_t bits = Sized(value, 8).U64(0);
+  const bool negative = bits >> 63 != 0;
+  AppendScaled(negative, std::to_string(negative ? 0 - bits : bits), 4, out);
+}
+
+void AppendGuid(ByteView value, std::string& out) {
+  const std::uint8_t* b = Sized(value, 16).Data();
+  std::array<char, 40> text = {};
+  std::snprintf(text.data(), text.size(), "{%08x-%04x-%04x-%02x%02x-%02x%02x%02x%02x%02x%02x}", LoadU32(b),
+                unsigned{LoadU16(b + 4)}, unsigned{LoadU16(b + 6)}, b[8], b[9], b[10], b[11], b[12], b[13],
+                b[14], b[15]);
+  out += text.data();
+}
+
+/// Days since 1899-12-30; the fraction is the time of day whatever the sign.
+void AppendDateTime(double days, std::string& out) {
+  constexpr double kLimit = 4e6;  // beyond the year 9999 in either direction there are no dates
+  constexpr std::int64_t kMillisecondsADay = 86'400'000;
+  if (!(std::fabs(days) < kLimit)) {
+    AppendNumber(days, out);
+    return;
+  }
+  const double whole = std::trunc(days);
+  auto milliseconds = static_cast<std::int64_t>(std::nearbyint(std::fabs(days - whole) * kMillisecondsADay));
+  auto day = static_cast<std::int64_t>(whole) + milliseconds / kMillisecondsADay;
+  milliseconds %= kMillisecondsADay;
+  // Civil date from a day number, counted in eras of 400 years that begin on the first of March.
+  day += 693'899;
+  const std::int64_t era = (day >= 0 ? day : day - 146'096) / 146'097;
+  const std::int64_t dayOfEra = day - era * 146'097;
+  const std::int64_t yearOfEra = (dayOfEra - dayOfEra / 1460 + dayOfEra / 36'524 - dayOfEra / 146'096) / 365;
+  const std::int64_t dayOfYear = dayOfEra - (365 * yearOfEra + yearOfEra / 4 - yearOfEra / 100);
+  const std::int64_t marchMonth = (5 * dayOfYear + 2) / 153;
+  const int dayOfMonth = static_cast<int>(dayOfYear - (153 * marchMonth + 2) / 5 + 1);
+  const int month = static_cast<int>(marchMonth < 10 ? marchMonth + 3 : marchMonth - 9);
+  const int year = static_cast<int>(yearOfEra + era * 400 + (month <= 2 ? 1 : 0));
+  const int seconds = static_cast<int>(milliseconds / 1000);
+  std::array<char, 64> text = {};
+  std::snprintf(text.data(), text.size(), "%04d-%02d-%02d %02d:%02d:%02d", year, month, dayOfMonth,
+                seconds / 3600, seconds / 60 % 60, seconds % 60);
+  out += text.data();
+  if (milliseconds % 1000 != 0) {
+    std::snprintf(text.data(), text.size(), ".%03d", static_cast<int>(milliseconds % 1000));
+    out += text.data();
+  }
+}
+
+void AppendHex(ByteView value, std::string& out) {
+  constexpr std::string_view kDigits = "0123456789abcdef";
+  out += "0x";
+  for (std::size_t i = 0; i < value.Size(); ++i) {
+    out += kDigits[value.Data()[i] >> 4];
+    out += kDigits[value.Data()[i] & 15];
+  }
+}
+
+}  // namespace
+
+std::optional<Number> NumberOf(const ColumnInfo& column, ByteView value) {
+  switch (column.type) {
+    case ColumnType::kByte:
+      return Number::Of(std::int64_t{Sized(value, 1).U8(0)});
+    case ColumnType::kInteger:
+      return Number::Of(std::int64_t{static_cast<std::int16_t>(Sized(value, 2).U16(0))});
+    case ColumnType::kLong:
+      return Number::Of(std::int64_t{static_cast<std::int32_t>(Sized(value, 4).U32(0))});
+    case ColumnType::kCurrency:
+      return Number::Of(static_cast<double>(static_cast<std::int64_t>(Sized(value, 8).U64(0))) / 10000.0);
+    case ColumnType::kSingle:
+      return Number::Of(double{Single(value)});
+    case ColumnType::kDouble:
+    case ColumnType::kDateTime:
+      return Number::Of(Real(value));
+    case ColumnType::kNumeric: {
+      std::string text;
+      AppendNumeric(column, value, text);
+      return ParseNumber(text);
+    }
+    default:
+      return std::nullopt;
+  }
+}
+
+void AppendValue(const ColumnInfo& column, ByteView value, std::string& out) {
+  switch (column.type) {
+    case ColumnType::kByte:
+    case ColumnType::kInteger:
+    case ColumnType::kLong:
+      out += std::to_string(NumberOf(column, value)->integer);
+      break;
+    case ColumnType::kCurrency:
+      AppendCurrency(value, out);
+      break;
+    case ColumnType::kSingle:
+      AppendNumber(Single(value), out);
+      break;
+    case ColumnType::kDouble:
+      AppendNumber(Real(value), out);
+      break;
+    case ColumnType::kDateTime:
+      AppendDateTime(Real(value), out);
+      break;
+    case ColumnType::kGuid:
+      AppendGuid(value, out);
+      break;
+    case ColumnType::kNumeric:
+      AppendNumeric(column, value, out);
+      break;
+    default:
+      AppendHex(value, out);
+  }
+}
+
+std::optional<std::string> Canonical(const ColumnInfo& column, std::string_view text) {
+  switch (column.type) {
+    case ColumnType::kSingle:
+    case ColumnType::kDouble: {
+      const std::optional<Number> number = ParseNumber(text);
+      if (!number)
+        return std::nullopt;
+      std::string canonical;
+      if (number->real == 0)
+        canonical = "0";
+      else if (column.type == ColumnType::kSingle)
+        AppendNumber(static_cast<float>(number->real), canonical);
+      else
+        AppendNumber(number->real, canonical);
+      return canonical;
+    }
+    case ColumnType::kBoolean:
+    case ColumnType::kByte:
+    case ColumnType::kInteger:
+    case ColumnType::kLong:
+    case ColumnType::kCurrency:
+    case ColumnType::kNumeric:
+      return NormalDecimal(text);
+    default:
+      return std::string(text);
+  }
+}
+
+}  // namespace zerbal::jet

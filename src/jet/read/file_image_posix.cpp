@@ -1,0 +1,177 @@
+#include <atomic>
+#include <cerrno>
+#include <csignal>
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+#include <fcntl.h>
+#include <sys/mman.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "jet/read/file_image.h"
+
+namespace zerbal::jet {
+namespace {
+
+// Touching a page of a mapping that lies behind the present end of its file raises SIGBUS. The handler below
+// puts a page of zeros there, so that the instruction can go on, and notes it in the mapping's slot; the
+// engine looks at the note after every step. Slots are found without locks, because a signal handler may
+// take none; a slot is never freed, only used again.
+struct Slot {
+  std::atomic<std::uintptr_t> begin{0};
+  std::atomic<std::uintptr_t> end{0};
+  std::atomic<bool> used{false};
+  std::atomic<bool> shrunk{false};
+  Slot* next = nullptr;
+};
+
+std::atomic<Slot*> firstSlot{nullptr};
+std::mutex slotMutex;
+struct sigaction previousHandler;
+std::uintptr_t systemPageSize = 4096;
+
+/// A bus error that is none of ours gets what it would have got without us.
+void PassOn(int signal, siginfo_t* info, void* context) {
+  if ((previousHandler.sa_flags & SA_SIGINFO) != 0) {
+    previousHandler.sa_sigaction(signal, info, context);
+  } else if (previousHandler.sa_handler == SIG_DFL ||
+             (previousHandler.sa_handler == SIG_IGN && info->si_code > 0)) {  // a fault cannot be ignored
+    std::signal(signal, SIG_DFL);
+    raise(signal);  // waits until this handler returns, and then ends the program
+  } else if (previousHandler.sa_handler != SIG_IGN) {
+    previousHandler.sa_handler(signal);
+  }
+}
+
+void OnBusError(int signal, siginfo_t* info, void* context) {
+  const int savedErrno = errno;
+  const auto address = reinterpret_cast<std::uintptr_t>(info->si_addr);
+  const bool isFault = info->si_code > 0;  // not sent by a process
+  for (Slot* slot = firstSlot.load(); isFault && slot != nullptr; slot = slot->next) {
+    if (address < slot->begin.load() || address >= slot->end.load())
+      continue;
+    void* page = static_cast<char*>(info->si_addr) - (address & (systemPageSize - 1));
+    slot->shrunk.store(true);
+    if (mmap(page, systemPageSize, PROT_READ, MAP_PRIVATE | MAP_ANONYMOUS | MAP_FIXED, -1, 0) == MAP_FAILED)
+      break;
+    errno = savedErrno;
+    return;
+  }
+  errno = savedErrno;
+  PassOn(signal, info, context);
+}
+
+void InstallHandlerOnce() {
+  static const bool installed = [] {
+    systemPageSize = static_cast<std::uintptr_t>(sysconf(_SC_PAGESIZE));
+    struct sigaction action = {};
+    action.sa_sigaction = OnBusError;
+    action.sa_flags = SA_SIGINFO;
+    sigemptyset(&action.sa_mask);
+    return sigaction(SIGBUS, &action, &previousHandler) == 0;
+  }();
+  static_cast<void>(installed);
+}
+
+Slot* TakeSlot() {
+  const std::scoped_lock lock(slotMutex);
+  for (Slot* slot = firstSlot.load(); slot != nullptr; slot = slot->next) {
+    if (!slot->used.exchange(true))
+      return slot;
+  }
+  auto* slot = new Slot;
+  slot->used.store(true);
+  slot->next = firstSlot.load();
+  firstSlot.store(slot);
+  return slot;
+}
+
+/// One mapping and its slot.
+class Mapping {
+ public:
+  Mapping(void* start, std::size_t size) : start_(start), size_(size), slot_(TakeSlot()) {
+    slot_->shrunk.store(false);
+    const auto begin = reinterpret_cast<std::uintptr_t>(start);
+    slot_->begin.store(begin);
+    slot_->end.store(begin + (size + systemPageSize - 1) / systemPageSize * systemPageSize);
+  }
+  ~Mapping() {
+    slot_->end.store(0);
+    slot_->begin.store(0);
+    munmap(start_, size_);
+    slot_->used.store(false);
+  }
+  Mapping(const Mapping&) = delete;
+  Mapping& operator=(const Mapping&) = delete;
+
+  const std::atomic<bool>& Shrunk() const { return slot_->shrunk; }
+
+ private:
+  void* start_;
+  std::size_t size_;
+  Slot* slot_;
+};
+
+class Descriptor {
+ public:
+  explicit Descriptor(int number) : number_(number) {}
+  ~Descriptor() {
+    if (number_ >= 0)
+      close(number_);
+  }
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  int Number() const { return number_; }
+
+ private:
+  int number_;
+};
+
+[[noreturn]] void ThrowSystem(const std::string& what) {
+  throw Damage(what + " (" + std::generic_category().message(errno) + ")");
+}
+
+}  // namespace
+
+FileImage MapFile(const std::filesystem::path& file) {
+  const Descriptor descriptor(open(file.c_str(), O_RDONLY | O_CLOEXEC));
+  if (descriptor.Number() < 0)
+    ThrowSystem("the file cannot be opened");
+  struct stat status = {};
+  if (fstat(descriptor.Number(), &status) != 0)
+    ThrowSystem("the file cannot be examined");
+  if (!S_ISREG(status.st_mode))
+    throw Damage("this is not an ordinary file");
+  if (status.st_size <= 0)
+    return ImageOf({});
+  const auto size = static_cast<std::size_t>(status.st_size);
+  InstallHandlerOnce();
+  void* start = mmap(nullptr, size, PROT_READ, MAP_PRIVATE, descriptor.Number(), 0);
+  if (start == MAP_FAILED)
+    ThrowSystem("the file cannot be mapped into memory");
+  auto mapping = std::make_shared<const Mapping>(start, size);
+  FileImage image;
+  image.bytes = {static_cast<const std::uint8_t*>(start), size};
+  image.shrunk = {mapping, &mapping->Shrunk()};
+  image.owner = std::move(mapping);
+  return image;
+}
+
+FileImage ImageOf(std::vector<std::uint8_t> bytes) {
+  auto owner = std::make_shared<const std::vector<std::uint8_t>>(std::move(bytes));
+  FileImage image;
+  image.bytes = {owner->data(), owner->size()};
+  image.shrunk = std::make_shared<const std::atomic<bool>>(false);
+  image.owner = std::move(owner);
+  return image;
+}
+
+}  // namespace zerbal::jet

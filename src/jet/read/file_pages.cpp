@@ -1,0 +1,35 @@
+#include "jet/read/file_pages.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+#include "jet/format/code_page.h"
+#include "jet/read/page_cipher.h"
+
+namespace zerbal::jet {
+
+FilePages::FilePages(FileImage image)
+    : image_(std::move(image)),
+      header_(ReadFileHeader(image_.bytes)),
+      pageSize_(PageSizeOf(header_.format)),
+      pageCount_(
+          static_cast<std::uint32_t>(std::min(image_.bytes.Size() / pageSize_, std::size_t{kMostPages}))) {
+  if (header_.databaseKey != 0)
+    image_ = Decoded(image_, pageSize_, header_.databaseKey);
+  if (IsJet3())
+    codePage_ = CodePage::OfNumber(header_.codePage);
+}
+
+void FilePages::ThrowNoPage(std::uint32_t number) const {
+  throw Damage("page " + std::to_string(number) + " is wanted, but the file has only " +
+               std::to_string(pageCount_) + " pages");
+}
+
+void FilePages::ThrowWrongKind(std::uint32_t number, PageKind kind) {
+  static constexpr const char* kNames[] = {"header",     "data",       "table definition",
+                                           "index node", "index leaf", "usage map"};
+  throw Damage("page " + std::to_string(number) + " is not a " + kNames[static_cast<int>(kind)] + " page");
+}
+
+}  // namespace zerbal::jet

@@ -1,0 +1,70 @@
+// The file as a sequence of pages. Every page number in the engine goes through FilePages::Page.
+#pragma once
+
+#include <atomic>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+
+#include "jet/format/bytes.h"
+#include "jet/read/file_header.h"
+#include "jet/read/file_image.h"
+
+namespace zerbal::jet {
+
+class CodePage;
+
+/// What the first byte of a page says.
+enum class PageKind : std::uint8_t {
+  kData = 1,
+  kTableDefinition = 2,
+  kIndexNode = 3,
+  kIndexLeaf = 4,
+  kUsageMap = 5,
+};
+
+class FilePages {
+ public:
+  /// Reads the header. Throws Damage when this is no file that can be read.
+  explicit FilePages(FileImage image);
+
+  const FileHeader& Header() const { return header_; }
+  bool IsJet3() const { return header_.format == Format::kJet3; }
+  /// That of all texts in a 1997-format file; nullptr for the 2000 format.
+  const CodePage* TextCodePage() const { return codePage_.get(); }
+  std::size_t PageSize() const { return pageSize_; }
+  std::uint32_t PageCount() const { return pageCount_; }  ///< complete pages, the header included
+  std::size_t FileSize() const { return image_.bytes.Size(); }
+
+  /// Throws Damage when there is no such page. Page 0, the header, is nobody's target.
+  ByteView Page(std::uint32_t number) const {
+    if (number == 0 || number >= pageCount_)
+      ThrowNoPage(number);
+    return {image_.bytes.Data() + std::size_t{number} * pageSize_, pageSize_};
+  }
+
+  /// Page `number`, which must be of the given kind.
+  ByteView Page(std::uint32_t number, PageKind kind) const {
+    const ByteView page = Page(number);
+    if (page.Data()[0] != static_cast<std::uint8_t>(kind))
+      ThrowWrongKind(number, kind);
+    return page;
+  }
+
+  /// Somebody cut the file while it was open: what was read since may be zeros.
+  bool Shrunk() const { return image_.shrunk->load(std::memory_order_relaxed); }
+
+ private:
+  static constexpr std::uint32_t kMostPages = 1u << 24;  ///< page numbers have three bytes
+
+  [[noreturn]] void ThrowNoPage(std::uint32_t number) const;
+  [[noreturn]] static void ThrowWrongKind(std::uint32_t number, PageKind kind);
+
+  FileImage image_;
+  FileHeader header_;
+  std::size_t pageSize_;
+  std::uint32_t pageCount_;
+  std::shared_ptr<const CodePage> codePage_;
+};
+
+}  // namespace zerbal::jet

@@ -1,0 +1,167 @@
+#include "jet/read/index_cursor.h"
+
+namespace zerbal::jet {
+namespace {
+
+constexpr int kDeepest = 16;  ///< levels; three hold two million rows
+
+[[noreturn]] void ThrowTooDeep() {
+  throw Damage("the pages of an index form a circle");
+}
+
+}  // namespace
+
+IndexCursor::IndexCursor(const FilePages& pages, std::uint32_t rootPage, std::uint32_t owner)
+    : pages_(&pages), rootPage_(rootPage), owner_(owner), checked_(pages.PageCount()) {}
+
+IndexPage IndexCursor::Load(std::uint32_t number) {
+  const IndexPage page(*pages_, number, owner_);
+  if (!checked_[number]) {
+    page.CheckEntries();
+    checked_[number] = true;
+  }
+  return page;
+}
+
+/// The child that an entry of a node names; behind the last entry the tail, or without one the last child.
+IndexPage IndexCursor::Child(const IndexPage& node, unsigned entry) {
+  if (entry < node.End())
+    return Load(node.Entry(entry).Tail());
+  if (node.TailChild() != 0)
+    return Load(node.TailChild());
+  if (node.Empty())
+    throw Damage("a node of an index has no children");
+  return Load(node.Entry(node.Last()).Tail());
+}
+
+IndexPage IndexCursor::FirstLeaf() {
+  IndexPage page = Load(rootPage_);
+  for (int depth = 0; !page.IsLeaf(); ++depth) {
+    if (depth == kDeepest)
+      ThrowTooDeep();
+    page = Child(page, 0);
+  }
+  return page;
+}
+
+IndexPage IndexCursor::LastLeaf() {
+  IndexPage page = Load(rootPage_);
+  for (int depth = 0; !page.IsLeaf(); ++depth) {
+    if (depth == kDeepest)
+      ThrowTooDeep();
+    page = Child(page, page.End());
+  }
+  return page;
+}
+
+IndexPage IndexCursor::LeafFor(std::span<const std::uint8_t> key) {
+  IndexPage page = Load(rootPage_);
+  for (int depth = 0; !page.IsLeaf(); ++depth) {
+    if (depth == kDeepest)
+      ThrowTooDeep();
+    page = Child(page, page.LowerBound(key));
+  }
+  return page;
+}
+
+/// Replaces `leaf` by the next leaf in the given direction that has entries. The order is checked across the
+/// border, so that a chain that comes back to itself is found out.
+bool IndexCursor::Neighbour(IndexPage& leaf, bool forward) {
+  IndexPage page = leaf;
+  for (std::uint32_t steps = 0; steps < pages_->PageCount(); ++steps) {
+    const std::uint32_t number = forward ? page.NextPage() : page.PreviousPage();
+    if (number == 0) {
+      CheckEnd(page, forward);
+      return false;
+    }
+    const IndexPage next = Load(number);
+    if (!next.IsLeaf() || (forward ? next.PreviousPage() : next.NextPage()) != page.Number())
+      throw Damage("the leaf pages of an index are not properly linked");
+    page = next;
+    if (page.Empty())
+      continue;
+    if (!leaf.Empty()) {
+      const IndexPage& low = forward ? leaf : page;
+      const IndexPage& high = forward ? page : leaf;
+      if (Compare(low.Entry(low.Last()), high.Entry(0)) >= 0)
+        throw Damage("the pages of an index are out of order");
+    }
+    leaf = page;
+    return true;
+  }
+  ThrowTooDeep();
+}
+
+/// The chain of leaves may end with the last (first) one that the tree names or one behind (before) it. A
+/// chain that has been torn ends earlier.
+void IndexCursor::CheckEnd(const IndexPage& end, bool forward) {
+  IndexPage page = forward ? LastLeaf() : FirstLeaf();
+  for (std::uint32_t steps = 0; page.Number() != end.Number(); ++steps) {
+    const std::uint32_t number = forward ? page.NextPage() : page.PreviousPage();
+    if (number == 0 || steps == pages_->PageCount())
+      throw Damage("the chain of an index's leaf pages is torn");
+    page = Load(number);
+  }
+}
+
+void IndexCursor::StandOn(const IndexPage& page, unsigned entry) {
+  page_ = page;
+  entry_ = entry;
+  onEntry_ = true;
+}
+
+bool IndexCursor::MoveFirst() {
+  IndexPage leaf = FirstLeaf();
+  if (leaf.Empty() && !Neighbour(leaf, true))
+    return false;
+  StandOn(leaf, 0);
+  return true;
+}
+
+bool IndexCursor::MoveNext() {
+  const unsigned next = page_.After(entry_);
+  if (next < page_.End()) {
+    entry_ = next;
+    return true;
+  }
+  IndexPage leaf = page_;
+  if (!Neighbour(leaf, true))
+    return false;
+  StandOn(leaf, 0);
+  return true;
+}
+
+bool IndexCursor::MovePrevious() {
+  if (entry_ > 0) {
+    entry_ = page_.Before(entry_);
+    return true;
+  }
+  IndexPage leaf = page_;
+  if (!Neighbour(leaf, false))
+    return false;
+  StandOn(leaf, leaf.Last());
+  return true;
+}
+
+bool IndexCursor::MoveTo(std::span<const std::uint8_t> key) {
+  IndexPage leaf = LeafFor(key);
+  unsigned entry = leaf.LowerBound(key);
+  while (entry == leaf.End()) {
+    if (!Neighbour(leaf, true))
+      return false;
+    entry = leaf.LowerBound(key);
+  }
+  StandOn(leaf, entry);
+  return true;
+}
+
+RecordPointer IndexCursor::Row() const {
+  // Inside an entry the row's number is the last byte, after the page in big-endian order.
+  return RecordPointer::FromU32(page_.Entry(entry_).Tail());
+}
+
+void IndexCursor::GoTo(const Place& place) {
+  StandOn(Load(place.page), place.entry);
+}
+
+}  // namespace zerbal::jet

@@ -1,0 +1,247 @@
+#include "jet/read/table_cursor.h"
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <utility>
+
+#include "jet/error.h"
+#include "jet/format/text.h"
+#include "jet/read/data_page.h"
+#include "jet/read/field_value.h"
+#include "jet/read/long_value.h"
+#include "jet/read/value_text.h"
+
+namespace zerbal::jet {
+
+TableCursor::TableCursor(std::shared_ptr<const DatabaseState> database,
+                         std::shared_ptr<const TableDefinition> table)
+    : database_(std::move(database)), table_(std::move(table)) {
+  Guarded([this] { walk_ = RowWalk(Pages(), *table_); });
+  MoveFirst();
+}
+
+void TableCursor::Fail(std::string reason) const {
+  throw EngineError(database_->fileName, table_->name, std::move(reason));
+}
+
+void TableCursor::SetIndex(std::string_view name) {
+  if (name.empty()) {
+    tree_ = nullptr;
+    MoveFirst();
+    return;
+  }
+  std::size_t i = 0;
+  while (i < table_->indexes.size() && !EqualsIgnoringCase(table_->indexes[i].name, name))
+    ++i;
+  if (i == table_->indexes.size())
+    Fail("there is no index '" + std::string(name) + "'");
+  const PhysicalIndex& tree = table_->trees[table_->treeOf[i]];
+  if (&tree != tree_) {
+    index_ = IndexCursor(Pages(), tree.rootPage, table_->page);
+    sorted_.reset();
+    pointer_ = {};
+    lookup_.reset();
+    tree_ = &tree;
+  }
+  MoveFirst();
+}
+
+std::optional<int> TableCursor::FindField(std::string_view name) const {
+  for (std::size_t i = 0; i < table_->columns.size(); ++i) {
+    if (EqualsIgnoringCase(table_->columns[i].name, name))
+      return static_cast<int>(i);
+  }
+  return std::nullopt;
+}
+
+/// Takes a step in the order of the index. An index is but a shortcut: a damaged one is left for the rows
+/// themselves, sorted, where the step sets out from the row that the index led to last.
+template <class Step>
+bool TableCursor::InOrder(Step&& step) {
+  if (!sorted_) {
+    try {
+      return step(index_);
+    } catch (const Damage&) {
+      SortRows();
+    }
+  }
+  return step(*sorted_);
+}
+
+void TableCursor::SortRows() {
+  auto sorted = std::make_unique<SortedRows>(*database_, *table_, *tree_);
+  sorted->StandOnRow(pointer_);
+  lookup_.reset();
+  sorted_ = std::move(sorted);
+}
+
+/// Whether the entry that the index is on names a row. Damaged ones may name a deleted row, or none.
+bool TableCursor::FindRow() {
+  const RecordPointer pointer = sorted_ ? sorted_->Row() : index_.Row();
+  const std::optional<DataPage> page = TablePage(Pages(), pointer.page, table_->page);
+  if (!page || pointer.row >= page->RowCount() || (page->Flags(pointer.row) & DataPage::kHidden) != 0)
+    return false;
+  pointer_ = pointer;
+  page_ = *page;
+  return true;
+}
+
+/// Ends a step in the order of the index: goes on over entries that name no row.
+bool TableCursor::Settle(bool found, bool forward) {
+  while (found && !FindRow())
+    found = InOrder([forward](auto& order) { return forward ? order.MoveNext() : order.MovePrevious(); });
+  return found;
+}
+
+bool TableCursor::StepFirst() {
+  if (!ByIndex())
+    return walk_.MoveFirst();
+  return Settle(InOrder([](auto& order) { return order.MoveFirst(); }), true);
+}
+bool TableCursor::StepNext() {
+  if (!ByIndex())
+    return walk_.MoveNext();
+  return Settle(InOrder([](auto& order) { return order.MoveNext(); }), true);
+}
+bool TableCursor::StepPrevious() {
+  if (!ByIndex())
+    return walk_.MovePrevious();
+  return Settle(InOrder([](auto& order) { return order.MovePrevious(); }), false);
+}
+
+/// Ends a step back onto the row at the end that had been walked over.
+bool TableCursor::Stay(bool forward) {
+  return !ByIndex() || Settle(true, forward);
+}
+
+/// Reads the row at the place that the walk or the index has reached.
+void TableCursor::LoadRow() {
+  ByteView bytes;
+  if (ByIndex())
+    bytes = FollowRow(Pages(), page_, pointer_.row, table_->page);
+  else
+    bytes = walk_.RowBytes();
+  row_ = Row(bytes, Pages().IsJet3(), table_->hasVariableColumns);
+}
+
+/// Ends a step: on the row found, or where there is none.
+void TableCursor::Arrive(bool found, State otherwise) {
+  state_ = found ? State::kOnRow : otherwise;
+  if (found) {
+    row_ = Row();  // should the row be damaged, nobody reads the one before it in its place
+    LoadRow();
+  }
+}
+
+void TableCursor::MoveFirst() {
+  noMatch_ = false;
+  Guarded([this] {
+    state_ = State::kNowhere;
+    Arrive(StepFirst(), State::kNowhere);
+  });
+}
+
+void TableCursor::MoveNext() {
+  if (state_ == State::kAfterLast || state_ == State::kNowhere)
+    return;
+  Guarded([this] {
+    // Before the first row the place is still that of the first row, or of an entry before it without a row.
+    Arrive(state_ == State::kBeforeFirst ? Stay(true) : StepNext(), State::kAfterLast);
+  });
+}
+
+void TableCursor::MovePrevious() {
+  if (state_ == State::kBeforeFirst || state_ == State::kNowhere)
+    return;
+  Guarded(
+      [this] { Arrive(state_ == State::kAfterLast ? Stay(false) : StepPrevious(), State::kBeforeFirst); });
+}
+
+void TableCursor::Seek(std::string_view key) {
+  if (!ByIndex())
+    Fail("a search needs an index");
+  if (tree_->parts.empty())
+    Fail("the index has no columns");
+  Guarded([&] {
+    state_ = State::kNowhere;
+    noMatch_ = true;
+    const PhysicalIndex::Part& part = tree_->parts.front();
+    const SeekKey::Result made =
+        seekKey_.Make(key, Column(part.column), Place(part.column), part.ascending, Pages().Header());
+    bool found = false;
+    if (made == SeekKey::Result::kReady)
+      found = SeekByKey(key);
+    else if (made == SeekKey::Result::kUnknown)
+      found = SeekByText(key);
+    noMatch_ = !found;
+    state_ = found ? State::kOnRow : State::kNowhere;
+  });
+}
+
+/// The index holds letter case and trailing blanks equal, so that the rows themselves decide.
+bool TableCursor::SeekByKey(std::string_view key) {
+  const int column = tree_->parts.front().column;
+  const ColumnType type = Column(column).type;
+  const bool exact = type != ColumnType::kText && type != ColumnType::kMemo;
+  const std::span<const std::uint8_t> bytes = seekKey_.Bytes();
+  if (!Settle(InOrder([bytes](auto& order) { return order.MoveTo(bytes); }), true))
+    return false;
+  do {
+    if (!(sorted_ ? sorted_->StartsWith(bytes) : index_.StartsWith(bytes)))
+      return false;
+    LoadRow();
+    if (exact || StoredTextIs(column, key))
+      return true;
+  } while (StepNext());
+  return false;
+}
+
+bool TableCursor::SeekByText(std::string_view key) {
+  const int column = tree_->parts.front().column;
+  const std::optional<std::string> wanted = Canonical(Column(column), key);
+  if (!wanted)
+    return false;
+  if (!lookup_)
+    lookup_ = MakeLookup(column);
+  return lookup_->Find(*wanted, [&](const IndexCursor::Place& place) {
+    if (sorted_)
+      sorted_->GoTo(place);
+    else
+      index_.GoTo(place);
+    return FindRow() && LoadText(column) == *wanted;
+  });
+}
+
+std::unique_ptr<TextLookup> TableCursor::MakeLookup(int column) {
+  const bool sorted = sorted_ != nullptr;
+  auto lookup = std::make_unique<TextLookup>();
+  for (bool found = StepFirst(); found; found = StepNext()) {
+    const std::string text = LoadText(column);
+    if (!IsNull(*this, column))
+      lookup->Add(text, sorted_ ? sorted_->Here() : index_.Here());
+  }
+  if (!sorted && sorted_)  // places in the tree are none among the sorted rows
+    return MakeLookup(column);
+  lookup->Finish();
+  return lookup;
+}
+
+std::string TableCursor::LoadText(int column) {
+  LoadRow();
+  std::string text;
+  AppendText(*this, column, text);
+  return Canonical(Column(column), text).value_or(std::string());
+}
+
+bool TableCursor::StoredTextIs(int column, std::string_view text) const {
+  const std::optional<ByteView> value = Value(column);
+  if (!value)
+    return false;
+  const auto equals = [&](ByteView bytes) { return StoredTextEquals(bytes, Pages().TextCodePage(), text); };
+  if (Column(column).type != ColumnType::kMemo)
+    return equals(*value);
+  return LongValue(Pages(), *value, database_->options.maxLongValue).With(equals);
+}
+
+}  // namespace zerbal::jet

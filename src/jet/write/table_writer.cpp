@@ -1,0 +1,326 @@
+#include "jet/write/table_writer.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "jet/format/bytes.h"
+#include "jet/format/key.h"
+#include "jet/schema.h"
+#include "jet/write/refusal.h"
+
+namespace zerbal::jet {
+namespace {
+
+constexpr std::size_t kMaxRow = 4060;
+
+// Long values: how long the content may be to stand in the row, alone on a page, on one page of a chain.
+constexpr std::size_t kInlineLongValue = 64;
+constexpr std::size_t kSinglePieceLongValue = 4076;
+constexpr std::size_t kChainPiece = 4072;
+constexpr std::size_t kLongValueHead = 12;
+constexpr std::uint32_t kInline = 0x80000000;
+constexpr std::uint32_t kSinglePiece = 0x40000000;
+
+constexpr std::size_t kDefinitionHead = 8;  // of a page that continues a definition
+
+std::string LongValueHead(std::size_t length, std::uint32_t kind, std::uint32_t pointer) {
+  std::string head;
+  AppendLittleEndian(head, 4, length | kind);
+  AppendLittleEndian(head, 4, pointer);
+  AppendLittleEndian(head, 4, 0);
+  return head;
+}
+
+bool IsPairTable(const TableLayout& layout) {
+  return layout.columns.size() == 2 && std::ranges::all_of(layout.columns, [](const ColumnLayout& column) {
+           return column.info.type == ColumnType::kLong && !column.info.autonumber;
+         });
+}
+
+}  // namespace
+
+RowPages::RowPages(OutputFile& file, std::uint32_t owner, std::optional<std::uint32_t> firstPage)
+    : file_(file), owner_(owner), firstPage_(firstPage), current_(owner) {}
+
+std::uint32_t RowPages::NewPage() {
+  const std::uint32_t page = firstPage_ ? *firstPage_ : file_.Allocate();
+  firstPage_.reset();
+  owned_.push_back(page);
+  return page;
+}
+
+void RowPages::WriteCurrent() {
+  if (current_.Empty())
+    return;
+  file_.Write(currentPage_, current_.Finished());
+  current_ = DataPageBuilder(owner_);
+}
+
+RowPages::Place RowPages::Add(std::span<const std::uint8_t> row) {
+  if (!current_.Fits(row.size()))
+    WriteCurrent();
+  if (current_.Empty())
+    currentPage_ = NewPage();
+  return {currentPage_, current_.Add(row)};
+}
+
+RowPages::Place RowPages::AddAlone(std::span<const std::uint8_t> row) {
+  DataPageBuilder page(owner_);
+  const std::uint32_t number = NewPage();
+  const std::uint8_t place = page.Add(row);
+  file_.Write(number, page.Finished());
+  return {number, place};
+}
+
+void RowPages::End() {
+  if (!current_.Empty() && current_.HasUsefulRoom())
+    withRoom_.push_back(currentPage_);
+  WriteCurrent();
+}
+
+TableWriter::TableWriter(OutputFile& file, TableLayout layout, std::optional<std::uint32_t> firstDataPage)
+    : file_(file),
+      layout_(std::move(layout)),
+      rows_(file, layout_.page, firstDataPage),
+      longValues_(layout_.columns.size()),
+      keys_(layout_.indexes.size()),
+      isPairTable_(IsPairTable(layout_)),
+      values_(layout_.columns.size()),
+      rowKeys_(layout_.indexes.size()) {
+  for (std::size_t i = 0; i < layout_.columns.size(); ++i) {
+    if (layout_.columns[i].IsLong())
+      longValues_[i].emplace(file, kLongValueOwner);
+  }
+}
+
+void TableWriter::Refuse(std::size_t column, const std::string& reason) const {
+  throw Refusal("row " + std::to_string(counts_.rows + 1) + ", column '" + layout_.columns[column].info.name +
+                "': " + reason);
+}
+
+void TableWriter::AddRow(std::span<const Value> row) {
+  if (row.size() != layout_.columns.size())
+    throw Refusal("row " + std::to_string(counts_.rows + 1) + " has " + std::to_string(row.size()) +
+                  " values for " + std::to_string(layout_.columns.size()) + " columns");
+  EncodeValues(row);
+  CheckRowSize();
+  BuildKeys();
+  BuildRow();
+  CommitRow();
+}
+
+void TableWriter::AddPair(std::int32_t first, std::int32_t second) {
+  if (!isPairTable_)
+    throw Refusal("pairs of numbers go into tables of two Long columns only");
+  if (!keys_.empty()) {
+    const Value row[] = {first, second};
+    return AddRow(row);
+  }
+  constexpr std::uint8_t kColumns = 2;
+  constexpr std::uint8_t kNoNulls = 3;
+  std::array<std::uint8_t, 11> bytes{kColumns, 0};
+  for (std::size_t i = 0; i < 4; ++i) {
+    bytes[2 + i] = static_cast<std::uint8_t>(static_cast<std::uint32_t>(first) >> 8 * i & 0xFF);
+    bytes[6 + i] = static_cast<std::uint8_t>(static_cast<std::uint32_t>(second) >> 8 * i & 0xFF);
+  }
+  bytes[10] = kNoNulls;
+  rows_.Add(bytes);
+  ++counts_.rows;
+}
+
+void TableWriter::EncodeValues(std::span<const Value> row) {
+  for (std::size_t i = 0; i < row.size(); ++i) {
+    try {
+      EncodeValue(layout_.columns[i].info, row[i], values_[i]);
+    } catch (const Refusal& refusal) {
+      Refuse(i, refusal.what());
+    }
+  }
+}
+
+void TableWriter::CheckRowSize() const {
+  std::size_t size = 2 + layout_.fixedSize + (layout_.columns.size() + 7) / 8;
+  if (layout_.variableCount > 0)
+    size += 4 + 2 * std::size_t{layout_.variableCount};
+  for (std::size_t i = 0; i < values_.size(); ++i) {
+    const ColumnLayout& column = layout_.columns[i];
+    if (column.info.fixed || values_[i].isNull)
+      continue;
+    const std::size_t content = values_[i].stored.size();
+    size += !column.IsLong() ? content : kLongValueHead + (content <= kInlineLongValue ? content : 0);
+  }
+  if (size > kMaxRow)
+    throw Refusal("row " + std::to_string(counts_.rows + 1) + " takes " + std::to_string(size) +
+                  " bytes; a row has at most " + std::to_string(kMaxRow));
+}
+
+void TableWriter::BuildKeys() {
+  for (std::size_t i = 0; i < layout_.indexes.size(); ++i)
+    BuildKey(layout_.indexes[i], rowKeys_[i]);
+}
+
+void TableWriter::BuildKey(const IndexLayout& index, std::vector<std::uint8_t>& key) const {
+  key.clear();
+  bool allNull = true;
+  for (const IndexLayout::Part& part : index.parts) {
+    const EncodedValue& value = values_[part.column];
+    try {
+      if (value.isNull && index.required)
+        throw Refusal("the value is Null, which index '" + index.name + "' does not allow");
+      AppendValueKey(layout_.columns[part.column].info, value, part.ascending, key);
+    } catch (const Refusal& refusal) {
+      Refuse(part.column, refusal.what());
+    }
+    allNull = allNull && value.isNull;
+  }
+  if (key.size() > IndexKeys::kMaxKey)
+    Refuse(index.parts.front().column, "the values are too long for index '" + index.name + "'");
+  if (allNull && index.ignoreNulls)
+    key.clear();
+}
+
+std::string TableWriter::StoreChain(RowPages& pages, std::string_view content) {
+  // Each piece names the next one, so the last is written first.
+  std::uint32_t next = 0;
+  for (std::size_t start = (content.size() - 1) / kChainPiece * kChainPiece;; start -= kChainPiece) {
+    std::string piece;
+    AppendLittleEndian(piece, 4, next);
+    piece += content.substr(start, kChainPiece);
+    const RowPages::Place place = pages.AddAlone(AsBytes(piece));
+    next = PointerTo(place.page, place.row);
+    if (start == 0)
+      break;
+  }
+  return LongValueHead(content.size(), 0, next);
+}
+
+std::string TableWriter::LongValueField(std::size_t column) {
+  const std::string& content = values_[column].stored;
+  RowPages& pages = *longValues_[column];
+  if (content.size() <= kInlineLongValue)
+    return LongValueHead(content.size(), kInline, 0) + content;
+  if (content.size() > kSinglePieceLongValue)
+    return StoreChain(pages, content);
+  const RowPages::Place place = pages.Add(AsBytes(content));
+  return LongValueHead(content.size(), kSinglePiece, PointerTo(place.page, place.row));
+}
+
+void TableWriter::BuildRow() {
+  row_.clear();
+  AppendLittleEndian(row_, 2, layout_.columns.size());
+  row_.resize(row_.size() + layout_.fixedSize);
+  std::vector<std::size_t> offsets;
+  std::string mask((layout_.columns.size() + 7) / 8, '\0');
+  for (std::size_t i = 0; i < values_.size(); ++i) {
+    const ColumnLayout& column = layout_.columns[i];
+    const EncodedValue& value = values_[i];
+    const bool isBoolean = column.info.type == ColumnType::kBoolean;
+    if (!column.info.fixed)
+      offsets.push_back(row_.size());
+    if (isBoolean ? value.stored[0] == 0 : value.isNull)
+      continue;
+    mask[i / 8] = static_cast<char>(mask[i / 8] | 1 << i % 8);
+    if (!column.info.fixed)
+      row_ += column.IsLong() ? LongValueField(i) : value.stored;
+    else if (!isBoolean)
+      row_.replace(2u + column.fixedOffset, value.stored.size(), value.stored);
+  }
+  if (!offsets.empty()) {
+    offsets.push_back(row_.size());
+    for (auto offset = offsets.rbegin(); offset != offsets.rend(); ++offset)
+      AppendLittleEndian(row_, 2, *offset);
+    AppendLittleEndian(row_, 2, layout_.variableCount);
+  }
+  row_ += mask;
+}
+
+void TableWriter::CommitRow() {
+  const RowPages::Place place = rows_.Add(AsBytes(row_));
+  ++counts_.rows;
+  for (std::size_t i = 0; i < keys_.size(); ++i) {
+    if (!rowKeys_[i].empty())
+      keys_[i].Add(rowKeys_[i], place.page, place.row, counts_.rows);
+  }
+  for (std::size_t i = 0; i < values_.size(); ++i) {
+    if (layout_.columns[i].info.autonumber && !values_[i].isNull) {
+      const std::uint32_t number = LoadU32(AsBytes(values_[i].stored).data());
+      if (static_cast<std::int32_t>(number) > 0)  // negative numbers were not counted
+        counts_.lastAutonumber = std::max(counts_.lastAutonumber, number);
+    }
+  }
+}
+
+void TableWriter::CheckUnique(std::size_t index) const {
+  const IndexLayout& layout = layout_.indexes[index];
+  const IndexKeys& keys = keys_[index];
+  // The key that is Null in every column may be there any number of times.
+  std::vector<std::uint8_t> allNull;
+  for (const IndexLayout::Part& part : layout.parts)
+    AppendNullKey(part.ascending, allNull);
+  for (std::size_t i = 1; i < keys.Count(); ++i) {
+    if (!keys.RepeatsKey(i))
+      continue;
+    const auto key = keys.Entry(i).first(keys.Entry(i).size() - 4);
+    if (std::ranges::equal(key, allNull))
+      continue;
+    throw Refusal("rows " + std::to_string(keys.Ordinal(i - 1)) + " and " + std::to_string(keys.Ordinal(i)) +
+                  " are the same in the unique index '" + layout.name + "'");
+  }
+}
+
+void TableWriter::End(UsageMapPages& maps) {
+  rows_.End();
+  for (std::optional<RowPages>& pages : longValues_) {
+    if (pages)
+      pages->End();
+  }
+  WriteIndexes(maps);
+  WriteMaps(maps);
+  WriteDefinition();
+}
+
+void TableWriter::WriteIndexes(UsageMapPages& maps) {
+  for (std::size_t i = 0; i < keys_.size(); ++i) {
+    const IndexLayout& index = layout_.indexes[i];
+    keys_[i].Sort();
+    if (index.unique)
+      CheckUnique(i);
+    counts_.distinctKeys.push_back(keys_[i].DistinctKeys());
+    maps.Set(index.map, WriteIndexTree(file_, keys_[i], index.rootPage, layout_.page));
+    keys_[i] = IndexKeys();  // its memory is no longer needed
+  }
+}
+
+void TableWriter::WriteMaps(UsageMapPages& maps) {
+  maps.Set(layout_.ownedMap, rows_.Owned());
+  maps.Set(layout_.freeMap, rows_.WithRoom());
+  for (std::size_t i = 0; i < layout_.columns.size(); ++i) {
+    if (!longValues_[i])
+      continue;
+    maps.Set(layout_.columns[i].ownedLongMap, longValues_[i]->Owned());
+    maps.Set(layout_.columns[i].freeLongMap, longValues_[i]->WithRoom());
+  }
+}
+
+void TableWriter::WriteDefinition() {
+  const std::vector<std::uint8_t> bytes = DefinitionBytes(layout_, counts_);
+  std::uint32_t page = layout_.page;
+  for (std::size_t start = 0; start < bytes.size();) {
+    // The first page's head is part of the definition, that of the others is not.
+    const std::size_t head = start == 0 ? 0 : kDefinitionHead;
+    const std::size_t size = std::min(bytes.size() - start, kPageSize - head);
+    PageBytes out;
+    out.Put(head, std::span(bytes).subspan(start, size));
+    start += size;
+    const std::uint32_t next = start < bytes.size() ? file_.Allocate() : 0;
+    const std::size_t used = head + size;
+    out.Put16(0, 0x0102);
+    out.Put16(2, used + 8 <= kPageSize ? kPageSize - used - 8 : 0);
+    out.Put32(4, next);
+    file_.Write(page, out);
+    page = next;
+  }
+}
+
+}  // namespace zerbal::jet

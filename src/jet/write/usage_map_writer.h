@@ -1,0 +1,39 @@
+// Sets of pages, written: a row each, on pages of their own.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "jet/write/output_file.h"
+
+namespace zerbal::jet {
+
+using PageList = std::vector<std::uint32_t>;  ///< page numbers, ascending
+
+/// The pages that hold the usage maps of one table, or of all system tables together.
+class UsageMapPages {
+ public:
+  /// Room for `count` maps on `pages`; further pages are allocated as they are needed.
+  UsageMapPages(OutputFile& file, std::size_t count, PageList pages = {});
+
+  /// The place of the next map, as a record pointer.
+  std::uint32_t Reserve();
+  /// Sets the map that Reserve gave; one never set is empty.
+  void Set(std::uint32_t pointer, const PageList& members);
+  void Write();
+
+  static constexpr std::size_t kMapsPerPage = 57;
+
+ private:
+  OutputFile& file_;
+  PageList pages_;
+  std::vector<std::vector<std::uint8_t>> rows_;
+  std::size_t reserved_ = 0;
+};
+
+/// Writes page 1, the map of the pages of the file that are free (none is). Allocates pages for it when the
+/// file is large; none may be allocated afterwards.
+void WriteGlobalMap(OutputFile& file);
+
+}  // namespace zerbal::jet
