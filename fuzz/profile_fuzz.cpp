@@ -9,7 +9,8 @@
 #include <string_view>
 #include <vector>
 
-#include "settings/code_page.h"
+#include "base/code_page_1252.h"
+#include "base/numbers.h"
 #include "settings/profile_text.h"
 #include "settings/value_text.h"
 
@@ -17,6 +18,8 @@ namespace {
 
 using zerbal::settings::FindProfileValue;
 using zerbal::settings::WithProfileValue;
+namespace base = zerbal::base;
+namespace settings = zerbal::settings;
 
 void Require(bool condition, const char* what) {
   if (condition)
@@ -113,12 +116,12 @@ void CheckWriting(std::string_view file, std::string_view section, std::string_v
 }
 
 void CheckTexts(std::string_view text) {
-  using namespace zerbal::settings;
-  Require(ToCodePage1252(FromCodePage1252(text)) == text, "bytes changed on the way there and back");
-  Require(ToCodePage1252(text).size() <= text.size(), "more bytes than there were");
-  const double number = ParseNumber(text);
-  Require(ParseNumber(NumberText(number)) == number, "a number reads back differently");
-  Require(SplitList(text, 3, ",").size() == 4, "the number of fields");
+  Require(base::ToCodePage1252(base::FromCodePage1252(text)) == text,
+          "bytes changed on the way there and back");
+  Require(base::ToCodePage1252(text).size() <= text.size(), "more bytes than there were");
+  const double number = base::LeadingNumber(text);
+  Require(base::LeadingNumber(base::DecimalText(number)) == number, "a number reads back differently");
+  Require(settings::SplitList(text, 3, ",").size() == 4, "the number of fields");
 }
 
 }  // namespace

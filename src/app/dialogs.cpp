@@ -1,5 +1,6 @@
 #include "app/dialogs.h"
 
+#include "base/find_file.h"
 #include "dialogs/frm_colo_sett.h"
 #include "dialogs/frm_deli.h"
 #include "dialogs/frm_map_sett.h"
@@ -8,7 +9,6 @@
 #include "dialogs/frm_sele_flit.h"
 #include "dialogs/frm_user_sett.h"
 #include "dialogs/help_dialogs.h"
-#include "settings/find_file.h"
 
 namespace zerbal::app {
 namespace {
@@ -25,7 +25,7 @@ bool Accepted(Parts&&... parts) {
 std::filesystem::path RevisionFile(const data::DataFiles& files) {
   constexpr char kName[] = "zblrev.ini";
   const std::filesystem::path folder = files.zbldata.parent_path();
-  return settings::FindFile(folder, kName).value_or(folder / kName);
+  return base::FindFile(folder, kName).value_or(folder / kName);
 }
 
 dialogs::FinderContext Finder(Program& program) {

@@ -6,10 +6,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/numbers.h"
 #include "map/position_text.h"
 #include "map/tee_surface.h"
 #include "paint/picture_surface.h"
-#include "settings/rounding.h"
 
 namespace zerbal::app {
 namespace {
@@ -28,9 +28,7 @@ TwipPosition PlaceOf(const QMouseEvent& event) {
 }
 
 TwipPoint Whole(TwipPosition position) {
-  using settings::Round;
-  using settings::ToInt32;
-  return {ToInt32(Round(position.x)), ToInt32(Round(position.y))};
+  return {base::ToInt32(base::Round(position.x)), base::ToInt32(base::Round(position.y))};
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 #include "app/program.h"
 
-#include "settings/find_file.h"
+#include "base/find_file.h"
 
 namespace zerbal::app {
 namespace {
@@ -9,7 +9,7 @@ constexpr char kIniFile[] = "zerbal.ini";
 
 /// The settings file that is there, whatever the letter case of its name, or the one that will be made.
 std::filesystem::path IniPath(const std::filesystem::path& appPath) {
-  return settings::FindFile(appPath, kIniFile).value_or(appPath / kIniFile);
+  return base::FindFile(appPath, kIniFile).value_or(appPath / kIniFile);
 }
 
 }  // namespace

@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
+#include "base/numbers.h"
 #include "data/load_tables.h"
 #include "data/table_settings.h"
-#include "settings/value_text.h"
 
 namespace zerbal::app {
 namespace {
@@ -106,7 +106,7 @@ int Main::SplashSeconds() {
   const auto value = program_.iniFile.Read("SplashWindow", "SecondsToShow");
   if (!value)
     return kDefaultSplashSeconds;
-  return std::max<int>(0, settings::ParseInt16(*value));
+  return std::max<int>(0, base::LeadingInt16(*value));
 }
 
 bool Main::ReadSettings() {

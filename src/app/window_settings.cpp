@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "app/commands.h"
+#include "base/numbers.h"
 #include "settings/value_text.h"
 
 namespace zerbal::app {
@@ -33,12 +34,12 @@ std::pair<int, int> ReadPair(settings::IniFile& ini, const char* key, int first,
   if (!value)
     return {first, second};
   const auto fields = settings::SplitList(*value, 2, ",");
-  return {settings::ParseInt32(fields[1]), settings::ParseInt32(fields[2])};
+  return {base::LeadingInt32(fields[1]), base::LeadingInt32(fields[2])};
 }
 
 FrameState ReadState(settings::IniFile& ini) {
   const auto value = ini.Read(kMainWindow, "State", "0");
-  switch (settings::ParseInt32(value.value_or("0"))) {
+  switch (base::LeadingInt32(value.value_or("0"))) {
     case 1:
       return FrameState::kMinimised;
     case 2:

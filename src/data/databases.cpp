@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "settings/find_file.h"
+#include "base/find_file.h"
 
 namespace zerbal::data {
 namespace {
@@ -24,7 +24,7 @@ std::optional<jet::Database> OpenIfPresent(const std::optional<std::filesystem::
 FoundFiles FindDataFiles(const std::filesystem::path& folder) {
   FoundFiles found;
   const auto require = [&](const char* name) -> std::filesystem::path {
-    const auto file = settings::FindFile(folder, name);
+    const auto file = base::FindFile(folder, name);
     if (!file)
       found.missing.push_back(folder / name);
     return file.value_or(std::filesystem::path());
@@ -33,8 +33,8 @@ FoundFiles FindDataFiles(const std::filesystem::path& folder) {
   found.files.qavdata = require("app_data/qavdata.mdb");
   found.files.allaprt = require("app_data/allaprt.mdb");
   found.files.coast = require("app_map/coast.mdb");
-  found.files.river = settings::FindFile(folder, "app_map/river.mdb");
-  found.files.ibound = settings::FindFile(folder, "app_map/ibound.mdb");
+  found.files.river = base::FindFile(folder, "app_map/river.mdb");
+  found.files.ibound = base::FindFile(folder, "app_map/ibound.mdb");
   return found;
 }
 

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string_view>
 
+#include "base/numbers.h"
 #include "jet/error.h"
 #include "jet/format/text.h"
 #include "settings/value_text.h"
@@ -20,8 +21,8 @@ constexpr std::array<std::int16_t, kFontCount> kFallbackSizes = {7, 8};
 
 Rgb ParseColour(std::string_view text) {
   const auto fields = settings::SplitList(text, 3, ",");
-  return ClampRgb(settings::ParseInt16(fields[1]), settings::ParseInt16(fields[2]),
-                  settings::ParseInt16(fields[3]));
+  return ClampRgb(base::LeadingInt16(fields[1]), base::LeadingInt16(fields[2]),
+                  base::LeadingInt16(fields[3]));
 }
 
 bool ReadColour(settings::IniFile& ini, std::string_view section, std::string_view key, Rgb& rgb) {
@@ -37,7 +38,7 @@ bool ReadFont(settings::IniFile& ini, Font& font) {
     return false;
   const auto fields = settings::SplitList(*value, 2, ",");
   font.name = fields[1];
-  font.size = settings::ParseInt16(fields[2]);
+  font.size = base::LeadingInt16(fields[2]);
   return true;
 }
 
@@ -95,14 +96,14 @@ bool ReadRegionSettings(settings::IniFile& ini, RegionTable& regions) {
     throw jet::EngineError("zbldata.mdb", "reg", "there is no region; at least one is needed");
   const bool known = *centre == "0" || *centre == "1" || *centre == "2";
   regions.centreWorld = known ? *centre : "1";
-  regions.centreWorldAtLon = static_cast<float>(std::clamp(settings::ParseNumber(*longitude), -180.0, 180.0));
+  regions.centreWorldAtLon = static_cast<float>(std::clamp(base::LeadingNumber(*longitude), -180.0, 180.0));
   regions.ComputeWorldRow();
   return true;
 }
 
 void ReadFlightFinderSettings(settings::IniFile& ini, FlightFinderState& finder) {
   const auto howMany = ini.Read("Program", "RandomFlitHowMany", "2");
-  finder.howMany = howMany && settings::ParseInt16(*howMany) == 1 ? HowMany::kOneFlight : HowMany::kRoundTrip;
+  finder.howMany = howMany && base::LeadingInt16(*howMany) == 1 ? HowMany::kOneFlight : HowMany::kRoundTrip;
   // A read that fails or a value that is neither counts as "1".
   const auto isChecked = [&](std::string_view key) { return ini.Read("Program", key, "1") != "0"; };
   finder.searchOrigin = isChecked("SeleDestCheckDest");

@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/numbers.h"
 #include "data/table_settings.h"
-#include "settings/value_text.h"
 #include "ui_frm_map_sett.h"
 
 namespace zerbal::dialogs {
@@ -51,7 +51,7 @@ void frmMapSett::FillCentre() {
   } else {
     ui_->optCentOth->setChecked(true);
     const float centre = regions_.centreWorldAtLon;
-    ui_->txtCentOth->setText(QString::fromStdString(settings::SingleText(std::abs(centre))));
+    ui_->txtCentOth->setText(QString::fromStdString(base::DecimalText(std::abs(centre))));
     ui_->cboCentOth->setCurrentIndex(centre < 0 ? kWest : kEast);
   }
 }
@@ -78,7 +78,7 @@ void frmMapSett::UpdatePreview(const FontRow& row) {
 double frmMapSett::TypedMeridian() const {
   // Neither sign nor point can be typed, but a stored fraction stands until it is overwritten.
   const QString typed = ui_->txtCentOth->text().trimmed();
-  return typed.startsWith('-') || typed.startsWith('+') ? 0 : settings::ParseNumber(typed.toStdString());
+  return typed.startsWith('-') || typed.startsWith('+') ? 0 : base::LeadingNumber(typed.toStdString());
 }
 
 void frmMapSett::StoreCentre() {
@@ -88,7 +88,7 @@ void frmMapSett::StoreCentre() {
     const double meridian = TypedMeridian();
     const double centre = ui_->cboCentOth->currentIndex() == kWest && meridian != 0 ? -meridian : meridian;
     regions_.centreWorldAtLon = static_cast<float>(centre);
-    ini_.Write("Region", "CentreWorldAtLON", settings::NumberText(centre));
+    ini_.Write("Region", "CentreWorldAtLON", base::DecimalText(centre));
   }
   regions_.ComputeWorldRow();
 }
@@ -96,7 +96,7 @@ void frmMapSett::StoreCentre() {
 void frmMapSett::StoreFont(const FontRow& row) {
   data::Font& font = fonts_[row.code];
   font.name = row.family->currentText().toStdString();
-  font.size = settings::ParseInt16(row.size->currentText().toStdString());
+  font.size = base::LeadingInt16(row.size->currentText().toStdString());
   ini_.Write("Fonts", font.entry, data::FontText(font));
 }
 

@@ -5,7 +5,7 @@
 #include <QKeyEvent>
 #include <algorithm>
 
-#include "settings/value_text.h"
+#include "base/numbers.h"
 
 namespace zerbal::dialogs {
 namespace {
@@ -39,7 +39,7 @@ std::int32_t NumberEdit::Number() const {
   qsizetype digits = 0;
   while (digits < trimmed.size() && IsDigit(trimmed[digits]))
     ++digits;
-  return settings::ParseInt32(trimmed.left(digits).toStdString());
+  return base::LeadingInt32(trimmed.left(digits).toStdString());
 }
 
 void NumberEdit::SetNumber(std::int32_t number) {

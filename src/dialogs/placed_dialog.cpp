@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "settings/rounding.h"
+#include "base/numbers.h"
 #include "settings/value_text.h"
 
 namespace zerbal::dialogs {
@@ -34,14 +34,14 @@ void PlacedDialog::RestorePosition() {
   if (placement_.flags.windows) {
     if (const auto value = placement_.ini.Read(kSection, key_)) {
       const auto fields = settings::SplitList(*value, 2, ",");
-      move(settings::ParseInt32(fields[1]), settings::ParseInt32(fields[2]));
+      move(base::LeadingInt32(fields[1]), base::LeadingInt32(fields[2]));
       return;
     }
   }
   // Both windows have the same frame, so the sizes within it give the same middle.
   const QWidget& main = placement_.mainWindow;
   const auto centred = [](int outer, int inner) {
-    return static_cast<int>(settings::Int((outer - inner) / 2.0));
+    return static_cast<int>(base::Int((outer - inner) / 2.0));
   };
   move(centred(main.width(), width()) + main.x(), centred(main.height(), height()) + main.y());
 }

@@ -2,14 +2,14 @@
 
 #include <cmath>
 
-#include "settings/rounding.h"
+#include "base/numbers.h"
 
 namespace zerbal::map {
 
 namespace {
 
-using settings::Int;
-using settings::ToInt32;
+using base::Int;
+using base::ToInt32;
 
 struct Sizes {
   double nose;  ///< anchor to nose tip

@@ -2,15 +2,15 @@
 
 #include <algorithm>
 
+#include "base/numbers.h"
 #include "map/position_text.h"
-#include "settings/rounding.h"
 
 namespace zerbal::map {
 
 namespace {
 
-using settings::Round;
-using settings::ToInt32;
+using base::Round;
+using base::ToInt32;
 
 /// Stores an intermediate result.
 float Single(double value) {

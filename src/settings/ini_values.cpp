@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-#include "settings/code_page.h"
+#include "base/code_page_1252.h"
 #include "settings/profile_file.h"
 
 namespace zerbal::settings {
@@ -17,10 +17,10 @@ constexpr std::size_t kBufferSize = 2000;
 std::optional<std::string> IniValues::ReadIniValue(const std::filesystem::path& file,
                                                    std::string_view section, std::string_view key,
                                                    std::optional<std::string_view> fallback) {
-  const std::string answer =
-      ReadProfileString(file, ToCodePage1252(section), ToCodePage1252(key), kMissing, kBufferSize);
+  const std::string answer = ReadProfileString(file, base::ToCodePage1252(section), base::ToCodePage1252(key),
+                                               kMissing, kBufferSize);
   if (answer != kMissing)
-    return FromCodePage1252(answer);
+    return base::FromCodePage1252(answer);
   if (!fallback)
     return std::nullopt;
   if (missingKeys_ == MissingKeys::kWriteBack && !WriteIniValue(file, section, key, *fallback))
@@ -30,7 +30,8 @@ std::optional<std::string> IniValues::ReadIniValue(const std::filesystem::path& 
 
 bool IniValues::WriteIniValue(const std::filesystem::path& file, std::string_view section,
                               std::string_view key, std::string_view value) {
-  if (WriteProfileString(file, ToCodePage1252(section), ToCodePage1252(key), ToCodePage1252(value)))
+  if (WriteProfileString(file, base::ToCodePage1252(section), base::ToCodePage1252(key),
+                         base::ToCodePage1252(value)))
     return true;
   std::string text = "Error during the writing in the file '";
   text.append(file.string()).append("'.").append(NL);

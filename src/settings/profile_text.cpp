@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "base/case_folding.h"
+
 namespace zerbal::settings {
 namespace {
 
@@ -16,15 +18,6 @@ std::string_view Trim(std::string_view text, std::string_view characters) {
   if (first == std::string_view::npos)
     return {};
   return text.substr(first, text.find_last_not_of(characters) - first + 1);
-}
-
-char LowerAscii(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-bool SameName(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](char x, char y) { return LowerAscii(x) == LowerAscii(y); });
 }
 
 /// One line: the text without its end, and where it and the next one begin.
@@ -95,14 +88,14 @@ Place FindPlace(std::string_view bytes, std::string_view section, std::string_vi
     if (const auto name = HeaderName(line.text)) {
       if (place.sectionFound)
         break;  // a later section of the same name does not count
-      place.sectionFound = SameName(*name, section);
+      place.sectionFound = base::EqualsIgnoringAsciiCase(*name, section);
       place.insertAt = line.next;
     } else if (place.sectionFound) {
       const auto parsed = ParseKeyLine(line.text);
       if (!parsed)
         continue;
       place.insertAt = line.next;
-      if (SameName(parsed->name, key)) {
+      if (base::EqualsIgnoringAsciiCase(parsed->name, key)) {
         place.line = line;
         place.key = *parsed;
         break;

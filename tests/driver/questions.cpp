@@ -7,9 +7,9 @@
 #include <algorithm>
 #include <optional>
 
+#include "base/code_page_1252.h"
 #include "controls.h"
 #include "json_values.h"
-#include "settings/code_page.h"
 #include "settings/profile_file.h"
 
 namespace zerbal::drive {
@@ -35,7 +35,7 @@ std::optional<QString> ReadSetting(const QString& section, const QString& key) {
                                                         key.toLatin1().toStdString(), kSentinel, kBuffer);
   if (value == kSentinel)
     return std::nullopt;
-  return QString::fromStdString(settings::FromCodePage1252(value));
+  return QString::fromStdString(base::FromCodePage1252(value));
 }
 
 /// What `project` prints as the place of a position that is not in view.

@@ -7,13 +7,13 @@
 #include <span>
 #include <string_view>
 
+#include "base/find_file.h"
 #include "data/load_tables.h"
 #include "data/schedule.h"
 #include "jet/database.h"
 #include "jet/error.h"
 #include "jet/pair_reader.h"
 #include "jet/recordset.h"
-#include "settings/find_file.h"
 #include "zerbal-pack/check_table.h"
 #include "zerbal-pack/csv_value.h"
 #include "zerbal-pack/find_index.h"
@@ -49,7 +49,7 @@ class FolderCheck {
  private:
   using RowAction = std::function<void(const jet::Recordset&)>;
 
-  std::optional<fs::path> Find(const std::string& name) const { return settings::FindFile(folder_, name); }
+  std::optional<fs::path> Find(const std::string& name) const { return base::FindFile(folder_, name); }
 
   std::optional<jet::Database> Open(const std::string& name, bool required, std::string_view without) {
     const std::optional<fs::path> path = Find(name);

@@ -1,4 +1,4 @@
-#include "settings/find_file.h"
+#include "base/find_file.h"
 
 #include <algorithm>
 #include <exception>
@@ -7,17 +7,13 @@
 #include <system_error>
 #include <vector>
 
-namespace zerbal::settings {
+#include "base/case_folding.h"
+
+namespace zerbal::base {
 
 namespace fs = std::filesystem;
 
 namespace {
-
-std::string LowerAscii(std::string text) {
-  for (char& c : text)
-    c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-  return text;
-}
 
 /// The entries of `folder` whose names differ from `name` in nothing but letter case, in byte order.
 std::vector<fs::path> OtherSpellings(const fs::path& folder, const fs::path& name) {
@@ -67,4 +63,4 @@ std::optional<fs::path> FindFile(const fs::path& folder, const fs::path& relativ
   }
 }
 
-}  // namespace zerbal::settings
+}  // namespace zerbal::base

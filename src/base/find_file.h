@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <optional>
 
-namespace zerbal::settings {
+namespace zerbal::base {
 
 /// The file `relativeName` below `folder`. Each part of the name (not of `folder`) is looked up as spelled
 /// first, then without regard to ASCII letter case; among several the first in byte order. nullopt when there
@@ -12,4 +12,4 @@ namespace zerbal::settings {
 std::optional<std::filesystem::path> FindFile(const std::filesystem::path& folder,
                                               const std::filesystem::path& relativeName);
 
-}  // namespace zerbal::settings
+}  // namespace zerbal::base

@@ -1,4 +1,4 @@
-#include "settings/find_file.h"
+#include "base/find_file.h"
 
 #include <filesystem>
 
@@ -6,7 +6,7 @@
 
 #include "support/temp_folder.h"
 
-namespace zerbal::settings {
+namespace zerbal::base {
 namespace {
 
 namespace fs = std::filesystem;
@@ -48,4 +48,4 @@ TEST(FindFile, TakesNoFolderForAFile) {
 }
 
 }  // namespace
-}  // namespace zerbal::settings
+}  // namespace zerbal::base

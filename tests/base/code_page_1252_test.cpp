@@ -1,10 +1,10 @@
-#include "settings/code_page.h"
+#include "base/code_page_1252.h"
 
 #include <string>
 
 #include <gtest/gtest.h>
 
-namespace zerbal::settings {
+namespace zerbal::base {
 namespace {
 
 TEST(CodePage, EveryByteSurvivesTheWayThereAndBack) {
@@ -40,4 +40,4 @@ TEST(CodePage, WritesAQuestionMarkForEachByteThatIsNoUtf8) {
 }
 
 }  // namespace
-}  // namespace zerbal::settings
+}  // namespace zerbal::base
