@@ -60,30 +60,30 @@ struct World {
   data::Databases databases;
   data::ReferenceTables tables;
   map::Viewport viewport{tables.bands};
-  map::DisplayOptions options;
-  map::AirportCriteria allAirportCriteria;
-  map::AirportCriteria destinationCriteria;
-  map::FlightSelection flights;
+  data::DisplayOptions options;
+  data::AirportCriteria allAirportCriteria;
+  data::AirportCriteria destinationCriteria;
+  data::FlightSelection flights;
 };
 
 struct View {
   const char* name;
   const char* what;
   float west, top, east, bottom;
-  map::DisplayOptions options;
+  data::DisplayOptions options;
   bool flights;  ///< of every service
 };
 
-constexpr map::DisplayOptions kEverything{.centreOfMap = true,
-                                          .rivers = true,
-                                          .boundaries = true,
-                                          .allAirports = true,
-                                          .destinations = true,
-                                          .flightAirports = true,
-                                          .flightNumbers = true,
-                                          .legNumbers = true,
-                                          .aircraftSymbols = true};
-constexpr map::DisplayOptions kMapAndAirports{
+constexpr data::DisplayOptions kEverything{.centreOfMap = true,
+                                           .rivers = true,
+                                           .boundaries = true,
+                                           .allAirports = true,
+                                           .destinations = true,
+                                           .flightAirports = true,
+                                           .flightNumbers = true,
+                                           .legNumbers = true,
+                                           .aircraftSymbols = true};
+constexpr data::DisplayOptions kMapAndAirports{
     .rivers = true, .boundaries = true, .allAirports = true, .destinations = true};
 
 // The corner of four cells in northern Norway: fjords, islands, rivers and three borders. The window's shape
@@ -183,7 +183,7 @@ class Scanner {
         qavdata_(files.qavdata) {}
 
   std::size_t Scan(const map::Viewport& viewport, const View& view) {
-    const map::DisplayOptions& options = view.options;
+    const data::DisplayOptions& options = view.options;
     const std::vector<std::string> point = {"Lon", "Lat"};
     const std::vector<std::string> airport = {"AP",      "AP_Name",  "AP_City",    "AP_Lon", "AP_Lat",
                                               "AP_Elev", "AP_RwyNr", "AP_RwyMaxL", "AP_ILS"};

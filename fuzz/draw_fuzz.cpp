@@ -137,7 +137,7 @@ void ChooseView(Bytes& bytes, map::MapWorld& world) {
 }
 
 void ChooseOptions(Bytes& bytes, map::MapWorld& world) {
-  map::DisplayOptions& options = world.options;
+  data::DisplayOptions& options = world.options;
   for (bool* option : {&options.centreOfMap, &options.rivers, &options.boundaries, &options.allAirports,
                        &options.destinations, &options.flightAirports, &options.flightNumbers,
                        &options.legNumbers, &options.aircraftSymbols})
@@ -145,9 +145,9 @@ void ChooseOptions(Bytes& bytes, map::MapWorld& world) {
   world.flights.serviceMode = bytes.Flag();
   for (data::Font& font : world.tables.fonts.rows)
     font.size = static_cast<std::int16_t>(6 + bytes.Below(9));
-  for (map::NumericCriterion& criterion : world.allAirportCriteria.numeric) {
+  for (data::NumericCriterion& criterion : world.allAirportCriteria.numeric) {
     criterion.active = bytes.Below(8) == 0;
-    criterion.limit = static_cast<map::Limit>(bytes.Below(3));
+    criterion.limit = static_cast<data::Limit>(bytes.Below(3));
     criterion.to = bytes.Stored(1);
   }
 }

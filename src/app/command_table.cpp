@@ -5,7 +5,7 @@
 namespace zerbal::app {
 namespace {
 
-using map::DisplayOptions;
+using data::DisplayOptions;
 
 constexpr Command kSeparator;
 

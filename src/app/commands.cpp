@@ -66,25 +66,25 @@ void Commands::ZoomOut() {
   ViewChanged(program_.viewport.ZoomOut(kZoomStep));
 }
 
-void Commands::Toggle(bool map::DisplayOptions::*option) {
+void Commands::Toggle(bool data::DisplayOptions::*option) {
   Set(option, !(program_.display.*option));
 }
 
-void Commands::Set(bool map::DisplayOptions::*option, bool value) {
+void Commands::Set(bool data::DisplayOptions::*option, bool value) {
   program_.display.*option = value;
   stateChanged_();
   map_.Redraw();
 }
 
 void Commands::DelimitAllAirports() {
-  Delimit(DialogKind::kDelimitAllAirports, &map::DisplayOptions::allAirports);
+  Delimit(DialogKind::kDelimitAllAirports, &data::DisplayOptions::allAirports);
 }
 
 void Commands::DelimitDestinations() {
-  Delimit(DialogKind::kDelimitDestinations, &map::DisplayOptions::destinations);
+  Delimit(DialogKind::kDelimitDestinations, &data::DisplayOptions::destinations);
 }
 
-void Commands::Delimit(DialogKind kind, bool map::DisplayOptions::*layer) {
+void Commands::Delimit(DialogKind kind, bool data::DisplayOptions::*layer) {
   if (!Confirmed(kind))
     return;
   criteriaChanged_();

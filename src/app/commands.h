@@ -32,8 +32,8 @@ class Commands final : public QObject {
   void ZoomOutMore();
   void ZoomOut();
   // Views
-  void Toggle(bool map::DisplayOptions::*option);
-  void Set(bool map::DisplayOptions::*option, bool value);
+  void Toggle(bool data::DisplayOptions::*option);
+  void Set(bool data::DisplayOptions::*option, bool value);
   void DelimitAllAirports();
   void DelimitDestinations();
   // Region
@@ -58,7 +58,7 @@ class Commands final : public QObject {
  private:
   bool Confirmed(DialogKind kind) { return dialogs_.Confirmed(kind, placement_); }
   void ViewChanged(bool changed);
-  void Delimit(DialogKind kind, bool map::DisplayOptions::*layer);
+  void Delimit(DialogKind kind, bool data::DisplayOptions::*layer);
   void FindFlights(DialogKind kind);
   bool SetAllServices(bool display);
   void ShowFlights(bool serviceMode);
@@ -76,11 +76,11 @@ class Commands final : public QObject {
 struct Command {
   const char* name = nullptr;  ///< object name of the menu entry; nullptr stands for a separator
   const char* caption = "";
-  void (Commands::*run)() = nullptr;            ///< nullptr for entries that switch an option
-  const char* button = nullptr;                 ///< object name of the tool bar's button, where there is one
-  const char* picture = nullptr;                ///< its picture, a resource
-  bool map::DisplayOptions::*option = nullptr;  ///< what the entry's check mark shows
-  const char* settingKey = nullptr;             ///< the option's key in section "MenuEntryChecked"
+  void (Commands::*run)() = nullptr;             ///< nullptr for entries that switch an option
+  const char* button = nullptr;                  ///< object name of the tool bar's button, where there is one
+  const char* picture = nullptr;                 ///< its picture, a resource
+  bool data::DisplayOptions::*option = nullptr;  ///< what the entry's check mark shows
+  const char* settingKey = nullptr;              ///< the option's key in section "MenuEntryChecked"
 };
 
 struct MenuDescription {

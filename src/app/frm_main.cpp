@@ -124,7 +124,7 @@ void frmMain::LoadSettings() {
   if (flags.mainWindow)
     Place(stored);
   // An entry without anything to show keeps the check mark of the design, whatever was saved.
-  const map::DisplayOptions designed;
+  const data::DisplayOptions designed;
   if (!program_.riverAvailable)
     program_.display.rivers = designed.rivers;
   if (!program_.boundaryAvailable)
@@ -154,9 +154,9 @@ void frmMain::MakeIndexedEntries() {
 
 void frmMain::ConnectLayerBoxes() {
   connect(picTool_, &ToolBar::AllAirportsClicked, commands_.get(),
-          [this](bool checked) { commands_->Set(&map::DisplayOptions::allAirports, checked); });
+          [this](bool checked) { commands_->Set(&data::DisplayOptions::allAirports, checked); });
   connect(picTool_, &ToolBar::DestinationsClicked, commands_.get(),
-          [this](bool checked) { commands_->Set(&map::DisplayOptions::destinations, checked); });
+          [this](bool checked) { commands_->Set(&data::DisplayOptions::destinations, checked); });
   connect(picTool_, &ToolBar::AllAirportsRightClicked, commands_.get(), &Commands::DelimitAllAirports);
   connect(picTool_, &ToolBar::DestinationsRightClicked, commands_.get(), &Commands::DelimitDestinations);
 }
@@ -171,7 +171,7 @@ void frmMain::Run(const Command& command) {
 }
 
 void frmMain::ShowState() {
-  const map::DisplayOptions& options = program_.display;
+  const data::DisplayOptions& options = program_.display;
   menu_->Show({options, program_.tables.services, commands_->SelectionAvailable()});
   picTool_->ShowLayers(options.allAirports, options.destinations);
 }
@@ -187,8 +187,8 @@ QColor frmMain::BackgroundColour() const {
 }
 
 void frmMain::UpdateDelimitationInfo() {
-  picTool_->ShowDelimitations(QString::fromStdString(map::DelimitationText(program_.allAirportCriteria)),
-                              QString::fromStdString(map::DelimitationText(program_.destinationCriteria)));
+  picTool_->ShowDelimitations(QString::fromStdString(data::DelimitationText(program_.allAirportCriteria)),
+                              QString::fromStdString(data::DelimitationText(program_.destinationCriteria)));
 }
 
 void frmMain::Unload() {

@@ -14,7 +14,7 @@ namespace zerbal::app {
 
 /// What the entries' check marks and enabled states show.
 struct MenuState {
-  const map::DisplayOptions& options;
+  const data::DisplayOptions& options;
   const data::FlightServiceTable& services;
   bool selectionAvailable = false;
 };
@@ -45,7 +45,7 @@ class MainMenu {
   /// An entry and the options' member that it shows.
   struct OptionEntry {
     QAction* action;
-    bool map::DisplayOptions::*option;
+    bool data::DisplayOptions::*option;
   };
 
   void Build(const MenuDescription& description, QMenu& menu, bool twin);

@@ -7,11 +7,13 @@
 
 #include "app/clock.h"
 #include "app/random_generator.h"
+#include "data/airport_criteria.h"
 #include "data/databases.h"
+#include "data/display_options.h"
 #include "data/flight_finder.h"
+#include "data/flight_selection.h"
 #include "data/reference_tables.h"
-#include "map/criteria.h"
-#include "map/draw_map.h"
+#include "map/surface.h"
 #include "map/viewport.h"
 #include "settings/ini_values.h"
 #include "settings/message_boxes.h"
@@ -47,10 +49,10 @@ struct Program {
   data::ReferenceTables tables;
   settings::SaveFlags saveFlags;
   map::Viewport viewport;
-  map::DisplayOptions display;
-  map::AirportCriteria allAirportCriteria;
-  map::AirportCriteria destinationCriteria;
-  map::FlightSelection flights;
+  data::DisplayOptions display;
+  data::AirportCriteria allAirportCriteria;
+  data::AirportCriteria destinationCriteria;
+  data::FlightSelection flights;
   data::FlightFinderState finder;
 };
 

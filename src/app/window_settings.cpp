@@ -73,8 +73,8 @@ void SaveFramePlacement(settings::IniFile& ini, const FramePlacement& placement)
   ini.Write(kMainWindow, "Size", PairText(placement.height, placement.width));
 }
 
-map::DisplayOptions ReadDisplayOptions(settings::IniFile& ini, bool saved) {
-  map::DisplayOptions options;
+data::DisplayOptions ReadDisplayOptions(settings::IniFile& ini, bool saved) {
+  data::DisplayOptions options;
   if (!saved)
     return options;
   ForEachOption([&](const Command& command) {
@@ -84,7 +84,7 @@ map::DisplayOptions ReadDisplayOptions(settings::IniFile& ini, bool saved) {
   return options;
 }
 
-void SaveDisplayOptions(settings::IniFile& ini, const map::DisplayOptions& options) {
+void SaveDisplayOptions(settings::IniFile& ini, const data::DisplayOptions& options) {
   ForEachOption([&](const Command& command) {
     ini.Write(kMenuEntries, command.settingKey, SwitchText(options.*command.option));
   });

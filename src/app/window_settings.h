@@ -1,7 +1,7 @@
 // What the settings file remembers of the main window: state, position, size and the check marks.
 #pragma once
 
-#include "map/draw_map.h"
+#include "data/display_options.h"
 #include "settings/ini_values.h"
 #include "settings/save_flags.h"
 
@@ -31,7 +31,7 @@ FramePlacement ReadFramePlacement(settings::IniFile& ini, const FramePlacement& 
 void SaveFramePlacement(settings::IniFile& ini, const FramePlacement& placement);
 
 /// Section "MenuEntryChecked". The file is not touched, and the result is as designed, unless `saved`.
-map::DisplayOptions ReadDisplayOptions(settings::IniFile& ini, bool saved);
-void SaveDisplayOptions(settings::IniFile& ini, const map::DisplayOptions& options);
+data::DisplayOptions ReadDisplayOptions(settings::IniFile& ini, bool saved);
+void SaveDisplayOptions(settings::IniFile& ini, const data::DisplayOptions& options);
 
 }  // namespace zerbal::app

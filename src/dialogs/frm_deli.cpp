@@ -11,7 +11,7 @@ const char* KeyOf(frmDeli::Layer layer) {
 
 }  // namespace
 
-frmDeli::frmDeli(const Placement& placement, Layer layer, map::AirportCriteria& set,
+frmDeli::frmDeli(const Placement& placement, Layer layer, data::AirportCriteria& set,
                  settings::MessageBoxes& boxes)
     : PlacedDialog(placement, KeyOf(layer)), ui_(std::make_unique<Ui::frmDeli>()), set_(set), boxes_(boxes) {
   ui_->setupUi(this);
@@ -52,7 +52,7 @@ frmDeli::~frmDeli() = default;
 void frmDeli::Fill() {
   for (std::size_t n = 0; n < groups_.size(); ++n) {
     const Group& group = groups_[n];
-    const map::NumericCriterion& criterion = set_.numeric[n];
+    const data::NumericCriterion& criterion = set_.numeric[n];
     group.active->setChecked(criterion.active);
     group.limits[static_cast<std::size_t>(criterion.limit)]->setChecked(true);
     group.from->SetNumber(criterion.from);
@@ -99,9 +99,9 @@ void frmDeli::Confirm() {
   }
   for (std::size_t n = 0; n < groups_.size(); ++n) {
     const Group& group = groups_[n];
-    const auto limit = group.limits[0]->isChecked()   ? map::Limit::kBetween
-                       : group.limits[1]->isChecked() ? map::Limit::kAtLeast
-                                                      : map::Limit::kAtMost;
+    const auto limit = group.limits[0]->isChecked()   ? data::Limit::kBetween
+                       : group.limits[1]->isChecked() ? data::Limit::kAtLeast
+                                                      : data::Limit::kAtMost;
     set_.numeric[n] = {group.active->isChecked(), limit,
                        group.from->Number(),      group.to->Number(),
                        group.atLeast->Number(),   group.atMost->Number()};

@@ -4,8 +4,8 @@
 #include <array>
 #include <memory>
 
+#include "data/airport_criteria.h"
 #include "dialogs/placed_dialog.h"
-#include "map/criteria.h"
 
 class QCheckBox;
 class QRadioButton;
@@ -26,7 +26,7 @@ class frmDeli final : public PlacedDialog {
  public:
   enum class Layer { kAllAirports, kDestinations };
 
-  frmDeli(const Placement& placement, Layer layer, map::AirportCriteria& set, settings::MessageBoxes& boxes);
+  frmDeli(const Placement& placement, Layer layer, data::AirportCriteria& set, settings::MessageBoxes& boxes);
   ~frmDeli() override;
 
  private:
@@ -47,7 +47,7 @@ class frmDeli final : public PlacedDialog {
   void Confirm();
 
   std::unique_ptr<Ui::frmDeli> ui_;
-  map::AirportCriteria& set_;
+  data::AirportCriteria& set_;
   settings::MessageBoxes& boxes_;
   std::array<Group, 3> groups_{};
 };

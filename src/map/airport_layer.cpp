@@ -45,7 +45,7 @@ class AirportRow {
 
   bool HasPlaceAndTexts() const { return code_ && name_ && city_ && lon_ && lat_; }
 
-  bool Passes(const AirportCriteria& criteria) {
+  bool Passes(const data::AirportCriteria& criteria) {
     std::array<std::int32_t, 3> values{};
     for (std::size_t n = 0; n < values.size(); ++n)
       if (criteria.numeric[n].active)
@@ -127,7 +127,7 @@ void DrawAirport(Canvas& canvas, const AirportTexts& texts, MapPosition position
   DrawAt(*centre, canvas, label, colour);
 }
 
-void DrawAirportLayer(Canvas& canvas, jet::Recordset& airports, const AirportCriteria& criteria,
+void DrawAirportLayer(Canvas& canvas, jet::Recordset& airports, const data::AirportCriteria& criteria,
                       data::Rgb colour) {
   AirportRow row(airports);
   if (!row.HasPlaceAndTexts())

@@ -3,10 +3,10 @@
 
 #include <string>
 
+#include "data/airport_criteria.h"
 #include "data/reference_tables.h"
 #include "jet/recordset.h"
 #include "map/canvas.h"
-#include "map/criteria.h"
 
 namespace zerbal::map {
 
@@ -28,7 +28,7 @@ void DrawAirport(Canvas& canvas, const AirportTexts& texts, MapPosition position
 /// A field that cannot be read does not stop the layer. A number that a criterion asks for then counts as 0,
 /// a text as empty; an airport whose position or label cannot be read is left out. When the cursor cannot go
 /// on, the error ends the layer and gets out.
-void DrawAirportLayer(Canvas& canvas, jet::Recordset& airports, const AirportCriteria& criteria,
+void DrawAirportLayer(Canvas& canvas, jet::Recordset& airports, const data::AirportCriteria& criteria,
                       data::Rgb colour);
 
 }  // namespace zerbal::map

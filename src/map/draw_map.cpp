@@ -70,7 +70,7 @@ void DrawDetailLayer(Layer layer, const std::optional<jet::Database>& database, 
 
 void DrawMap(MapScene& scene, Surface& surface) {
   const Viewport& viewport = scene.viewport;
-  const DisplayOptions& options = scene.options;
+  const data::DisplayOptions& options = scene.options;
   const data::ColourTable& colours = scene.tables.colours;
   data::Databases& databases = scene.databases;
   if (!viewport.HasArea())

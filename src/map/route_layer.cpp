@@ -132,7 +132,7 @@ class FlightPainter {
   }
 
   Canvas& canvas_;
-  const DisplayOptions& options_;
+  const data::DisplayOptions& options_;
   data::Rgb airportColour_;
   data::Rgb symbolColour_;
   jet::Recordset& dest_;

@@ -343,8 +343,8 @@ TEST_F(StartUp, BeginsWithNothingChosen) {
   ASSERT_TRUE(Start());
   EXPECT_TRUE(State().flights.serviceMode);
   EXPECT_TRUE(State().flights.selectedFlights.empty());
-  EXPECT_EQ(State().allAirportCriteria, map::AirportCriteria{});
-  EXPECT_EQ(State().destinationCriteria, map::AirportCriteria{});
+  EXPECT_EQ(State().allAirportCriteria, data::AirportCriteria{});
+  EXPECT_EQ(State().destinationCriteria, data::AirportCriteria{});
   EXPECT_EQ(Find<QCheckBox>("chkAprt")->toolTip(), "No delimitations set");
   EXPECT_EQ(Find<QCheckBox>("chkDest")->toolTip(), "No delimitations set");
 }

@@ -23,7 +23,7 @@ class FrmDeliTest : public DialogTest {
   }
   static bool Enabled(QWidget& dialog, const char* name) { return Child<QWidget>(dialog, name)->isEnabled(); }
 
-  map::AirportCriteria set;
+  data::AirportCriteria set;
 };
 
 TEST_F(FrmDeliTest, TheTwoDialogsDifferInNameTitleAndKey) {
@@ -53,7 +53,7 @@ TEST_F(FrmDeliTest, EveryBoxTellsItsNameToWhoCannotSeeIt) {
 }
 
 TEST_F(FrmDeliTest, AnUncheckedCriterionDisablesItsControlsAndKeepsItsNumbers) {
-  set.numeric[1] = {false, map::Limit::kAtLeast, 1, 2, 3, 4};
+  set.numeric[1] = {false, data::Limit::kAtLeast, 1, 2, 3, 4};
   const auto dialog = NewDialog();
   auto* active = Child<QCheckBox>(*dialog, "chkRwyAnz");
   for (const char* name : {"optRwyAnzZw", "optRwyAnzGr", "optRwyAnzKl", "txtRwyAnzZwVon", "txtRwyAnzZwBis",
@@ -111,17 +111,17 @@ TEST_F(FrmDeliTest, OkStoresEveryNumberAlsoOfUnselectedModes) {
   Child<QRadioButton>(*dialog, "optILSOhne")->click();
   Child<QPushButton>(*dialog, "cmdOK")->click();
   EXPECT_EQ(dialog->result(), QDialog::Accepted);
-  map::AirportCriteria expected;
-  expected.numeric[0] = {false, map::Limit::kBetween, 1, 2, 3, 4};
-  expected.numeric[1] = {false, map::Limit::kBetween, 11, 12, 13, 14};
-  expected.numeric[2] = {true, map::Limit::kAtMost, 21, 22, 23, 24};
+  data::AirportCriteria expected;
+  expected.numeric[0] = {false, data::Limit::kBetween, 1, 2, 3, 4};
+  expected.numeric[1] = {false, data::Limit::kBetween, 11, 12, 13, 14};
+  expected.numeric[2] = {true, data::Limit::kAtMost, 21, 22, 23, 24};
   expected.ilsActive = true;
   expected.withIls = false;
   EXPECT_EQ(set, expected);
 }
 
 TEST_F(FrmDeliTest, AFromValueAboveItsToValueIsRefusedEvenWhenTheCriterionIsUnchecked) {
-  const map::AirportCriteria before = set;
+  const data::AirportCriteria before = set;
   for (const char* name : {"txtElevZwVon", "txtRwyAnzZwVon", "txtRwyLenZwVon"}) {
     const auto dialog = NewDialog();
     dialog->show();
@@ -156,7 +156,7 @@ TEST_F(FrmDeliTest, EqualFromAndToAreAccepted) {
 }
 
 TEST_F(FrmDeliTest, AbortLeavesTheSetUnchanged) {
-  const map::AirportCriteria before = set;
+  const data::AirportCriteria before = set;
   const auto dialog = NewDialog();
   Child<QCheckBox>(*dialog, "chkElev")->click();
   SetText(*dialog, "txtElevZwBis", "5");

@@ -154,7 +154,7 @@ void ServicesCommand(const Arguments&, Stage& stage) {
 }
 
 void SelectionCommand(const Arguments&, Stage& stage) {
-  const map::FlightSelection& flights = stage.program.State().flights;
+  const data::FlightSelection& flights = stage.program.State().flights;
   QJsonArray keys;
   for (const std::string& key : flights.selectedFlights)
     keys.append(Utf8(key));

@@ -39,8 +39,8 @@ class AirportLayer : public testing::Test {
   /// Codes of the airports drawn, in order.
   Strings Shown(Layer layer = Layer::kAirports) { return Texts(world_.Draw(layer)); }
 
-  NumericCriterion& Limit(Criterion which) {
-    NumericCriterion& criterion = world_.allAirportCriteria.numeric[static_cast<std::size_t>(which)];
+  data::NumericCriterion& Limit(data::Criterion which) {
+    data::NumericCriterion& criterion = world_.allAirportCriteria.numeric[static_cast<std::size_t>(which)];
     criterion.active = true;
     return criterion;
   }
@@ -130,13 +130,13 @@ TEST_F(AirportLayer, LimitsThemselvesAreShown) {
     world_.allaprt.push_back(Airport(code, 110, 45));
     world_.allaprt.back().elevation = code[0] == 'L' ? 999 : code[0] == 'M' ? 1'000 : 1'001;
   }
-  Limit(Criterion::kElevation) = {.active = true, .limit = map::Limit::kAtLeast, .atLeast = 1'000};
+  Limit(data::Criterion::kElevation) = {.active = true, .limit = data::Limit::kAtLeast, .atLeast = 1'000};
   EXPECT_EQ(Shown(), (Strings{"MID", "TOP"}));
-  Limit(Criterion::kElevation) = {.active = true, .limit = map::Limit::kAtMost, .atMost = 1'000};
+  Limit(data::Criterion::kElevation) = {.active = true, .limit = data::Limit::kAtMost, .atMost = 1'000};
   EXPECT_EQ(Shown(), (Strings{"LOW", "MID"}));
-  Limit(Criterion::kElevation) = {.active = true, .from = 1'000, .to = 1'001};
+  Limit(data::Criterion::kElevation) = {.active = true, .from = 1'000, .to = 1'001};
   EXPECT_EQ(Shown(), (Strings{"MID", "TOP"}));
-  Limit(Criterion::kElevation) = {.active = true, .from = 1'001, .to = 1'000};
+  Limit(data::Criterion::kElevation) = {.active = true, .from = 1'001, .to = 1'000};
   EXPECT_EQ(Shown(), Strings{});
 }
 
@@ -148,9 +148,10 @@ TEST_F(AirportLayer, EachCriterionReadsItsOwnField) {
   row.ils = "1";
   world_.allaprt = {row};
   const auto only = [](std::int32_t value) {
-    return NumericCriterion{.active = true, .from = value, .to = value};
+    return data::NumericCriterion{.active = true, .from = value, .to = value};
   };
-  for (const Criterion which : {Criterion::kElevation, Criterion::kRunways, Criterion::kLongestRunway}) {
+  for (const data::Criterion which :
+       {data::Criterion::kElevation, data::Criterion::kRunways, data::Criterion::kLongestRunway}) {
     world_.allAirportCriteria = {};
     const int right = static_cast<int>(which) + 1;
     for (int value = 0; value <= 4; ++value) {
@@ -183,9 +184,9 @@ TEST_F(AirportLayer, AMissingNumberCountsAsZeroWhateverCameBefore) {
   world_.allaprt[1].elevation = test::Null();
   world_.allaprt[2].elevation = 900;
   EXPECT_EQ(Shown(), (Strings{"AAA", "BBB", "CCC"}));
-  Limit(Criterion::kElevation) = {.active = true, .limit = map::Limit::kAtLeast, .atLeast = 500};
+  Limit(data::Criterion::kElevation) = {.active = true, .limit = data::Limit::kAtLeast, .atLeast = 500};
   EXPECT_EQ(Shown(), (Strings{"AAA", "CCC"}));
-  Limit(Criterion::kElevation) = {.active = true, .limit = map::Limit::kAtMost, .atMost = 500};
+  Limit(data::Criterion::kElevation) = {.active = true, .limit = data::Limit::kAtMost, .atMost = 500};
   EXPECT_EQ(Shown(), Strings{"BBB"});
 }
 
@@ -197,9 +198,9 @@ TEST_F(AirportLayer, ANumberThatDoesNotConvertCountsAsZero) {
   world_.allaprt[0].runways = "several";
   world_.allaprt[1].runways = "4";
   world_.allaprt[2].runways = "";
-  Limit(Criterion::kRunways) = {.active = true, .limit = map::Limit::kAtLeast, .atLeast = 1};
+  Limit(data::Criterion::kRunways) = {.active = true, .limit = data::Limit::kAtLeast, .atLeast = 1};
   EXPECT_EQ(Shown(), Strings{"BBB"});
-  Limit(Criterion::kElevation) = {.active = true, .from = 0, .to = 0};
+  Limit(data::Criterion::kElevation) = {.active = true, .from = 0, .to = 0};
   EXPECT_EQ(Shown(), Strings{"BBB"});
 }
 
@@ -272,9 +273,9 @@ TEST_F(AirportLayer, WithoutAColumnForAFilterItsValueIsZeroAndWithoutOneForThePl
   };
   use("whole.mdb");
   EXPECT_EQ(Shown(), Strings{"AAA"});
-  Limit(Criterion::kElevation) = {.active = true, .limit = map::Limit::kAtLeast, .atLeast = 1};
+  Limit(data::Criterion::kElevation) = {.active = true, .limit = data::Limit::kAtLeast, .atLeast = 1};
   EXPECT_EQ(Shown(), Strings{});
-  Limit(Criterion::kElevation) = {.active = true, .limit = map::Limit::kAtLeast, .atLeast = 0};
+  Limit(data::Criterion::kElevation) = {.active = true, .limit = data::Limit::kAtLeast, .atLeast = 0};
   EXPECT_EQ(Shown(), Strings{"AAA"});
   use("broken.mdb");
   EXPECT_EQ(Shown(), Strings{});

@@ -71,9 +71,9 @@ class MapWorld {
 
   // What a redraw reads besides.
   data::ReferenceTables tables;
-  DisplayOptions options;
-  AirportCriteria allAirportCriteria, destinationCriteria;
-  FlightSelection flights;
+  data::DisplayOptions options;
+  data::AirportCriteria allAirportCriteria, destinationCriteria;
+  data::FlightSelection flights;
   Viewport viewport;
 
   /// A view of exactly these bounds at 100 twips a degree.

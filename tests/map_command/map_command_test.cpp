@@ -71,7 +71,7 @@ class MapWindow {
   }
   const data::RegionTable& Regions() const { return tables_.regions; }
 
-  map::DisplayOptions options;
+  data::DisplayOptions options;
 
  private:
   RecordedBoxes boxes_;
@@ -79,8 +79,8 @@ class MapWindow {
   data::Databases databases_;
   data::ReferenceTables tables_;
   map::Viewport viewport_;
-  map::AirportCriteria criteria_;
-  map::FlightSelection flights_;
+  data::AirportCriteria criteria_;
+  data::FlightSelection flights_;
 };
 
 TEST_F(MapCommandTest, TenViewsAreTheMapWindowsPixelByPixel) {

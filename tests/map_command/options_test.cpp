@@ -26,7 +26,7 @@ TEST(MapOptions, DefaultsAreTheWorldOn1280By900) {
   EXPECT_EQ(options.LogicalSize(), QSizeF(1280, 900));
   EXPECT_FALSE(options.region);
   EXPECT_FALSE(options.bounds);
-  EXPECT_EQ(options.display, map::DisplayOptions());
+  EXPECT_EQ(options.display, data::DisplayOptions());
 }
 
 TEST(MapOptions, TheSuffixSaysTheKind) {
@@ -74,10 +74,10 @@ TEST(MapOptions, LabelsAndLayersAreJustThoseNamed) {
 
 TEST(MapOptions, LimitsHaveFourForms) {
   const auto limit = [](const char* text) { return ParseLimit(text, "--elevation"); };
-  EXPECT_EQ(limit("-100-500"), (map::NumericCriterion{true, map::Limit::kBetween, -100, 500, 0, 0}));
-  EXPECT_EQ(limit("3+"), (map::NumericCriterion{true, map::Limit::kAtLeast, 0, 0, 3, 0}));
-  EXPECT_EQ(limit("3-"), (map::NumericCriterion{true, map::Limit::kAtMost, 0, 0, 0, 3}));
-  EXPECT_EQ(limit("7"), (map::NumericCriterion{true, map::Limit::kBetween, 7, 7, 0, 0}));
+  EXPECT_EQ(limit("-100-500"), (data::NumericCriterion{true, data::Limit::kBetween, -100, 500, 0, 0}));
+  EXPECT_EQ(limit("3+"), (data::NumericCriterion{true, data::Limit::kAtLeast, 0, 0, 3, 0}));
+  EXPECT_EQ(limit("3-"), (data::NumericCriterion{true, data::Limit::kAtMost, 0, 0, 0, 3}));
+  EXPECT_EQ(limit("7"), (data::NumericCriterion{true, data::Limit::kBetween, 7, 7, 0, 0}));
 }
 
 TEST(MapOptions, EveryWrongValueIsNamed) {

@@ -30,7 +30,7 @@ class MapJob {
   std::optional<data::Databases> databases_;
   data::ReferenceTables tables_;
   std::optional<map::Viewport> viewport_;
-  map::FlightSelection flights_;
+  data::FlightSelection flights_;
 };
 
 }  // namespace zerbal::mapcommand

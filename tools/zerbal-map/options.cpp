@@ -6,6 +6,7 @@
 #include <QRegularExpression>
 #include <cmath>
 
+#include "map/viewport.h"
 #include "zerbal-map/values.h"
 
 namespace zerbal::mapcommand {
@@ -13,18 +14,18 @@ namespace {
 
 struct Switch {
   const char* name;
-  bool map::DisplayOptions::*option;
+  bool data::DisplayOptions::*option;
 };
 
-constexpr Switch kShown[] = {{"airports", &map::DisplayOptions::allAirports},
-                             {"destinations", &map::DisplayOptions::destinations},
-                             {"rivers", &map::DisplayOptions::rivers},
-                             {"boundaries", &map::DisplayOptions::boundaries},
-                             {"centre", &map::DisplayOptions::centreOfMap}};
-constexpr Switch kLabels[] = {{"airports", &map::DisplayOptions::flightAirports},
-                              {"numbers", &map::DisplayOptions::flightNumbers},
-                              {"legs", &map::DisplayOptions::legNumbers},
-                              {"symbols", &map::DisplayOptions::aircraftSymbols}};
+constexpr Switch kShown[] = {{"airports", &data::DisplayOptions::allAirports},
+                             {"destinations", &data::DisplayOptions::destinations},
+                             {"rivers", &data::DisplayOptions::rivers},
+                             {"boundaries", &data::DisplayOptions::boundaries},
+                             {"centre", &data::DisplayOptions::centreOfMap}};
+constexpr Switch kLabels[] = {{"airports", &data::DisplayOptions::flightAirports},
+                              {"numbers", &data::DisplayOptions::flightNumbers},
+                              {"legs", &data::DisplayOptions::legNumbers},
+                              {"symbols", &data::DisplayOptions::aircraftSymbols}};
 
 QStringList Items(const QString& text) {
   return text.split(',', Qt::SkipEmptyParts);
@@ -33,7 +34,7 @@ QStringList Items(const QString& text) {
 /// Turns on just the switches that are named; "none" names none.
 template <std::size_t N>
 void SetSwitches(const QString& text, const QString& option, const Switch (&switches)[N],
-                 map::DisplayOptions& display) {
+                 data::DisplayOptions& display) {
   for (const Switch& one : switches)
     display.*one.option = false;
   if (text.compare("none", Qt::CaseInsensitive) == 0)
@@ -201,9 +202,9 @@ void ReadContents(const Reader& reader, Options& options) {
   options.flights = Texts(reader.Value("flights"));
   if (reader.Has("touching"))
     options.touching = reader.Value("touching").toStdString();
-  const std::pair<const char*, map::Criterion> limits[] = {{"elevation", map::Criterion::kElevation},
-                                                           {"runways", map::Criterion::kRunways},
-                                                           {"longest", map::Criterion::kLongestRunway}};
+  const std::pair<const char*, data::Criterion> limits[] = {{"elevation", data::Criterion::kElevation},
+                                                            {"runways", data::Criterion::kRunways},
+                                                            {"longest", data::Criterion::kLongestRunway}};
   for (const auto& [name, criterion] : limits) {
     if (reader.Has(name)) {
       options.criteria.numeric[static_cast<std::size_t>(criterion)] =

@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "map/criteria.h"
-#include "map/draw_map.h"
+#include "data/airport_criteria.h"
+#include "data/display_options.h"
 
 namespace zerbal::mapcommand {
 
@@ -46,11 +46,11 @@ struct Options {
   std::optional<QSizeF> paperInches;  ///< of a page, or of a picture printed at `dpi`
   double dpi = kScreenDpi;
 
-  map::DisplayOptions display;
+  data::DisplayOptions display;
   std::vector<std::string> services;  ///< keys or names; "all" for every one
   std::vector<std::string> flights;   ///< Flit_2015 keys
   std::optional<std::string> touching;
-  map::AirportCriteria criteria;  ///< of both airport layers
+  data::AirportCriteria criteria;  ///< of both airport layers
 
   /// The drawing area in logical pixels of 1/96 inch.
   QSizeF LogicalSize() const;

@@ -63,7 +63,7 @@ double ParsePositive(const QString& text, const QString& option) {
   return value;
 }
 
-map::NumericCriterion ParseLimit(const QString& text, const QString& option) {
+data::NumericCriterion ParseLimit(const QString& text, const QString& option) {
   static const QRegularExpression pattern("^(-?\\d+)(?:(\\+)|(-)|-(-?\\d+))?$");
   const auto match = pattern.match(text.trimmed());
   if (!match.hasMatch()) {
@@ -71,14 +71,14 @@ map::NumericCriterion ParseLimit(const QString& text, const QString& option) {
         QString("%1: '%2' is no limit; possible are A-B (between), N+ (at least), N- (at most) and N")
             .arg(option, text));
   }
-  map::NumericCriterion criterion;
+  data::NumericCriterion criterion;
   criterion.active = true;
   const std::int32_t first = ParseWhole(match.captured(1), text, option);
   if (!match.captured(2).isEmpty()) {
-    criterion.limit = map::Limit::kAtLeast;
+    criterion.limit = data::Limit::kAtLeast;
     criterion.atLeast = first;
   } else if (!match.captured(3).isEmpty()) {
-    criterion.limit = map::Limit::kAtMost;
+    criterion.limit = data::Limit::kAtMost;
     criterion.atMost = first;
   } else {
     criterion.from = first;

@@ -4,7 +4,7 @@
 #include <QSizeF>
 #include <QString>
 
-#include "map/criteria.h"
+#include "data/airport_criteria.h"
 
 namespace zerbal::mapcommand {
 
@@ -17,7 +17,7 @@ double ParseLatitude(const QString& text, const QString& option);
 double ParsePositive(const QString& text, const QString& option);
 
 /// "A-B" between, "N+" at least, "N-" at most, "N" exactly. Throws UsageError.
-map::NumericCriterion ParseLimit(const QString& text, const QString& option);
+data::NumericCriterion ParseLimit(const QString& text, const QString& option);
 
 /// The sizes of a standard paper in inches, wider than high. Throws UsageError that names the papers there
 /// are.

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace zerbal::map {
+namespace zerbal::data {
 
 enum class Criterion { kElevation, kRunways, kLongestRunway, kIls };
 enum class Limit { kBetween, kAtLeast, kAtMost };
@@ -37,4 +37,4 @@ bool AirportPassesCriteria(const AirportCriteria& set, std::int32_t elevation, s
 /// The set in one line, as the check boxes of the layers show it.
 std::string DelimitationText(const AirportCriteria& set);
 
-}  // namespace zerbal::map
+}  // namespace zerbal::data

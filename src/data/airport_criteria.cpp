@@ -1,8 +1,8 @@
-#include "map/criteria.h"
+#include "data/airport_criteria.h"
 
 #include <algorithm>
 
-namespace zerbal::map {
+namespace zerbal::data {
 
 namespace {
 
@@ -87,4 +87,4 @@ std::string DelimitationText(const AirportCriteria& set) {
   return text;
 }
 
-}  // namespace zerbal::map
+}  // namespace zerbal::data

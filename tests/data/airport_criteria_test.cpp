@@ -1,11 +1,11 @@
-#include "map/criteria.h"
+#include "data/airport_criteria.h"
 
 #include <limits>
 #include <random>
 
 #include <gtest/gtest.h>
 
-namespace zerbal::map {
+namespace zerbal::data {
 namespace {
 
 constexpr std::int32_t kLowest = std::numeric_limits<std::int32_t>::min();
@@ -183,4 +183,4 @@ TEST(AirportCriteria, AnyActive) {
 }
 
 }  // namespace
-}  // namespace zerbal::map
+}  // namespace zerbal::data
