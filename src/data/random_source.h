@@ -1,6 +1,7 @@
 // Where chance comes from; start-up and tests supply the source.
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 
 namespace zerbal::data {
@@ -11,8 +12,12 @@ class RandomSource {
   /// The next value of a uniform distribution on [0, 1).
   virtual float Next() = 0;
 
-  /// A whole number from 1 to m, drawn as the whole part of m * r + 1 in single precision.
-  int Draw(int m) { return static_cast<int>(std::floor(static_cast<float>(m) * Next() + 1.0F)); }
+  /// A whole number from 1 to m, drawn as the whole part of m * r + 1 in single precision. With the largest
+  /// values of r the sum is rounded up to m + 1 when m is a power of two; that counts as m.
+  int Draw(int m) {
+    const float drawn = std::floor(static_cast<float>(m) * Next() + 1.0F);
+    return std::min(static_cast<int>(drawn), m);
+  }
 };
 
 }  // namespace zerbal::data

@@ -175,6 +175,49 @@ TEST_F(FlightListsTest, OneFlightIsDrawnByItsNumber) {
   }
 }
 
+constexpr float kLargestRandom = 0.99999994F;  // the largest single below 1
+
+TEST_F(FlightListsTest, TheLargestRandomValueDrawsTheOnlyServiceThatIsTicked) {
+  Open();
+  for (const std::size_t only : {1, 2, 3, 4, 5}) {
+    OfferOnly(only);
+    FixedRandom random({kLargestRandom, 0});
+    data::DrawRandomFlights(Source(), random, state);
+    EXPECT_EQ(state.drawnService, static_cast<std::int16_t>(only));
+  }
+}
+
+TEST_F(FlightListsTest, TheLargestRandomValueDrawsTheLastServiceThatIsTicked) {
+  Open();
+  for (const std::size_t ticked : {1, 2, 4}) {
+    for (std::size_t i = 0; i < services.size(); ++i)
+      services[i].randomPick = i < ticked;
+    FixedRandom random({kLargestRandom, 0});
+    data::DrawRandomFlights(Source(), random, state);
+    EXPECT_EQ(state.drawnService, static_cast<std::int16_t>(ticked));
+  }
+}
+
+TEST_F(FlightListsTest, TheLargestRandomValueDrawsTheLastFlight) {
+  // Service NOR has `count` flights, each a round trip; those of NORX follow in the index.
+  for (const int count : {1, 2, 4, 8}) {
+    world.flit.rows.clear();
+    services.clear();
+    for (int flight = 1; flight <= count; ++flight)
+      world.flit.rows.push_back(FlightRow("NOR", "ZB1", std::to_string(flight), "OSL", {}, "OSL"));
+    world.flit.rows.push_back(FlightRow("NORX", "ZB2", "other", "LHR", {}, "LHR"));
+    Open();
+    OfferOnly(2);
+    for (const data::HowMany howMany : {data::HowMany::kOneFlight, data::HowMany::kRoundTrip}) {
+      state.howMany = howMany;
+      FixedRandom random({0, kLargestRandom});
+      data::DrawRandomFlights(Source(), random, state);
+      ASSERT_EQ(state.drawnFlights.size(), 1u);
+      EXPECT_EQ(state.drawnFlights[0].key, std::to_string(count));
+    }
+  }
+}
+
 TEST_F(FlightListsTest, ARoundTripIsStoredInChainOrder) {
   world.flit.rows = {
       FlightRow("NOR", "ZB1", "1", "OSL", {}, "BGO"), FlightRow("NOR", "ZB2", "2", "BGO", {"TRF"}, "TOS"),
