@@ -52,8 +52,8 @@ Number ReadNumber(const TableCursor& cursor, int column) {
   const std::optional<ByteView> value = cursor.Value(column);
   if (!value)
     Refuse(cursor, column, ConversionError::Cause::kNull, "is Null");
-  const bool isText = info.type == ColumnType::kText || info.type == ColumnType::kMemo;
-  const std::optional<Number> number = isText ? NumberInText(cursor, column) : NumberOf(info, *value);
+  const std::optional<Number> number =
+      IsTextColumn(info.type) ? NumberInText(cursor, column) : NumberOf(info, *value);
   if (!number)
     Refuse(cursor, column, ConversionError::Cause::kNotANumber, "holds no number");
   return *number;
@@ -85,6 +85,10 @@ bool Field::IsNull() const {
   return cursor_->Guarded([this] { return jet::IsNull(*cursor_, column_); });
 }
 
+bool Field::HoldsText() const {
+  return IsTextColumn(Column().type) && !IsNull();
+}
+
 std::string Field::AsText() const {
   std::string text;
   AppendText(text);
@@ -97,8 +101,7 @@ void Field::AppendText(std::string& out) const {
 
 bool Field::EqualsText(std::string_view text) const {
   return cursor_->Guarded([&] {
-    const ColumnType type = Column().type;
-    if (type == ColumnType::kText || type == ColumnType::kMemo)
+    if (IsTextColumn(Column().type))
       return cursor_->StoredTextIs(column_, text);
     std::string own;
     jet::AppendText(*cursor_, column_, own);

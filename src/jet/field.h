@@ -18,9 +18,8 @@ class TableCursor;  // private
 class Field {
  public:
   bool IsNull() const;
-  /// True when the value is text (Null is not): memo and text columns, and any other column with a value,
-  /// whose text form AsText() gives.
-  bool HoldsText() const { return !IsNull(); }
+  /// True for a value of a text or memo column; false for Null and for columns of other types.
+  bool HoldsText() const;
 
   /// The value as UTF-8 text; numbers in their shortest form that reads back the same; Null gives "".
   std::string AsText() const;

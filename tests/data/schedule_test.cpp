@@ -18,9 +18,11 @@ using Codes = std::vector<std::string>;
 class Schedule : public testing::Test {
  protected:
   void Open(std::vector<test::Row> flights, std::vector<test::Row> airports = {}) {
+    OpenTable(test::FlitTable(std::move(flights)), std::move(airports));
+  }
+  void OpenTable(const test::Table& flit, std::vector<test::Row> airports = {}) {
     const std::filesystem::path file = folder_ / "qavdata.mdb";
-    test::WriteDatabase(
-        file, {test::FlitTable(std::move(flights)), test::AirportTable("dest", std::move(airports))});
+    test::WriteDatabase(file, {flit, test::AirportTable("dest", std::move(airports))});
     const jet::Database database = jet::Database::Open(file);
     flit_.emplace(database.OpenTable("flit"));
     dest_.emplace(database.OpenTable("dest"));
@@ -72,6 +74,28 @@ TEST_F(Schedule, TheFirstNullEndsTheStopovers) {
             (Codes{"AAA", "B1", "B2", "B3", "B4", "B5", "B6", "B7", "B8", "B9", "BX", "ZZZ"}));
   EXPECT_EQ(Find("5").route, (Codes{"AAA", "ZZZ"}));
   EXPECT_EQ(Find("6").route, (Codes{"AAA", "", "CCC", "ZZZ"})) << "an empty text is a text";
+}
+
+TEST_F(Schedule, AStopColumnThatIsNotTextEndsTheStopovers) {
+  test::Table table = test::FlitTable({test::Flight("Q1", "1", "AAA", {"BBB", "CCC", "DDD"}, "ZZZ")});
+  constexpr std::size_t kStop2 = 5;
+  const std::vector<std::pair<jet::ColumnInfo, test::Cell>> others = {{test::Long("Flit_Stop2"), 7},
+                                                                      {test::Double("Flit_Stop2"), 1.5},
+                                                                      {test::Boolean("Flit_Stop2"), true},
+                                                                      {test::Byte("Flit_Stop2"), 0}};
+  for (const auto& [column, cell] : others) {
+    table.columns[kStop2] = column;
+    table.rows[0][kStop2] = cell;
+    OpenTable(table);
+    EXPECT_EQ(Find("1").route, (Codes{"AAA", "BBB", "ZZZ"}));
+  }
+  table.columns[kStop2] = test::Memo("Flit_Stop2");
+  table.rows[0][kStop2] = "CCC";
+  OpenTable(table);
+  EXPECT_EQ(Find("1").route, (Codes{"AAA", "BBB", "CCC", "DDD", "ZZZ"})) << "a memo is a text";
+  table.rows[0][kStop2] = jet::Null();
+  OpenTable(table);
+  EXPECT_EQ(Find("1").route, (Codes{"AAA", "BBB", "ZZZ"}));
 }
 
 TEST_F(Schedule, AReaderGivesEveryFlightAfterAnotherTheSame) {

@@ -200,6 +200,8 @@ TEST_P(RecordsetTest, TellsNullFromEmpty) {
   EXPECT_TRUE(rows["Name"].EqualsText(""));
   rows.MoveNext();
   EXPECT_TRUE(rows["Name"].IsNull());
+  EXPECT_FALSE(rows["Name"].HoldsText());
+  EXPECT_FALSE(rows["Id"].HoldsText()) << "a number is no text";
   EXPECT_EQ(rows["Name"].AsText(), "");
   EXPECT_FALSE(rows["Name"].EqualsText(""));
 }

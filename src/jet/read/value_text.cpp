@@ -25,7 +25,7 @@ void AppendText(const TableCursor& cursor, int column, std::string& out) {
   if (!value)
     return;
   WithBytes(cursor, column, *value, [&](ByteView bytes) {
-    if (info.type == ColumnType::kText || info.type == ColumnType::kMemo)
+    if (IsTextColumn(info.type))
       AppendStoredText(bytes, cursor.Pages().TextCodePage(), out);
     else
       AppendValue(info, bytes, out);

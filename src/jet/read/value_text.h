@@ -10,6 +10,11 @@
 
 namespace zerbal::jet {
 
+/// Whether values of the type are texts.
+inline bool IsTextColumn(ColumnType type) {
+  return type == ColumnType::kText || type == ColumnType::kMemo;
+}
+
 bool IsNull(const TableCursor& cursor, int column);
 
 /// Calls `use` with the bytes of a value; `stored` is what the row holds of it. The bytes of a memo or OLE
