@@ -1,5 +1,5 @@
-// Counters of the program are 16-bit signed integers, by its own definition; one more than they can hold is
-// an error that ends the program, like the engine's.
+// Counts of table rows and list entries are 16-bit signed integers. Counting beyond 32767 throws an error
+// that ends the program as an engine error does.
 #pragma once
 
 #include <cstdint>
