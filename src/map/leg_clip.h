@@ -15,7 +15,8 @@ inline constexpr unsigned kEastOfView = 8;
 unsigned GetClipCode(const Viewport& viewport, MapPosition position);
 
 /// Moves the ends of a segment onto the bounds it crosses (Cohen-Sutherland). Returns false when nothing of
-/// it is in view, or when an end is not a number.
+/// it is in view, or when an end is not a number. Moved ends are singles, like all positions: they lie beside
+/// the given segment by up to one unit in the last place.
 bool ClipLeg(const Viewport& viewport, MapPosition& from, MapPosition& to);
 
 }  // namespace zerbal::map

@@ -1,6 +1,5 @@
 // The main window in two hundred sizes, one after the other, with everything drawn that there is.
 #include <algorithm>
-#include <random>
 #include <sstream>
 #include <vector>
 
@@ -10,6 +9,7 @@
 #include "support/drive.h"
 #include "support/small_world.h"
 #include "support/temp_folder.h"
+#include "support/test_random.h"
 
 namespace zerbal::test {
 namespace {
@@ -22,7 +22,7 @@ struct Size {
 /// The extremes first, then sizes of every order of magnitude; the same ones in each run.
 std::vector<Size> Sizes() {
   std::vector<Size> sizes = {{1, 1}, {3000, 2000}, {1, 2000}, {3000, 1}, {2, 3}, {1280, 900}};
-  std::mt19937 random(1);
+  TestRandom random(1);
   const auto side = [&random](int longest) {
     const int limit = longest >> random() % 8;  // small ones are as likely as large ones
     return 1 + static_cast<int>(random() % static_cast<unsigned>(std::max(1, limit)));

@@ -5,13 +5,13 @@
 #include <QScreen>
 #include <cmath>
 #include <limits>
-#include <random>
 
 #include <gtest/gtest.h>
 
 #include "map/map_world.h"
 #include "map/recorder.h"
 #include "support/pictures.h"
+#include "support/test_random.h"
 
 namespace zerbal::app {
 namespace {
@@ -498,7 +498,7 @@ TEST_F(FrmMapTest, OtherButtonsDoNothing) {
 }
 
 TEST_F(FrmMapTest, OutlastsAStormOfSizes) {
-  std::mt19937 random(42);
+  test::TestRandom random(42);
   world_.options = {.centreOfMap = true,
                     .rivers = true,
                     .boundaries = true,

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include "support/test_random.h"
+
 namespace zerbal::data {
 namespace {
 
@@ -104,9 +106,7 @@ TEST(AirportPassesCriteria, EveryActiveCriterionMustPass) {
 }
 
 TEST(AirportPassesCriteria, AgreesWithTheRulesReadOneByOne) {
-  const unsigned seed = std::random_device{}();
-  SCOPED_TRACE("seed " + std::to_string(seed));
-  std::mt19937 random(seed);
+  test::TestRandom random(20260402);
   const auto number = [&](int low, int high) {
     return std::uniform_int_distribution<int>(low, high)(random);
   };

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include "support/test_random.h"
+
 namespace zerbal::drive {
 namespace {
 
@@ -51,7 +53,7 @@ TEST(SingleValue, ReadsBackToTheSameSingleInItsShortestForm) {
   EXPECT_EQ(JsonLine({{"v", SingleValue(0.1F)}}), R"({"v":0.1})");
   EXPECT_EQ(JsonLine({{"v", SingleValue(34.285713F)}}), R"({"v":34.285713})");
   EXPECT_EQ(JsonLine({{"v", SingleValue(360)}}), R"({"v":360})");
-  std::mt19937 random(1);
+  test::TestRandom random(1);
   std::uniform_real_distribution<float> values(-720, 720);
   for (int i = 0; i < 1000; ++i) {
     const float value = values(random);

@@ -3,7 +3,6 @@
 #include <array>
 #include <cstdio>
 #include <filesystem>
-#include <random>
 #include <sstream>
 #include <stdexcept>
 #include <string>
@@ -19,6 +18,7 @@
 #include "support/jet_file.h"
 #include "support/small_world.h"
 #include "support/temp_folder.h"
+#include "support/test_random.h"
 
 namespace zerbal {
 namespace {
@@ -140,7 +140,7 @@ TEST_F(IndependentReader, ReadsLongTexts) {
 }
 
 TEST_F(IndependentReader, ReadsAllRowsOfLargeTables) {
-  std::mt19937 random(3);
+  TestRandom random(3);
   Table texts{"texts",
               {Text("T", 60), Long("N")},
               {Index("up", "T"), Unique("one", "N-"), Index("two", "N", "T-")},

@@ -8,6 +8,7 @@
 #include "map/line_layer.h"
 #include "map/map_world.h"
 #include "map/views.h"
+#include "support/test_random.h"
 
 namespace zerbal::map {
 namespace {
@@ -330,9 +331,7 @@ TEST(Containment, WhatCameBeforeABadRowStays) {
 }
 
 TEST(StoredProjection, SaysWhatProjectPointSays) {
-  const unsigned seed = std::random_device{}();
-  SCOPED_TRACE("seed " + std::to_string(seed));
-  std::mt19937 random(seed);
+  test::TestRandom random(20260302);
   const auto uniform = [&](double low, double high) {
     return std::uniform_real_distribution<double>(low, high)(random);
   };

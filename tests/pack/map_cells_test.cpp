@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include "support/test_random.h"
+
 namespace zerbal::pack {
 namespace {
 
@@ -153,9 +155,7 @@ TEST(CellCutter, LeavesOutRepeatedPointsAndPiecesWithoutLength) {
 }
 
 TEST(CellCutter, CutsTheSameWhicheverWayALineRuns) {
-  const std::uint32_t seed = std::random_device{}();
-  SCOPED_TRACE(seed);
-  std::mt19937 random(seed);
+  test::TestRandom random(20260503);
   std::uniform_int_distribution<std::int32_t> lon(0, 2 * kFrameWidth);
   std::uniform_int_distribution<std::int32_t> lat(0, kFrameHeight);
   for (int round = 0; round < 500; ++round) {
@@ -191,9 +191,7 @@ std::int64_t Length(MapPoint a, MapPoint b) {
 
 // However a line runs, every part stays within its cell, and no stretch is lost or doubled.
 TEST(CellCutter, CutsRandomLinesWithoutGaps) {
-  const std::uint32_t seed = std::random_device{}();
-  SCOPED_TRACE(seed);
-  std::mt19937 random(seed);
+  test::TestRandom random(20260504);
   // Coarse steps, so that points on borders, corners and the frame's edges are frequent.
   std::uniform_int_distribution<std::int32_t> lon(0, 144);
   std::uniform_int_distribution<std::int32_t> lat(0, 36);

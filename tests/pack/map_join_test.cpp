@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include "support/test_random.h"
+
 namespace zerbal::pack {
 namespace {
 
@@ -76,9 +78,7 @@ TEST(JoinPieces, MakesARingOfAPieceWhoseEndsMeetOthers) {
 }
 
 TEST(JoinPieces, MakesTheFewestLinesAndLosesNoSegment) {
-  const std::uint32_t seed = std::random_device{}();
-  SCOPED_TRACE(seed);
-  std::mt19937 random(seed);
+  test::TestRandom random(20260501);
   std::uniform_int_distribution<std::int32_t> place(0, 4);
   std::uniform_int_distribution<std::int32_t> group(0, 2);
   for (int round = 0; round < 300; ++round) {
@@ -150,9 +150,7 @@ TEST(SubdivideLongSegments, LeavesSegmentsOfTheLimitAlone) {
 }
 
 TEST(SubdivideLongSegments, FindsTheSamePointsOnTheWayBack) {
-  const std::uint32_t seed = std::random_device{}();
-  SCOPED_TRACE(seed);
-  std::mt19937 random(seed);
+  test::TestRandom random(20260502);
   std::uniform_int_distribution<std::int32_t> place(0, 5000);
   for (int round = 0; round < 500; ++round) {
     MapLine there{{place(random), place(random)}, {place(random), place(random)}};

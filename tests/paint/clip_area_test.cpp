@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include "support/test_random.h"
+
 namespace zerbal::paint {
 namespace {
 
@@ -55,8 +57,7 @@ TEST(ClipArea, EmptyHoldsNothing) {
 }
 
 TEST(ClipArea, AgreesWithWalkingAlongTheLine) {
-  constexpr unsigned kSeed = 20261120;
-  std::mt19937 random(kSeed);
+  test::TestRandom random(20261120);
   std::uniform_int_distribution<int> anywhere(-150, 250);
   for (int round = 0; round < 3000; ++round) {
     const PixelPoint start{anywhere(random), anywhere(random)};
@@ -71,7 +72,7 @@ TEST(ClipArea, AgreesWithWalkingAlongTheLine) {
     PixelPoint to = end;
     const bool kept = kArea.Clip(from, to);
     if (touches) {
-      ASSERT_TRUE(kept) << "seed " << kSeed << " round " << round;
+      ASSERT_TRUE(kept) << "round " << round;
     }
     if (!kept)
       continue;
@@ -81,7 +82,7 @@ TEST(ClipArea, AgreesWithWalkingAlongTheLine) {
     for (const PixelPoint& point : {from, to}) {
       const double aside = std::abs((end.x - start.x) * double(point.y - start.y) -
                                     (end.y - start.y) * double(point.x - start.x));
-      ASSERT_LE(aside, 0.71 * std::max(length, 1.0)) << "seed " << kSeed << " round " << round;
+      ASSERT_LE(aside, 0.71 * std::max(length, 1.0)) << "round " << round;
     }
   }
 }

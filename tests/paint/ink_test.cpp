@@ -1,10 +1,11 @@
 #include "paint/ink.h"
 
 #include <cstdlib>
-#include <random>
 #include <vector>
 
 #include <gtest/gtest.h>
+
+#include "support/test_random.h"
 
 namespace zerbal::paint {
 namespace {
@@ -36,7 +37,7 @@ std::uint32_t Expected(std::uint32_t below, std::uint32_t background, std::uint3
 constexpr std::uint32_t kOpaque = 0xFF000000;
 
 TEST(Ink, FollowsItsRuleForEveryCoverageAndLength) {
-  std::mt19937 random(20200817);
+  test::TestRandom random(20200817);
   const auto any = [&] { return kOpaque | (random() & 0xFFFFFF); };
   for (int round = 0; round < 2000; ++round) {
     const std::uint32_t background = any();

@@ -17,11 +17,11 @@
 #include "support/jet_file.h"
 #include "support/jet_formats.h"
 #include "support/sanitizer.h"
+#include "support/test_random.h"
 
 namespace zerbal::jet::test {
 namespace {
 
-constexpr unsigned kSeed = 19970401;
 constexpr int kFilesAFormat = 500;
 constexpr std::uint32_t kRows = 120;
 
@@ -169,7 +169,7 @@ TEST_P(DamagedFilesTest, TheUndamagedFileReadsWhole) {
 TEST_P(DamagedFilesTest, EndInRowsOrInAnError) {
   using Clock = std::chrono::steady_clock;
   const Sample sample = MakeSample(GetParam());
-  std::mt19937 random(kSeed);
+  zerbal::test::TestRandom random(19970401);
   int refused = 0;
   int changed = 0;
   const std::size_t whole = ReadAll(sample.bytes);
@@ -183,7 +183,7 @@ TEST_P(DamagedFilesTest, EndInRowsOrInAnError) {
       ++refused;
       EXPECT_FALSE(error.Reason().empty());
     }
-    EXPECT_LT(Clock::now() - start, std::chrono::seconds(1)) << "file " << i << " of seed " << kSeed;
+    EXPECT_LT(Clock::now() - start, std::chrono::seconds(1)) << "file " << i;
   }
   const std::size_t used = PeakMemory() - memoryBefore;
   EXPECT_TRUE(ZERBAL_ADDRESS_SANITIZER || used < 8 * sample.bytes.size()) << used;

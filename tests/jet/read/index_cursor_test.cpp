@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <memory>
-#include <random>
 #include <string>
 #include <string_view>
 
@@ -12,6 +11,7 @@
 
 #include "support/jet_file.h"
 #include "support/jet_formats.h"
+#include "support/test_random.h"
 
 namespace zerbal::jet::test {
 namespace {
@@ -102,8 +102,7 @@ TEST_P(IndexCursorTest, FindsTheFirstEntryNotBelowAKey) {
 }
 
 TEST_P(IndexCursorTest, SearchesAsABruteForceWalkDoes) {
-  constexpr unsigned kSeed = 20150401;
-  std::mt19937 random(kSeed);
+  zerbal::test::TestRandom random(20150401);
   for (int round = 0; round < 20; ++round) {
     file = JetFile(GetParam());
     std::vector<TestEntry> entries;
@@ -124,7 +123,7 @@ TEST_P(IndexCursorTest, SearchesAsABruteForceWalkDoes) {
       for (const Bytes& key :
            {entry.key, entry.key + Bytes{1}, Bytes(entry.key.begin(), entry.key.end() - 1)}) {
         const auto first = std::lower_bound(sorted.begin(), sorted.end(), Chars(key));
-        ASSERT_EQ(cursor.MoveTo(key), first != sorted.end()) << "seed " << kSeed;
+        ASSERT_EQ(cursor.MoveTo(key), first != sorted.end());
         if (first != sorted.end()) {
           ASSERT_EQ(Chars(Be(ToU32(cursor.Row()), 4)), std::string_view(*first).substr(first->size() - 4));
         }

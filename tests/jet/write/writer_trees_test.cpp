@@ -11,6 +11,7 @@
 #include "support/database_builder.h"
 #include "support/small_world.h"
 #include "support/temp_folder.h"
+#include "support/test_random.h"
 
 namespace zerbal::jet {
 namespace {
@@ -58,7 +59,7 @@ TEST_F(WriterTrees, FitTogetherInTheSmallWorld) {
 }
 
 TEST_F(WriterTrees, HaveSeveralLevelsForManyTexts) {
-  std::mt19937 random(20);
+  TestRandom random(20);
   Table texts{"texts",
               {Text("T"), PlainText("P", 30)},
               {Index("up", "T"), Index("down", "T-"), Index("both", "P-", "T")},
@@ -72,7 +73,7 @@ TEST_F(WriterTrees, HaveSeveralLevelsForManyTexts) {
 }
 
 TEST_F(WriterTrees, HoldEveryTypeThatCanBeIndexed) {
-  std::mt19937 random(4);
+  TestRandom random(4);
   Table all{"all",
             {Boolean("B"), Byte("Y"), Integer("I"), Long("L"), Currency("C"), Single("S"), Double("D"),
              DateTime("T"), Binary("X", 20), Guid("G"), Text("V", 10)},
