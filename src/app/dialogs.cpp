@@ -1,5 +1,7 @@
 #include "app/dialogs.h"
 
+#include <QFontDatabase>
+
 #include "base/find_file.h"
 #include "dialogs/frm_colo_sett.h"
 #include "dialogs/frm_deli.h"
@@ -42,7 +44,8 @@ bool ProgramDialogs::Confirmed(DialogKind kind, const dialogs::Placement& placem
     case DialogKind::kUserSettings:
       return Accepted<dialogs::frmUserSett>(placement, program.saveFlags);
     case DialogKind::kMapSettings:
-      return Accepted<dialogs::frmMapSett>(placement, program.tables.regions, program.tables.fonts, boxes);
+      return Accepted<dialogs::frmMapSett>(placement, program.tables.regions, program.tables.fonts,
+                                           QFontDatabase::families(), boxes);
     case DialogKind::kColourSettings:
       return Accepted<dialogs::frmColoSett>(placement, program.tables.colours, program.tables.services);
     case DialogKind::kDelimitAllAirports:

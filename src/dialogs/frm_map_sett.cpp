@@ -1,6 +1,5 @@
 #include "dialogs/frm_map_sett.h"
 
-#include <QFontDatabase>
 #include <algorithm>
 #include <cmath>
 
@@ -20,7 +19,7 @@ constexpr int kEast = 1;
 }  // namespace
 
 frmMapSett::frmMapSett(const Placement& placement, data::RegionTable& regions, data::FontTable& fonts,
-                       settings::MessageBoxes& boxes)
+                       const QStringList& installedFonts, settings::MessageBoxes& boxes)
     : PlacedDialog(placement, "MapSettings"),
       ui_(std::make_unique<Ui::frmMapSett>()),
       ini_(placement.ini),
@@ -32,7 +31,7 @@ frmMapSett::frmMapSett(const Placement& placement, data::RegionTable& regions, d
   fontRows_ = {FontRow{data::FontCode::kLoRes, ui_->cboFontLoRes, ui_->cboSizeLoRes, ui_->lblFontLoRes},
                FontRow{data::FontCode::kHiRes, ui_->cboFontHiRes, ui_->cboSizeHiRes, ui_->lblFontHiRes}};
   for (const FontRow& row : fontRows_)
-    FillFont(row);
+    FillFont(row, installedFonts);
   connect(ui_->cmdOK, &QPushButton::clicked, this, &frmMapSett::Confirm);
   connect(ui_->cmdESC, &QPushButton::clicked, this, &QDialog::reject);
 }
@@ -56,9 +55,9 @@ void frmMapSett::FillCentre() {
   }
 }
 
-void frmMapSett::FillFont(const FontRow& row) {
+void frmMapSett::FillFont(const FontRow& row, const QStringList& installedFonts) {
   const data::Font& font = fonts_[row.code];
-  row.family->addItems(QFontDatabase::families());
+  row.family->addItems(installedFonts);
   int family = row.family->findText(QString::fromStdString(font.name), Qt::MatchFixedString);
   if (family < 0)
     family = row.family->findText("Arial", Qt::MatchFixedString);

@@ -1,6 +1,7 @@
 // The dialog of the world view's centre and the map's fonts.
 #pragma once
 
+#include <QStringList>
 #include <array>
 #include <memory>
 
@@ -22,8 +23,9 @@ class frmMapSett final : public PlacedDialog {
   Q_OBJECT
 
  public:
+  /// `installedFonts` are the families that can be chosen, in the order in which they are listed.
   frmMapSett(const Placement& placement, data::RegionTable& regions, data::FontTable& fonts,
-             settings::MessageBoxes& boxes);
+             const QStringList& installedFonts, settings::MessageBoxes& boxes);
   ~frmMapSett() override;
 
  private:
@@ -36,7 +38,7 @@ class frmMapSett final : public PlacedDialog {
   };
 
   void FillCentre();
-  void FillFont(const FontRow& row);
+  void FillFont(const FontRow& row, const QStringList& installedFonts);
   static void UpdatePreview(const FontRow& row);
   double TypedMeridian() const;
   void StoreCentre();

@@ -1,11 +1,9 @@
 #include "dialogs/frm_map_sett.h"
 
 #include <QComboBox>
-#include <QFontDatabase>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
-#include <algorithm>
 
 #include "dialogs/dialog_fixture.h"
 #include "dialogs/number_edit.h"
@@ -18,12 +16,18 @@ class FrmMapSettTest : public DialogTest {
   FrmMapSettTest() {
     regions.rows.resize(1);
     regions.ComputeWorldRow();
-    family = QFontDatabase::families().last();
+    family = installed.last();
     fonts.rows[0] = {"LORES", family.toStdString(), 7, "LowResolution"};
     fonts.rows[1] = {"HIRES", "No Such Font", 9, "HighResolution"};
   }
   std::unique_ptr<dialogs::frmMapSett> NewDialog() {
-    return std::make_unique<dialogs::frmMapSett>(placement, regions, fonts, boxes);
+    return std::make_unique<dialogs::frmMapSett>(placement, regions, fonts, installed, boxes);
+  }
+  /// The family that is selected for the low resolution when the table holds `stored`.
+  std::string SelectedFor(const char* stored) {
+    fonts.rows[0].name = stored;
+    const auto dialog = NewDialog();
+    return Child<QComboBox>(*dialog, "cboFontLoRes")->currentText().toStdString();
   }
   void ChooseMeridian(const char* side, const char* degrees) {
     const auto dialog = NewDialog();
@@ -35,6 +39,7 @@ class FrmMapSettTest : public DialogTest {
 
   data::RegionTable regions;
   data::FontTable fonts;
+  QStringList installed = {"Verdana", "Arial Narrow", "Arial", "Courier New", "Zapf"};
   QString family;
 };
 
@@ -122,16 +127,47 @@ TEST_F(FrmMapSettTest, AValueAbove180CountsOnlyForTheOtherMeridian) {
   EXPECT_TRUE(boxes.shown.empty());
 }
 
-TEST_F(FrmMapSettTest, FontsAreListedAndAMissingOneIsReplaced) {
+QStringList ItemsOf(const QComboBox& combo) {
+  QStringList items;
+  for (int i = 0; i < combo.count(); ++i)
+    items.append(combo.itemText(i));
+  return items;
+}
+
+TEST_F(FrmMapSettTest, InstalledFontsAndSizesAreListedInOrder) {
   const auto dialog = NewDialog();
-  EXPECT_EQ(Child<QComboBox>(*dialog, "cboFontLoRes")->count(), QFontDatabase::families().size());
-  EXPECT_EQ(Child<QComboBox>(*dialog, "cboFontLoRes")->currentText(), family);
-  const int arial = static_cast<int>(QFontDatabase::families().indexOf("Arial"));
-  EXPECT_EQ(Child<QComboBox>(*dialog, "cboFontHiRes")->currentIndex(), std::max(arial, 0));
-  auto* sizes = Child<QComboBox>(*dialog, "cboSizeHiRes");
-  EXPECT_EQ(sizes->itemText(0), "6");
-  EXPECT_EQ(sizes->itemText(sizes->count() - 1), "14");
-  EXPECT_EQ(sizes->currentText(), "9");
+  for (const char* name : {"cboFontLoRes", "cboFontHiRes"})
+    EXPECT_EQ(ItemsOf(*Child<QComboBox>(*dialog, name)), installed) << name;
+  const QStringList sizes = {"6", "7", "8", "9", "10", "11", "12", "13", "14"};
+  for (const char* name : {"cboSizeLoRes", "cboSizeHiRes"})
+    EXPECT_EQ(ItemsOf(*Child<QComboBox>(*dialog, name)), sizes) << name;
+  EXPECT_EQ(Child<QComboBox>(*dialog, "cboFontLoRes")->currentText(), "Zapf");
+  EXPECT_EQ(Child<QComboBox>(*dialog, "cboSizeLoRes")->currentText(), "7");
+  EXPECT_EQ(Child<QComboBox>(*dialog, "cboFontHiRes")->currentText(), "Arial");
+  EXPECT_EQ(Child<QComboBox>(*dialog, "cboSizeHiRes")->currentText(), "9");
+}
+
+TEST_F(FrmMapSettTest, AFontThatIsNotInstalledIsReplacedByArial) {
+  EXPECT_EQ(SelectedFor("No Such Font"), "Arial");
+  EXPECT_EQ(SelectedFor(""), "Arial");
+  EXPECT_EQ(SelectedFor("Courier"), "Arial") << "the beginning of a name is another name";
+  installed[2] = "ARIAL";
+  EXPECT_EQ(SelectedFor("No Such Font"), "ARIAL");
+}
+
+TEST_F(FrmMapSettTest, WhereArialIsMissingTooTheFirstFontIsSelected) {
+  installed.removeOne("Arial");
+  EXPECT_EQ(SelectedFor("No Such Font"), "Verdana");
+  EXPECT_EQ(SelectedFor("Arial"), "Verdana");
+  EXPECT_EQ(SelectedFor("Zapf"), "Zapf");
+  installed.clear();
+  EXPECT_EQ(SelectedFor("Arial"), "") << "no font at all";
+}
+
+TEST_F(FrmMapSettTest, AStoredFontIsFoundInAnyLetterCase) {
+  EXPECT_EQ(SelectedFor("courier NEW"), "Courier New");
+  EXPECT_EQ(SelectedFor("ZAPF"), "Zapf");
+  EXPECT_EQ(SelectedFor("arial"), "Arial");
 }
 
 TEST_F(FrmMapSettTest, PreviewsFollowAtOnce) {
