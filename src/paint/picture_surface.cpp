@@ -33,6 +33,8 @@ void PictureSurface::Clear(data::Rgb colour) {
 }
 
 void PictureSurface::Polyline(std::span<const TwipPoint> points, const map::Pen& pen) {
+  if (picture_.isNull())
+    return;
   if (pen.style != map::LineStyle::kSolid || pen.mode != map::PenMode::kCopy) {
     Rest().Polyline(points, pen);
     return;
@@ -84,6 +86,8 @@ void PictureSurface::Rectangle(TwipPoint corner1, TwipPoint corner2, const map::
 }
 
 void PictureSurface::Circle(TwipPoint centre, std::int32_t radius, data::Rgb colour, bool fill) {
+  if (picture_.isNull())
+    return;
   if (!fill || radius < 0 || radius > kLargestMarker) {
     Rest().Circle(centre, radius, colour, fill);
     return;
@@ -101,6 +105,8 @@ GlyphSet& PictureSurface::Glyphs(const map::TextFont& font) {
 
 void PictureSurface::Text(TwipPoint topLeft, std::string_view text, data::Rgb colour,
                           const map::TextFont& font) {
+  if (picture_.isNull())
+    return;
   GlyphSet& glyphs = Glyphs(font);
   for (std::string_view rest = text; !rest.empty();) {
     if (!glyphs.Of(jet::TakeUtf8(rest)).known) {

@@ -13,6 +13,7 @@ namespace zerbal::paint {
 
 /// `picture` has format RGB32 and the device pixel ratio 1 while it is drawn on; `scale` is the number of its
 /// pixels a logical pixel. Picture and prepared pictures must outlive the surface.
+/// Drawing on an empty picture does nothing.
 class PictureSurface final : public map::Surface {
  public:
   PictureSurface(QImage& picture, double scale, PreparedPictures& prepared);

@@ -363,15 +363,38 @@ TEST_F(PictureSurfaceTest, LineThroughThePictureIsCutToIt) {
   EXPECT_EQ(Ink(image), (Rows{".....", "#####", "....."}));
 }
 
-TEST_F(PictureSurfaceTest, EmptyPictureTakesEverything) {
+/// What Qt prints while it lives: a painter complains there when it cannot paint.
+class QtMessages {
+ public:
+  QtMessages() : before_(qInstallMessageHandler(Keep)) { messages_.clear(); }
+  ~QtMessages() { qInstallMessageHandler(before_); }
+  const QStringList& All() const { return messages_; }
+
+ private:
+  static void Keep(QtMsgType, const QMessageLogContext&, const QString& message) {
+    messages_.append(message);
+  }
+  static inline QStringList messages_;
+  QtMessageHandler before_;
+};
+
+TEST_F(PictureSurfaceTest, EmptyPictureTakesEverythingAndStaysEmpty) {
+  const QtMessages messages;
   QImage image;
   PictureSurface surface(image, 1, prepared_);
   surface.Clear(kBlack);
   surface.Line({0, 0}, {15, 15}, kPen);
   surface.Line({0, 0}, {15, 15}, {.colour = kBlack, .width = 3});
   surface.Rectangle({0, 0}, {15, 15}, kPen);
+  surface.Line({0, 0}, {15, 15},
+               {.colour = kBlack, .style = map::LineStyle::kDotted, .mode = map::PenMode::kXor});
   surface.Circle({0, 0}, 20, kBlack, true);
+  surface.Circle({0, 0}, 20, kBlack, false);
+  surface.Circle({0, 0}, 1'000, kBlack, true);
   surface.Text({0, 0}, "A", kBlack, {"Liberation Sans", 8});
+  surface.Text({0, 0}, "\u0915\u093F", kBlack, {"Liberation Sans", 8});
+  EXPECT_TRUE(image.isNull());
+  EXPECT_EQ(messages.All(), QStringList());
 }
 
 TEST_F(PictureSurfaceTest, DottedRunHasGaps) {
