@@ -140,6 +140,24 @@ TEST_F(MainWindow, TheSwitchInMemoryDecidesWhatIsSaved) {
   EXPECT_EQ(Ini("MenuEntryChecked", "ShowAirport"), "1");
 }
 
+TEST_F(MainWindow, WithoutSavingItsMissingKeysAreWrittenAtTheStartAndNothingAtTheEnd) {
+  SetIni("MainWindow", "Save", "0");
+  ASSERT_TRUE(Start());
+  const std::string position = std::to_string(Window().x()) + "," + std::to_string(Window().y());
+  const std::string size = std::to_string(Window().height()) + "," + std::to_string(Window().width());
+  EXPECT_EQ(Ini("MainWindow", "State"), "0");
+  EXPECT_EQ(Ini("MainWindow", "Position"), position);
+  EXPECT_EQ(Ini("MainWindow", "Size"), size);
+  Window().move(Window().x() + 3, Window().y() + 4);
+  Window().resize(611, 433);
+  Window().showMaximized();
+  Window().close();
+  EXPECT_EQ(Ini("MainWindow", "Save"), "0");
+  EXPECT_EQ(Ini("MainWindow", "State"), "0");
+  EXPECT_EQ(Ini("MainWindow", "Position"), position);
+  EXPECT_EQ(Ini("MainWindow", "Size"), size);
+}
+
 TEST_F(MainWindow, ReadsTheSwitches) {
   SetIni("Windows", "Save", "0");
   SetIni("MenuEntryChecked", "Save", "1");

@@ -2,8 +2,10 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <QThread>
 #include <algorithm>
 #include <csignal>
+#include <ctime>
 
 #include <sys/resource.h>
 
@@ -383,11 +385,38 @@ TEST(MersenneRandom, StaysBelowOne) {
   EXPECT_GT(most, 0.999F);
 }
 
-TEST(SystemClock, TellsTheTimeOfTheDay) {
+TEST(SystemClock, TellsTheLocalTimeOfTheDay) {
+  // A zone that is hours away from universal time at any time of the year.
+  const QByteArray zone = qgetenv("TZ");
+  qputenv("TZ", "XYZ-7:30");
+  ::tzset();
   SystemClock clock;
-  const float now = clock.SecondsSinceMidnight();
-  EXPECT_GE(now, 0);
-  EXPECT_LT(now, kSecondsADay);
+  const auto seconds = [] {
+    const std::time_t now = std::time(nullptr);
+    const std::tm* local = std::localtime(&now);
+    return local->tm_hour * 3600 + local->tm_min * 60 + local->tm_sec;
+  };
+  float now = 0;
+  int before = 0;
+  int after = 0;
+  do {
+    before = seconds();
+    now = clock.SecondsSinceMidnight();
+    after = seconds();
+  } while (after < before);  // across midnight
+  EXPECT_GE(now, static_cast<float>(before));
+  EXPECT_LT(now, static_cast<float>(after + 1));
+  zone.isNull() ? qunsetenv("TZ") : qputenv("TZ", zone);
+  ::tzset();
+}
+
+TEST(SystemClock, GoesOnWithinASecond) {
+  SystemClock clock;
+  const float first = clock.SecondsSinceMidnight();
+  QThread::msleep(50);
+  const float second = clock.SecondsSinceMidnight();
+  const float passed = second - first + (second < first ? kSecondsADay : 0);
+  EXPECT_GE(passed, 0.03F);  // singles of 86400 are 0.008 apart
 }
 
 TEST(AppPath, EndsWithOneSeparator) {

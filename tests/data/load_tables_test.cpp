@@ -142,6 +142,16 @@ TEST_F(LoadTables, AnEmptyRegionTableLeavesNoRowNotEvenTheWorlds) {
   EXPECT_TRUE(regions_.rows.empty());
 }
 
+TEST_F(LoadTables, MoreRegionsThanACounterHoldsAreAnOverflow) {
+  std::vector<Row> rows(32767, RegionRow(1, "R", 100));
+  Write({test::RegTable(rows)});
+  LoadRegions(zbldata_, regions_);
+  EXPECT_EQ(regions_.RegionCount(), 32767);
+  rows.push_back(rows.back());
+  Write({test::RegTable(rows)});
+  EXPECT_THROW(LoadRegions(zbldata_, regions_), OverflowError);
+}
+
 TEST_F(LoadTables, WhatTheEngineSaysIsNotCaught) {
   EXPECT_THROW(LoadColours(zbldata_, colours_, boxes_), jet::EngineError) << "no file";
   test::WriteBytes(zbldata_, "no database");

@@ -121,6 +121,46 @@ TEST_F(FrmColoSettTest, OkStoresEveryColourChangedOrNot) {
   EXPECT_EQ(Stored("FlightColors", "S2"), "7,100,2");
 }
 
+TEST_F(FrmColoSettTest, TheColoursAreWrittenBeforeTheFlightColoursEachInTheOrderOfItsTable) {
+  const auto dialog = NewDialog();
+  Child<QPushButton>(*dialog, "cmdOK")->click();
+  EXPECT_EQ(ReadBytes(ini.Path()).substr(0, ReadBytes(ini.Path()).find("[Windows]")),
+            "[Colors]\r\nMapBack=0,1,2\r\nZoom=10,11,12\r\nCentre=20,21,22\r\nCoast=30,31,32\r\n"
+            "River=40,41,42\r\nIBound=50,51,52\r\nAll=60,61,62\r\nDest=70,71,72\r\nSymbol=80,81,82\r\n"
+            "[FlightColors]\r\nS1=200,100,1\r\nS2=200,100,2\r\n");
+}
+
+TEST_F(FrmColoSettTest, OfTwoServicesWithOneKeyTheLastWritesItsColour) {
+  AddServices(1);
+  services[0].key = services[2].key = "SAME";
+  services[0].rgb = {1, 2, 3};
+  services[2].rgb = {4, 5, 6};
+  const auto dialog = NewDialog();
+  Child<QPushButton>(*dialog, "cmdOK")->click();
+  EXPECT_EQ(Stored("FlightColors", "SAME"), "4,5,6");
+  EXPECT_EQ(Stored("FlightColors", "S2"), "200,100,2");
+  EXPECT_EQ(services[0].rgb, (data::Rgb{1, 2, 3})) << "in memory each keeps its own";
+  EXPECT_EQ(services[2].rgb, (data::Rgb{4, 5, 6}));
+}
+
+TEST_F(FrmColoSettTest, TheZoomBoxSampleIsDrawnInvertedAgainstTheBackground) {
+  const auto dialog = NewDialog();
+  dialog->show();
+  const auto colourOfFrame = [&] {
+    // The first dot of the frame's corner.
+    return Child<QWidget>(*dialog, "picMap")
+        ->grab()
+        .toImage()
+        .pixelColor(Child<QWidget>(*dialog, "shpMapZoomB")->pos());
+  };
+  EXPECT_EQ(colourOfFrame(), QColor(0 ^ 10, 1 ^ 11, 2 ^ 12));
+  Child<QScrollBar>(*dialog, "hsbRed")->setValue(255);  // of the background
+  EXPECT_EQ(colourOfFrame(), QColor(255 ^ 10, 1 ^ 11, 2 ^ 12));
+  Child<QComboBox>(*dialog, "cboSelObj")->setCurrentIndex(1);
+  Child<QScrollBar>(*dialog, "hsbGre")->setValue(200);
+  EXPECT_EQ(colourOfFrame(), QColor(255 ^ 10, 1 ^ 200, 2 ^ 12));
+}
+
 TEST_F(FrmColoSettTest, AbortChangesNothing) {
   const auto dialog = NewDialog();
   Child<QScrollBar>(*dialog, "hsbRed")->setValue(77);

@@ -26,6 +26,19 @@ TEST_F(HelpDialogsTest, MissingRevisionsAreShownAndWrittenBackAsUnknown) {
             "RevStemAprt=Unknown\r\nRevZBLData=Unknown\r\n");
 }
 
+TEST_F(HelpDialogsTest, RevisionsAreShownAsTheFileHoldsThem) {
+  const auto file = folder / "zblrev.ini";
+  WriteBytes(file,
+             "[RevZBL]\r\nRevZBLAll=\"  7.2 \"\r\nRevSchdMain=007\r\nRevSchdFSrv=\r\nRevStemAprt=1,5e2\r\n"
+             "RevZBLData=a  b;c\r\n");
+  dialogs::frmHelpRev dialog(placement, values, file);
+  EXPECT_EQ(Child<QLineEdit>(dialog, "txtZBLAll")->text(), "  7.2 ");
+  EXPECT_EQ(Child<QLineEdit>(dialog, "txtSchdMain")->text(), "007");
+  EXPECT_EQ(Child<QLineEdit>(dialog, "txtSchdFSrv")->text(), "");
+  EXPECT_EQ(Child<QLineEdit>(dialog, "txtStemAprt")->text(), "1,5e2");
+  EXPECT_EQ(Child<QLineEdit>(dialog, "txtZBLData")->text(), "a  b;c");
+}
+
 TEST_F(HelpDialogsTest, AMissingRevisionFileIsCreated) {
   const auto file = folder / "zblrev.ini";
   dialogs::frmHelpRev dialog(placement, values, file);

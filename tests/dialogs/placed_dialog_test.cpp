@@ -69,12 +69,19 @@ TEST_F(PlacedDialogTest, AMissingFieldCountsAsZero) {
 TEST_F(PlacedDialogTest, WithoutSavingEveryOpeningIsCentredAndNoKeyIsWritten) {
   ini.Write("Windows", kKey, "7,8");
   flags.windows = false;
-  const auto dialog = NewDialog();
-  dialog->show();
-  EXPECT_NE(dialog->pos(), QPoint(7, 8));
-  dialog->move(1, 2);
-  dialog->accept();
-  EXPECT_EQ(Stored("Windows", kKey), "7,8");
+  const QPoint places[] = {{100, 80}, {160, 40}};
+  for (const QPoint& place : places) {
+    mainWindow.move(place);
+    const auto dialog = NewDialog();
+    dialog->show();
+    const QRect outer = mainWindow.frameGeometry();
+    const QRect own = dialog->frameGeometry();
+    EXPECT_EQ(own.topLeft(), QPoint(outer.left() + (outer.width() - own.width()) / 2,
+                                    outer.top() + (outer.height() - own.height()) / 2));
+    dialog->move(1, 2);
+    dialog->accept();
+    EXPECT_EQ(Stored("Windows", kKey), "7,8");
+  }
 }
 
 }  // namespace

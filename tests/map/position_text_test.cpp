@@ -43,8 +43,10 @@ TEST(TwoDecimals, SmallAndLargeNumbersHaveNoExponent) {
 TEST(TwoDecimals, WhatIsNoNumberSaysSo) {
   EXPECT_EQ(TwoDecimals(std::nan("")), "nan");
   EXPECT_EQ(TwoDecimals(std::numeric_limits<float>::infinity()), "inf");
-  EXPECT_FALSE(LonText(std::nan("")).empty());
-  EXPECT_FALSE(LatText(-std::numeric_limits<double>::infinity()).empty());
+  EXPECT_EQ(LonText(std::nan("")), "Enan° nan'");
+  EXPECT_EQ(LonText(-std::numeric_limits<double>::infinity()), "Winf° nan'");
+  EXPECT_EQ(LatText(std::nan("")), "Nnan° nan'");
+  EXPECT_EQ(LatText(-std::numeric_limits<double>::infinity()), "S90° 00.00'");
 }
 
 TEST(LonText, HemisphereThreeDigitsOfDegreesAndMinutes) {

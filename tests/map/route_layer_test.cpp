@@ -1,6 +1,7 @@
 #include "map/route_layer.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 #include <gtest/gtest.h>
@@ -276,6 +277,28 @@ TEST_F(Seam, AFlightThatNeedsNoSecondPassHasNone) {
   world_.Show(340, 60, 20, 100);
   world_.flit = {Flight("QV1", "RED", {"EAS", "KAM"})};
   EXPECT_EQ(DrawShort(), Strings{"1000,2000-500,2000"});
+}
+
+TEST_F(Seam, AnAirportOnTheWestEdgeNeedsNoSecondPass) {
+  world_.dest = {Airport("EDG", 340, 80), Airport("KAM", 345, 80),
+                 Airport("OUT", std::nextafter(340.0F, 0.0F), 80)};
+  world_.Show(340, 60, 20, 100);
+  world_.flit = {Flight("1", "RED", {"EDG", "KAM"}), Flight("2", "RED", {"OUT", "KAM"})};
+  world_.options.flightAirports = true;
+  Select({"1"});
+  EXPECT_EQ(DrawShort(),
+            (Strings{"0,2000-500,2000", "o 0,2000", "EDG@50,2050", "o 500,2000", "KAM@550,2050"}));
+  // A second pass draws airports one turn farther east, beside the area.
+  Select({"2"});
+  EXPECT_EQ(Texts(Draw()), (Strings{"KAM", "OUT", "KAM"}));
+}
+
+TEST_F(Seam, ALongLegFromTheWestEdgeIsDrawnOnce) {
+  world_.dest = {Airport("EDG", 100, 80), Airport("FAR", 300, 80)};
+  world_.Show(100, 0, 90, 180);  // 100..450
+  world_.flit = {Flight("1", "RED", {"EDG", "FAR"})};
+  // 460 to 300, and a turn less: 100 to -60, of which one point is in view.
+  EXPECT_EQ(DrawShort(), (Strings{"35000,8000-20000,8000", "0,8000-0,8000"}));
 }
 
 TEST_F(Seam, ALegAcrossTheSeamInAViewThroughIt) {
