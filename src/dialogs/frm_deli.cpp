@@ -88,12 +88,21 @@ void frmDeli::EnableIls() {
   ui_->optILSOhne->setEnabled(ui_->chkILS->isChecked());
 }
 
+void frmDeli::AskAgain(const Group& group) {
+  if (group.from->isEnabled())
+    group.from->AskAgain();
+  else if (!group.active->isChecked())
+    group.active->setFocus();
+  else
+    group.limits[0]->setFocus();
+}
+
 void frmDeli::Confirm() {
   // Every pair is looked at, selected or not, since every number is stored.
   for (const Group& group : groups_) {
     if (group.from->Number() > group.to->Number()) {
       boxes_.Show(settings::BoxIcon::kExclamation, "The from-value cannot be larger than the to-value");
-      group.from->setFocus();
+      AskAgain(group);
       return;
     }
   }

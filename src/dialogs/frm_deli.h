@@ -44,6 +44,8 @@ class frmDeli final : public PlacedDialog {
   void ConnectGroup(const Group& group);
   static void EnableGroup(const Group& group);
   void EnableIls();
+  /// The focus goes to the refused from box or, while that is disabled, to what enables it.
+  static void AskAgain(const Group& group);
   void Confirm();
 
   std::unique_ptr<Ui::frmDeli> ui_;

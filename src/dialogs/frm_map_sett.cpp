@@ -102,7 +102,7 @@ void frmMapSett::StoreFont(const FontRow& row) {
 void frmMapSett::Confirm() {
   if (ui_->optCentOth->isChecked() && TypedMeridian() > kFarthestMeridian) {
     boxes_.Show(settings::BoxIcon::kExclamation, "The value cannot be larger than 180");
-    ui_->txtCentOth->setFocus();
+    ui_->txtCentOth->AskAgain();
     return;
   }
   StoreCentre();

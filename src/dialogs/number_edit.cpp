@@ -46,6 +46,12 @@ void NumberEdit::SetNumber(std::int32_t number) {
   setText(QString::number(number));
 }
 
+void NumberEdit::AskAgain() {
+  setFocus();
+  // No focus event arrives in a box that has the focus, or in a window without a window manager.
+  selectAll();
+}
+
 void NumberEdit::keyPressEvent(QKeyEvent* event) {
   if (WritesCharacter(*event) && !AreDigits(event->text())) {
     QApplication::beep();
@@ -67,8 +73,8 @@ void NumberEdit::inputMethodEvent(QInputMethodEvent* event) {
 
 void NumberEdit::focusInEvent(QFocusEvent* event) {
   QLineEdit::focusInEvent(event);
-  // Coming back from a pop-up menu or another program is not a new visit.
-  if (event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason)
+  // The box's own context menu works on the selection.
+  if (event->reason() == Qt::PopupFocusReason)
     return;
   selectAll();
   // A click would put the cursor where it was and drop the selection.
