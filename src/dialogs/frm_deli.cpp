@@ -18,24 +18,7 @@ frmDeli::frmDeli(const Placement& placement, Layer layer, data::AirportCriteria&
   const bool all = layer == Layer::kAllAirports;
   setObjectName(all ? "frmDeliAprt" : "frmDeliDest");
   setWindowTitle(all ? "Delimitation for all airports" : "Delimitation for QAV destinations");
-  groups_ = {Group{ui_->chkElev,
-                   {ui_->optElevZw, ui_->optElevGr, ui_->optElevKl},
-                   ui_->txtElevZwVon,
-                   ui_->txtElevZwBis,
-                   ui_->txtElevGr,
-                   ui_->txtElevKl},
-             Group{ui_->chkRwyAnz,
-                   {ui_->optRwyAnzZw, ui_->optRwyAnzGr, ui_->optRwyAnzKl},
-                   ui_->txtRwyAnzZwVon,
-                   ui_->txtRwyAnzZwBis,
-                   ui_->txtRwyAnzGr,
-                   ui_->txtRwyAnzKl},
-             Group{ui_->chkRwyLen,
-                   {ui_->optRwyLenZw, ui_->optRwyLenGr, ui_->optRwyLenKl},
-                   ui_->txtRwyLenZwVon,
-                   ui_->txtRwyLenZwBis,
-                   ui_->txtRwyLenGr,
-                   ui_->txtRwyLenKl}};
+  CollectGroups();
   Fill();
   for (const Group& group : groups_) {
     ConnectGroup(group);
@@ -48,6 +31,40 @@ frmDeli::frmDeli(const Placement& placement, Layer layer, data::AirportCriteria&
 }
 
 frmDeli::~frmDeli() = default;
+
+void frmDeli::CollectGroups() {
+  groups_ = {
+      Group{.active = ui_->chkElev,
+            .limits = {ui_->optElevZw, ui_->optElevGr, ui_->optElevKl},
+            .from = ui_->txtElevZwVon,
+            .to = ui_->txtElevZwBis,
+            .atLeast = ui_->txtElevGr,
+            .atMost = ui_->txtElevKl,
+            .besideLimit = {{{ui_->txtElevZwVon, ui_->lblElevZwAnd, ui_->txtElevZwBis, ui_->lblElevZwUnit},
+                             {ui_->txtElevGr, ui_->lblElevGrUnit},
+                             {ui_->txtElevKl, ui_->lblElevKlUnit}}}},
+      Group{.active = ui_->chkRwyAnz,
+            .limits = {ui_->optRwyAnzZw, ui_->optRwyAnzGr, ui_->optRwyAnzKl},
+            .from = ui_->txtRwyAnzZwVon,
+            .to = ui_->txtRwyAnzZwBis,
+            .atLeast = ui_->txtRwyAnzGr,
+            .atMost = ui_->txtRwyAnzKl,
+            .besideLimit = {{{ui_->txtRwyAnzZwVon, ui_->lblRwyAnzZwAnd, ui_->txtRwyAnzZwBis,
+                              ui_->lblRwyAnzZwUnit},
+                             {ui_->txtRwyAnzGr, ui_->lblRwyAnzGrUnit},
+                             {ui_->txtRwyAnzKl, ui_->lblRwyAnzKlUnit}}}},
+      Group{.active = ui_->chkRwyLen,
+            .limits = {ui_->optRwyLenZw, ui_->optRwyLenGr, ui_->optRwyLenKl},
+            .from = ui_->txtRwyLenZwVon,
+            .to = ui_->txtRwyLenZwBis,
+            .atLeast = ui_->txtRwyLenGr,
+            .atMost = ui_->txtRwyLenKl,
+            .besideLimit = {{{ui_->txtRwyLenZwVon, ui_->lblRwyLenZwAnd, ui_->txtRwyLenZwBis,
+                              ui_->lblRwyLenZwUnit},
+                             {ui_->txtRwyLenGr, ui_->lblRwyLenGrUnit},
+                             {ui_->txtRwyLenKl, ui_->lblRwyLenKlUnit}}}},
+  };
+}
 
 void frmDeli::Fill() {
   for (std::size_t n = 0; n < groups_.size(); ++n) {
@@ -73,14 +90,11 @@ void frmDeli::ConnectGroup(const Group& group) {
 
 void frmDeli::EnableGroup(const Group& group) {
   const bool active = group.active->isChecked();
-  for (QRadioButton* limit : group.limits)
-    limit->setEnabled(active);
-  const bool between = group.limits[0]->isChecked();
-  const bool atLeast = !between && group.limits[1]->isChecked();
-  group.from->setEnabled(active && between);
-  group.to->setEnabled(active && between);
-  group.atLeast->setEnabled(active && atLeast);
-  group.atMost->setEnabled(active && !between && !atLeast);
+  for (std::size_t n = 0; n < group.limits.size(); ++n) {
+    group.limits[n]->setEnabled(active);
+    for (QWidget* control : group.besideLimit[n])
+      control->setEnabled(active && group.limits[n]->isChecked());
+  }
 }
 
 void frmDeli::EnableIls() {

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <memory>
+#include <vector>
 
 #include "data/airport_criteria.h"
 #include "dialogs/placed_dialog.h"
@@ -38,8 +39,10 @@ class frmDeli final : public PlacedDialog {
     NumberEdit* to;
     NumberEdit* atLeast;
     NumberEdit* atMost;
+    std::array<std::vector<QWidget*>, 3> besideLimit;  ///< boxes and labels that each limit enables
   };
 
+  void CollectGroups();
   void Fill();
   void ConnectGroup(const Group& group);
   static void EnableGroup(const Group& group);

@@ -165,5 +165,50 @@ TEST_F(FrmDeliTest, AbortLeavesTheSetUnchanged) {
   EXPECT_EQ(set, before);
 }
 
+TEST_F(FrmDeliTest, AndAndTheUnitsAreGreyAsTheirBoxesAre) {
+  const auto dialog = NewDialog();
+  struct Row {
+    const char* option;
+    std::vector<const char*> boxes;
+    std::vector<const char*> labels;
+  };
+  struct Group {
+    const char* active;
+    std::vector<Row> rows;
+  };
+  const Group groups[] = {
+      {"chkElev",
+       {{"optElevZw", {"txtElevZwVon", "txtElevZwBis"}, {"lblElevZwAnd", "lblElevZwUnit"}},
+        {"optElevGr", {"txtElevGr"}, {"lblElevGrUnit"}},
+        {"optElevKl", {"txtElevKl"}, {"lblElevKlUnit"}}}},
+      {"chkRwyAnz",
+       {{"optRwyAnzZw", {"txtRwyAnzZwVon", "txtRwyAnzZwBis"}, {"lblRwyAnzZwAnd", "lblRwyAnzZwUnit"}},
+        {"optRwyAnzGr", {"txtRwyAnzGr"}, {"lblRwyAnzGrUnit"}},
+        {"optRwyAnzKl", {"txtRwyAnzKl"}, {"lblRwyAnzKlUnit"}}}},
+      {"chkRwyLen",
+       {{"optRwyLenZw", {"txtRwyLenZwVon", "txtRwyLenZwBis"}, {"lblRwyLenZwAnd", "lblRwyLenZwUnit"}},
+        {"optRwyLenGr", {"txtRwyLenGr"}, {"lblRwyLenGrUnit"}},
+        {"optRwyLenKl", {"txtRwyLenKl"}, {"lblRwyLenKlUnit"}}}},
+  };
+  const auto expectOnly = [&](const Group& group, const Row* enabled) {
+    for (const Row& row : group.rows) {
+      for (const char* box : row.boxes)
+        EXPECT_EQ(Enabled(*dialog, box), &row == enabled) << box;
+      for (const char* label : row.labels)
+        EXPECT_EQ(Enabled(*dialog, label), &row == enabled) << label;
+    }
+  };
+  for (const Group& group : groups) {
+    expectOnly(group, nullptr);
+    Child<QCheckBox>(*dialog, group.active)->click();
+    for (const Row& row : group.rows) {
+      Child<QRadioButton>(*dialog, row.option)->click();
+      expectOnly(group, &row);
+    }
+    Child<QCheckBox>(*dialog, group.active)->click();
+    expectOnly(group, nullptr);
+  }
+}
+
 }  // namespace
 }  // namespace zerbal::test
