@@ -189,5 +189,30 @@ TEST_F(FrmColoSettTest, TheSampleScrollsOnlyWhenItIsTallerThanItsFrame) {
   EXPECT_LE(last->y() + last->height() + map->y(), Child<QWidget>(*many, "picAll")->height());
 }
 
+TEST_F(FrmColoSettTest, TheSampleIsReachedByTabAndScrolledByKeys) {
+  AddServices(60);
+  const auto dialog = NewDialog();
+  dialog->show();
+  dialog->activateWindow();
+  QApplication::processEvents();
+  Child<QWidget>(*dialog, "hsbBlu")->setFocus();
+  Press(QApplication::focusWidget(), Qt::Key_Tab, "\t");
+  ASSERT_EQ(QApplication::focusWidget()->objectName(), "vsbMap");
+  const auto* bar = Child<QScrollBar>(*dialog, "vsbMap");
+  const auto* map = Child<QWidget>(*dialog, "picMap");
+  struct Case {
+    Qt::Key key;
+    int value;
+  };
+  for (const Case& c :
+       {Case{Qt::Key_Down, bar->singleStep()}, Case{Qt::Key_PageDown, bar->singleStep() + bar->pageStep()},
+        Case{Qt::Key_Up, bar->pageStep()}, Case{Qt::Key_PageUp, 0}, Case{Qt::Key_End, bar->maximum()},
+        Case{Qt::Key_Home, 0}}) {
+    Press(QApplication::focusWidget(), c.key, {});
+    EXPECT_EQ(bar->value(), c.value) << c.key;
+    EXPECT_EQ(map->y(), -c.value) << c.key;
+  }
+}
+
 }  // namespace
 }  // namespace zerbal::test
