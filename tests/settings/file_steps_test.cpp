@@ -1,5 +1,5 @@
-// Misfortune while a settings file is written: the process killed, the disk full, files and folders that
-// forbid it, other writers. Whatever happens, the file holds its old or its new contents whole.
+// Failures while a settings file is written: the process is killed, the disk is full, permissions are
+// missing, another program writes. After each of them the file holds its old or its new contents, complete.
 #include "settings/file_steps.h"
 
 #include <algorithm>
@@ -31,15 +31,16 @@ constexpr mode_t kMode = 0640;
 constexpr uid_t kNobody = 65534;
 
 /// What happens at the chosen step.
-enum class Mishap { kNone, kFail, kKillBefore, kKillAfter, kKillMidway };
+enum class Failure { kReturnError, kKillBefore, kKillAfter, kKillMidway };
 
-/// Counts the steps and has the mishap at one of them.
-class FatefulSteps : public FileSteps {
+/// Counts the file calls and fails at one of them.
+class FailingFileSteps : public FileSteps {
  public:
-  FatefulSteps(Mishap mishap, int at, int error = EIO) : mishap_(mishap), at_(at), error_(error) {}
+  FailingFileSteps(Failure failure, int at, int error = EIO) : failure_(failure), at_(at), error_(error) {}
 
   int Steps() const { return count_; }
-  const std::string& StruckStep() const { return struck_; }
+  /// The name of the step that failed; empty when none has.
+  const std::string& FailedStep() const { return failedStep_; }
 
   int Open(const char* path, int flags, mode_t mode) override {
     const char* name = (flags & O_CREAT) != 0       ? "create"
@@ -54,7 +55,7 @@ class FatefulSteps : public FileSteps {
     return Take("read", [&] { return FileSteps::Read(file, buffer, size); });
   }
   ssize_t Write(int file, const char* bytes, std::size_t size) override {
-    if (mishap_ == Mishap::kKillMidway && count_ + 1 == at_)
+    if (failure_ == Failure::kKillMidway && count_ + 1 == at_)
       static_cast<void>(FileSteps::Write(file, bytes, size / 2));
     return Take("write", [&] { return FileSteps::Write(file, bytes, size); });
   }
@@ -68,7 +69,7 @@ class FatefulSteps : public FileSteps {
     return Take(renamed_ ? "flush folder" : "flush", [&] { return FileSteps::Flush(file); });
   }
   int Close(int file) override {
-    FileSteps::Close(file);  // a failing close gives the descriptor back, too
+    FileSteps::Close(file);  // a failed close releases the descriptor, too
     return Take("close", [] { return 0; });
   }
   int Rename(const char* from, const char* to) override {
@@ -89,24 +90,23 @@ class FatefulSteps : public FileSteps {
   std::invoke_result_t<Action> Take(const char* name, Action action) {
     if (++count_ != at_)
       return action();
-    struck_ = name;
-    if (mishap_ == Mishap::kFail) {
+    failedStep_ = name;
+    if (failure_ == Failure::kReturnError) {
       errno = error_;
       return -1;
     }
-    if (mishap_ == Mishap::kKillAfter)
+    if (failure_ == Failure::kKillAfter)
       static_cast<void>(action());
-    if (mishap_ != Mishap::kNone)
-      ::raise(SIGKILL);
-    return action();
+    ::raise(SIGKILL);
+    return action();  // not reached
   }
 
-  Mishap mishap_;
+  Failure failure_;
   int at_;
   int error_;
   int count_ = 0;
   bool renamed_ = false;
-  std::string struck_;
+  std::string failedStep_;
 };
 
 /// Runs `action` in a process of its own; its exit code, or minus the signal that ended it.
@@ -161,11 +161,11 @@ TEST(SettingsUnderFaults, KilledAtEveryStepOfAWrite) {
   int trials = 0;
   int oldKept = 0;
   int newInPlace = 0;
-  for (const Mishap mishap : {Mishap::kKillBefore, Mishap::kKillAfter, Mishap::kKillMidway}) {
+  for (const Failure failure : {Failure::kKillBefore, Failure::kKillAfter, Failure::kKillMidway}) {
     for (int at = 1;; ++at) {
       const LinkedFile world;
       const int end = InChild([&] {
-        FatefulSteps steps(mishap, at);
+        FailingFileSteps steps(failure, at);
         return WriteProfileString(world.link, "s", "k", "new", steps) ? 0 : 1;
       });
       if (end == 0)
@@ -177,7 +177,7 @@ TEST(SettingsUnderFaults, KilledAtEveryStepOfAWrite) {
       (bytes == kOld ? oldKept : newInPlace)++;
       EXPECT_EQ(ModeOf(world.file), kMode);
       EXPECT_TRUE(fs::is_symlink(world.link));
-      // What the dead process left behind is in nobody's way.
+      // Files that the killed process left do not prevent the next write.
       EXPECT_TRUE(WriteProfileString(world.link, "s", "k", "new"));
       EXPECT_EQ(ReadProfileString(world.link, "s", "k", "", 100), "new");
       EXPECT_EQ(test::ReadBytes(world.file), kNew);
@@ -196,7 +196,7 @@ TEST(SettingsUnderFaults, KilledWhileTheFileIsCreated) {
   for (int at = 1;; ++at) {
     const test::TempFolder folder;
     const int end = InChild([&] {
-      FatefulSteps steps(Mishap::kKillMidway, at);
+      FailingFileSteps steps(Failure::kKillMidway, at);
       return WriteProfileString(folder / "zerbal.ini", "s", "k", "v", steps) ? 0 : 1;
     });
     if (end == 0)
@@ -219,20 +219,20 @@ TEST(SettingsUnderFaults, EveryStepFails) {
   for (const int error : {EIO, ENOSPC, EDQUOT, EACCES}) {
     for (int at = 1;; ++at) {
       const LinkedFile world;
-      FatefulSteps steps(Mishap::kFail, at, error);
+      FailingFileSteps steps(Failure::kReturnError, at, error);
       const bool written = WriteProfileString(world.link, "s", "k", "new", steps);
       if (steps.Steps() < at)
         break;
       ++trials;
-      // Once the new contents are in place only the flush of the folder can fail.
-      const bool isNew = written || steps.StruckStep() == "flush folder";
-      EXPECT_EQ(test::ReadBytes(world.file), isNew ? kNew : kOld) << steps.StruckStep() << " " << error;
+      // After the rename only the flush of the folder can fail.
+      const bool isNew = written || steps.FailedStep() == "flush folder";
+      EXPECT_EQ(test::ReadBytes(world.file), isNew ? kNew : kOld) << steps.FailedStep() << " " << error;
       EXPECT_EQ(ModeOf(world.file), kMode);
       EXPECT_TRUE(fs::is_symlink(world.link));
       EXPECT_EQ(NamesIn(world.file.parent_path()), std::vector<std::string>{"zerbal.ini"});
       EXPECT_EQ(NamesIn(world.link.parent_path()), std::vector<std::string>{"zerbal.ini"});
       if (!written && error == EIO)
-        fatal.push_back(steps.StruckStep());
+        fatal.push_back(steps.FailedStep());
     }
   }
   std::cout << trials << " failed steps\n";
@@ -300,7 +300,7 @@ TEST(SettingsUnderFaults, AWriteProtectedFileOrFolderStaysForTheSuperuserToo) {
   EXPECT_TRUE(WriteProfileString(world.link, "s", "k", "new"));
 }
 
-/// A folder that everybody can reach and use, and a file in it.
+/// A folder with permissions for all users, and a file in it.
 class OrdinaryUser : public testing::Test {
  protected:
   void SetUp() override {
