@@ -12,17 +12,17 @@
 #include "controls.h"
 #include "driven_program.h"
 #include "support/sanitizer.h"
-#include "world.h"
+#include "world_folder.h"
 
 #if ZERBAL_ADDRESS_SANITIZER
-// The sanitizer's own count; not every compiler has a header for it.
+// Counts the sanitizer's heap; not every compiler has a header for it.
 extern "C" std::size_t __sanitizer_get_current_allocated_bytes();  // NOLINT(bugprone-reserved-identifier)
 #endif
 
 namespace zerbal::monkey {
 namespace {
 
-/// What middle and end may differ by: texts of other lengths, a table of glyphs that was doubled.
+/// Growth in bytes that is allowed between middle and end: texts of other lengths, a doubled glyph table.
 constexpr long kHeapSlack = 64L * 1024;
 #if !ZERBAL_ADDRESS_SANITIZER
 constexpr long kResidentSlack = 8L * 1024 * 1024;
@@ -37,31 +37,31 @@ constexpr const char* kDialogs[] = {"mnuFileUserSett", "mnuFileMapSett",  "mnuFi
                                     "mnuFlitSeleFlit", "mnuFlitSeleDest", "mnuHelpRev",
                                     "mnuHelpMous",     "mnuHelpInfo"};
 
-struct Holding {
+struct Resources {
   long heap = 0;      ///< bytes allocated and not freed
   long resident = 0;  ///< bytes
   long descriptors = 0;
 };
 
-Holding Present() {
-  Holding holding;
+Resources CurrentResources() {
+  Resources resources;
 #if ZERBAL_ADDRESS_SANITIZER
-  holding.heap = static_cast<long>(__sanitizer_get_current_allocated_bytes());
+  resources.heap = static_cast<long>(__sanitizer_get_current_allocated_bytes());
 #else
   const struct mallinfo2 info = mallinfo2();
-  holding.heap = static_cast<long>(info.uordblks + info.hblkhd);
+  resources.heap = static_cast<long>(info.uordblks + info.hblkhd);
 #endif
   long size = 0;
-  std::ifstream("/proc/self/statm") >> size >> holding.resident;
-  holding.resident *= sysconf(_SC_PAGESIZE);
+  std::ifstream("/proc/self/statm") >> size >> resources.resident;
+  resources.resident *= sysconf(_SC_PAGESIZE);
   for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd"))
-    holding.descriptors += entry.path().empty() ? 0 : 1;
-  return holding;
+    resources.descriptors += entry.path().empty() ? 0 : 1;
+  return resources;
 }
 
-class Session {
+class SoakRun {
  public:
-  explicit Session(drive::DrivenProgram& program) : program_(program) {
+  explicit SoakRun(drive::DrivenProgram& program) : program_(program) {
     close_.setSingleShot(true);
     QObject::connect(&close_, &QTimer::timeout, [this] {
       if (QWidget* dialog = QApplication::activeModalWidget()) {
@@ -75,78 +75,78 @@ class Session {
     const int goal = program_.Draws() + redraws;
     while (program_.Draws() < goal) {
       Choose(kViews[view_++ % std::size(kViews)]);
-      TidyUp();
+      ProcessEvents();
     }
   }
   void OpenDialogs(int dialogs) {
     for (; dialogs > 0; --dialogs) {
       close_.start(0);
       Choose(kDialogs[dialog_++ % std::size(kDialogs)]);
-      TidyUp();
+      ProcessEvents();
     }
   }
-  Holding Show(const char* when) const {
-    const Holding holding = Present();
+  Resources Print(const char* when) const {
+    const Resources resources = CurrentResources();
     std::cout << when << ": " << program_.Draws() << " redraws, " << opened_ << " dialogs; heap "
-              << holding.heap << ", resident " << holding.resident << " bytes, " << holding.descriptors
+              << resources.heap << ", resident " << resources.resident << " bytes, " << resources.descriptors
               << " descriptors" << std::endl;
-    return holding;
+    return resources;
   }
   int Opened() const { return opened_; }
 
  private:
-  /// What an event loop does between two actions.
-  static void TidyUp() {
+  /// Does what an event loop does between two actions.
+  static void ProcessEvents() {
     QApplication::processEvents();
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   }
   static void Choose(const char* entry) { drive::Find(entry).action->trigger(); }
 
   drive::DrivenProgram& program_;
-  QTimer close_;  ///< the dialog that is about to open
+  QTimer close_;  ///< closes the dialog that is about to open
   std::size_t view_ = 0;
   std::size_t dialog_ = 0;
   int opened_ = 0;
 };
 
-bool Grew(const Holding& start, const Holding& middle, const Holding& end) {
-  bool grew = end.heap - middle.heap > kHeapSlack || end.descriptors > start.descriptors;
+bool HasGrown(const Resources& start, const Resources& middle, const Resources& end) {
+  bool hasGrown = end.heap - middle.heap > kHeapSlack || end.descriptors > start.descriptors;
 #if !ZERBAL_ADDRESS_SANITIZER
-  grew = grew || end.resident - middle.resident > kResidentSlack;
+  hasGrown = hasGrown || end.resident - middle.resident > kResidentSlack;
 #endif
-  return grew;
+  return hasGrown;
 }
 
 }  // namespace
 
 bool Soak(app::Application& application, int redraws, int dialogs) {
-  const World world;
+  const WorldFolder world;
   std::filesystem::current_path(world.Path());
   drive::DrivenProgram program;
   bool started = false;
   application.Guard([&] { started = program.Start(); });
   if (!started)
     return false;
-  Session session(program);
-  // Twice everything fills the caches of fonts, glyphs and styles.
+  SoakRun run(program);
+  // Doing everything twice fills the caches of fonts, glyphs and styles.
   constexpr int kWarmDialogs = 2 * static_cast<int>(std::size(kDialogs));
-  session.Redraw(4 * static_cast<int>(std::size(kViews)));
-  session.OpenDialogs(kWarmDialogs);
-  const Holding start = session.Show("start");
-  session.Redraw(redraws / 2);
-  session.OpenDialogs(dialogs / 2);
-  const Holding middle = session.Show("middle");
-  session.Redraw(redraws - redraws / 2);
-  session.OpenDialogs(dialogs - dialogs / 2);
-  const Holding end = session.Show("end");
+  run.Redraw(4 * static_cast<int>(std::size(kViews)));
+  run.OpenDialogs(kWarmDialogs);
+  const Resources start = run.Print("start");
+  run.Redraw(redraws / 2);
+  run.OpenDialogs(dialogs / 2);
+  const Resources middle = run.Print("middle");
+  run.Redraw(redraws - redraws / 2);
+  run.OpenDialogs(dialogs - dialogs / 2);
+  const Resources end = run.Print("end");
   program.MainWindow().close();
   std::filesystem::current_path("/");
-  if (session.Opened() != dialogs + kWarmDialogs) {
+  if (run.Opened() != dialogs + kWarmDialogs) {
     std::cout << "FAILED: a dialog did not open\n";
     return false;
   }
-  if (Grew(start, middle, end)) {
-    std::cout << "FAILED: it grows\n";
+  if (HasGrown(start, middle, end)) {
+    std::cout << "FAILED: memory or descriptors grow\n";
     return false;
   }
   return true;

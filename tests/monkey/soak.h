@@ -1,12 +1,13 @@
-// A long session of the same things again and again: memory and open descriptors must not grow.
+// The soak test: repeats the same actions; memory and open descriptors must not grow.
 #pragma once
 
 #include "app/application.h"
 
 namespace zerbal::monkey {
 
-/// Redraws the map and opens dialogs at least so often, in a world of its own, and prints what the program
-/// holds at the start (when everything was done twice), in the middle and at the end. False when it grew.
+/// Redraws the map at least `redraws` times and opens `dialogs` dialogs, in a world of its own. Prints heap,
+/// resident memory and descriptors at the start (after everything was done twice), in the middle and at the
+/// end. Returns false when they grew.
 bool Soak(app::Application& application, int redraws, int dialogs);
 
 }  // namespace zerbal::monkey

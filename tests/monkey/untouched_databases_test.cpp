@@ -1,5 +1,5 @@
-// The program only reads its databases: after a whole session their bytes and time stamps are what they were,
-// and two programs can work on one folder.
+// The program only reads its databases: a session changes neither their bytes nor their time stamps, and two
+// programs can use one folder.
 #include <QProcess>
 #include <map>
 
@@ -17,8 +17,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Every dialog, every layer, detail mode, both ways to draw flights, and the end.
-constexpr char kSession[] =
+/// Uses every dialog, every layer, detail mode and both ways to draw flights.
+constexpr char kScript[] =
     "start\n"
     "menu mnuViewAprt\nmenu mnuViewDest\nmenu mnuViewRiver\nmenu mnuViewIBound\n"
     "menu mnuRegPart(3)\nmenu mnuRegPart(6)\nmenu mnuRegWorld\n"
@@ -33,23 +33,23 @@ constexpr char kSession[] =
     "menu mnuHelpInfo\nclose frmHelpInfo\n"
     "quit\nexpect {\"ended\": true}\n";
 
-struct State {
+struct FileState {
   std::string bytes;
   std::int64_t modified = 0;  ///< nanoseconds
-  std::int64_t changed = 0;   ///< the inode, by whatever
+  std::int64_t changed = 0;   ///< nanoseconds; the last change of the inode
   mode_t mode = 0;
   ino_t inode = 0;
-  bool operator==(const State&) const = default;
+  bool operator==(const FileState&) const = default;
 };
 
 std::int64_t Nanoseconds(const timespec& time) {
   return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
 }
 
-State StateOf(const fs::path& file) {
+FileState StateOf(const fs::path& file) {
   struct stat status = {};
   if (stat(file.c_str(), &status) != 0)
-    throw std::runtime_error("no " + file.string());
+    throw std::runtime_error("cannot read the status of " + file.string());
   return {test::ReadBytes(file), Nanoseconds(status.st_mtim), Nanoseconds(status.st_ctim), status.st_mode,
           status.st_ino};
 }
@@ -62,7 +62,7 @@ class UntouchedDatabases : public testing::Test {
     for (const fs::path& file : kDatabaseFiles)
       before[file.string()] = StateOf(folder / file);
   }
-  void ExpectUntouched() const {
+  void ExpectUnchanged() const {
     for (const auto& [file, state] : before)
       EXPECT_TRUE(StateOf(folder / file) == state) << file;
     for (const char* inside : {"app_data", "app_map"}) {
@@ -72,34 +72,34 @@ class UntouchedDatabases : public testing::Test {
   }
 
   test::TempFolder folder;
-  std::map<std::string, State> before;
+  std::map<std::string, FileState> before;
 };
 
-TEST_F(UntouchedDatabases, AfterAWholeSession) {
-  const test::Played played = test::Play(kSession, folder.Path());
+TEST_F(UntouchedDatabases, ASessionChangesNothing) {
+  const test::Played played = test::Play(kScript, folder.Path());
   EXPECT_EQ(played.status, 0) << played.reasons;
-  ExpectUntouched();
+  ExpectUnchanged();
 }
 
-TEST_F(UntouchedDatabases, WithoutThePermissionToWriteThem) {
+TEST_F(UntouchedDatabases, ASessionNeedsNoWritePermission) {
   for (const fs::path& file : kDatabaseFiles) {
     fs::permissions(folder / file, fs::perms::owner_read);
     before[file.string()] = StateOf(folder / file);
   }
-  const test::Played played = test::Play(kSession, folder.Path());
+  const test::Played played = test::Play(kScript, folder.Path());
   EXPECT_EQ(played.status, 0) << played.reasons;
-  ExpectUntouched();
+  ExpectUnchanged();
 }
 
-/// A program that is sent its lines one by one and waits for more.
-class Open {
+/// A driver process that receives its script in parts.
+class OpenProgram {
  public:
-  explicit Open(const fs::path& folder) {
+  explicit OpenProgram(const fs::path& folder) {
     process_.setWorkingDirectory(QFile::decodeName(folder.c_str()));
     process_.start(ZERBAL_DRIVE, QStringList());
   }
-  /// Carries out `lines`; false when the program did not come to their end.
-  bool Do(const QByteArray& lines) {
+  /// Carries out `lines`; returns false when the program does not reach their end.
+  bool Run(const QByteArray& lines) {
     process_.write(lines + "echo here\n");
     QByteArray output;
     while (!output.contains("here")) {
@@ -109,7 +109,8 @@ class Open {
     }
     return true;
   }
-  int End() {
+  /// The exit status; -1 when the program crashes or does not end.
+  int ExitStatus() {
     process_.closeWriteChannel();
     return process_.waitForFinished(60000) && process_.exitStatus() == QProcess::NormalExit
                ? process_.exitCode()
@@ -120,20 +121,20 @@ class Open {
   QProcess process_;
 };
 
-TEST_F(UntouchedDatabases, ByTwoProgramsAtOnce) {
-  Open first(folder.Path());
-  ASSERT_TRUE(first.Do("start\nexpect {\"started\": true}\n"));
-  Open second(folder.Path());
-  ASSERT_TRUE(second.Do("start\nexpect {\"started\": true}\n"));
-  // Both have a dialog open on the same tables, and both write settings.
-  ASSERT_TRUE(first.Do("menu mnuFlitSeleFlit\nchoose cboFSrv 0\n"));
-  ASSERT_TRUE(second.Do("menu mnuFlitSeleFlit\nchoose cboFSrv 0\npick lstFlit 0\nclick cmdDisp\n"));
-  ASSERT_TRUE(first.Do("pick lstFlit 1\nclick cmdDisp\n"));
-  ASSERT_TRUE(second.Do("selection\nexpect {\"mode\": \"selection\"}\nquit\n"));
-  ASSERT_TRUE(first.Do("selection\nexpect {\"mode\": \"selection\"}\nmenu mnuRegPart(3)\nquit\n"));
-  EXPECT_EQ(first.End(), 0);
-  EXPECT_EQ(second.End(), 0);
-  ExpectUntouched();
+TEST_F(UntouchedDatabases, TwoProgramsShareAFolder) {
+  OpenProgram first(folder.Path());
+  ASSERT_TRUE(first.Run("start\nexpect {\"started\": true}\n"));
+  OpenProgram second(folder.Path());
+  ASSERT_TRUE(second.Run("start\nexpect {\"started\": true}\n"));
+  // Both programs read the same tables in a dialog and write settings.
+  ASSERT_TRUE(first.Run("menu mnuFlitSeleFlit\nchoose cboFSrv 0\n"));
+  ASSERT_TRUE(second.Run("menu mnuFlitSeleFlit\nchoose cboFSrv 0\npick lstFlit 0\nclick cmdDisp\n"));
+  ASSERT_TRUE(first.Run("pick lstFlit 1\nclick cmdDisp\n"));
+  ASSERT_TRUE(second.Run("selection\nexpect {\"mode\": \"selection\"}\nquit\n"));
+  ASSERT_TRUE(first.Run("selection\nexpect {\"mode\": \"selection\"}\nmenu mnuRegPart(3)\nquit\n"));
+  EXPECT_EQ(first.ExitStatus(), 0);
+  EXPECT_EQ(second.ExitStatus(), 0);
+  ExpectUnchanged();
   EXPECT_EQ(settings::ReadProfileString(folder / kSettingsFile, "SplashWindow", "SecondsToShow", "none", 20),
             "0");
 }

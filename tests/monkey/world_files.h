@@ -1,17 +1,17 @@
-// The files of a monkey's world, below its folder.
+// The files of a small world that the monkey corrupts, below the world's folder.
 #pragma once
 
-#include <array>
 #include <filesystem>
+
+#include "support/small_world.h"
 
 namespace zerbal::monkey {
 
+using test::kDatabaseFiles;
+using test::kScheduleFile;
+
 inline const std::filesystem::path kSettingsFile = "zerbal.ini";
-inline const std::array<std::filesystem::path, 6> kDatabaseFiles = {
-    "app_data/zbldata.mdb", "app_data/qavdata.mdb", "app_data/allaprt.mdb",
-    "app_map/coast.mdb",    "app_map/river.mdb",    "app_map/ibound.mdb"};
-inline const std::filesystem::path& kScheduleFile = kDatabaseFiles[1];
-/// Whole copies of all of them.
-inline const std::filesystem::path kPristine = "pristine";
+/// The folder with intact copies of all files.
+inline const std::filesystem::path kIntactCopies = "intact";
 
 }  // namespace zerbal::monkey

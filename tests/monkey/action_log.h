@@ -1,5 +1,5 @@
-// What the monkey says while it lives. Equal lives say equal lines: the folder, whose name is made up anew in
-// every run, is left out.
+// What a session prints. Equal sessions print equal lines: the path of the working directory, which differs
+// in every run, is removed.
 #pragma once
 
 #include <QDir>
@@ -8,7 +8,8 @@
 
 namespace zerbal::monkey {
 
-inline void Print(QString line) {
+/// Prints at most 200 characters of `line`.
+inline void PrintLine(QString line) {
   line.replace(QDir::currentPath() + '/', QString());
   std::cout << line.left(200).toStdString() << std::endl;
 }

@@ -1,4 +1,4 @@
-# Equal seeds give equal lives: runs MONKEY twice with SEED and ACTIONS and compares what it prints.
+# Equal seeds give equal sessions: runs MONKEY twice with SEED and ACTIONS and compares the output.
 foreach(run first second)
   execute_process(COMMAND ${MONKEY} ${SEED} ${ACTIONS} OUTPUT_VARIABLE ${run} RESULT_VARIABLE status)
   if(NOT status EQUAL 0)

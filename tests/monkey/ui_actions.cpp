@@ -1,4 +1,4 @@
-#include "hands.h"
+#include "ui_actions.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -14,7 +14,7 @@
 #include <utility>
 #include <vector>
 
-#include "report.h"
+#include "action_log.h"
 #include "user_actions.h"
 
 namespace zerbal::monkey {
@@ -32,20 +32,20 @@ QString OwnName(const QObject& object) {
   return object.objectName().isEmpty() ? QString(object.metaObject()->className()) : object.objectName();
 }
 
-/// With the window's name before it, as controls of several windows have the same one.
+/// WINDOW.NAME, as several windows have controls of the same name.
 QString NameOf(const QWidget& widget) {
   const QWidget* window = widget.window();
   return window == &widget ? OwnName(widget) : OwnName(*window) + '.' + OwnName(widget);
 }
 
-/// Does it lead to the schedule's flights: a menu entry to such a dialog, or the dialog?
-bool FindsFlights(const QObject& object) {
+/// True for the dialogs that search the schedule's flights and for their menu entries.
+bool SearchesFlights(const QObject& object) {
   const QString name = object.objectName();
   return name.endsWith("RandFlit") || name.endsWith("SeleFlit") || name.endsWith("SeleDest");
 }
 
-/// Is it something to work with, not only to point at?
-bool DoesSomething(const QWidget* control) {
+/// True for enabled controls that take input.
+bool TakesInput(const QWidget* control) {
   return control->isEnabled() && (qobject_cast<const QAbstractButton*>(control) != nullptr ||
                                   qobject_cast<const QComboBox*>(control) != nullptr ||
                                   qobject_cast<const QScrollBar*>(control) != nullptr ||
@@ -53,7 +53,7 @@ bool DoesSomething(const QWidget* control) {
                                   qobject_cast<const QLineEdit*>(control) != nullptr);
 }
 
-/// In the order in which they were made, which is the same in every run.
+/// The visible controls in the order of their creation, which is the same in every run.
 std::vector<QWidget*> ControlsOf(const QWidget& window) {
   std::vector<QWidget*> controls;
   for (QWidget* widget : window.findChildren<QWidget*>()) {
@@ -65,11 +65,11 @@ std::vector<QWidget*> ControlsOf(const QWidget& window) {
 
 }  // namespace
 
-void Hands::Say(const QString& action) {
-  Print(QString::number(++count_) + ' ' + action);
+void UiActions::Log(const QString& action) {
+  PrintLine(QString::number(++count_) + ' ' + action);
 }
 
-void Hands::PressKey(QWidget& window, int key, Qt::KeyboardModifiers modifiers) {
+void UiActions::PressKey(QWidget& window, int key, Qt::KeyboardModifiers modifiers) {
   QPointer<QWidget> target = window.focusWidget() != nullptr ? window.focusWidget() : &window;
   const QString text = key >= Qt::Key_Space && key <= Qt::Key_Z ? QString(QChar(key)) : QString();
   for (const QEvent::Type type : {QEvent::ShortcutOverride, QEvent::KeyPress, QEvent::KeyRelease}) {
@@ -80,24 +80,24 @@ void Hands::PressKey(QWidget& window, int key, Qt::KeyboardModifiers modifiers) 
   }
 }
 
-void Hands::PressAnyKey(QWidget& window) {
-  const int key = choice_.Of(kKeys);
-  const Qt::KeyboardModifiers modifiers = choice_.Of(kModifiers);
-  Say(QString("key %1 with %2 in %3").arg(key, 0, 16).arg(modifiers.toInt(), 0, 16).arg(NameOf(window)));
+void UiActions::PressRandomKey(QWidget& window) {
+  const int key = choice_.ElementOf(kKeys);
+  const Qt::KeyboardModifiers modifiers = choice_.ElementOf(kModifiers);
+  Log(QString("key %1 with %2 in %3").arg(key, 0, 16).arg(modifiers.toInt(), 0, 16).arg(NameOf(window)));
   drive::Activate(&window);
   PressKey(window, key, modifiers);
 }
 
-void Hands::Mouse(QWidget& widget, QEvent::Type type, const QPoint& at, Qt::MouseButton button) {
+void UiActions::Mouse(QWidget& widget, QEvent::Type type, const QPoint& at, Qt::MouseButton button) {
   QMouseEvent event(type, at, widget.mapToGlobal(at), button, held_, Qt::NoModifier);
   QApplication::sendEvent(&widget, &event);
 }
 
-void Hands::ClickAnywhere(QWidget& widget) {
+void UiActions::ClickSomewhere(QWidget& widget) {
   const QPoint at(choice_.Below(widget.width()), choice_.Below(widget.height()));
-  const Qt::MouseButton button = choice_.Of(kButtons);
+  const Qt::MouseButton button = choice_.ElementOf(kButtons);
   const bool twice = choice_.OneIn(4);
-  Say(QString("%1click %2 at %3 %4 in %5")
+  Log(QString("%1click %2 at %3 %4 in %5")
           .arg(twice ? "double " : "")
           .arg(static_cast<int>(button))
           .arg(at.x())
@@ -114,79 +114,80 @@ void Hands::ClickAnywhere(QWidget& widget) {
   }
 }
 
-void Hands::TurnWheel(QWidget& widget) {
+void UiActions::TurnWheel(QWidget& widget) {
   const QPoint turn(0, choice_.Between(-3, 3) * 120);
-  Say(QString("wheel %1 over %2").arg(turn.y()).arg(NameOf(widget)));
+  Log(QString("wheel %1 over %2").arg(turn.y()).arg(NameOf(widget)));
   const QPointF at(widget.width() / 2.0, widget.height() / 2.0);
   QWheelEvent event(at, widget.mapToGlobal(at), {}, turn, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
                     false);
   QApplication::sendEvent(&widget, &event);
 }
 
-void Hands::AnswerBox(QMessageBox& box) {
+void UiActions::AnswerBox(QMessageBox& box) {
   if (choice_.OneIn(3)) {
-    Say("box (" + box.text().simplified() + "): Escape");
+    Log("box (" + box.text().simplified() + "): Escape");
     PressKey(box, Qt::Key_Escape);
     return;
   }
   const QList<QAbstractButton*> buttons = box.buttons();
-  QAbstractButton* button = choice_.Of(buttons);
-  Say("box (" + box.text().simplified() + "): " + button->text());
+  QAbstractButton* button = choice_.ElementOf(buttons);
+  Log("box (" + box.text().simplified() + "): " + button->text());
   drive::ClickMiddle(button, Qt::LeftButton);
 }
 
-void Hands::UsePopup(QWidget& popup) {
+void UiActions::UsePopup(QWidget& popup) {
   constexpr int kMenuKeys[] = {Qt::Key_Down, Qt::Key_Down, Qt::Key_Up,     Qt::Key_Right,
                                Qt::Key_Left, Qt::Key_Home, Qt::Key_Return, Qt::Key_Return};
   if (choice_.OneIn(6)) {
-    Say("leave the pop-up " + NameOf(popup));
+    Log("leave the pop-up " + NameOf(popup));
     popup.close();
   } else if (choice_.OneIn(3)) {
-    ClickAnywhere(popup);
+    ClickSomewhere(popup);
   } else {
-    const int key = choice_.Of(kMenuKeys);
-    Say(QString("key %1 in the pop-up %2").arg(key, 0, 16).arg(NameOf(popup)));
+    const int key = choice_.ElementOf(kMenuKeys);
+    Log(QString("key %1 in the pop-up %2").arg(key, 0, 16).arg(NameOf(popup)));
     PressKey(popup, key);
   }
 }
 
-void Hands::UseDialog(QWidget& dialog) {
+void UiActions::UseDialog(QWidget& dialog) {
   const int kind = choice_.Below(100);
   if (kind < 3) {
     Close(dialog);
   } else if (kind < 14) {
-    PressAnyKey(dialog);
+    PressRandomKey(dialog);
   } else if (kind < 17) {
     const QSize size(choice_.Length(1600), choice_.Length(1200));
-    Say(QString("resize to %1 x %2: %3").arg(size.width()).arg(size.height()).arg(NameOf(dialog)));
+    Log(QString("resize to %1 x %2: %3").arg(size.width()).arg(size.height()).arg(NameOf(dialog)));
     dialog.resize(size);
   } else if (kind < 19) {
-    HaveBadLuck();
-  } else if (kind < 21 && !lucky_ && FindsFlights(dialog)) {
-    Hurt(misfortune_.ToTheSchedule());
+    CorruptRandomFile();
+  } else if (kind < 21 && corruptsFilesInUse_ && SearchesFlights(dialog)) {
+    Corrupt(corrupter_.ChooseForSchedule());
   } else {
-    UseAnyControl(dialog);
+    UseRandomControl(dialog);
   }
 }
 
-void Hands::HaveBadLuck() {
-  Hurt(lucky_ || choice_.OneIn(2) ? misfortune_.Any() : misfortune_.ToWhatIsRead());
+void UiActions::CorruptRandomFile() {
+  Corrupt(!corruptsFilesInUse_ || choice_.OneIn(2) ? corrupter_.ChooseAny()
+                                                   : corrupter_.ChooseForFilesInUse());
 }
 
-void Hands::Hurt(const Misfortune::Event& event) {
+void UiActions::Corrupt(const FileCorruption& corruption) {
   if (choice_.OneIn(3)) {
     const int steps = choice_.Length(300);
-    Say(event.Words() + QString(", %1 steps later").arg(steps));
-    ambush_.Lay(event, steps);
+    Log(corruption.Description() + QString(", %1 steps later").arg(steps));
+    delayedCorruption_.Schedule(corruption, steps);
   } else {
-    Say(event.Words());
-    misfortune_.Strike(event);
+    Log(corruption.Description());
+    corrupter_.Apply(corruption);
   }
 }
 
-void Hands::UseMainWindow(QWidget& window, app::frmMap& map) {
-  if (intended_) {
-    Trigger(*std::exchange(intended_, nullptr));
+void UiActions::UseMainWindow(QWidget& window, app::frmMap& map) {
+  if (pendingEntry_) {
+    Trigger(*std::exchange(pendingEntry_, nullptr));
     return;
   }
   const int kind = choice_.Below(1000);
@@ -201,61 +202,61 @@ void Hands::UseMainWindow(QWidget& window, app::frmMap& map) {
   else if (kind < 790)
     ChangeState(window);
   else if (kind < 930)
-    UseAnyControl(window);
+    UseRandomControl(window);
   else if (kind < 975)
-    PressAnyKey(window);
+    PressRandomKey(window);
   else if (kind < 995)
-    HaveBadLuck();
+    CorruptRandomFile();
   else
     Close(window);
 }
 
-void Hands::Trigger(QAction& entry) {
-  Say("menu " + OwnName(entry));
+void UiActions::Trigger(QAction& entry) {
+  Log("menu " + OwnName(entry));
   entry.trigger();
 }
 
-void Hands::ChooseEntry(QWidget& window) {
+void UiActions::ChooseEntry(QWidget& window) {
   std::vector<QAction*> entries;
   for (QAction* action : window.findChildren<QAction*>()) {
-    const bool ends = action->objectName() == "mnuFileQuit";
+    const bool endsProgram = action->objectName() == "mnuFileQuit";
     if (action->objectName().startsWith("mnu") && action->menu() == nullptr && action->isEnabled() &&
-        action->isVisible() && (!ends || choice_.OneIn(10)))
+        action->isVisible() && (!endsProgram || choice_.OneIn(10)))
       entries.push_back(action);
   }
   if (entries.empty())
     return;
-  QAction* entry = choice_.Of(entries);
-  if (!lucky_ && FindsFlights(*entry) && choice_.OneIn(12)) {
-    intended_ = entry;
-    Hurt(misfortune_.ToTheSchedule());
+  QAction* entry = choice_.ElementOf(entries);
+  if (corruptsFilesInUse_ && SearchesFlights(*entry) && choice_.OneIn(12)) {
+    pendingEntry_ = entry;
+    Corrupt(corrupter_.ChooseForSchedule());
   } else {
     Trigger(*entry);
   }
 }
 
-void Hands::OpenMenuBar(QWidget& window) {
+void UiActions::OpenMenuBar(QWidget& window) {
   auto* bar = window.findChild<QMenuBar*>();
   if (bar == nullptr || bar->actions().isEmpty() || !bar->isVisible())
     return;
   const QList<QAction*> menus = bar->actions();
-  QAction* menu = choice_.Of(menus);
-  Say("open the menu " + menu->text());
+  QAction* menu = choice_.ElementOf(menus);
+  Log("open the menu " + menu->text());
   const QPoint at = bar->actionGeometry(menu).center();
   Mouse(*bar, QEvent::MouseButtonPress, at, Qt::LeftButton);
   Mouse(*bar, QEvent::MouseButtonRelease, at, Qt::LeftButton);
 }
 
-void Hands::UseMouseOnMap(app::frmMap& map) {
-  // Past the edges, too: the mouse is held there while a box is drawn.
+void UiActions::UseMouseOnMap(app::frmMap& map) {
+  // Also outside of the window, where the mouse can be while a zoom box is drawn.
   const QPoint at(choice_.Between(-20, map.width() + 20), choice_.Between(-20, map.height() + 20));
   const Qt::MouseButton button = choice_.OneIn(5) ? Qt::RightButton : Qt::LeftButton;
-  const char* const words[] = {"press", "move", "move", "release"};
+  const char* const names[] = {"press", "move", "move", "release"};
   const QEvent::Type types[] = {QEvent::MouseButtonPress, QEvent::MouseMove, QEvent::MouseMove,
                                 QEvent::MouseButtonRelease};
   const int step = choice_.Below(4);
-  Say(QString("%1 %2 at %3 %4 on %5")
-          .arg(words[step])
+  Log(QString("%1 %2 at %3 %4 on %5")
+          .arg(names[step])
           .arg(static_cast<int>(button))
           .arg(at.x())
           .arg(at.y())
@@ -267,17 +268,17 @@ void Hands::UseMouseOnMap(app::frmMap& map) {
   Mouse(map, types[step], at, types[step] == QEvent::MouseMove ? Qt::NoButton : button);
 }
 
-void Hands::Resize(QWidget& window, app::frmMap& map) {
+void UiActions::Resize(QWidget& window, app::frmMap& map) {
   const QSize size(choice_.Length(3000), choice_.Length(2000));
   QWidget& resized = choice_.OneIn(3) ? static_cast<QWidget&>(map) : window;
-  Say(QString("resize to %1 x %2: %3").arg(size.width()).arg(size.height()).arg(OwnName(resized)));
+  Log(QString("resize to %1 x %2: %3").arg(size.width()).arg(size.height()).arg(OwnName(resized)));
   resized.resize(size);
 }
 
-void Hands::ChangeState(QWidget& window) {
+void UiActions::ChangeState(QWidget& window) {
   const int state = choice_.Below(5);
-  static const char* const kWords[] = {"normal", "normal", "minimised", "maximised", "full screen"};
-  Say(QString("state ") + kWords[state]);
+  static const char* const kStates[] = {"normal", "normal", "minimised", "maximised", "full screen"};
+  Log(QString("state ") + kStates[state]);
   if (state < 2)
     window.showNormal();
   else if (state == 2)
@@ -288,18 +289,18 @@ void Hands::ChangeState(QWidget& window) {
     window.showFullScreen();
 }
 
-void Hands::UseAnyControl(const QWidget& window) {
+void UiActions::UseRandomControl(const QWidget& window) {
   std::vector<QWidget*> controls = ControlsOf(window);
-  // Most of what is there is only to be looked at, and a dialog that is left at once has done little.
+  // Prefers controls that take input, and seldom leaves the dialog.
   if (!choice_.OneIn(4))
-    std::erase_if(controls, [](const QWidget* control) { return !DoesSomething(control); });
+    std::erase_if(controls, [](const QWidget* control) { return !TakesInput(control); });
   if (!choice_.OneIn(4))
     std::erase_if(controls, [](const QWidget* control) { return control->objectName() == "cmdESC"; });
   if (!controls.empty())
-    UseControl(*choice_.Of(controls));
+    UseControl(*choice_.ElementOf(controls));
 }
 
-void Hands::UseControl(QWidget& control) {
+void UiActions::UseControl(QWidget& control) {
   auto* button = qobject_cast<QAbstractButton*>(&control);
   auto* combo = qobject_cast<QComboBox*>(&control);
   auto* bar = qobject_cast<QScrollBar*>(&control);
@@ -307,15 +308,15 @@ void Hands::UseControl(QWidget& control) {
   const bool usable = control.isEnabled() && !choice_.OneIn(6);
   if (usable && button != nullptr) {
     const Qt::MouseButton mouse = choice_.OneIn(5) ? Qt::RightButton : Qt::LeftButton;
-    Say(QString("click %1 on %2").arg(static_cast<int>(mouse)).arg(NameOf(control)));
+    Log(QString("click %1 on %2").arg(static_cast<int>(mouse)).arg(NameOf(control)));
     drive::ClickMiddle(&control, mouse);
   } else if (usable && combo != nullptr && combo->count() > 0) {
     const int index = choice_.Below(combo->count());
-    Say(QString("choose %1 in %2").arg(index).arg(NameOf(control)));
+    Log(QString("choose %1 in %2").arg(index).arg(NameOf(control)));
     drive::Choose(combo, index);
   } else if (usable && bar != nullptr) {
     const int value = choice_.Between(bar->minimum() - 5, bar->maximum() + 5);
-    Say(QString("scroll to %1 in %2").arg(value).arg(NameOf(control)));
+    Log(QString("scroll to %1 in %2").arg(value).arg(NameOf(control)));
     bar->setValue(value);
   } else if (usable && list != nullptr) {
     PickIn(*list);
@@ -324,46 +325,46 @@ void Hands::UseControl(QWidget& control) {
   } else if (choice_.OneIn(3)) {
     TurnWheel(control);
   } else if (choice_.OneIn(2)) {
-    Say("hover " + NameOf(control));
+    Log("hover " + NameOf(control));
     drive::HoverMiddle(&control);
   } else {
-    ClickAnywhere(control);
+    ClickSomewhere(control);
   }
 }
 
-void Hands::TypeInto(QWidget& control) {
+void UiActions::TypeInto(QWidget& control) {
   const QString text = choice_.Text();
-  const int way = choice_.Below(3);
-  static const char* const kWords[] = {"type", "add", "paste"};
-  Say(QString("%1 '%2' in %3").arg(kWords[way], text, NameOf(control)));
+  const int method = choice_.Below(3);
+  static const char* const kMethods[] = {"type", "append", "paste"};
+  Log(QString("%1 '%2' in %3").arg(kMethods[method], text, NameOf(control)));
   const QPointer<QWidget> alive = &control;
-  if (way == 2) {
+  if (method == 2) {
     drive::Paste(&control, text);
     return;
   }
-  if (way == 0)
+  if (method == 0)
     drive::FocusByTab(&control);
   else
     control.setFocus(Qt::OtherFocusReason);
   if (alive)
     drive::TypeKeys(&control, text.left(200), false);
-  if (alive && way == 0)
+  if (alive && method == 0)
     drive::LeaveByTab(&control);
 }
 
-void Hands::PickIn(QAbstractItemView& list) {
+void UiActions::PickIn(QAbstractItemView& list) {
   const int count = list.model()->rowCount();
   std::vector<int> rows;
   for (int row = 0; row < count; ++row) {
     if (choice_.OneIn(4))
       rows.push_back(row);
   }
-  Say(QString("pick %1 of %2 in %3").arg(rows.size()).arg(count).arg(NameOf(list)));
+  Log(QString("pick %1 of %2 in %3").arg(rows.size()).arg(count).arg(NameOf(list)));
   drive::PickRows(&list, rows);
 }
 
-void Hands::Close(QWidget& window) {
-  Say("close " + NameOf(window));
+void UiActions::Close(QWidget& window) {
+  Log("close " + NameOf(window));
   window.close();
 }
 

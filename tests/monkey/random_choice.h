@@ -1,5 +1,5 @@
-// Chance that can be had again: everything the monkey decides comes from one seeded generator, by arithmetic
-// that is the same with every standard library.
+// Random decisions that a seed repeats. They use only arithmetic whose result does not depend on the standard
+// library.
 #pragma once
 
 #include <QString>
@@ -10,27 +10,27 @@
 
 namespace zerbal::monkey {
 
-class Choice {
+class RandomChoice {
  public:
-  explicit Choice(std::uint64_t seed) : generator_(seed) {}
+  explicit RandomChoice(std::uint64_t seed) : generator_(seed) {}
 
-  /// 0 <= result < count; 0 when there is nothing to choose from.
+  /// 0 <= result < count; 0 when `count` is 0 or less.
   int Below(int count) {
     return count <= 0 ? 0 : static_cast<int>(generator_() % static_cast<std::uint64_t>(count));
   }
   int Between(int lowest, int highest) { return lowest + Below(highest - lowest + 1); }
   bool OneIn(int count) { return Below(count) == 0; }
-  /// A length from 1 to `longest`, the short ones as likely as the long ones.
+  /// A length from 1 to `longest`; each order of magnitude is equally likely.
   int Length(int longest) {
     const double part = Below(100001) / 100000.0;
     return static_cast<int>(std::lround(std::pow(static_cast<double>(longest), part)));
   }
   template <class List>
-  auto& Of(List& list) {
+  auto& ElementOf(List& list) {
     return *std::next(std::begin(list), Below(static_cast<int>(std::size(list))));
   }
 
-  /// What somebody may type or paste: mostly numbers, sometimes anything.
+  /// A text to type or paste: mostly numbers near a limit, sometimes other text.
   QString Text() {
     static const QString kTexts[] = {"",
                                      "0",
@@ -56,7 +56,7 @@ class Choice {
                                      "0x10"};
     if (OneIn(40))
       return QString(Between(100, 5000), QChar('9'));
-    return Of(kTexts);
+    return ElementOf(kTexts);
   }
 
  private:
