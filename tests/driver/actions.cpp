@@ -9,7 +9,7 @@
 #include <numeric>
 
 #include "controls.h"
-#include "user_actions.h"
+#include "simulated_input.h"
 
 namespace zerbal::drive {
 namespace {
@@ -21,24 +21,24 @@ Qt::MouseButtons ButtonsOf(const QString& word) {
     return Qt::RightButton;
   if (word == "both")
     return Qt::LeftButton | Qt::RightButton;
-  throw NotACommand(QString("'%1' is no mouse button").arg(word));
+  throw SyntaxError(QString("'%1' is not a mouse button").arg(word));
 }
 
-void SendToMap(Stage& stage, QEvent::Type type, double x, double y, Qt::MouseButton button) {
-  app::frmMap& window = stage.program.MapWindow();
+void SendToMap(Context& context, QEvent::Type type, double x, double y, Qt::MouseButton button) {
+  app::frmMap& window = context.program.MapWindow();
   RequireReachable(&window, "frmMap");
   const QPointF at(x / kTwipsPerPixel, y / kTwipsPerPixel);
-  QMouseEvent event(type, at, window.mapToGlobal(at), button, stage.heldButtons, Qt::NoModifier);
+  QMouseEvent event(type, at, window.mapToGlobal(at), button, context.heldButtons, Qt::NoModifier);
   QApplication::sendEvent(&window, &event);
 }
 
 }  // namespace
 
-void MenuCommand(const Arguments& arguments, Stage&) {
+void MenuCommand(const Arguments& arguments, Context&) {
   const QString name = arguments.Text(0);
   QAction* action = Find(name).action;
   if (!action)
-    throw Failure(QString("'%1' is no menu entry").arg(name));
+    throw Failure(QString("'%1' is not a menu entry").arg(name));
   RequireUsable(action, name);
   // Choosing an entry of an open pop-up menu closes it.
   if (QWidget* popup = QApplication::activePopupWidget())
@@ -46,19 +46,19 @@ void MenuCommand(const Arguments& arguments, Stage&) {
   action->trigger();
 }
 
-void ClickCommand(const Arguments& arguments, Stage&) {
+void ClickCommand(const Arguments& arguments, Context&) {
   auto* widget = FindWidget<QWidget>(arguments.Text(0));
   RequireReachable(widget, arguments.Text(0));
   ClickMiddle(widget, Qt::LeftButton);
 }
 
-void RightClickCommand(const Arguments& arguments, Stage&) {
+void RightClickCommand(const Arguments& arguments, Context&) {
   auto* widget = FindWidget<QWidget>(arguments.Text(0));
   RequireReachable(widget, arguments.Text(0));
   ClickMiddle(widget, Qt::RightButton);
 }
 
-void TextCommand(const Arguments& arguments, Stage&) {
+void TextCommand(const Arguments& arguments, Context&) {
   auto* widget = FindWidget<QWidget>(arguments.Text(0));
   RequireUsable(widget, arguments.Text(0));
   const QPointer<QWidget> alive = widget;
@@ -68,23 +68,23 @@ void TextCommand(const Arguments& arguments, Stage&) {
     LeaveByTab(widget);
 }
 
-void KeysCommand(const Arguments& arguments, Stage&) {
+void KeysCommand(const Arguments& arguments, Context&) {
   auto* widget = FindWidget<QWidget>(arguments.Text(0));
   RequireUsable(widget, arguments.Text(0));
   Activate(widget);
-  // Neither a Tab nor a mouse focus, so that nothing is selected beforehand.
+  // This focus reason leaves the selection unchanged.
   if (widget->window()->focusWidget() != widget && !widget->isWindow())
     widget->setFocus(Qt::OtherFocusReason);
   TypeKeys(widget, arguments.Text(1), true);
 }
 
-void PasteCommand(const Arguments& arguments, Stage&) {
+void PasteCommand(const Arguments& arguments, Context&) {
   auto* widget = FindWidget<QWidget>(arguments.Text(0));
   RequireUsable(widget, arguments.Text(0));
   Paste(widget, arguments.Text(1));
 }
 
-void ChooseCommand(const Arguments& arguments, Stage&) {
+void ChooseCommand(const Arguments& arguments, Context&) {
   auto* combo = FindWidget<QComboBox>(arguments.Text(0));
   RequireUsable(combo, arguments.Text(0));
   bool isNumber = false;
@@ -96,7 +96,7 @@ void ChooseCommand(const Arguments& arguments, Stage&) {
   Choose(combo, index);
 }
 
-void PickCommand(const Arguments& arguments, Stage&) {
+void PickCommand(const Arguments& arguments, Context&) {
   auto* list = FindWidget<QAbstractItemView>(arguments.Text(0));
   RequireUsable(list, arguments.Text(0));
   const QString wanted = arguments.Text(1);
@@ -109,57 +109,57 @@ void PickCommand(const Arguments& arguments, Stage&) {
       bool ok = false;
       rows.push_back(part.toInt(&ok));
       if (!ok)
-        throw NotACommand(QString("'%1' is no line number").arg(part));
+        throw SyntaxError(QString("'%1' is not a line number").arg(part));
     }
   }
   PickRows(list, rows);
 }
 
-void ScrollCommand(const Arguments& arguments, Stage&) {
+void ScrollCommand(const Arguments& arguments, Context&) {
   auto* bar = FindWidget<QScrollBar>(arguments.Text(0));
   RequireUsable(bar, arguments.Text(0));
   bar->setValue(arguments.Whole(1));
 }
 
-void HoverCommand(const Arguments& arguments, Stage&) {
+void HoverCommand(const Arguments& arguments, Context&) {
   auto* widget = FindWidget<QWidget>(arguments.Text(0));
   RequireReachable(widget, arguments.Text(0));
   HoverMiddle(widget);
 }
 
-void MapSizeCommand(const Arguments& arguments, Stage& stage) {
-  QWidget& main = stage.program.MainWindow();
-  app::frmMap& mapWindow = stage.program.MapWindow();
+void MapSizeCommand(const Arguments& arguments, Context& context) {
+  QWidget& main = context.program.MainWindow();
+  app::frmMap& mapWindow = context.program.MapWindow();
   const QSize wanted(arguments.Whole(0), arguments.Whole(1));
   main.resize(main.size() + wanted - mapWindow.size());
   QApplication::sendPostedEvents();
-  // A main window cannot be smaller than its tool bar; its child can.
+  // The main window cannot be smaller than its tool bar; the map window can.
   if (mapWindow.size() != wanted)
     mapWindow.resize(wanted);
 }
 
-void PressCommand(const Arguments& arguments, Stage& stage) {
+void PressCommand(const Arguments& arguments, Context& context) {
   const Qt::MouseButtons buttons = ButtonsOf(arguments.Text(0));
-  stage.heldButtons |= buttons;
+  context.heldButtons |= buttons;
   const auto button = buttons.testFlag(Qt::LeftButton) ? Qt::LeftButton : Qt::RightButton;
-  SendToMap(stage, QEvent::MouseButtonPress, arguments.Number(1), arguments.Number(2), button);
+  SendToMap(context, QEvent::MouseButtonPress, arguments.Number(1), arguments.Number(2), button);
 }
 
-void MoveCommand(const Arguments& arguments, Stage& stage) {
-  SendToMap(stage, QEvent::MouseMove, arguments.Number(0), arguments.Number(1), Qt::NoButton);
+void MoveCommand(const Arguments& arguments, Context& context) {
+  SendToMap(context, QEvent::MouseMove, arguments.Number(0), arguments.Number(1), Qt::NoButton);
 }
 
-void ReleaseCommand(const Arguments& arguments, Stage& stage) {
+void ReleaseCommand(const Arguments& arguments, Context& context) {
   const Qt::MouseButtons buttons = ButtonsOf(arguments.Text(0));
-  stage.heldButtons &= ~buttons;
+  context.heldButtons &= ~buttons;
   for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton}) {
     if (buttons.testFlag(button))
-      SendToMap(stage, QEvent::MouseButtonRelease, arguments.Number(1), arguments.Number(2), button);
+      SendToMap(context, QEvent::MouseButtonRelease, arguments.Number(1), arguments.Number(2), button);
   }
 }
 
-void StateCommand(const Arguments& arguments, Stage& stage) {
-  QWidget& main = stage.program.MainWindow();
+void StateCommand(const Arguments& arguments, Context& context) {
+  QWidget& main = context.program.MainWindow();
   const QString state = arguments.Text(0);
   if (state == "normal")
     main.showNormal();
@@ -168,20 +168,20 @@ void StateCommand(const Arguments& arguments, Stage& stage) {
   else if (state == "maximised")
     main.showMaximized();
   else
-    throw NotACommand(QString("'%1' is no window state").arg(state));
+    throw SyntaxError(QString("'%1' is not a window state").arg(state));
 }
 
-void PlaceCommand(const Arguments& arguments, Stage&) {
+void PlaceCommand(const Arguments& arguments, Context&) {
   auto* window = FindWidget<QWidget>(arguments.Text(0));
   if (!window->isWindow())
-    throw Failure(QString("'%1' is no window that can be moved").arg(arguments.Text(0)));
+    throw Failure(QString("'%1' is not a window that can be moved").arg(arguments.Text(0)));
   RequireReachable(window, arguments.Text(0));
   window->move(arguments.Whole(1), arguments.Whole(2));
   if (arguments.Count() == 5)
     window->resize(arguments.Whole(3), arguments.Whole(4));
 }
 
-void CloseCommand(const Arguments& arguments, Stage&) {
+void CloseCommand(const Arguments& arguments, Context&) {
   auto* window = FindWidget<QWidget>(arguments.Text(0));
   RequireReachable(window, arguments.Text(0));
   window->close();

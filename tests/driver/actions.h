@@ -1,4 +1,4 @@
-// What a script's user does.
+// The commands of a script that act as the user does.
 #pragma once
 
 #include "arguments.h"
@@ -6,22 +6,22 @@
 
 namespace zerbal::drive {
 
-void MenuCommand(const Arguments& arguments, Stage& stage);
-void ClickCommand(const Arguments& arguments, Stage& stage);
-void RightClickCommand(const Arguments& arguments, Stage& stage);
-void TextCommand(const Arguments& arguments, Stage& stage);
-void KeysCommand(const Arguments& arguments, Stage& stage);
-void PasteCommand(const Arguments& arguments, Stage& stage);
-void ChooseCommand(const Arguments& arguments, Stage& stage);
-void PickCommand(const Arguments& arguments, Stage& stage);
-void ScrollCommand(const Arguments& arguments, Stage& stage);
-void HoverCommand(const Arguments& arguments, Stage& stage);
-void MapSizeCommand(const Arguments& arguments, Stage& stage);
-void PressCommand(const Arguments& arguments, Stage& stage);
-void MoveCommand(const Arguments& arguments, Stage& stage);
-void ReleaseCommand(const Arguments& arguments, Stage& stage);
-void StateCommand(const Arguments& arguments, Stage& stage);
-void PlaceCommand(const Arguments& arguments, Stage& stage);
-void CloseCommand(const Arguments& arguments, Stage& stage);
+void MenuCommand(const Arguments& arguments, Context& context);
+void ClickCommand(const Arguments& arguments, Context& context);
+void RightClickCommand(const Arguments& arguments, Context& context);
+void TextCommand(const Arguments& arguments, Context& context);
+void KeysCommand(const Arguments& arguments, Context& context);
+void PasteCommand(const Arguments& arguments, Context& context);
+void ChooseCommand(const Arguments& arguments, Context& context);
+void PickCommand(const Arguments& arguments, Context& context);
+void ScrollCommand(const Arguments& arguments, Context& context);
+void HoverCommand(const Arguments& arguments, Context& context);
+void MapSizeCommand(const Arguments& arguments, Context& context);
+void PressCommand(const Arguments& arguments, Context& context);
+void MoveCommand(const Arguments& arguments, Context& context);
+void ReleaseCommand(const Arguments& arguments, Context& context);
+void StateCommand(const Arguments& arguments, Context& context);
+void PlaceCommand(const Arguments& arguments, Context& context);
+void CloseCommand(const Arguments& arguments, Context& context);
 
 }  // namespace zerbal::drive

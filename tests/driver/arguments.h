@@ -1,4 +1,4 @@
-// The words behind a command, each read as what the command takes.
+// The arguments of a command, converted to the types that it takes.
 #pragma once
 
 #include <QJsonDocument>
@@ -11,7 +11,7 @@
 
 namespace zerbal::drive {
 
-/// Reading a word as what it is not throws NotACommand. Indexes count from the word behind the command.
+/// Index 0 is the first word after the command. Throws SyntaxError when a word has another type.
 class Arguments {
  public:
   explicit Arguments(const ScriptLine& line) : line_(line) {}
@@ -25,21 +25,21 @@ class Arguments {
     bool ok = false;
     const double value = Text(index).toDouble(&ok);
     if (!ok)
-      throw NotACommand(QString("'%1' is no number").arg(Text(index)));
+      throw SyntaxError(QString("'%1' is not a number").arg(Text(index)));
     return value;
   }
   int Whole(std::size_t index) const {
     bool ok = false;
     const int value = Text(index).toInt(&ok);
     if (!ok)
-      throw NotACommand(QString("'%1' is no whole number").arg(Text(index)));
+      throw SyntaxError(QString("'%1' is not a whole number").arg(Text(index)));
     return value;
   }
   QJsonObject Json() const {
     QJsonParseError error;
     const auto document = QJsonDocument::fromJson(QByteArray::fromStdString(line_.rest), &error);
     if (!document.isObject())
-      throw NotACommand("no JSON object: " + error.errorString());
+      throw SyntaxError("not a JSON object: " + error.errorString());
     return document.object();
   }
 

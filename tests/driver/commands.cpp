@@ -13,43 +13,43 @@
 namespace zerbal::drive {
 namespace {
 
-void SeedCommand(const Arguments& arguments, Stage& stage) {
-  if (stage.program.Running())
+void SeedCommand(const Arguments& arguments, Context& context) {
+  if (context.program.Running())
     throw Failure("the program has started already");
-  stage.program.Seed(static_cast<std::uint32_t>(arguments.Number(0)));
+  context.program.Seed(static_cast<std::uint32_t>(arguments.Number(0)));
 }
 
-void RandomCommand(const Arguments& arguments, Stage& stage) {
+void RandomCommand(const Arguments& arguments, Context& context) {
   std::vector<float> values;
   for (std::size_t i = 0; i < arguments.Count(); ++i) {
     const double value = arguments.Number(i);
     if (value < 0 || value >= 1)
-      throw NotACommand(QString("%1 is not in [0, 1)").arg(value));
+      throw SyntaxError(QString("%1 is not in [0, 1)").arg(value));
     values.push_back(static_cast<float>(value));
   }
-  stage.program.PrepareRandom(values);
+  context.program.QueueRandom(values);
 }
 
-void StartCommand(const Arguments&, Stage& stage) {
-  if (stage.program.Running())
+void StartCommand(const Arguments&, Context& context) {
+  if (context.program.Running())
     throw Failure("the program has started already");
-  const bool started = stage.program.Start();
-  stage.answer({{"started", started}});
+  const bool started = context.program.Start();
+  context.answer({{"started", started}});
 }
 
-void QuitCommand(const Arguments&, Stage& stage) {
-  RequireReachable(&stage.program.MainWindow(), "frmMain");
-  stage.program.MainWindow().close();
-  if (stage.program.Running())
+void QuitCommand(const Arguments&, Context& context) {
+  RequireReachable(&context.program.MainWindow(), "frmMain");
+  context.program.MainWindow().close();
+  if (context.program.Running())
     throw Failure("the main window did not close");
-  stage.answer({{"ended", true}});
+  context.answer({{"ended", true}});
 }
 
-void BoxCommand(const Arguments&, Stage& stage) {
-  stage.answer({{"box", BoxValue(OpenBox())}});
+void BoxCommand(const Arguments&, Context& context) {
+  context.answer({{"box", BoxValue(OpenBox())}});
 }
 
-void AnswerCommand(const Arguments& arguments, Stage&) {
+void AnswerCommand(const Arguments& arguments, Context&) {
   QMessageBox* box = OpenBox();
   if (!box)
     throw Failure("no message box is open");
@@ -62,58 +62,58 @@ void AnswerCommand(const Arguments& arguments, Stage&) {
   throw Failure(QString("the message box has no button '%1'").arg(arguments.Text(0)));
 }
 
-bool SomeOperation(const QJsonObject& expected, Stage& stage) {
-  for (const map::Operation& operation : stage.program.Operations()) {
+bool AnyOperationHolds(const QJsonObject& expected, Context& context) {
+  for (const map::Operation& operation : context.program.Operations()) {
     if (Difference(expected, OperationValue(operation)).isEmpty())
       return true;
   }
   return false;
 }
 
-void ExpectCommand(const Arguments& arguments, Stage& stage) {
+void ExpectCommand(const Arguments& arguments, Context& context) {
   const QJsonObject expected = arguments.Json();
-  if (!stage.lastAnswer)
+  if (!context.lastAnswer)
     throw Failure("nothing has been printed yet");
-  const QString difference = Difference(expected, *stage.lastAnswer);
+  const QString difference = Difference(expected, *context.lastAnswer);
   if (!difference.isEmpty())
     throw Failure(QString("%1\n  expected %2\n  is       %3")
                       .arg(difference, QString::fromStdString(JsonLine(expected)),
-                           QString::fromStdString(JsonLine(*stage.lastAnswer))));
+                           QString::fromStdString(JsonLine(*context.lastAnswer))));
 }
 
-void ExpectOpCommand(const Arguments& arguments, Stage& stage) {
+void ExpectOpCommand(const Arguments& arguments, Context& context) {
   const QJsonObject expected = arguments.Json();
-  if (!SomeOperation(expected, stage))
+  if (!AnyOperationHolds(expected, context))
     throw Failure("no operation holds " + QString::fromStdString(JsonLine(expected)));
 }
 
-void ExpectNoOpCommand(const Arguments& arguments, Stage& stage) {
+void ExpectNoOpCommand(const Arguments& arguments, Context& context) {
   const QJsonObject expected = arguments.Json();
-  if (SomeOperation(expected, stage))
+  if (AnyOperationHolds(expected, context))
     throw Failure("an operation holds " + QString::fromStdString(JsonLine(expected)));
 }
 
-void EchoCommand(const Arguments& arguments, Stage& stage) {
+void EchoCommand(const Arguments& arguments, Context& context) {
   QString text = QString::fromStdString(arguments.Rest());
   if (text.size() >= 2 && text.startsWith('"') && text.endsWith('"'))
     text = text.mid(1, text.size() - 2).replace("\\\"", "\"").replace("\\\\", "\\");
-  stage.answer({{"echo", text}});
+  context.answer({{"echo", text}});
 }
 
 struct Command {
-  std::size_t fewest = 0;  ///< words behind the command
-  std::size_t most = 0;
-  bool needsProgram = true;  ///< only between start and the end
+  std::size_t fewest = 0;    ///< arguments
+  std::size_t most = 0;      ///< arguments
+  bool needsProgram = true;  ///< only while the program runs
   bool duringBox = false;    ///< also while a message box is open
-  void (*run)(const Arguments&, Stage&) = nullptr;
+  void (*run)(const Arguments&, Context&) = nullptr;
 };
 
-constexpr std::size_t kAnyNumber = static_cast<std::size_t>(-1);
+constexpr std::size_t kUnlimited = static_cast<std::size_t>(-1);
 
 const std::map<std::string_view, Command>& Commands() {
   static const std::map<std::string_view, Command> commands = {
       {"seed", {1, 1, false, false, SeedCommand}},
-      {"random", {1, kAnyNumber, false, false, RandomCommand}},
+      {"random", {1, kUnlimited, false, false, RandomCommand}},
       {"start", {0, 0, false, false, StartCommand}},
       {"quit", {0, 0, true, false, QuitCommand}},
       {"box", {0, 0, false, true, BoxCommand}},
@@ -149,7 +149,7 @@ const std::map<std::string_view, Command>& Commands() {
       {"ini", {2, 2, false, false, IniCommand}},
       {"file", {1, 1, false, false, FileCommand}},
       {"shot", {1, 2, true, false, ShotCommand}},
-      // Expectations and echoes touch nothing of the program, so they may look at an open box's answer.
+      // These do not use the program, so they are allowed while a box is open.
       {"expect", {0, 0, false, true, ExpectCommand}},
       {"expect-op", {0, 0, true, false, ExpectOpCommand}},
       {"expect-no-op", {0, 0, true, false, ExpectNoOpCommand}},
@@ -160,20 +160,20 @@ const std::map<std::string_view, Command>& Commands() {
 
 }  // namespace
 
-void CarryOut(const ScriptLine& line, Stage& stage) {
+void Execute(const ScriptLine& line, Context& context) {
   const auto found = Commands().find(line.Command());
   if (found == Commands().end())
-    throw NotACommand(QString("'%1' is no command").arg(QString::fromStdString(line.Command())));
+    throw SyntaxError(QString("'%1' is not a command").arg(QString::fromStdString(line.Command())));
   const Command& command = found->second;
   const Arguments arguments(line);
   if (arguments.Count() < command.fewest || arguments.Count() > command.most ||
       (line.Command() == "place" && arguments.Count() == 4))
-    throw NotACommand(QString("'%1' takes other words").arg(QString::fromStdString(line.Command())));
+    throw SyntaxError(QString("'%1' takes other arguments").arg(QString::fromStdString(line.Command())));
   if (!command.duringBox && OpenBox())
     throw Failure("a message box is open: \"" + OpenBox()->text() + "\"");
-  if (command.needsProgram && !stage.program.Running())
+  if (command.needsProgram && !context.program.Running())
     throw Failure("the program is not running");
-  command.run(arguments, stage);
+  command.run(arguments, context);
 }
 
 }  // namespace zerbal::drive

@@ -1,4 +1,4 @@
-// The commands of a script: actions and questions by name.
+// The commands of a script by name.
 #pragma once
 
 #include <QJsonObject>
@@ -11,10 +11,10 @@
 
 namespace zerbal::drive {
 
-/// What a command may use and leave behind.
-struct Stage {
+/// What commands share.
+struct Context {
   DrivenProgram program;
-  /// The object that was printed last.
+  /// The object that was printed last; nullopt before the first one.
   std::optional<QJsonObject> lastAnswer;
   /// Prints one answer and keeps it for `expect`.
   std::function<void(const QJsonObject&)> answer;
@@ -22,7 +22,7 @@ struct Stage {
   Qt::MouseButtons heldButtons;
 };
 
-/// Carries out one line. Throws NotACommand for a line that is none, Failure when it cannot be carried out.
-void CarryOut(const ScriptLine& line, Stage& stage);
+/// Executes one line. Throws SyntaxError when it is not a command, Failure when the command fails.
+void Execute(const ScriptLine& line, Context& context);
 
 }  // namespace zerbal::drive

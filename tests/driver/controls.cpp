@@ -11,7 +11,7 @@ namespace {
 
 constexpr char kMapWindow[] = "frmMap";
 
-/// 0 for the window that hides the others.
+/// The order of windows; 0 is the topmost one.
 int Rank(const QWidget* window) {
   if (window == QApplication::activeModalWidget())
     return 0;
@@ -28,7 +28,7 @@ bool IsWindow(const QWidget* widget) {
 Target FindIn(QWidget* window, const QString& name) {
   if (window->objectName() == name)
     return {window, nullptr};
-  // A menu is a widget and has an entry in its parent menu: it is its title that a user sees.
+  // A menu is a widget and an entry of its parent menu. The user sees the entry.
   if (auto* menu = window->findChild<QMenu*>(name))
     return {nullptr, menu->menuAction()};
   if (auto* action = window->findChild<QAction*>(name))
@@ -36,7 +36,7 @@ Target FindIn(QWidget* window, const QString& name) {
   return {window->findChild<QWidget*>(name), nullptr};
 }
 
-bool BehindModal(const QWidget* widget) {
+bool IsBlockedByModal(const QWidget* widget) {
   const QWidget* modal = QApplication::activeModalWidget();
   return modal && widget->window() != modal;
 }
@@ -76,7 +76,7 @@ Target Find(const QString& name) {
 void RequireReachable(const QWidget* widget, const QString& name) {
   if (!widget->isVisible())
     throw Failure(QString("'%1' is hidden").arg(name));
-  if (BehindModal(widget))
+  if (IsBlockedByModal(widget))
     throw Failure(
         QString("'%1' is behind the dialog '%2'").arg(name, QApplication::activeModalWidget()->objectName()));
 }
@@ -97,7 +97,7 @@ void RequireUsable(const QAction* action, const QString& name) {
 }
 
 void FailWrongKind(const QString& name, const QMetaObject& wanted) {
-  throw Failure(QString("'%1' is no %2").arg(name, wanted.className()));
+  throw Failure(QString("'%1' is not a %2").arg(name, wanted.className()));
 }
 
 }  // namespace zerbal::drive

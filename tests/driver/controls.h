@@ -1,4 +1,4 @@
-// Finding windows, controls and menu entries by their object names, and telling what they show.
+// Finds windows, controls and menu entries by object name and describes what they show.
 #pragma once
 
 #include <QAction>
@@ -10,33 +10,33 @@
 
 namespace zerbal::drive {
 
-/// The message box that is open and waits for an answer; null when there is none.
+/// The message box that is open; null when there is none.
 QMessageBox* OpenBox();
 
-/// Every visible window that has a name, topmost first: dialogs before the map window before the main window.
+/// Every visible window that has a name, topmost first: dialogs, then the map window, then the main window.
 std::vector<QWidget*> VisibleWindows();
 
-/// A window, a control in one, or a menu entry. Just one of the two is set.
+/// A window or control (`widget`) or a menu entry (`action`); the other member is null.
 struct Target {
   QWidget* widget = nullptr;
   QAction* action = nullptr;
 };
 
-/// Finds `name` in the topmost window that has it, or in one window where it is written WINDOW.NAME. Throws
-/// Failure when there is none.
+/// Finds `name` in the topmost window that has it; WINDOW.NAME searches one window only. Throws Failure when
+/// there is none.
 Target Find(const QString& name);
-/// The same for a control or window of one class. Throws Failure when it is something else.
+/// The same for a control or window of one class. Throws Failure when it has another class.
 template <class Widget>
 Widget* FindWidget(const QString& name);
 
-/// Throws Failure when a user could not reach the control: hidden, or in a window behind a modal dialog.
+/// Throws Failure when the control is hidden or a modal dialog blocks its window.
 void RequireReachable(const QWidget* widget, const QString& name);
-/// The same, and also when it is disabled.
+/// The same; throws also when the control is disabled.
 void RequireUsable(const QWidget* widget, const QString& name);
-/// Throws Failure when a user could not choose the entry.
+/// Throws Failure when the entry is hidden or disabled or a modal dialog blocks it.
 void RequireUsable(const QAction* action, const QString& name);
 
-/// Everything that `get` tells.
+/// The answer of `get`.
 QJsonObject Describe(const QString& name, const Target& target);
 
 [[noreturn]] void FailWrongKind(const QString& name, const QMetaObject& wanted);

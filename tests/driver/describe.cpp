@@ -21,7 +21,7 @@ QJsonArray ColourArray(const QColor& colour) {
   return {colour.red(), colour.green(), colour.blue()};
 }
 
-/// Shapes and samples carry what they show in a property of that name.
+/// The property of shapes and samples that holds their colour.
 constexpr char kColourProperty[] = "colour";
 
 QString Kind(const QWidget* widget) {
@@ -70,7 +70,7 @@ void DescribeList(const QAbstractItemView& list, QJsonObject& answer) {
   answer["selected"] = selected;
 }
 
-/// What the kinds of control have beyond what all have.
+/// Adds the members that depend on the kind of control.
 void DescribeContent(const QWidget& widget, QJsonObject& answer) {
   if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) {
     answer["caption"] = button->text();
@@ -96,7 +96,7 @@ void DescribeContent(const QWidget& widget, QJsonObject& answer) {
 }
 
 QJsonObject DescribeWidget(const QWidget& widget) {
-  // Positions of windows are those of their frames on the screen, of controls within their parent.
+  // left and top are those of a window's frame on the screen, or of a control in its parent.
   QJsonObject answer{{"kind", Kind(&widget)},
                      {"enabled", widget.isEnabled()},
                      {"visible", widget.isVisible()},
@@ -119,7 +119,7 @@ QJsonObject DescribeWidget(const QWidget& widget) {
   return answer;
 }
 
-/// A menu that belongs to no menu bar is to be seen only while it is popped up.
+/// A menu outside of the menu bar is visible only while it is open.
 bool IsVisible(const QAction& action) {
   const bool popup = action.menu() && action.associatedObjects().isEmpty();
   return popup ? action.menu()->isVisible() : action.isVisible();

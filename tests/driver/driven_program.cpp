@@ -13,34 +13,32 @@
 namespace zerbal::drive {
 namespace {
 
-/// The program's own generator, with values and a seed that a script prescribes.
-class LedRandom final : public app::RandomGenerator {
+/// The program's generator with values and a seed that a script may set.
+class ScriptedRandom final : public app::RandomGenerator {
  public:
-  void Prepare(const std::vector<float>& values) {
-    prepared_.insert(prepared_.end(), values.begin(), values.end());
-  }
-  void PrescribeSeed(std::uint32_t seed) { prescribedSeed_ = seed; }
+  void Queue(const std::vector<float>& values) { queue_.insert(queue_.end(), values.begin(), values.end()); }
+  void SetSeed(std::uint32_t seed) { seed_ = seed; }
 
-  void Seed(std::uint32_t seed) override { generator_.Seed(prescribedSeed_.value_or(seed)); }
+  void Seed(std::uint32_t seed) override { generator_.Seed(seed_.value_or(seed)); }
   float Next() override {
-    if (prepared_.empty())
+    if (queue_.empty())
       return generator_.Next();
-    const float value = prepared_.front();
-    prepared_.pop_front();
+    const float value = queue_.front();
+    queue_.pop_front();
     return value;
   }
 
  private:
   app::MersenneRandom generator_;
-  std::optional<std::uint32_t> prescribedSeed_;
-  std::deque<float> prepared_;
+  std::optional<std::uint32_t> seed_;
+  std::deque<float> queue_;
 };
 
 }  // namespace
 
 struct DrivenProgram::Parts {
   app::SystemClock clock;
-  LedRandom random;
+  ScriptedRandom random;
   dialogs::QtMessageBoxes boxes;
   map::Recorder recorder;
   std::unique_ptr<app::Main> main;
@@ -50,10 +48,10 @@ DrivenProgram::DrivenProgram() : parts_(std::make_unique<Parts>()) {}
 DrivenProgram::~DrivenProgram() = default;
 
 void DrivenProgram::Seed(std::uint32_t seed) {
-  parts_->random.PrescribeSeed(seed);
+  parts_->random.SetSeed(seed);
 }
-void DrivenProgram::PrepareRandom(const std::vector<float>& values) {
-  parts_->random.Prepare(values);
+void DrivenProgram::QueueRandom(const std::vector<float>& values) {
+  parts_->random.Queue(values);
 }
 
 bool DrivenProgram::Start() {
@@ -62,7 +60,7 @@ bool DrivenProgram::Start() {
                        parts_->boxes, &parts_->recorder});
   if (!parts_->main->Start())
     return false;
-  // The windows are shown; the first redraw comes with their first events.
+  // The first redraw happens when the windows process their first events.
   QApplication::processEvents();
   return true;
 }

@@ -1,5 +1,5 @@
-// The program under the driver: the real start-up, windows and drawing, with a random source that scripts can
-// lead and a recorder beside the painter.
+// The program under test: the real start-up, windows and drawing, with a random source that scripts control
+// and a recorder of the drawing operations.
 #pragma once
 
 #include <QWidget>
@@ -18,21 +18,22 @@ class DrivenProgram {
   DrivenProgram();
   ~DrivenProgram();
 
-  /// Before Start: the seed that takes the place of the clock's.
+  /// Replaces the seed that the clock gives. Call it before Start.
   void Seed(std::uint32_t seed);
-  /// The next values of the uniform generator.
-  void PrepareRandom(const std::vector<float>& values);
+  /// The next values of the uniform generator, each in [0, 1). After them the generator continues.
+  void QueueRandom(const std::vector<float>& values);
 
-  /// Runs the start-up; true when the main window is shown.
+  /// Runs the start-up. Returns true when the main window is shown.
   bool Start();
   bool Running() const;
 
-  // Only while it runs.
+  // Only while the program runs.
   app::Program& State();
   QWidget& MainWindow();
   app::frmMap& MapWindow();
-  /// What the last complete redraw drew, and what was drawn on it since.
+  /// The operations of the last complete redraw and those drawn on it since.
   const std::vector<map::Operation>& Operations() const;
+  /// Complete redraws since Start.
   int Draws() const;
 
  private:

@@ -1,4 +1,4 @@
-// The driver's own promises: what it can tell apart, and that its expectations can fail.
+// The exit statuses and answers of the driver.
 #include <algorithm>
 
 #include <gtest/gtest.h>
@@ -24,13 +24,13 @@ class DriverTest : public testing::Test {
   SmallWorld world;
 };
 
-TEST_F(DriverTest, ASatisfiedScriptEndsWith0) {
+TEST_F(DriverTest, AScriptWhoseExpectationsHoldEndsWith0) {
   const Played played = Run("start\nexpect {\"started\": true}\nquit\nexpect {\"ended\": true}\n");
   EXPECT_EQ(played.status, 0) << played.reasons;
   EXPECT_EQ(played.answers, "{\"started\":true}\n{\"ended\":true}\n");
 }
 
-TEST_F(DriverTest, AFailedExpectationEndsWith1AndPrintsBothSides) {
+TEST_F(DriverTest, AFailedExpectationEndsWith1AndPrintsBothValues) {
   const Played played = Run("start\nexpect {\"started\": false}\n");
   EXPECT_EQ(played.status, 1);
   EXPECT_NE(played.reasons.find("line 2"), std::string::npos) << played.reasons;
@@ -38,14 +38,14 @@ TEST_F(DriverTest, AFailedExpectationEndsWith1AndPrintsBothSides) {
   EXPECT_NE(played.reasons.find("{\"started\":true}"), std::string::npos) << played.reasons;
 }
 
-TEST_F(DriverTest, ExpectationsOnOperationsCanFailBothWays) {
+TEST_F(DriverTest, ExpectOpNeedsAnOperationAndExpectNoOpNeedsNone) {
   EXPECT_EQ(StatusAfterStart(R"(expect-op {"op": "clear"})"), 0);
   EXPECT_EQ(StatusAfterStart(R"(expect-op {"op": "clear", "layer": "flights"})"), 1);
   EXPECT_EQ(StatusAfterStart(R"(expect-no-op {"layer": "flights"})"), 0);
   EXPECT_EQ(StatusAfterStart(R"(expect-no-op {"op": "clear"})"), 1);
 }
 
-TEST_F(DriverTest, WhatAUserCouldNotDoEndsWith1) {
+TEST_F(DriverTest, ACommandThatAUserCannotCarryOutEndsWith1) {
   for (const char* line : {"menu mnuFlitSele", "menu mnuNoSuchEntry", "click cmdNowhere", "get cmdNowhere",
                            "choose chkAprt 1", "answer OK", "menu mnuFileUserSett\nmenu mnuZoomIn",
                            "menu mnuFileUserSett\nclick chkAprt", "start\nseed 1"})
@@ -53,13 +53,13 @@ TEST_F(DriverTest, WhatAUserCouldNotDoEndsWith1) {
   EXPECT_EQ(Run("get frmMain\n").status, 1) << "before start";
 }
 
-TEST_F(DriverTest, ADisabledButtonSwallowsTheClick) {
+TEST_F(DriverTest, ADisabledButtonIgnoresTheClick) {
   const Played played = Run("start\nmenu mnuFlitSeleDest\nclick cmdDisp\nwindows\n");
   EXPECT_EQ(played.status, 0) << played.reasons;
   EXPECT_NE(played.answers.find("frmSeleDest"), std::string::npos);
 }
 
-TEST_F(DriverTest, LinesThatAreNoCommandsEndWith2) {
+TEST_F(DriverTest, AnInvalidLineEndsWith2) {
   for (const char* line : {"dance", "menu", "menu a b", "mapsize 10 x", "expect {", "text a \"b", "random 1",
                            "press middle 1 1", "state sideways"})
     EXPECT_EQ(StatusAfterStart(line), 2) << line;
@@ -72,14 +72,14 @@ TEST_F(DriverTest, AMissingScriptEndsWith2) {
   EXPECT_EQ(process.exitCode(), 2);
 }
 
-TEST_F(DriverTest, AnEngineErrorEndsWith3AndItsWords) {
+TEST_F(DriverTest, AnEngineErrorEndsWith3AndPrintsItsText) {
   WriteBytes(folder / "app_data" / "qavdata.mdb", "no database");
   const Played played = Run("start\n");
   EXPECT_EQ(played.status, 3);
   EXPECT_NE(played.reasons.find("qavdata.mdb"), std::string::npos) << played.reasons;
 }
 
-TEST_F(DriverTest, BoxesAreMetWhileTheProgramStarts) {
+TEST_F(DriverTest, AScriptAnswersBoxesOfTheStartUp) {
   std::filesystem::remove(folder / "app_map" / "coast.mdb");
   const Played played = Run(
       "start\nbox\nexpect {\"box\": {\"title\": \"Zerbal\", \"icon\": \"exclamation\", \"buttons\": "
@@ -90,12 +90,12 @@ TEST_F(DriverTest, BoxesAreMetWhileTheProgramStarts) {
   EXPECT_EQ(played.status, 0) << played.reasons;
 }
 
-TEST_F(DriverTest, AnyOtherCommandInFrontOfABoxFails) {
+TEST_F(DriverTest, ACommandFailsWhileAMessageBoxIsOpen) {
   EXPECT_EQ(StatusAfterStart("menu mnuFlitSeleFlit\nclick cmdDisp\nwindows"), 1);
 }
 
-TEST_F(DriverTest, PreparedRandomValuesComeFirst) {
-  // The first service of five, then the last.
+TEST_F(DriverTest, TheGeneratorReturnsValuesOfTheScriptFirst) {
+  // The first of five services, then the last one.
   const Played played =
       Run("start\nmenu mnuFlitRandFlit\nclick optAnzFlitOne\nrandom 0 0\nclick cmdRndFlit\n"
           "get lblFlitFSrv\nexpect {\"caption\": \"1 - Nordic\"}\n"
@@ -112,7 +112,7 @@ TEST_F(DriverTest, TheSeedMakesDrawsRepeatable) {
   EXPECT_EQ(first.answers, Run(script).answers);
 }
 
-TEST_F(DriverTest, QuestionsPrintOneObjectALine) {
+TEST_F(DriverTest, EachQuestionPrintsOneObjectPerLine) {
   const Played played = Run(
       "start\nview\nproject 180 90\nops\ncolours\nfonts\nregions\nservices\nselection\nini MainWindow Save\n"
       "file zerbal.ini\nshot picture.png\necho \"a \\\"b\\\"\"\n");

@@ -1,4 +1,4 @@
-// What stops a script: a command that cannot be carried out, or an expectation that does not hold.
+// The exceptions that stop a script.
 #pragma once
 
 #include <QString>
@@ -6,13 +6,14 @@
 
 namespace zerbal::drive {
 
+/// A command cannot be executed, or an expectation does not hold.
 class Failure : public std::runtime_error {
  public:
   explicit Failure(const QString& reason) : std::runtime_error(reason.toStdString()) {}
 };
 
-/// The line is no command, or its words are not what the command takes.
-class NotACommand : public Failure {
+/// The line is not a command, or its arguments have another number or type.
+class SyntaxError : public Failure {
  public:
   using Failure::Failure;
 };

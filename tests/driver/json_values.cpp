@@ -50,7 +50,7 @@ bool SameNumber(double a, double b) {
   return a == b || std::abs(a - b) <= kTolerance * std::max(std::abs(a), std::abs(b));
 }
 
-QString Shown(const QJsonValue& value) {
+QString ToText(const QJsonValue& value) {
   const QByteArray wrapped = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
   return QString::fromUtf8(wrapped.mid(1, wrapped.size() - 2));
 }
@@ -86,7 +86,7 @@ QString ObjectDifference(const QJsonObject& expected, const QJsonObject& actual,
 QJsonValue SingleValue(float value) {
   if (!std::isfinite(value))
     return QJsonValue::Null;
-  // The shortest digits of the single, read as a double: that double's own shortest digits are the same.
+  // A double read from the shortest digits of the single has the same shortest digits.
   std::array<char, 64> digits{};
   const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
   double read = 0;
@@ -138,14 +138,14 @@ std::string JsonLine(const QJsonObject& object) {
 
 QString Difference(const QJsonValue& expected, const QJsonValue& actual, const QString& where) {
   if (expected.type() != actual.type())
-    return QString("%1: expected %2, is %3").arg(where, Shown(expected), Shown(actual));
+    return QString("%1: expected %2, is %3").arg(where, ToText(expected), ToText(actual));
   if (expected.isObject())
     return ObjectDifference(expected.toObject(), actual.toObject(), where);
   if (expected.isArray())
     return ArrayDifference(expected.toArray(), actual.toArray(), where);
   const bool same =
       expected.isDouble() ? SameNumber(expected.toDouble(), actual.toDouble()) : expected == actual;
-  return same ? QString() : QString("%1: expected %2, is %3").arg(where, Shown(expected), Shown(actual));
+  return same ? QString() : QString("%1: expected %2, is %3").arg(where, ToText(expected), ToText(actual));
 }
 
 }  // namespace zerbal::drive

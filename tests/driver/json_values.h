@@ -1,4 +1,4 @@
-// The answers of the driver as JSON, and how an expectation is held against one.
+// JSON of the driver's answers, and the comparison of an answer with an expectation.
 #pragma once
 
 #include <QJsonObject>
@@ -11,7 +11,8 @@
 
 namespace zerbal::drive {
 
-/// A single as the JSON number with the fewest digits that read back to the same single.
+/// The JSON number with the fewest digits that reads back to the same single; null when `value` is not
+/// finite.
 QJsonValue SingleValue(float value);
 QJsonValue ColourValue(data::Rgb colour);
 QJsonObject OperationValue(const map::Operation& operation);
@@ -19,8 +20,8 @@ QJsonObject OperationValue(const map::Operation& operation);
 /// One line of compact JSON.
 std::string JsonLine(const QJsonObject& object);
 
-/// Why `actual` does not hold everything that `expected` does; empty when it does. Objects are compared
-/// member by member (others may be there), arrays element by element, numbers within 1e-6 relative.
+/// The first difference between `expected` and `actual`, which is at the path `where`; empty when they agree.
+/// Compares objects by the members of `expected`, arrays element by element, numbers within 1e-6 relative.
 QString Difference(const QJsonValue& expected, const QJsonValue& actual, const QString& where = "$");
 
 }  // namespace zerbal::drive

@@ -19,7 +19,7 @@ bool Matches(const char* expected, const char* actual) {
   return Difference(Object(expected), Object(actual)).isEmpty();
 }
 
-TEST(Difference, ObjectsMayHoldMore) {
+TEST(Difference, AnObjectMayHaveMembersThatAreNotExpected) {
   EXPECT_TRUE(Matches(R"({"a":1})", R"({"a":1,"b":2})"));
   EXPECT_FALSE(Matches(R"({"a":1,"b":2})", R"({"a":1})"));
   EXPECT_TRUE(Matches(R"({"o":{"x":"y"}})", R"({"o":{"x":"y","z":null}})"));
@@ -37,14 +37,14 @@ TEST(Difference, NumbersAgreeWithinAMillionthOfThemselves) {
   EXPECT_FALSE(Matches(R"({"a":0})", R"({"a":1e-9})"));
 }
 
-TEST(Difference, KindsAreNotMixed) {
+TEST(Difference, ValuesOfDifferentTypesDiffer) {
   EXPECT_FALSE(Matches(R"({"a":1})", R"({"a":"1"})"));
   EXPECT_FALSE(Matches(R"({"a":1})", R"({"a":true})"));
   EXPECT_FALSE(Matches(R"({"a":null})", R"({"a":0})"));
   EXPECT_TRUE(Matches(R"({"a":null})", R"({"a":null})"));
 }
 
-TEST(Difference, SaysWhere) {
+TEST(Difference, NamesThePathOfTheDifference) {
   EXPECT_EQ(Difference(Object(R"({"a":[{"b":1}]})"), Object(R"({"a":[{"b":2}]})")),
             "$.a[0].b: expected 1, is 2");
 }

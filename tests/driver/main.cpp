@@ -8,8 +8,8 @@
 
 namespace {
 
-/// The offscreen platform says of each window what it cannot do; scripts need not hear it.
-void KeepQuietAboutThePlatform(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+/// Drops the messages of the offscreen platform about window properties that it does not support.
+void PrintOtherMessages(QtMsgType type, const QMessageLogContext& context, const QString& message) {
   if (!message.startsWith("This plugin does not support"))
     std::cerr << qFormatLogMessage(type, context, message).toStdString() << std::endl;
 }
@@ -20,7 +20,7 @@ int main(int argc, char** argv) {
   using namespace zerbal;
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
     qputenv("QT_QPA_PLATFORM", "offscreen");
-  qInstallMessageHandler(KeepQuietAboutThePlatform);
+  qInstallMessageHandler(PrintOtherMessages);
   dialogs::QtMessageBoxes boxes;
   app::Application application(argc, argv, boxes);
   QApplication::setQuitOnLastWindowClosed(false);
@@ -30,10 +30,10 @@ int main(int argc, char** argv) {
     file.open(argv[1]);
     if (!file) {
       std::cerr << "zerbal-drive: '" << argv[1] << "' cannot be read" << std::endl;
-      return static_cast<int>(drive::Outcome::kNoScript);
+      return static_cast<int>(drive::Outcome::kInvalidScript);
     }
   }
   drive::Runner runner(argc > 1 ? static_cast<std::istream&>(file) : std::cin, std::cout, std::cerr);
-  application.SetErrorHook([&runner](const std::string& words) { runner.EngineFailed(words); });
+  application.SetErrorHook([&runner](const std::string& text) { runner.ReportEngineError(text); });
   return static_cast<int>(runner.Play());
 }

@@ -25,10 +25,9 @@ QString IconName(QMessageBox::Icon icon) {
   return icon == QMessageBox::Warning ? "exclamation" : "none";
 }
 
-/// A value as the settings file holds it now; nullopt when the key is missing. The file is in the working
-/// directory, which is where the program runs.
+/// The value in the settings file of the working directory; nullopt when the key is missing.
 std::optional<QString> ReadSetting(const QString& section, const QString& key) {
-  // A character that no settings value of the program holds alone.
+  // No settings value of the program consists of this byte.
   constexpr char kSentinel[] = "\xff";
   constexpr std::size_t kBuffer = 2000;
   const std::string value = settings::ReadProfileString("zerbal.ini", section.toLatin1().toStdString(),
@@ -60,24 +59,24 @@ QJsonValue BoxValue(const QMessageBox* box) {
                      {"buttons", buttons}};
 }
 
-void GetCommand(const Arguments& arguments, Stage& stage) {
+void GetCommand(const Arguments& arguments, Context& context) {
   const QString name = arguments.Text(0);
-  stage.answer(Describe(name.mid(name.indexOf('.') + 1), Find(name)));
+  context.answer(Describe(name.mid(name.indexOf('.') + 1), Find(name)));
 }
 
-void WindowsCommand(const Arguments&, Stage& stage) {
+void WindowsCommand(const Arguments&, Context& context) {
   QJsonArray names;
   for (const QWidget* window : VisibleWindows())
     names.append(window->objectName());
-  stage.answer({{"windows", names}});
+  context.answer({{"windows", names}});
 }
 
-void ViewCommand(const Arguments&, Stage& stage) {
-  const map::Viewport& view = stage.program.State().viewport;
+void ViewCommand(const Arguments&, Context& context) {
+  const map::Viewport& view = context.program.State().viewport;
   QJsonArray tiles;
   for (const std::string& tile : view.DetailTiles())
     tiles.append(Utf8(tile));
-  stage.answer({{"MapWidth", view.MapWidth()},
+  context.answer({{"MapWidth", view.MapWidth()},
                 {"MapHeight", view.MapHeight()},
                 {"ReqLonMin", SingleValue(view.ReqLonMin())},
                 {"ReqLatMin", SingleValue(view.ReqLatMin())},
@@ -97,87 +96,87 @@ void ViewCommand(const Arguments&, Stage& stage) {
                 {"DetailTiles", tiles}});
 }
 
-void ProjectCommand(const Arguments& arguments, Stage& stage) {
+void ProjectCommand(const Arguments& arguments, Context& context) {
   const MapPosition position{static_cast<float>(arguments.Number(0)),
                              static_cast<float>(arguments.Number(1))};
   const bool penUp = position.lon == kPenUpLon;
   const std::optional<TwipPoint> point =
-      penUp ? std::nullopt : stage.program.State().viewport.ProjectPoint(position);
-  const TwipPoint shown = point.value_or(LastAirport(stage.program.Operations()));
-  stage.answer({{"result", !penUp}, {"inView", point.has_value()}, {"x", shown.x}, {"y", shown.y}});
+      penUp ? std::nullopt : context.program.State().viewport.ProjectPoint(position);
+  const TwipPoint shown = point.value_or(LastAirport(context.program.Operations()));
+  context.answer({{"result", !penUp}, {"inView", point.has_value()}, {"x", shown.x}, {"y", shown.y}});
 }
 
-void OpsCommand(const Arguments&, Stage& stage) {
+void OpsCommand(const Arguments&, Context& context) {
   QJsonArray operations;
-  for (const map::Operation& operation : stage.program.Operations())
+  for (const map::Operation& operation : context.program.Operations())
     operations.append(OperationValue(operation));
-  stage.answer({{"ops", operations}});
+  context.answer({{"ops", operations}});
 }
 
-void DrawsCommand(const Arguments&, Stage& stage) {
-  stage.answer({{"draws", stage.program.Draws()}});
+void DrawsCommand(const Arguments&, Context& context) {
+  context.answer({{"draws", context.program.Draws()}});
 }
 
-void ColoursCommand(const Arguments&, Stage& stage) {
+void ColoursCommand(const Arguments&, Context& context) {
   QJsonArray rows;
-  for (const data::Colour& row : stage.program.State().tables.colours.rows)
+  for (const data::Colour& row : context.program.State().tables.colours.rows)
     rows.append(QJsonArray{Utf8(row.code), row.rgb.red, row.rgb.green, row.rgb.blue, Utf8(row.entry)});
-  stage.answer({{"colours", rows}});
+  context.answer({{"colours", rows}});
 }
 
-void FontsCommand(const Arguments&, Stage& stage) {
+void FontsCommand(const Arguments&, Context& context) {
   QJsonArray rows;
-  for (const data::Font& row : stage.program.State().tables.fonts.rows)
+  for (const data::Font& row : context.program.State().tables.fonts.rows)
     rows.append(QJsonArray{Utf8(row.code), Utf8(row.name), row.size, Utf8(row.entry)});
-  stage.answer({{"fonts", rows}});
+  context.answer({{"fonts", rows}});
 }
 
-void RegionsCommand(const Arguments&, Stage& stage) {
-  const data::RegionTable& table = stage.program.State().tables.regions;
+void RegionsCommand(const Arguments&, Context& context) {
+  const data::RegionTable& table = context.program.State().tables.regions;
   QJsonArray rows;
   for (const data::Region& row : table.rows) {
-    // Row 0, the world view, holds the choice of its centre in place of a code and a name.
+    // Row 0 is the world view. It has the choice of its centre instead of a code and a name.
     const bool world = rows.isEmpty();
     rows.append(QJsonArray{world ? Utf8(table.centreWorld) : Utf8(row.code),
                            world ? SingleValue(table.centreWorldAtLon) : QJsonValue(Utf8(row.name)),
                            row.fromLon, row.fromLat, row.toLon, row.toLat});
   }
-  stage.answer({{"regions", rows}});
+  context.answer({{"regions", rows}});
 }
 
-void ServicesCommand(const Arguments&, Stage& stage) {
+void ServicesCommand(const Arguments&, Context& context) {
   QJsonArray rows;
-  for (const data::FlightService& row : stage.program.State().tables.services)
+  for (const data::FlightService& row : context.program.State().tables.services)
     rows.append(QJsonArray{Utf8(row.key), Utf8(row.displayText), row.displayFlag, row.rgb.red, row.rgb.green,
                            row.rgb.blue, row.randomPick});
-  stage.answer({{"services", rows}});
+  context.answer({{"services", rows}});
 }
 
-void SelectionCommand(const Arguments&, Stage& stage) {
-  const data::FlightSelection& flights = stage.program.State().flights;
+void SelectionCommand(const Arguments&, Context& context) {
+  const data::FlightSelection& flights = context.program.State().flights;
   QJsonArray keys;
   for (const std::string& key : flights.selectedFlights)
     keys.append(Utf8(key));
-  stage.answer({{"mode", flights.serviceMode ? "service" : "selection"}, {"keys", keys}});
+  context.answer({{"mode", flights.serviceMode ? "service" : "selection"}, {"keys", keys}});
 }
 
-void IniCommand(const Arguments& arguments, Stage& stage) {
+void IniCommand(const Arguments& arguments, Context& context) {
   const auto value = ReadSetting(arguments.Text(0), arguments.Text(1));
-  stage.answer({{"ini", value ? QJsonValue(*value) : QJsonValue(QJsonValue::Null)}});
+  context.answer({{"ini", value ? QJsonValue(*value) : QJsonValue(QJsonValue::Null)}});
 }
 
-void FileCommand(const Arguments& arguments, Stage& stage) {
+void FileCommand(const Arguments& arguments, Context& context) {
   const QFileInfo file(arguments.Text(0));
-  stage.answer({{"exists", file.exists()}, {"bytes", file.exists() ? file.size() : qint64{0}}});
+  context.answer({{"exists", file.exists()}, {"bytes", file.exists() ? file.size() : qint64{0}}});
 }
 
-void ShotCommand(const Arguments& arguments, Stage& stage) {
+void ShotCommand(const Arguments& arguments, Context& context) {
   QWidget* window =
-      arguments.Count() == 2 ? FindWidget<QWidget>(arguments.Text(1)) : &stage.program.MainWindow();
+      arguments.Count() == 2 ? FindWidget<QWidget>(arguments.Text(1)) : &context.program.MainWindow();
   const QPixmap picture = window->grab();
   if (!picture.save(arguments.Text(0), "PNG"))
     throw Failure(QString("'%1' cannot be written").arg(arguments.Text(0)));
-  stage.answer({{"width", picture.width()}, {"height", picture.height()}});
+  context.answer({{"width", picture.width()}, {"height", picture.height()}});
 }
 
 }  // namespace zerbal::drive

@@ -1,4 +1,4 @@
-// What a script may ask. Each prints one object.
+// The commands of a script that ask for something. Each prints one object.
 #pragma once
 
 #include <QJsonValue>
@@ -9,22 +9,22 @@
 
 namespace zerbal::drive {
 
-/// Title, text, icon and buttons of a box; null for none.
+/// Title, text, icon and buttons of a message box; null when `box` is null.
 QJsonValue BoxValue(const QMessageBox* box);
 
-void GetCommand(const Arguments& arguments, Stage& stage);
-void WindowsCommand(const Arguments& arguments, Stage& stage);
-void ViewCommand(const Arguments& arguments, Stage& stage);
-void ProjectCommand(const Arguments& arguments, Stage& stage);
-void OpsCommand(const Arguments& arguments, Stage& stage);
-void DrawsCommand(const Arguments& arguments, Stage& stage);
-void ColoursCommand(const Arguments& arguments, Stage& stage);
-void FontsCommand(const Arguments& arguments, Stage& stage);
-void RegionsCommand(const Arguments& arguments, Stage& stage);
-void ServicesCommand(const Arguments& arguments, Stage& stage);
-void SelectionCommand(const Arguments& arguments, Stage& stage);
-void IniCommand(const Arguments& arguments, Stage& stage);
-void FileCommand(const Arguments& arguments, Stage& stage);
-void ShotCommand(const Arguments& arguments, Stage& stage);
+void GetCommand(const Arguments& arguments, Context& context);
+void WindowsCommand(const Arguments& arguments, Context& context);
+void ViewCommand(const Arguments& arguments, Context& context);
+void ProjectCommand(const Arguments& arguments, Context& context);
+void OpsCommand(const Arguments& arguments, Context& context);
+void DrawsCommand(const Arguments& arguments, Context& context);
+void ColoursCommand(const Arguments& arguments, Context& context);
+void FontsCommand(const Arguments& arguments, Context& context);
+void RegionsCommand(const Arguments& arguments, Context& context);
+void ServicesCommand(const Arguments& arguments, Context& context);
+void SelectionCommand(const Arguments& arguments, Context& context);
+void IniCommand(const Arguments& arguments, Context& context);
+void FileCommand(const Arguments& arguments, Context& context);
+void ShotCommand(const Arguments& arguments, Context& context);
 
 }  // namespace zerbal::drive

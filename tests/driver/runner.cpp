@@ -11,7 +11,7 @@
 namespace zerbal::drive {
 namespace {
 
-/// How long to wait before looking again whether a command has come back.
+/// How long to wait before checking again whether a command has returned.
 constexpr int kWaitMs = 1;
 
 }  // namespace
@@ -20,8 +20,8 @@ Runner::Runner(std::istream& script, std::ostream& output, std::ostream& errors)
     : script_(script), output_(output), errors_(errors) {
   next_.setSingleShot(true);
   connect(&next_, &QTimer::timeout, this, &Runner::Step);
-  stage_.answer = [this](const QJsonObject& object) {
-    stage_.lastAnswer = object;
+  context_.answer = [this](const QJsonObject& object) {
+    context_.lastAnswer = object;
     output_ << JsonLine(object) << std::endl;
   };
 }
@@ -32,20 +32,19 @@ Outcome Runner::Play() {
   return outcome_;
 }
 
-// A command that opens a modal dialog or a message box does not come back before that closes; its event loop
-// is then the one that calls Step. As long as no new modal window is open, a command that has not come back
-// is still at work.
-bool Runner::CommandRunsUndisturbed() const {
+// A command that opens a modal dialog or a message box returns only after that is closed. Until then the
+// event loop of the dialog calls Step. A command that has not returned and has opened no modal window is
+// still running.
+bool Runner::CommandIsRunning() const {
   return !begun_.empty() && QApplication::activeModalWidget() == begun_.back();
 }
 
 void Runner::Step() {
-  // What the line before set going - a new window becomes active and gives the focus - is over before the
-  // next.
+  // Complete the effects of the previous line first, such as the activation of a new window.
   QApplication::processEvents();
   if (ended_)
     return;
-  if (CommandRunsUndisturbed()) {
+  if (CommandIsRunning()) {
     next_.start(kWaitMs);
     return;
   }
@@ -59,35 +58,35 @@ void Runner::Step() {
     line = ParseLine(lineText_);
   } while (line && line->Empty());
   if (!line) {
-    Complain("the quotation marks are wrong");
-    End(Outcome::kNoScript);
+    ReportError("the quotation marks are not balanced");
+    End(Outcome::kInvalidScript);
     return;
   }
-  CarryOutLine(*line);
+  ExecuteLine(*line);
 }
 
-void Runner::CarryOutLine(const ScriptLine& line) {
+void Runner::ExecuteLine(const ScriptLine& line) {
   const std::size_t depth = begun_.size();
   begun_.push_back(QApplication::activeModalWidget());
   next_.start(0);
   try {
-    CarryOut(line, stage_);
-  } catch (const NotACommand& failure) {
-    Complain(failure.what());
-    End(Outcome::kNoScript);
+    Execute(line, context_);
+  } catch (const SyntaxError& failure) {
+    ReportError(failure.what());
+    End(Outcome::kInvalidScript);
   } catch (const Failure& failure) {
-    Complain(failure.what());
+    ReportError(failure.what());
     End(Outcome::kFailed);
   }
   begun_.resize(depth);
 }
 
-void Runner::EngineFailed(const std::string& text) {
+void Runner::ReportEngineError(const std::string& text) {
   errors_ << text << std::endl;
   End(Outcome::kEngineError);
 }
 
-void Runner::Complain(const char* reason) {
+void Runner::ReportError(const char* reason) {
   errors_ << "line " << lineNumber_ << ": " << lineText_ << "\n  " << reason << std::endl;
 }
 
@@ -102,7 +101,7 @@ void Runner::End(Outcome outcome) {
     QApplication::exit(static_cast<int>(outcome));
     return;
   }
-  // Windows and boxes are open, each with an event loop of its own: the process ends without them.
+  // Open windows and boxes run event loops of their own. End the process without closing them.
   std::_Exit(static_cast<int>(outcome));
 }
 

@@ -1,4 +1,4 @@
-// Plays a script: one line at a time, from inside the event loop, so that it goes on inside modal dialogs.
+// Plays a script line by line from inside the event loop, so that it continues inside modal dialogs.
 #pragma once
 
 #include <QObject>
@@ -11,38 +11,39 @@
 
 namespace zerbal::drive {
 
-enum class Outcome { kEnded = 0, kFailed = 1, kNoScript = 2, kEngineError = 3 };
+/// The exit status of zerbal-drive.
+enum class Outcome { kEnded = 0, kFailed = 1, kInvalidScript = 2, kEngineError = 3 };
 
 class Runner : public QObject {
   Q_OBJECT
 
  public:
-  /// Reads lines as it needs them, so that a script can also be typed. Answers go to `output`, reasons to
-  /// `errors`.
+  /// Reads each line when it is needed, so that a script can also be typed. Writes answers to `output` and
+  /// reasons of failures to `errors`.
   Runner(std::istream& script, std::ostream& output, std::ostream& errors);
 
-  /// Plays the script to its end in an event loop of its own.
+  /// Plays the script to its end in an event loop.
   Outcome Play();
-  /// The program ended with an error that nothing caught.
-  void EngineFailed(const std::string& text);
+  /// Ends the script because of an error that nothing in the program caught.
+  void ReportEngineError(const std::string& text);
 
  private:
   void Step();
-  bool CommandRunsUndisturbed() const;
-  void CarryOutLine(const ScriptLine& line);
+  bool CommandIsRunning() const;
+  void ExecuteLine(const ScriptLine& line);
   void End(Outcome outcome);
-  void Complain(const char* reason);
+  void ReportError(const char* reason);
 
   std::istream& script_;
   std::ostream& output_;
   std::ostream& errors_;
-  Stage stage_;
+  Context context_;
   QTimer next_;
   int lineNumber_ = 0;
   std::string lineText_;
   bool ended_ = false;
   Outcome outcome_ = Outcome::kEnded;
-  /// The modal window that was open when each command began that has not come back yet, innermost last.
+  /// The modal window at the start of each command that has not returned yet, innermost last.
   std::vector<QWidget*> begun_;
 };
 

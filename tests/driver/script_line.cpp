@@ -15,12 +15,12 @@ std::string_view Trimmed(std::string_view text) {
   return text;
 }
 
-/// Commands whose argument runs to the end of the line.
+/// True for commands whose argument runs to the end of the line.
 bool TakesFreeText(std::string_view command) {
   return command == "expect" || command == "expect-op" || command == "expect-no-op" || command == "echo";
 }
 
-/// Takes one word off the front of `text`; false when its quotation marks are wrong.
+/// Moves the first word of `text` to `word`. Returns false when its quotation marks are not balanced.
 bool TakeWord(std::string_view& text, Word& word) {
   word = {};
   if (text.front() != '"') {
@@ -33,7 +33,7 @@ bool TakeWord(std::string_view& text, Word& word) {
   word.quoted = true;
   text.remove_prefix(1);
   while (!text.empty() && text.front() != '"') {
-    // Only \" and \\ mean something here; other backslashes belong to the commands that read them.
+    // Only \" and \\ are escapes here; the commands interpret other backslashes.
     if (text.front() == '\\' && text.size() > 1 && (text[1] == '"' || text[1] == '\\'))
       text.remove_prefix(1);
     word.text += text.front();

@@ -1,4 +1,4 @@
-// One line of a script: a command and its words.
+// One line of a script: a command and its arguments.
 #pragma once
 
 #include <optional>
@@ -10,19 +10,19 @@ namespace zerbal::drive {
 
 struct Word {
   std::string text;
-  bool quoted = false;  ///< stood in double quotes, so it is a text even where it looks like a number
+  bool quoted = false;  ///< in double quotes: a text even if it looks like a number
 };
 
 struct ScriptLine {
   std::vector<Word> words;  ///< the command first; empty for blank lines and comments
-  std::string rest;         ///< everything behind the command as it stands, outer blanks dropped
+  std::string rest;         ///< the line after the command, without outer blanks
 
   bool Empty() const { return words.empty(); }
   const std::string& Command() const { return words.front().text; }
 };
 
-/// Splits a line. nullopt when a quotation mark is not closed or something follows it without a blank; lines
-/// that begin with a command whose argument is free text are never refused (their words are not used).
+/// Splits a line into words. Returns nullopt when a quotation mark is not closed or has no blank after it.
+/// Lines whose command takes free text have only one word, the command.
 std::optional<ScriptLine> ParseLine(std::string_view line);
 
 }  // namespace zerbal::drive

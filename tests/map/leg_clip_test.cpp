@@ -136,7 +136,7 @@ constexpr double kUnit = 0x1p-16;  ///< unit in the last place of singles from 1
 /// How far in degrees an end may be from its exact place on the leg. Ends are singles, so a clipped leg lies
 /// beside the given one by up to kUnit; the smaller its angle to a bound, the farther away it meets the
 /// bound.
-double Tolerance(LonLat from, LonLat to) {
+double Tolerance(MapPosition from, MapPosition to) {
   const double lonSpan = std::abs(static_cast<double>(to.lon) - from.lon);
   const double latSpan = std::abs(static_cast<double>(to.lat) - from.lat);
   const double shorter = std::min(lonSpan, latSpan);
@@ -144,7 +144,7 @@ double Tolerance(LonLat from, LonLat to) {
 }
 
 /// Degrees between a position and the straight line through a leg.
-double DistanceFromLine(LonLat position, LonLat from, LonLat to) {
+double DistanceFromLine(MapPosition position, MapPosition from, MapPosition to) {
   const double lon = static_cast<double>(to.lon) - from.lon;
   const double lat = static_cast<double>(to.lat) - from.lat;
   return std::abs((position.lon - from.lon) * lat - (position.lat - from.lat) * lon) / std::hypot(lon, lat);

@@ -15,7 +15,7 @@
 #include <vector>
 
 #include "action_log.h"
-#include "user_actions.h"
+#include "simulated_input.h"
 
 namespace zerbal::monkey {
 namespace {

@@ -1,4 +1,4 @@
-#include "user_actions.h"
+#include "simulated_input.h"
 
 #include <QAbstractItemView>
 #include <QAbstractScrollArea>
@@ -20,7 +20,7 @@ namespace zerbal::drive {
 namespace {
 
 void SendMouse(QWidget* widget, QEvent::Type type, Qt::MouseButton button, Qt::MouseButtons held) {
-  // The clickable part of a check box or option button is its mark and caption, not its whole width.
+  // A check box or option button reacts to clicks on its mark and caption, not on its whole width.
   const int hint = widget->sizeHint().width();
   const int middle = widget->width() / 2;
   const QPoint at(hint > 0 ? std::min(middle, std::max(8, hint / 2)) : middle, widget->height() / 2);
@@ -44,7 +44,7 @@ Key EscapedKey(QChar letter) {
     case 'e':
       return {Qt::Key_Escape, "\x1b"};
     default:
-      throw NotACommand(QString("'\\%1' is no key").arg(letter));
+      throw SyntaxError(QString("'\\%1' is not a key").arg(letter));
   }
 }
 
@@ -54,7 +54,7 @@ int KeyCode(QChar letter) {
 }
 
 void PressKey(QWidget* widget, const Key& key) {
-  // The focus moves while typing (Tab), and a key may close the window.
+  // A key may move the focus (Tab) or close the window.
   const QPointer<QWidget> window = widget->window();
   QPointer<QWidget> target = window->focusWidget() ? window->focusWidget() : widget;
   for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
@@ -68,13 +68,13 @@ void PressKey(QWidget* widget, const Key& key) {
 }  // namespace
 
 void ClickMiddle(QWidget* widget, Qt::MouseButton button) {
-  // The mouse meets the lines of a list, not the list's frame.
+  // The lines of a list belong to its viewport.
   if (auto* area = qobject_cast<QAbstractScrollArea*>(widget); area && area->isEnabled()) {
     Activate(area);
     area->setFocus(Qt::MouseFocusReason);
     widget = area->viewport();
   }
-  // A disabled control swallows the click; Qt would hand it to its parent.
+  // A disabled control ignores the click; Qt would pass it to the parent.
   if (!widget->isEnabled())
     return;
   const QPointer<QWidget> alive = widget;
@@ -103,13 +103,13 @@ void HoverMiddle(QWidget* widget) {
 }
 
 void Activate(QWidget* widget) {
-  // Asking the window system would take effect later; focus events come to the active window only.
+  // Only the active window receives focus events, and the window system activates it later.
   QApplication::setActiveWindow(widget->window());
 }
 
 void FocusByTab(QWidget* widget) {
   Activate(widget);
-  // Focusing a control that has the focus would not be an event: leave it first.
+  // A control that has the focus already would receive no focus event.
   if (widget->window()->focusWidget() == widget)
     widget->clearFocus();
   widget->setFocus(Qt::TabFocusReason);
@@ -137,7 +137,7 @@ void Paste(QWidget* widget, const QString& text) {
     line->paste();
     return;
   }
-  throw Failure("nothing can be pasted there");
+  throw Failure("the control is not a text box");
 }
 
 void Choose(QWidget* widget, int index) {
@@ -147,7 +147,7 @@ void Choose(QWidget* widget, int index) {
   Activate(combo);
   combo->setFocus(Qt::MouseFocusReason);
   combo->setCurrentIndex(index);
-  // What the widget itself emits when its pop-up list is left by a choice.
+  // The widget emits these signals when the user chooses in its pop-up list.
   emit combo->textActivated(combo->itemText(index));
   emit combo->activated(index);
 }

@@ -1,4 +1,4 @@
-// What a user does to controls, done with the events that a user's hand would cause.
+// User input to controls, simulated with the events that mouse and keyboard cause.
 #pragma once
 
 #include <QString>
@@ -17,13 +17,15 @@ void HoverMiddle(QWidget* widget);
 void FocusByTab(QWidget* widget);
 /// Moves the focus on to the next control.
 void LeaveByTab(QWidget* widget);
-/// Types `text` into the control key by key; with `escapes`, \b \t \n \e stand for Backspace, Tab, Enter,
+/// Types `text` into the control key by key. With `escapes`, \b \t \n \e mean Backspace, Tab, Enter and
 /// Escape.
 void TypeKeys(QWidget* widget, const QString& text, bool escapes);
+/// Puts `text` on the clipboard and pastes it. Throws Failure when the control is not a text box.
 void Paste(QWidget* widget, const QString& text);
-/// Chooses an entry of a drop-down list; its events run also when it is the current one.
+/// Chooses an entry of a drop-down list, and emits its signals even if it is the current entry. Throws
+/// Failure when there is no such entry.
 void Choose(QWidget* combo, int index);
-/// Makes exactly these rows of a list selected.
+/// Selects exactly these rows of a list. Throws Failure when there is no such row.
 void PickRows(QWidget* list, const std::vector<int>& rows);
 
 }  // namespace zerbal::drive
