@@ -1,6 +1,8 @@
 #include "script_directives.h"
 
+#include <algorithm>
 #include <charconv>
+#include <iterator>
 #include <sstream>
 
 namespace zerbal::test {
@@ -74,6 +76,12 @@ constexpr DirectiveKind kDirectives[] = {
      [](AcceptanceScript& script, const Arguments&) { script.runs.emplace_back(); }},
 };
 
+/// Null when there is no such directive.
+const DirectiveKind* KindOf(std::string_view name) {
+  const auto* kind = std::ranges::find(kDirectives, name, &DirectiveKind::name);
+  return kind == std::end(kDirectives) ? nullptr : kind;
+}
+
 class Parser {
  public:
   AcceptanceScript Parse(const std::string& text) {
@@ -84,9 +92,9 @@ class Parser {
       const std::string_view words = Trimmed(line);
       if (words.starts_with("#:"))
         TakeDirective(Trimmed(words.substr(2)));
-      else if (words.starts_with('#') && words.size() > 1 && words[1] != ' ')
-        Fail("a directive begins with '#:', a comment with '#' and a blank");
-      else if (!words.empty() && !words.starts_with('#'))
+      else if (words.starts_with('#'))
+        TakeComment(words.substr(1));
+      else if (!words.empty())
         TakeCommand(line);
     }
     RequireCommands();
@@ -94,6 +102,14 @@ class Parser {
   }
 
  private:
+  void TakeComment(std::string_view text) const {
+    if (!text.empty() && text.front() != ' ')
+      Fail("a directive begins with '#:', a comment with '#' and a blank");
+    text = Trimmed(text);
+    if (KindOf(TakeWord(text)) != nullptr)
+      Fail("a directive begins with '#:'");
+  }
+
   void TakeCommand(const std::string& line) {
     std::string& commands = script_.runs.back().commands;
     // Lines without a command become empty lines.
@@ -105,14 +121,11 @@ class Parser {
 
   void TakeDirective(std::string_view words) {
     const std::string name = TakeWord(words);
-    for (const DirectiveKind& kind : kDirectives) {
-      if (kind.name == name) {
-        RequirePosition(kind);
-        Apply(kind, ArgumentsOf(kind, words));
-        return;
-      }
-    }
-    Fail("unknown directive '" + name + '\'');
+    const DirectiveKind* kind = KindOf(name);
+    if (kind == nullptr)
+      Fail("unknown directive '" + name + '\'');
+    RequirePosition(*kind);
+    Apply(*kind, ArgumentsOf(*kind, words));
   }
 
   Arguments ArgumentsOf(const DirectiveKind& kind, std::string_view words) const {

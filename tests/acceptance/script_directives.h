@@ -1,8 +1,8 @@
 // Acceptance scripts: what zerbal-drive plays, with directives for the test that plays it.
 //
 // A line that begins with "#:" is a directive; zerbal-drive skips it as a comment. The last argument of a
-// directive runs to the end of the line. Every other line that begins with "#" is a comment and has a blank
-// after the "#".
+// directive runs to the end of the line. Every other line that begins with "#" is a comment: it has a blank
+// after the "#" and does not begin with the name of a directive.
 //
 // Before the first command of the script, to prepare its folder:
 //   #: without-file river.mdb               the folder lacks this database
@@ -60,8 +60,9 @@ class ScriptError : public std::runtime_error {
   int line_;
 };
 
-/// Throws ScriptError for a directive that is unknown, misplaced or lacks an argument, and for one whose
-/// argument is not a number or names a file, table, column or row that the small world does not have.
+/// Throws ScriptError for a directive that is unknown, misplaced or lacks an argument, for one whose argument
+/// is not a number or names a file, table, column or row that the small world does not have, and for a comment
+/// that looks like a directive.
 AcceptanceScript ParseScript(const std::string& text);
 
 }  // namespace zerbal::test

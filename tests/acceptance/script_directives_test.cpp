@@ -16,7 +16,7 @@ std::string ErrorOf(const std::string& text) {
 }
 
 TEST(ScriptDirectives, CommentsAndEmptyLinesAreNotDirectives) {
-  EXPECT_EQ(ErrorOf("# without river.mdb\n\n#\n  # setting nothing\nstart\n"), "");
+  EXPECT_EQ(ErrorOf("# Without rivers.\n\n#\n  # A setting.\nstart\n"), "");
 }
 
 TEST(ScriptDirectives, AnUnknownDirectiveIsAnErrorInItsLine) {
@@ -30,6 +30,11 @@ TEST(ScriptDirectives, ACommentHasABlankAfterItsMark) {
   for (const char* line : {"#setting Region CentreWorld 0", "#!next-run", "##"})
     EXPECT_EQ(ErrorOf(std::string("start\n") + line + '\n'),
               "2: a directive begins with '#:', a comment with '#' and a blank");
+}
+
+TEST(ScriptDirectives, ACommentDoesNotBeginWithTheNameOfADirective) {
+  for (const char* line : {"# setting Region CentreWorld 0", "#  next-run"})
+    EXPECT_EQ(ErrorOf(std::string("start\n") + line + '\n'), "2: a directive begins with '#:'");
 }
 
 TEST(ScriptDirectives, ADirectiveNeedsAllItsArguments) {

@@ -1,4 +1,4 @@
-// The main window in two hundred sizes, one after the other, with everything drawn that there is.
+// Resizes the main window to 200 sizes while every layer is drawn.
 #include <algorithm>
 #include <sstream>
 #include <vector>
@@ -19,12 +19,12 @@ struct Size {
   int height;
 };
 
-/// The extremes first, then sizes of every order of magnitude; the same ones in each run.
+/// The extremes, then sizes of every order of magnitude. They are the same in each run.
 std::vector<Size> Sizes() {
   std::vector<Size> sizes = {{1, 1}, {3000, 2000}, {1, 2000}, {3000, 1}, {2, 3}, {1280, 900}};
   TestRandom random(1);
   const auto side = [&random](int longest) {
-    const int limit = longest >> random() % 8;  // small ones are as likely as large ones
+    const int limit = longest >> random() % 8;  // each order of magnitude is equally likely
     return 1 + static_cast<int>(random() % static_cast<unsigned>(std::max(1, limit)));
   };
   while (sizes.size() < 200) {
@@ -34,7 +34,7 @@ std::vector<Size> Sizes() {
   return sizes;
 }
 
-TEST(ResizeStorm, EverySizeIsDrawnInThatSize) {
+TEST(Resize, TheMapHasTheSizeOfItsWindow) {
   constexpr int kTwipsPerPixel = 15;
   TempFolder folder;
   SmallWorld().Write(folder.Path());
@@ -47,7 +47,7 @@ TEST(ResizeStorm, EverySizeIsDrawnInThatSize) {
     script << "menu " << entry << '\n';
   int count = 0;
   for (const Size& size : Sizes()) {
-    // Now and then another region: from afar, near, through 360, without any height.
+    // Every 20th size has another region: large, small, across longitude 360, without height.
     if (++count % 20 == 0)
       script << "menu mnuRegPart(" << count / 20 % 9 + 1 << ")\n";
     script << "mapsize " << size.width << ' ' << size.height << "\nview\n"
