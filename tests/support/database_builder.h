@@ -1,4 +1,4 @@
-// Small databases for tests, in a few lines:
+// Writes small databases for tests:
 //
 //   using namespace zerbal::test;
 //   TempFolder folder;
@@ -10,8 +10,8 @@
 //                         {"AMS", 184.8f, -11, Null()}}}});
 //
 // Columns: Boolean Byte Integer Long Currency Single Double DateTime Binary Text Ole Memo Guid Numeric.
-// Texts are compressed where they can be, as the desktop program does it; PlainText() and PlainMemo() are
-// not. Indexes: Index (not unique), Unique, Primary; more columns are more names, "-" behind a name is
+// Text() and Memo() columns compress their texts where possible; PlainText() and PlainMemo() do not.
+// Indexes: Index (not unique), Unique, Primary. Each takes several columns; "-" after a column's name means
 // descending. Cells: numbers, texts (const char* or std::string, UTF-8), true/false, Null(), bytes.
 #pragma once
 
@@ -29,7 +29,7 @@ namespace zerbal::test {
 
 using jet::Null;
 
-/// A cell of a row; made of whatever is written there. (A bare const char* would become a bool in a Value.)
+/// A cell of a row, converted from any value above. (A const char* would become a bool in a jet::Value.)
 struct Cell : jet::Value {
   template <class T>
   requires(!std::is_convertible_v<T, std::string_view>) Cell(T value) : jet::Value(std::move(value)) {}
@@ -80,7 +80,7 @@ struct Table {
   std::vector<jet::IndexInfo> indexes;
   std::vector<Row> rows;
 
-  /// For a test that changes a table before it is written: all throw when there is no such thing.
+  // All throw std::logic_error when the column or row does not exist.
   int ColumnIndex(std::string_view column) const;
   /// The first row whose `column` holds `value`.
   Row& RowWhere(std::string_view column, const Cell& value);
@@ -88,20 +88,21 @@ struct Table {
   void RemoveRow(std::string_view column, const Cell& value);
 };
 
-/// A map table: columns Lon and Lat, no index.
+/// A row of a map table.
 struct Point {
-  std::int32_t lon = 0;  ///< millionths of a degree in the map's own frame
-  std::int32_t lat = 0;
+  std::int32_t lon = 0;  ///< map longitude in millionths of a degree
+  std::int32_t lat = 0;  ///< map latitude in millionths of a degree
 };
 inline constexpr Point kPenUp = {-1000000, 0};
+/// A map table: columns Lon and Lat, no index.
 Table MapTable(std::string name, const std::vector<Point>& points);
-/// A point from degrees.
+/// The point at a map longitude and latitude in degrees.
 Point At(double lon, double lat);
 
-/// Writes a database, over one that may be there; folders are created. Throws EngineError.
+/// Writes a database. Replaces an existing file and creates missing folders. Throws EngineError.
 void WriteDatabase(const std::filesystem::path& file, const std::vector<Table>& tables);
 
-/// One table as WriteDatabase writes it.
+/// Writes one table to a database.
 void WriteTable(jet::DatabaseWriter& writer, const Table& table);
 
 }  // namespace zerbal::test

@@ -1,4 +1,4 @@
-// Playing a script of the driver in a folder of its own, as a process.
+// Plays a script with zerbal-drive, in a process and a folder of its own.
 #pragma once
 
 #include <QFile>
@@ -15,8 +15,8 @@ struct Played {
   std::string reasons;  ///< standard error
 };
 
-/// Plays `script` with `folder` as the working directory. ZERBAL_DRIVE is the driver's path, given by the
-/// build.
+/// Plays `script` with `folder` as the working directory, for at most two minutes. The build defines
+/// ZERBAL_DRIVE as the path of the driver.
 inline Played Play(std::string_view script, const std::filesystem::path& folder) {
   constexpr int kTimeoutMs = 120000;
   QProcess process;

@@ -1,4 +1,4 @@
-// What the engine says is wrong.
+// The reasons of the errors that the engine throws.
 #pragma once
 
 #include <string>
@@ -19,7 +19,7 @@ std::string ReasonOf(Work&& work) {
   return "none";
 }
 
-/// Why `work` could not convert; nothing else may be thrown.
+/// The cause of the ConversionError that `work` throws; "none" when it throws nothing.
 template <class Work>
 std::string CauseOf(Work&& work) {
   try {

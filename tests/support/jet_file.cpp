@@ -6,8 +6,8 @@
 namespace zerbal::jet::test {
 namespace {
 
-// The pad under which headers and encoded pages are hidden, computed anew here: RC4 with a key of four bytes.
-Bytes Pad(const Bytes& key, std::size_t size) {
+// The key stream that encodes headers and pages: RC4 with a key of four bytes.
+Bytes KeyStream(const Bytes& key, std::size_t size) {
   std::uint8_t state[256];
   for (int i = 0; i < 256; ++i)
     state[i] = static_cast<std::uint8_t>(i);
@@ -24,9 +24,9 @@ Bytes Pad(const Bytes& key, std::size_t size) {
   return mask;
 }
 
-void Hide(Bytes& bytes, std::size_t at, const Bytes& pad) {
-  for (std::size_t i = 0; i < pad.size(); ++i)
-    bytes.at(at + i) ^= pad[i];
+void Encode(Bytes& bytes, std::size_t at, const Bytes& keyStream) {
+  for (std::size_t i = 0; i < keyStream.size(); ++i)
+    bytes.at(at + i) ^= keyStream[i];
 }
 
 constexpr std::uint32_t kCatalogPage = 2;
@@ -167,7 +167,7 @@ void JetFile::WriteHeader() {
     set(0x6E, Le(sortOrder, 2));
     set(0x71, {sortOrderVersion});
   }
-  Hide(plain, 0, Pad({0xC7, 0xDA, 0x39, 0x6B}, plain.size()));
+  Encode(plain, 0, KeyStream({0xC7, 0xDA, 0x39, 0x6B}, plain.size()));
   Put(0, 0,
       Bytes{0, 1, 0, 0} + Raw("Standard Jet DB") + Bytes{0, static_cast<std::uint8_t>(IsJet3() ? 0 : 1)});
   Put(0, 0x18, plain);
@@ -193,9 +193,9 @@ Bytes JetFile::Build() {
 }
 
 Bytes Encoded(Bytes file, std::size_t pageSize, std::uint32_t databaseKey) {
-  Hide(file, 0x3E, Le(databaseKey, 4));  // no key stood there
+  Encode(file, 0x3E, Le(databaseKey, 4));  // the key was 0
   for (std::size_t page = 1; (page + 1) * pageSize <= file.size(); ++page)
-    Hide(file, page * pageSize, Pad(Le(databaseKey ^ page, 4), pageSize));
+    Encode(file, page * pageSize, KeyStream(Le(databaseKey ^ page, 4), pageSize));
   return file;
 }
 
@@ -259,8 +259,8 @@ Bytes TestTable::RowBytes(const std::vector<Cell>& cells, int columnCount) const
   }
   for (const std::size_t offset : offsets)
     row.push_back(static_cast<std::uint8_t>(offset));
-  // One jump for every 256 bytes of the row, the first one last: the first part that begins (or, for the end
-  // of the data, ends) behind them.
+  // One jump for every 256 bytes of the row, in reverse order: the index of the first part that begins (or,
+  // for the end of the data, ends) after them.
   std::size_t jumps = 0;
   while ((row.size() + jumps + 1 + mask.size() - 1) / 256 > jumps)
     ++jumps;
@@ -343,17 +343,17 @@ Bytes TestTable::Definition() {
 void TestTable::Finish() {
   if (!ownedPages)
     ownedPages = file_.AddMap(dataPages_);
-  const Bytes whole = Definition();
-  std::size_t at = std::min(whole.size(), file_.PageSize());
-  const auto part = [&whole](std::size_t from, std::size_t to) {
-    return Bytes(whole.begin() + static_cast<std::ptrdiff_t>(from),
-                 whole.begin() + static_cast<std::ptrdiff_t>(to));
+  const Bytes definition = Definition();
+  std::size_t at = std::min(definition.size(), file_.PageSize());
+  const auto part = [&definition](std::size_t from, std::size_t to) {
+    return Bytes(definition.begin() + static_cast<std::ptrdiff_t>(from),
+                 definition.begin() + static_cast<std::ptrdiff_t>(to));
   };
   file_.Put(page_, 0, part(0, at));
-  for (std::uint32_t page = page_; at < whole.size();) {
+  for (std::uint32_t page = page_; at < definition.size();) {
     const std::uint32_t next = file_.AddPage(2);
     file_.Put(page, 4, Le(next, 4));
-    const std::size_t end = std::min(whole.size(), at + file_.PageSize() - 8);
+    const std::size_t end = std::min(definition.size(), at + file_.PageSize() - 8);
     file_.Put(next, 8, part(at, end));
     page = next;
     at = end;

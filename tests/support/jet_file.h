@@ -1,5 +1,4 @@
-// Database files put together byte by byte, for both formats, so that a test can say exactly what is where,
-// or what is wrong.
+// Builds database files of both formats byte by byte, so that a test controls each byte, also the wrong ones.
 #pragma once
 
 #include <cstdint>
@@ -23,7 +22,7 @@ Bytes Le(std::uint64_t value, int size);
 Bytes Be(std::uint64_t value, int size);
 Bytes Raw(std::string_view text);
 Bytes Utf16(std::u16string_view text);
-/// FF FE and one byte a character.
+/// The bytes FF FE and one byte per character.
 Bytes Compressed(std::string_view latin1);
 std::string_view Chars(const Bytes& bytes);
 Bytes operator+(Bytes a, const Bytes& b);
@@ -32,11 +31,11 @@ inline std::uint32_t ToU32(RecordPointer pointer) {
   return pointer.page << 8 | pointer.row;
 }
 
-/// A value for a row: bytes as stored, or Null. For a boolean any bytes are true and Null is false.
+/// A value of a row: its stored bytes, or nullopt for Null. For a boolean any bytes are true, Null is false.
 using Cell = std::optional<Bytes>;
 inline const Cell kNull = std::nullopt;
 
-/// A file in the making. Page 0 is the header and page 2 the catalog's definition; both are written by Build.
+/// A file under construction. Build writes page 0, the header, and page 2, the definition of the catalog.
 class JetFile {
  public:
   explicit JetFile(Format format);
@@ -50,26 +49,29 @@ class JetFile {
   void Put(std::uint32_t page, std::size_t at, const Bytes& bytes);
   std::uint64_t Get(std::uint32_t page, std::size_t at, int size) const;
 
-  /// Adds a row to a data page, with flags for its directory entry; false when it does not fit.
+  /// False when the row does not fit on the data page.
   bool RowFits(std::uint32_t page, const Bytes& row) const;
+  /// Adds a row to a data page, with flags for its directory entry. Throws std::length_error when it does not
+  /// fit.
   RecordPointer AddRow(std::uint32_t page, const Bytes& row, std::uint16_t flags = 0);
-  /// Where the directory entry of a row is on its page.
+  /// The offset of a row's directory entry on its page.
   std::size_t DirectoryEntry(unsigned row) const { return (IsJet3() ? 0x0A : 0x0E) + 2 * std::size_t{row}; }
 
-  /// Usage maps: a bitmap from page `start` on, or pointers to bitmap pages.
+  // Usage maps: a bitmap from page `start` on, or pointers to bitmap pages.
   RecordPointer AddMap(const std::vector<std::uint32_t>& pages, std::uint32_t start = 0);
   RecordPointer AddReferenceMap(const std::vector<std::uint32_t>& pages);
 
-  /// A text as a text or memo column of this format holds it.
+  /// A text as a text or memo column of this format stores it.
   Bytes Text(std::string_view ascii) const {
     return IsJet3() ? Raw(ascii) : Utf16(std::u16string(ascii.begin(), ascii.end()));
   }
-  /// A name as a table definition holds it, length included.
+  /// A name as a table definition stores it, with its length.
   Bytes Name(std::string_view ascii) const;
 
+  /// Adds an entry to the catalog.
   void List(std::string name, std::uint32_t definition, std::uint32_t flags = 0, int type = 1);
 
-  /// What is written over the header's masked part.
+  // Fields of the masked part of the header.
   std::uint16_t codePage = 1252;
   std::uint16_t sortOrder = 0x0409;
   std::uint8_t sortOrderVersion = 0;
@@ -92,7 +94,7 @@ class JetFile {
   std::uint32_t mapPage_ = 0;
 };
 
-/// The file with its pages behind the header encoded under a key.
+/// The file with all pages after the header encoded with a key.
 Bytes Encoded(Bytes file, std::size_t pageSize, std::uint32_t databaseKey);
 
 struct TestColumn {
@@ -106,8 +108,8 @@ struct TestColumn {
   std::uint16_t sortOrder = 0x0409;
 };
 
-/// A table in the making: rows go to data pages as they come; Finish writes definition, map and catalog
-/// entry.
+/// A table under construction. Rows go to data pages immediately; Finish writes definition, usage map and
+/// catalog entry.
 class TestTable {
  public:
   TestTable(JetFile& file, std::string name, std::vector<TestColumn> columns);
@@ -115,7 +117,8 @@ class TestTable {
   std::uint32_t Page() const { return page_; }
   const std::vector<std::uint32_t>& DataPages() const { return dataPages_; }
 
-  /// The bytes of a row with a value for each column; `columnCount` is what the row knows of columns.
+  /// The bytes of a row with a value for each column. `columnCount` is the number of columns that the row
+  /// stores; -1 means maxColumns.
   Bytes RowBytes(const std::vector<Cell>& cells, int columnCount = -1) const;
   RecordPointer Add(const std::vector<Cell>& cells) { return AddBytes(RowBytes(cells)); }
   RecordPointer AddBytes(const Bytes& row, std::uint16_t flags = 0);
@@ -153,10 +156,10 @@ struct TestEntry {
   RecordPointer row;
 };
 
-/// Writes an index page with the given complete entries (key, row, on nodes the child too).
+/// Writes an index page with the given complete entries: key and row, on nodes also the child.
 std::uint32_t AddIndexPage(JetFile& file, std::uint32_t owner, bool leaf, const std::vector<Bytes>& entries,
                            bool compress, std::uint32_t tail = 0);
-/// Builds a tree over entries (sorted here) with at most `perPage` on a page; returns the root's page.
+/// Builds a tree of the entries, which it sorts, with at most `perPage` per page. Returns the root's page.
 std::uint32_t AddIndexTree(JetFile& file, std::uint32_t owner, const std::vector<TestEntry>& entries,
                            std::size_t perPage, bool compress);
 

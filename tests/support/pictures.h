@@ -1,4 +1,4 @@
-// Looking at pictures in tests.
+// Measures pictures in tests.
 #pragma once
 
 #include <QImage>
@@ -14,7 +14,7 @@ inline QImage Blank(int width, int height, QRgb colour = qRgb(255, 255, 255)) {
   return image;
 }
 
-/// Every pixel that differs from `background`, as '#' in one text a row.
+/// One text per row, with '#' for each pixel that differs from `background` and '.' for the others.
 inline std::vector<std::string> Ink(const QImage& image, QRgb background = qRgb(255, 255, 255)) {
   std::vector<std::string> rows;
   for (int y = 0; y < image.height(); ++y) {
@@ -26,7 +26,7 @@ inline std::vector<std::string> Ink(const QImage& image, QRgb background = qRgb(
   return rows;
 }
 
-/// The smallest rectangle around everything that differs from `background`.
+/// The smallest rectangle with all pixels that differ from `background`.
 inline QRect InkBounds(const QImage& image, QRgb background = qRgb(255, 255, 255)) {
   QRect bounds;
   for (int y = 0; y < image.height(); ++y)
@@ -36,7 +36,7 @@ inline QRect InkBounds(const QImage& image, QRgb background = qRgb(255, 255, 255
   return bounds;
 }
 
-/// How dark the whole picture is: 1 for each black pixel on white.
+/// The darkness of the picture: 1 per black pixel, 0 per white pixel.
 inline double InkAmount(const QImage& image) {
   double sum = 0;
   for (int y = 0; y < image.height(); ++y)

@@ -1,4 +1,4 @@
-// Message boxes that nobody has to press away: they are kept for the test to look at.
+// Records message boxes instead of showing them.
 #pragma once
 
 #include <ostream>

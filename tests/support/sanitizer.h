@@ -1,5 +1,5 @@
-// Whether AddressSanitizer is at work, which each compiler tells in its own way. It keeps freed memory for a
-// while, so that the process grows more than the program.
+// Detects AddressSanitizer, which compilers announce in different ways. It delays the release of memory, so
+// the process grows more than the program.
 #pragma once
 
 #if defined(__SANITIZE_ADDRESS__)

@@ -75,7 +75,7 @@ void AddAirportRows(Table& dest, Table& allaprt) {
 void AddFlightRows(Table& flit) {
   const Cell null = Null();
   flit.rows = {
-      // Service NOR: all kinds of routes, and what may be wrong with one.
+      // Service NOR: all kinds of routes, and all kinds of errors in them.
       FlightRow("NOR", "ZB108", "K1031", "OSL", {"BGO", "TOS", "KKN"}, "LYR"),
       FlightRow("OCE", "ZB301", "K1012", "NRT", {}, "ANC"),
       FlightRow("NOR", "ZB101", "K1040", "OSL", {}, "BGO"),
@@ -128,7 +128,7 @@ void AddFlightRows(Table& flit) {
 
 namespace {
 
-// A closed ring: the first point comes again at the end.
+// A closed ring: the last point equals the first one.
 void AddRing(std::vector<Point>& points, double lon, double lat, double radius, int corners) {
   for (int i = 0; i <= corners; ++i) {
     const double angle = 2 * std::numbers::pi * (i % corners) / corners;
@@ -136,7 +136,7 @@ void AddRing(std::vector<Point>& points, double lon, double lat, double radius, 
   }
 }
 
-// Straight from one point to another in `steps` pieces.
+// A straight line from one point to another in `steps` pieces.
 void AddLine(std::vector<Point>& points, double fromLon, double fromLat, double toLon, double toLat,
              int steps) {
   for (int i = 0; i <= steps; ++i)
@@ -148,12 +148,11 @@ std::vector<Point> WorldCoast() {
   AddRing(points, 195, 28, 12, 60);  // about Scandinavia
   points.push_back(kPenUp);
   AddRing(points, 20, 100, 9, 40);
-  points.insert(points.end(),
-                {kPenUp, {-1000000, 77000000}});  // what a marker says of latitude does not count
+  points.insert(points.end(), {kPenUp, {-1000000, 77000000}});  // the latitude of a marker is ignored
   AddRing(points, 315, 115, 18, 70);
   points.push_back(kPenUp);
   points.insert(points.end(), {At(120, 60), kPenUp});  // a line of one point
-  AddLine(points, 150, 30, 240, 30, 18);               // in and out of a view of the north
+  AddLine(points, 150, 30, 240, 30, 18);               // enters and leaves a view of the north
   AddLine(points, 238, 34, 152, 34, 18);
   points.push_back(kPenUp);
   points.insert(points.end(), {At(0, 95), At(3, 96), At(0, 97), kPenUp});
@@ -169,7 +168,7 @@ std::vector<Table> CoastTables() {
   std::vector<Point> ie = {kPenUp, kPenUp};
   AddRing(ie, 197, 43, 2, 24);
   ie.push_back(kPenUp);
-  AddLine(ie, 195, 45, 200, 40, 10);  // goes on in the three neighbours
+  AddLine(ie, 195, 45, 200, 40, 10);  // continues in the three neighbours
   ie.push_back(kPenUp);
   std::vector<Point> ic;
   AddRing(ic, 196, 37, 2, 24);

@@ -1,4 +1,4 @@
-// The content of the small world.
+// The rows of the small world.
 #pragma once
 
 #include <vector>

@@ -1,4 +1,4 @@
-// A folder of its own for a test, gone afterwards.
+// A temporary folder for a test, removed afterwards.
 #pragma once
 
 #include <filesystem>
@@ -12,7 +12,7 @@
 
 namespace zerbal::test {
 
-/// Its name holds blanks and a letter outside ASCII on purpose.
+/// Its name contains blanks and a letter outside of ASCII on purpose.
 class TempFolder {
  public:
   TempFolder() {
