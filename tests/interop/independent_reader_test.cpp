@@ -1,4 +1,4 @@
-// Files that we write, read by independent programs: what they print must be what was put in.
+// Reads files of our writer with independent programs and compares their output with the rows.
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -29,7 +29,7 @@ std::string Quoted(const std::string& argument) {
   return "'" + argument + "'";
 }
 
-/// What a command prints; it must succeed.
+/// The standard output of a command. Throws std::runtime_error when the command fails.
 std::string OutputOf(const std::string& command) {
   std::FILE* pipe = popen((command + " 2>/dev/null").c_str(), "r");
   if (pipe == nullptr)
@@ -52,7 +52,7 @@ class IndependentReader : public testing::Test {
     return OutputOf("mdb-export -H -b hex -0 '\\N' -D '%Y-%m-%d %H:%M:%S' -T '%Y-%m-%d %H:%M:%S' " +
                     Quoted(File()) + " " + Quoted(table));
   }
-  /// The lines that make indexes, sorted.
+  /// The lines of the schema that create indexes, sorted.
   std::vector<std::string> Indexes() {
     std::istringstream lines(OutputOf("mdb-schema --indexes " + Quoted(File()) + " postgres"));
     std::vector<std::string> indexes;
@@ -67,7 +67,7 @@ class IndependentReader : public testing::Test {
   TempFolder folder_;
 };
 
-TEST_F(IndependentReader, KnowsTheFormatAndTheTables) {
+TEST_F(IndependentReader, RecognisesTheFormatAndTheTables) {
   WriteDatabase(File(),
                 {{"First table", {Long("a")}, {}, {}}, {"zweite Tabelle \xC3\xA4", {Long("a")}, {}, {}}});
   EXPECT_EQ(OutputOf("mdb-ver " + Quoted(File())), "JET4\n");
@@ -76,9 +76,9 @@ TEST_F(IndependentReader, KnowsTheFormatAndTheTables) {
 }
 
 TEST_F(IndependentReader, ReadsEveryType) {
-  // Without a zero byte, where that program ends what it prints of a binary value.
+  // Without a zero byte, where that program stops printing a binary value.
   const std::vector<std::uint8_t> bytes = {1, 0x10, 0xAB, 0xFF};
-  // The 1st of March 2023, 18:00.
+  // 44986.75 is 1 March 2023, 18:00.
   WriteDatabase(
       File(), {{"all",
                 {Boolean("B"), Byte("Y"), Integer("I"), Long("L"), Currency("C"), Single("S"), Double("D"),
@@ -101,8 +101,8 @@ TEST_F(IndependentReader, ReadsEveryType) {
             "0,\\N,\\N,\\N,\\N,\\N,\\N,\\N,\\N,\\N,\\N,\\N,\\N,\\N,\\N\n");
 }
 
-/// It decodes by rules of its own, so that files encoded as ours are encoded are told apart from others.
-TEST_F(IndependentReader, ReadsEncodedFilesAsWeDo) {
+/// The independent program decodes files with code of its own, which confirms the encoding.
+TEST_F(IndependentReader, ReadsEncodedFilesAsOurReaderDoes) {
   WriteDatabase(File(), {{"t", {Text("Code", 4), Long("N")}, {}, {{"LPPT", 7}, {"EGLL", 8}}}});
   const std::string plain = Export("t");
   ASSERT_EQ(plain, "\"LPPT\",7\n\"EGLL\",8\n");
@@ -113,7 +113,7 @@ TEST_F(IndependentReader, ReadsEncodedFilesAsWeDo) {
   EXPECT_EQ(rows["Code"].AsText() + rows["N"].AsText(), "LPPT7");
 }
 
-TEST_F(IndependentReader, NamesTypesAndSizes) {
+TEST_F(IndependentReader, ReportsTypesAndSizes) {
   WriteDatabase(
       File(), {{"t", {Text("Code", 4), Byte("Red"), Long("Lon"), Memo("Remark"), Double("Number")}, {}, {}}});
   const std::string schema = OutputOf("mdb-schema " + Quoted(File()));
@@ -167,7 +167,7 @@ TEST_F(IndependentReader, ReadsAllRowsOfLargeTables) {
   EXPECT_TRUE(Export("points") == expectedPoints);
 }
 
-TEST_F(IndependentReader, NamesIndexesWithColumnsAndDirections) {
+TEST_F(IndependentReader, ReportsIndexesWithColumnsAndDirections) {
   WriteDatabase(File(), {{"t",
                           {Long("A"), Text("B", 9), Double("C")},
                           {Index("zz", "B"), Unique("aa", "A", "B-"), Primary("mm", "C"), Index("bb", "A-")},
