@@ -1,14 +1,12 @@
-// Fuzz target: complete redraws of hostile worlds. The input's bytes become a view and the rows of sound
-// database files, with coordinates, texts and routes that no schedule has: limits of their types, NaN and
-// infinity, labels of 64 KB, loops of stopovers, tables with no row or one. The map is drawn on a recorder
-// and on pictures; no error may get out, and what a picture shows must stay inside it.
+// Fuzz target: complete redraws of unusual worlds. The input becomes a view and the rows of intact databases,
+// with values that no real schedule has: limits of their types, NaN and infinity, labels of 64 KB, loops of
+// stopovers, tables with one row or none. The map is drawn on a recorder and on pictures. Drawing throws no
+// error, and two redraws are equal.
 #include <QGuiApplication>
 #include <QImage>
 #include <algorithm>
 #include <bit>
 #include <cstdint>
-#include <cstdlib>
-#include <iostream>
 #include <limits>
 #include <span>
 #include <string>
@@ -18,21 +16,16 @@
 #include "map/map_world.h"
 #include "map/tee_surface.h"
 #include "paint/picture_surface.h"
+#include "require.h"
 
 namespace {
 
 using namespace zerbal;
+using fuzz::Require;
 
-constexpr int kLargestSide = 300;  // logical pixels of a picture: time goes with its area
+constexpr int kLargestSide = 300;  // logical pixels of a picture; limits the time of a redraw
 
-void Require(bool condition, const char* what) {
-  if (condition)
-    return;
-  std::cerr << "broken promise: " << what << '\n';
-  std::abort();
-}
-
-/// The input, piece by piece; zeros behind its end.
+/// Takes values from the input; after its end all bytes are zero.
 class Bytes {
  public:
   explicit Bytes(std::span<const std::uint8_t> bytes) : bytes_(bytes) {}
@@ -48,7 +41,7 @@ class Bytes {
   int Below(int count) { return static_cast<int>(Number(1)) % count; }
   bool Flag() { return Number(1) % 2 != 0; }
 
-  /// Mostly a place on the map, otherwise a limit or any bits at all.
+  /// Half of the time 0 to `range`, otherwise a limit or any bits.
   float Single(float range) {
     using Limits = std::numeric_limits<float>;
     constexpr float kOdd[] = {0,
@@ -85,18 +78,19 @@ class Bytes {
     return static_cast<std::int32_t>(static_cast<double>(Number(2)) / 65535 * range * 1e6);
   }
   std::string Label() {
-    // Not for zero, which stands behind the input's end: a world of long labels alone takes seconds to write.
+    // Zero, which is also read after the end of the input, gives no long label: writing a world of long
+    // labels takes seconds.
     const int kind = Below(64);
     if (kind == 1)
       return std::string(65'535, 'm');
     if (kind == 2)
-      return "\xC3\xA6\xE4\xB8\xAD\xF0\x9F\x9B\xAB";  // two, three and four bytes a letter
+      return "\xC3\xA6\xE4\xB8\xAD\xF0\x9F\x9B\xAB";  // two, three and four bytes per character
     std::string text;
     for (int length = Below(12); length > 0; --length)
       text += static_cast<char>(1 + Below(126));
     return text;
   }
-  /// Few, so that routes find them.
+  /// One of 12 codes, so that routes find their airports.
   std::string Code() { return std::string(1, static_cast<char>('A' + Below(12))); }
 
  private:
@@ -152,8 +146,9 @@ void ChooseOptions(Bytes& bytes, map::MapWorld& world) {
   }
 }
 
-/// No writer writes NaN: positions are put into the finished files.
-float Placed(map::MapWorld& world, float value) {
+/// Returns a placeholder for `value`, which MapWorld replaces in the finished files, as the writer refuses
+/// NaN.
+float Placeholder(map::MapWorld& world, float value) {
   const auto number = static_cast<float>(world.storedSingles.size());
   const float placeholder = 1234.0625F + number / 8;
   world.storedSingles.emplace_back(placeholder, value);
@@ -164,8 +159,8 @@ void FillAirports(Bytes& bytes, map::MapWorld& world) {
   world.airportColumns = {test::Memo("AP_Name"), test::Memo("AP_City")};
   for (std::vector<map::AirportRow>* rows : {&world.dest, &world.allaprt}) {
     for (int count = bytes.Below(14); count > 0; --count) {
-      map::AirportRow row =
-          map::Airport(bytes.Code(), Placed(world, bytes.Single(360)), Placed(world, bytes.Single(180)));
+      map::AirportRow row = map::Airport(bytes.Code(), Placeholder(world, bytes.Single(360)),
+                                         Placeholder(world, bytes.Single(180)));
       row.name = bytes.Label();
       row.city = bytes.Label();
       row.elevation = bytes.Stored(1);
@@ -220,8 +215,8 @@ void DrawAt(double ratio, map::MapWorld& world, map::Surface& second) {
   world.DrawOn(both);
 }
 
-/// Letters need fonts, and fonts an application.
-void NeedFonts() {
+/// Fonts need an application.
+void CreateApplication() {
   static int count = 1;
   static char name[] = "fuzz";
   static char* words[] = {name, nullptr};
@@ -234,7 +229,7 @@ void NeedFonts() {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  NeedFonts();
+  CreateApplication();
   Bytes bytes({data, size});
   constexpr double kRatios[] = {1, 1.25, 2, 3, 0.125, 8};
   const double ratio = kRatios[bytes.Below(static_cast<int>(std::size(kRatios)))];
@@ -246,9 +241,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   FillMaps(bytes, world);
   map::Recorder recorder;
   world.DrawOn(recorder);
-  Require(recorder.Operations().empty() != world.viewport.HasArea(), "a view with an area is drawn");
-  map::Recorder beside;
-  DrawAt(ratio, world, beside);
-  Require(beside.Operations() == recorder.Operations(), "two redraws differ");
+  Require(recorder.Operations().empty() != world.viewport.HasArea(),
+          "a view draws if and only if it has an area");
+  map::Recorder second;
+  DrawAt(ratio, world, second);
+  Require(second.Operations() == recorder.Operations(), "two redraws differ");
   return 0;
 }

@@ -1,36 +1,29 @@
-// Database files of any bytes: every table is walked in stored order and by every index, every field is read
-// in every way, a few values are sought. The only way out other than an end is an EngineError.
+// Fuzz target: database files of any bytes. Reads every table in stored order and by every index, reads
+// fields as every type and seeks some values. The reader may only throw EngineError.
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <string>
 #include <vector>
 
 #include "jet/database.h"
 #include "jet/pair_reader.h"
 #include "jet/recordset.h"
+#include "require.h"
 
 namespace {
 
 using namespace zerbal::jet;
+using zerbal::fuzz::Require;
 
-void Require(bool condition, const char* what) {
-  if (condition)
-    return;
-  std::fprintf(stderr, "broken: %s\n", what);
-  std::abort();
-}
-
-/// Runs `work`; says whether the file let it come to its end.
+/// Runs `work`. Returns false when it throws EngineError.
 template <class Work>
 bool Try(Work&& work) {
   try {
     work();
     return true;
   } catch (const EngineError& error) {
-    Require(!error.Reason().empty() && error.File() == "fuzz", "an error without a reason or file");
+    Require(!error.Reason().empty() && error.File() == "fuzz", "an error has no reason or file");
     return false;
   }
 }
@@ -45,8 +38,8 @@ void ReadField(const Field& field) {
       }))
     return;
   Require(!isNull || text.empty(), "Null has a text");
-  Require(field.EqualsText(text) == !isNull, "a text that is not its own");
-  Require(isNull || !field.EqualsText(text + "x"), "a text that equals another");
+  Require(field.EqualsText(text) == !isNull, "a text does not equal itself");
+  Require(isNull || !field.EqualsText(text + "x"), "a text equals another one");
   read([&] { field.AsByte(); });
   read([&] { field.AsInteger(); });
   read([&] { field.AsLong(); });
@@ -56,8 +49,8 @@ void ReadField(const Field& field) {
   read([&] { field.AsBytes(); });
 }
 
-/// Walks to the end, reading the fields of the first rows; gives the number of rows.
-std::size_t Walk(Recordset& rows, std::size_t fieldsOfRows) {
+/// Moves through all rows and reads the fields of the first `fieldsOfRows` rows.
+void Walk(Recordset& rows, std::size_t fieldsOfRows) {
   std::size_t count = 0;
   Try([&] {
     for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
@@ -69,10 +62,9 @@ std::size_t Walk(Recordset& rows, std::size_t fieldsOfRows) {
     for (std::size_t back = 0; back < 20 && !rows.Bof(); ++back)
       rows.MovePrevious();
   });
-  return count;
 }
 
-/// Seeks values of the table's own rows and some others. None need be found: the index may be damaged.
+/// Seeks values of the table's rows and others. A value may be missing because the index is damaged.
 void SeekValues(Recordset& rows, const IndexInfo& index) {
   if (index.columns.empty())
     return;
@@ -85,7 +77,7 @@ void SeekValues(Recordset& rows, const IndexInfo& index) {
   for (const std::string& key : keys) {
     Try([&] {
       rows.Seek(key);
-      Require(rows.NoMatch() == rows.Eof(), "a match without a row");
+      Require(rows.NoMatch() == rows.Eof(), "a match has no row");
       if (!rows.NoMatch())
         rows.MoveNext();
     });
@@ -123,7 +115,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Try([&] {
     const Database database = Database::FromBytes({data, data + size}, "fuzz");
     std::vector<std::string> names = database.TableNames();
-    constexpr std::size_t kMostTables = 20;  // many names may lead to one table
+    constexpr std::size_t kMostTables = 20;  // many names may belong to one table
     if (names.size() > kMostTables)
       names.resize(kMostTables);
     for (const std::string& name : names)

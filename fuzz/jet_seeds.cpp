@@ -1,5 +1,5 @@
-// Writes the first inputs of the database fuzzer into the folder given: small files of both formats with
-// every kind of structure in them.
+// Writes the first inputs of fuzz_jet to a folder: small files of both formats with every kind of structure.
+// Usage: jet_seeds FOLDER
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
@@ -19,7 +19,7 @@ void Save(const std::filesystem::path& file, const Bytes& bytes) {
       .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
 }
 
-/// Every scalar type, Nulls, a moved and a deleted row.
+/// All scalar types, Nulls, a moved row and a deleted row.
 void AddScalars(JetFile& file) {
   std::vector<TestColumn> columns = {
       {"Flag", ColumnType::kBoolean, 0, true, 0, 1}, {"B", ColumnType::kByte, 1, true, 0, 1},
@@ -54,7 +54,7 @@ void AddScalars(JetFile& file) {
   table.Finish();
 }
 
-/// Memos in the row, in a row of another page and in a chain.
+/// Memos inside the row, in a row of another page, and in a chain of rows.
 void AddMemos(JetFile& file) {
   TestTable table(file, "Memos",
                   {{"M", ColumnType::kMemo, 0, false, 0, 0}, {"O", ColumnType::kOle, 1, false, 1, 0}});
@@ -81,7 +81,7 @@ Bytes TextKey(const JetFile& file, const std::string& text, bool ascending) {
   return key;
 }
 
-/// Texts and numbers under trees of several levels, in both directions.
+/// Texts and numbers in index trees of several levels, in both directions.
 void AddIndexed(JetFile& file) {
   TestTable table(file, "Indexed",
                   {{"Id", ColumnType::kLong, 0, true, 0, 4}, {"Code", ColumnType::kText, 1, false, 0, 20}});
@@ -132,7 +132,7 @@ int main(int argc, char** argv) {
     save("indexed", AddIndexed);
     save("pairs", AddPairs);
     JetFile file(format);
-    file.codePage = 932;  // characters of two bytes, in the 1997 format
+    file.codePage = 932;  // has characters of two bytes in the 1997 format
     AddIndexed(file);
     Save(folder / ("encoded" + suffix), Encoded(file.Build(), file.PageSize(), 0x12345678));
   }

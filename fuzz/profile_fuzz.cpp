@@ -1,32 +1,25 @@
-// Settings files of any bytes: read a value, write one, read it back; every other line stays as it was.
-// An input is section, key and value, each ended by a NUL, then the bytes of the file.
+// Fuzz target: settings files of any bytes. Reads a value, writes one and reads it back; all other lines keep
+// their bytes. An input is section, key and value, each with a NUL after it, and the bytes of the file.
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "base/code_page_1252.h"
 #include "base/numbers.h"
+#include "require.h"
 #include "settings/profile_text.h"
 #include "settings/value_text.h"
 
 namespace {
 
+using zerbal::fuzz::Require;
 using zerbal::settings::FindProfileValue;
 using zerbal::settings::WithProfileValue;
 namespace base = zerbal::base;
 namespace settings = zerbal::settings;
-
-void Require(bool condition, const char* what) {
-  if (condition)
-    return;
-  std::fprintf(stderr, "broken: %s\n", what);
-  std::abort();
-}
 
 std::string_view TakeText(std::string_view& input) {
   const std::size_t end = input.find('\0');
@@ -35,7 +28,7 @@ std::string_view TakeText(std::string_view& input) {
   return text;
 }
 
-bool StaysInItsLine(std::string_view text) {
+bool HasNoLineEnd(std::string_view text) {
   return text.find_first_of("\r\n") == std::string_view::npos;
 }
 
@@ -47,21 +40,21 @@ std::string_view Trimmed(std::string_view text) {
   return text;
 }
 
-std::string_view WithoutMarks(std::string_view value) {
+std::string_view WithoutQuotes(std::string_view value) {
   if (value.size() >= 2 && (value.front() == '"' || value.front() == '\'') && value.back() == value.front())
     return value.substr(1, value.size() - 2);
   return value;
 }
 
-/// Names that a file can hold: not ended by what ends a name, and no header or comment themselves.
+/// True for names that a file can store: without characters that end a name, and not a header or comment.
 bool NamesCanBeStored(std::string_view section, std::string_view key) {
-  return StaysInItsLine(section) && StaysInItsLine(key) && section.find(']') == std::string_view::npos &&
+  return HasNoLineEnd(section) && HasNoLineEnd(key) && section.find(']') == std::string_view::npos &&
          key.find('=') == std::string_view::npos && section.find_first_of("\t\v") == std::string_view::npos &&
          key.find_first_of("\t\v") == std::string_view::npos && !Trimmed(key).starts_with('[') &&
          !Trimmed(key).starts_with(';');
 }
 
-/// The lines with their ends.
+/// The lines with their line ends.
 std::vector<std::string_view> SplitLines(std::string_view text) {
   std::vector<std::string_view> lines;
   std::size_t begin = 0;
@@ -77,12 +70,12 @@ std::vector<std::string_view> SplitLines(std::string_view text) {
   return lines;
 }
 
-bool HasEnd(std::string_view line) {
+bool HasLineEnd(std::string_view line) {
   return line.ends_with('\n') || line.ends_with('\r');
 }
 
-/// The change is one line replaced by one line, or a key line, with a header above it or not, put between
-/// two lines, the upper one of which may have got the line end that it lacked.
+/// The change either replaces one line, or inserts a key line, possibly with a header before it. The line
+/// before an insertion may get the line end that it lacked.
 void RequireOneChange(std::string_view before, std::string_view after, bool replaced) {
   std::vector<std::string_view> old = SplitLines(before);
   std::vector<std::string_view> now = SplitLines(after);
@@ -94,34 +87,35 @@ void RequireOneChange(std::string_view before, std::string_view after, bool repl
   const auto removed = old.end() - oldRest;
   const auto added = now.end() - nowRest;
   if (replaced) {
-    Require(removed <= 1 && added == removed, "more than the key's line changed");
+    Require(removed <= 1 && added == removed, "a line other than that of the key changed");
     return;
   }
-  const bool ended = removed == 1 && !HasEnd(*oldRest) && *nowRest == std::string(*oldRest) + "\r\n";
+  const bool ended = removed == 1 && !HasLineEnd(*oldRest) && *nowRest == std::string(*oldRest) + "\r\n";
   const auto more = added - (ended ? 1 : 0);
-  Require(removed == (ended ? 1 : 0) && more >= 1 && more <= 2, "other lines changed");
+  Require(removed == (ended ? 1 : 0) && more >= 1 && more <= 2, "another line changed");
 }
 
 void CheckWriting(std::string_view file, std::string_view section, std::string_view key,
                   std::string_view value) {
   const bool replaced = FindProfileValue(file, section, key).has_value();
   const std::string after = WithProfileValue(file, section, key, value);
-  if (!NamesCanBeStored(section, key) || !StaysInItsLine(value))
+  if (!NamesCanBeStored(section, key) || !HasNoLineEnd(value))
     return;
   const auto found = FindProfileValue(after, section, key);
   Require(found.has_value(), "a written key is missing");
-  Require(*found == WithoutMarks(Trimmed(value)), "a written value reads differently");
+  Require(*found == WithoutQuotes(Trimmed(value)), "a written value differs");
   RequireOneChange(file, after, replaced);
-  Require(WithProfileValue(after, section, key, value) == after, "writing the same again changed something");
+  Require(WithProfileValue(after, section, key, value) == after,
+          "writing the same value again changed the file");
 }
 
 void CheckTexts(std::string_view text) {
   Require(base::ToCodePage1252(base::FromCodePage1252(text)) == text,
-          "bytes changed on the way there and back");
-  Require(base::ToCodePage1252(text).size() <= text.size(), "more bytes than there were");
+          "a round trip through UTF-8 changed bytes");
+  Require(base::ToCodePage1252(text).size() <= text.size(), "the conversion added bytes");
   const double number = base::LeadingNumber(text);
-  Require(base::LeadingNumber(base::DecimalText(number)) == number, "a number reads back differently");
-  Require(settings::SplitList(text, 3, ",").size() == 4, "the number of fields");
+  Require(base::LeadingNumber(base::DecimalText(number)) == number, "a written number differs");
+  Require(settings::SplitList(text, 3, ",").size() == 4, "the number of fields differs");
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// Runs a fuzz target once over saved inputs: usage replay_NAME FOLDER...
+// Runs a fuzz target once for each saved input. Usage: replay_NAME FOLDER...
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -18,11 +18,11 @@ int main(int count, char** arguments) {
       std::ifstream stream(entry.path(), std::ios::binary);
       const std::vector<char> bytes(std::istreambuf_iterator<char>(stream), {});
       std::cerr << entry.path().filename().string()
-                << '\n';  // before the run: the last one named is the culprit
+                << '\n';  // before the run, to name the input that crashes
       LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
       ++inputs;
     }
   }
   std::cerr << inputs << " inputs\n";
-  return inputs > 0 ? 0 : 1;  // an empty corpus shows nothing
+  return inputs > 0 ? 0 : 1;  // an empty corpus is an error
 }
