@@ -17,6 +17,7 @@
 #include "map/tee_surface.h"
 #include "paint/picture_surface.h"
 #include "require.h"
+#include "support/offscreen.h"
 
 namespace {
 
@@ -220,8 +221,7 @@ void CreateApplication() {
   static int count = 1;
   static char name[] = "fuzz";
   static char* words[] = {name, nullptr};
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+  test::UseOffscreenPlatform();
   static const QGuiApplication application(count, words);
   static_cast<void>(application);
 }

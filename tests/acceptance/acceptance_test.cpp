@@ -9,6 +9,7 @@
 #include "script_directives.h"
 #include "settings/profile_file.h"
 #include "support/drive.h"
+#include "support/settings_file.h"
 #include "support/temp_folder.h"
 
 namespace zerbal::test {
@@ -25,9 +26,8 @@ void WriteSettings(const fs::path& file, const std::vector<SettingDirective>& se
 }
 
 void PrepareFolder(const AcceptanceScript& script, const fs::path& folder) {
-  const fs::path settingsFile = folder / "zerbal.ini";
-  WriteSettings(settingsFile, {{"SplashWindow", "SecondsToShow", "0"}});
-  WriteSettings(settingsFile, script.settings);
+  DisableSplashWait(folder);
+  WriteSettings(folder / kSettingsFile, script.settings);
   WriteSettings(folder / "app_data" / "zblrev.ini", script.revisions);
   script.world.Write(folder);
 }

@@ -5,8 +5,8 @@
 
 #include <gtest/gtest.h>
 
-#include "settings/profile_file.h"
 #include "support/drive.h"
+#include "support/settings_file.h"
 #include "support/small_world.h"
 #include "support/temp_folder.h"
 #include "support/test_random.h"
@@ -38,8 +38,7 @@ TEST(Resize, TheMapHasTheSizeOfItsWindow) {
   constexpr int kTwipsPerPixel = 15;
   TempFolder folder;
   SmallWorld().Write(folder.Path());
-  const auto settingsFile = folder / "zerbal.ini";
-  settings::WriteProfileString(settingsFile, "SplashWindow", "SecondsToShow", "0");
+  DisableSplashWait(folder.Path());
   std::ostringstream script;
   script << "start\n";
   for (const char* entry : {"mnuViewCentr", "mnuViewRiver", "mnuViewIBound", "mnuViewAprt", "mnuViewDest",

@@ -61,8 +61,8 @@ class ScriptError : public std::runtime_error {
 };
 
 /// Throws ScriptError for a directive that is unknown, misplaced or lacks an argument, for one whose argument
-/// is not a number or names a file, table, column or row that the small world does not have, and for a comment
-/// that looks like a directive.
+/// is not a number or names a file, table, column or row that the small world does not have, and for a
+/// comment that looks like a directive.
 AcceptanceScript ParseScript(const std::string& text);
 
 }  // namespace zerbal::test

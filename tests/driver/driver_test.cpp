@@ -3,8 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include "settings/profile_file.h"
 #include "support/drive.h"
+#include "support/settings_file.h"
 #include "support/small_world.h"
 #include "support/temp_folder.h"
 
@@ -14,7 +14,7 @@ namespace {
 class DriverTest : public testing::Test {
  protected:
   DriverTest() {
-    settings::WriteProfileString(folder / "zerbal.ini", "SplashWindow", "SecondsToShow", "0");
+    DisableSplashWait(folder.Path());
     world.Write(folder.Path());
   }
   Played Run(const std::string& script) { return Play(script, folder.Path()); }

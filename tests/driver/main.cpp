@@ -5,22 +5,11 @@
 #include "app/application.h"
 #include "dialogs/qt_message_boxes.h"
 #include "runner.h"
-
-namespace {
-
-/// Drops the messages of the offscreen platform about window properties that it does not support.
-void PrintOtherMessages(QtMsgType type, const QMessageLogContext& context, const QString& message) {
-  if (!message.startsWith("This plugin does not support"))
-    std::cerr << qFormatLogMessage(type, context, message).toStdString() << std::endl;
-}
-
-}  // namespace
+#include "support/offscreen.h"
 
 int main(int argc, char** argv) {
   using namespace zerbal;
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-  qInstallMessageHandler(PrintOtherMessages);
+  test::UseOffscreenPlatform();
   dialogs::QtMessageBoxes boxes;
   app::Application application(argc, argv, boxes);
   QApplication::setQuitOnLastWindowClosed(false);

@@ -16,16 +16,11 @@
 #include "session.h"
 #include "session_runner.h"
 #include "soak.h"
+#include "support/offscreen.h"
 
 namespace {
 
 using namespace zerbal;
-
-/// Drops the messages of the offscreen platform about window properties that it does not support.
-void PrintOtherMessages(QtMsgType type, const QMessageLogContext& context, const QString& message) {
-  if (!message.startsWith("This plugin does not support"))
-    std::cerr << qFormatLogMessage(type, context, message).toStdString() << std::endl;
-}
 
 int RunSession(int argc, char** argv, std::uint32_t seed, int actions) {
   dialogs::QtMessageBoxes boxes;
@@ -51,9 +46,7 @@ int main(int argc, char** argv) {
     std::cerr << "usage: zerbal-monkey SEED ACTIONS\n       zerbal-monkey --soak REDRAWS DIALOGS\n";
     return 2;
   }
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-  qInstallMessageHandler(PrintOtherMessages);
+  test::UseOffscreenPlatform();
   const auto first = static_cast<std::uint32_t>(std::strtoul(argv[argc - 2], nullptr, 10));
   const int second = std::atoi(argv[argc - 1]);
   if (mode == "--session") {

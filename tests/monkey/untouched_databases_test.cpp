@@ -8,9 +8,9 @@
 
 #include "settings/profile_file.h"
 #include "support/drive.h"
+#include "support/settings_file.h"
 #include "support/small_world.h"
 #include "support/temp_folder.h"
-#include "world_files.h"
 
 namespace zerbal::monkey {
 namespace {
@@ -58,8 +58,8 @@ class UntouchedDatabases : public testing::Test {
  protected:
   UntouchedDatabases() {
     test::SmallWorld().Write(folder.Path());
-    settings::WriteProfileString(folder / kSettingsFile, "SplashWindow", "SecondsToShow", "0");
-    for (const fs::path& file : kDatabaseFiles)
+    test::DisableSplashWait(folder.Path());
+    for (const fs::path& file : test::kDatabaseFiles)
       before[file.string()] = StateOf(folder / file);
   }
   void ExpectUnchanged() const {
@@ -82,7 +82,7 @@ TEST_F(UntouchedDatabases, ASessionChangesNothing) {
 }
 
 TEST_F(UntouchedDatabases, ASessionNeedsNoWritePermission) {
-  for (const fs::path& file : kDatabaseFiles) {
+  for (const fs::path& file : test::kDatabaseFiles) {
     fs::permissions(folder / file, fs::perms::owner_read);
     before[file.string()] = StateOf(folder / file);
   }
@@ -135,8 +135,9 @@ TEST_F(UntouchedDatabases, TwoProgramsShareAFolder) {
   EXPECT_EQ(first.ExitStatus(), 0);
   EXPECT_EQ(second.ExitStatus(), 0);
   ExpectUnchanged();
-  EXPECT_EQ(settings::ReadProfileString(folder / kSettingsFile, "SplashWindow", "SecondsToShow", "none", 20),
-            "0");
+  EXPECT_EQ(
+      settings::ReadProfileString(folder / test::kSettingsFile, "SplashWindow", "SecondsToShow", "none", 20),
+      "0");
 }
 
 }  // namespace

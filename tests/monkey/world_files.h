@@ -3,14 +3,15 @@
 
 #include <filesystem>
 
+#include "support/settings_file.h"
 #include "support/small_world.h"
 
 namespace zerbal::monkey {
 
 using test::kDatabaseFiles;
 using test::kScheduleFile;
+using test::kSettingsFile;
 
-inline const std::filesystem::path kSettingsFile = "zerbal.ini";
 /// The folder with intact copies of all files.
 inline const std::filesystem::path kIntactCopies = "intact";
 

@@ -3,7 +3,7 @@
 
 #include <filesystem>
 
-#include "settings/profile_file.h"
+#include "support/settings_file.h"
 #include "support/small_world.h"
 #include "support/temp_folder.h"
 #include "world_files.h"
@@ -21,9 +21,7 @@ class WorldFolder {
   }
   const std::filesystem::path& Path() const { return folder_.Path(); }
   /// A session may have left a long splash time in the settings file.
-  void DisableSplashWait() {
-    settings::WriteProfileString(folder_ / kSettingsFile, "SplashWindow", "SecondsToShow", "0");
-  }
+  void DisableSplashWait() { test::DisableSplashWait(folder_.Path()); }
 
   // What has been corrupted so far; remains set when the file is restored.
   bool databasesCorrupted = false;

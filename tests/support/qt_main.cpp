@@ -3,9 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include "support/offscreen.h"
+
 int main(int argc, char** argv) {
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+  zerbal::test::UseOffscreenPlatform();
   QApplication application(argc, argv);
   testing::InitGoogleTest(&argc, argv);
   return RUN_ALL_TESTS();
