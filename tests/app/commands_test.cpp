@@ -1,63 +1,11 @@
 #include "app/commands.h"
 
-#include <QLabel>
-#include <QMenu>
-#include <QMenuBar>
-#include <QMouseEvent>
-#include <QToolButton>
 #include <algorithm>
-#include <set>
 
 #include "app_test.h"
 
 namespace zerbal::app {
 namespace {
-
-/// Every entry of the menu bar that is there in each run.
-constexpr const char* kEntries[][2] = {{"mnuFileUserSett", "&User settings..."},
-                                       {"mnuFileMapSett", "&Map settings..."},
-                                       {"mnuFileColoSett", "&Color settings..."},
-                                       {"mnuFileQuit", "&Quit"},
-                                       {"mnuZoomIn", "Zoom in"},
-                                       {"mnuZoomIn2", "Zoom in (more)"},
-                                       {"mnuZoomReset", "Reset zoom"},
-                                       {"mnuZoomOut2", "Zoom out (more)"},
-                                       {"mnuZoomOut", "Zoom out"},
-                                       {"mnuViewCentr", "Centre of map"},
-                                       {"mnuViewRiver", "Rivers"},
-                                       {"mnuViewIBound", "Int. boundaries"},
-                                       {"mnuViewAprt", "All airports"},
-                                       {"mnuViewDest", "QAV destinations"},
-                                       {"mnuViewAprtDeli", "Delimitation for all airports..."},
-                                       {"mnuViewDestDeli", "Delimitation for QAV destinations..."},
-                                       {"mnuRegWorld", "World"},
-                                       {"mnuFlitAprt", "Show airports"},
-                                       {"mnuFlitFlNr", "Show flightnumbers"},
-                                       {"mnuFlitLegNr", "Show legnumbers for flights"},
-                                       {"mnuFlitSymb", "Show aircraft symbols"},
-                                       {"mnuFlitNone", "Clear all flights"},
-                                       {"mnuFlitSele", "Show selected flights"},
-                                       {"mnuFlitRandFlit", "Random flight(s)..."},
-                                       {"mnuFlitSeleFlit", "Select flight(s)..."},
-                                       {"mnuFlitSeleDest", "Select destination..."},
-                                       {"mnuFlitFSrv(0)", "Show all flights"},
-                                       {"mnuHelpRev", "&Revision number..."},
-                                       {"mnuHelpMous", "&Using the mouse..."},
-                                       {"mnuHelpInfo", "&Info..."}};
-constexpr const char* kPopupEntries[] = {
-    "mnuPopFlitAprt", "mnuPopFlitFlNr",     "mnuPopFlitLegNr",    "mnuPopFlitSymb",     "mnuPopFlitNone",
-    "mnuPopFlitSele", "mnuPopFlitRandFlit", "mnuPopFlitSeleFlit", "mnuPopFlitSeleDest", "mnuPopFlitFSrv(0)"};
-/// Button, its text, the entry that does the same.
-constexpr const char* kButtons[][3] = {
-    {"cmdZoomIn", "Zoom in", "mnuZoomIn"},
-    {"cmdZoomIn2", "Zoom in (more)", "mnuZoomIn2"},
-    {"cmdZoomReset", "Reset zoom", "mnuZoomReset"},
-    {"cmdZoomOut2", "Zoom out (more)", "mnuZoomOut2"},
-    {"cmdZoomOut", "Zoom out", "mnuZoomOut"},
-    {"cmdRandFlit", "Random flight(s)", "mnuFlitRandFlit"},
-    {"cmdSeleFlit", "Select flight(s)", "mnuFlitSeleFlit"},
-    {"cmdSeleDest", "Select destination", "mnuFlitSeleDest"},
-};
 
 class CommandTest : public test::RunningTest {
  protected:
@@ -75,96 +23,9 @@ class CommandTest : public test::RunningTest {
     return shown;
   }
   void Confirm(bool confirm) { dialogs.confirm = confirm; }
-  void RightClick(QWidget* widget, QPointF at) {
-    for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-      const bool press = type == QEvent::MouseButtonPress;
-      QMouseEvent event(type, at, widget->mapToGlobal(at), Qt::RightButton,
-                        press ? Qt::RightButton : Qt::NoButton, Qt::NoModifier);
-      QCoreApplication::sendEvent(widget, &event);
-    }
-  }
 };
 using Kinds = std::vector<DialogKind>;
 using Services = std::vector<int>;
-
-TEST_F(CommandTest, EveryEntryHasItsCaption) {
-  for (const auto& entry : kEntries)
-    EXPECT_EQ(Entry(entry[0])->text(), entry[1]);
-  std::vector<QString> titles;
-  for (const QAction* menu : Window().menuBar()->actions())
-    titles.push_back(menu->text());
-  EXPECT_EQ(titles, (std::vector<QString>{"&File", "&Zoom", "&Views", "&Region", "&Flights", "&?"}));
-}
-
-TEST_F(CommandTest, TheMenusHoldNothingElse) {
-  std::set<QString> known;
-  for (const auto& entry : kEntries)
-    known.insert(entry[0]);
-  int found = 0;
-  for (const QAction* menu : Window().menuBar()->actions()) {
-    for (const QAction* entry : menu->menu()->actions()) {
-      if (entry->isSeparator() || entry->objectName().startsWith("mnuRegPart") ||
-          (entry->objectName().startsWith("mnuFlitFSrv") && entry->objectName() != "mnuFlitFSrv(0)"))
-        continue;
-      EXPECT_TRUE(known.contains(entry->objectName())) << entry->objectName().toStdString();
-      ++found;
-    }
-  }
-  EXPECT_EQ(found, static_cast<int>(std::size(kEntries)));
-}
-
-TEST_F(CommandTest, AccessKeysOfAMenuDiffer) {
-  for (const QAction* menu : Window().menuBar()->actions()) {
-    std::set<QChar> keys;
-    for (const QAction* entry : menu->menu()->actions()) {
-      const qsizetype mark = entry->text().indexOf('&');
-      const bool isNew = mark < 0 || keys.insert(entry->text().at(mark + 1).toLower()).second;
-      EXPECT_TRUE(isNew) << entry->text().toStdString();
-    }
-  }
-}
-
-TEST_F(CommandTest, PopupEntriesHaveTheirTwinsCaptions) {
-  const auto* popup = Find<QMenu>("mnuPop");
-  EXPECT_EQ(popup->title(), "Popup");
-  for (const char* name : kPopupEntries) {
-    const QAction* entry = Entry(name);
-    EXPECT_TRUE(popup->actions().contains(entry));
-    const QString twin = "mnu" + QString(name).mid(6);
-    EXPECT_EQ(entry->text(), Entry(twin.toUtf8().constData())->text());
-    EXPECT_EQ(entry->isCheckable(), Entry(twin.toUtf8().constData())->isCheckable());
-  }
-}
-
-TEST_F(CommandTest, ButtonsHaveTheirTextsAndPictures) {
-  for (const auto& row : kButtons) {
-    const auto* button = Find<QToolButton>(row[0]);
-    EXPECT_EQ(button->text(), row[1]);
-    EXPECT_EQ(button->toolTip(), row[1]);
-    EXPECT_EQ(button->accessibleName(), row[1]);
-    EXPECT_FALSE(button->icon().isNull()) << row[0];
-  }
-  EXPECT_EQ(Find<QCheckBox>("chkAprt")->text(), "All airports");
-  EXPECT_EQ(Find<QCheckBox>("chkDest")->text(), "QAV destinations");
-}
-
-TEST_F(CommandTest, ButtonsDoWhatTheirEntriesDo) {
-  const auto spans = [&] { return std::pair(State().viewport.MapLonSpan(), State().viewport.MapLatSpan()); };
-  for (const auto& row : kButtons) {
-    Entry("mnuRegPart(2)")->trigger();
-    const int before = Draws();
-    Find<QToolButton>(row[0])->click();
-    const auto byButton = spans();
-    const int draws = Draws() - before;
-    const Kinds shown = dialogs.shown;
-    Entry("mnuRegPart(2)")->trigger();
-    dialogs.shown.clear();
-    EXPECT_EQ(DrawsOf(row[2]), draws) << row[0];
-    EXPECT_EQ(spans(), byButton) << row[0];
-    EXPECT_EQ(dialogs.shown, shown) << row[0];
-    dialogs.shown.clear();
-  }
-}
 
 TEST_F(CommandTest, ZoomStepsAreOfTwentyAndFiftyPercent) {
   Entry("mnuRegPart(2)")->trigger();
@@ -235,36 +96,6 @@ TEST_F(CommandTest, TheMarkIsDrawnWithTheNewState) {
   const auto isCentre = [](const map::Operation& op) { return op.layer == map::Layer::kCentre; };
   const auto& operations = drawn.Operations();
   EXPECT_TRUE(std::any_of(operations.begin(), operations.end(), isCentre));
-}
-
-TEST_F(CommandTest, LayerBoxesAndEntriesAreEqual) {
-  for (const auto& [box, entry] : {std::pair("chkAprt", "mnuViewAprt"), {"chkDest", "mnuViewDest"}}) {
-    auto* check = Find<QCheckBox>(box);
-    int before = Draws();
-    check->click();
-    EXPECT_TRUE(IsChecked(entry));
-    EXPECT_EQ(Draws() - before, 1);
-    before = Draws();
-    check->click();
-    EXPECT_FALSE(IsChecked(entry));
-    EXPECT_EQ(Draws() - before, 1);
-    EXPECT_EQ(DrawsOf(entry), 1);
-    EXPECT_TRUE(check->isChecked());
-  }
-}
-
-TEST_F(CommandTest, TheRightButtonOnALayerBoxOpensItsDelimitation) {
-  auto* aprt = Find<QCheckBox>("chkAprt");
-  auto* dest = Find<QCheckBox>("chkDest");
-  RightClick(aprt, aprt->rect().center());
-  EXPECT_EQ(dialogs.shown, Kinds{DialogKind::kDelimitAllAirports});
-  RightClick(dest, dest->rect().center());
-  EXPECT_EQ(dialogs.shown, (Kinds{DialogKind::kDelimitAllAirports, DialogKind::kDelimitDestinations}));
-  EXPECT_FALSE(aprt->isChecked());
-  EXPECT_FALSE(dest->isChecked());
-  RightClick(dest, {-5, -5});
-  EXPECT_EQ(dialogs.shown.size(), 2U) << "let go beside the box";
-  EXPECT_EQ(Draws(), 1);
 }
 
 TEST_F(CommandTest, AConfirmedDelimitationIsDescribedAndDrawnWhereShown) {

@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QMenuBar>
+#include <QTest>
 
 #include "app_test.h"
 
@@ -353,12 +354,17 @@ TEST_F(MainWindow, TextsOfTheStatusBarDoNotMoveTheWindow) {
   EXPECT_EQ(Window().width(), 230);
 }
 
-TEST_F(MainWindow, TheRightButtonOpensThePopupMenu) {
+TEST_F(MainWindow, TheRightButtonOpensThePopupMenuAtTheMouse) {
   ASSERT_TRUE(Start());
-  emit Window().MapWindow().PopupRequested({50, 60});
+  Window().move(20, 10);
   auto* popup = Find<QMenu>("mnuPop");
-  EXPECT_TRUE(popup->isVisible());
-  popup->close();
+  auto& map = Window().MapWindow();
+  for (const QPoint at : {QPoint(1, 0), QPoint(37, 91), QPoint(200, 150)}) {
+    QTest::mousePress(&map, Qt::RightButton, Qt::NoModifier, at);
+    EXPECT_TRUE(popup->isVisible());
+    EXPECT_EQ(popup->pos(), map.mapToGlobal(at));
+    popup->close();
+  }
 }
 
 }  // namespace
