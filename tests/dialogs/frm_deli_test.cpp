@@ -3,7 +3,11 @@
 #include <QCheckBox>
 #include <QPushButton>
 #include <QRadioButton>
+#include <cstdlib>
 #include <set>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "dialogs/dialog_fixture.h"
 #include "dialogs/number_edit.h"
@@ -20,6 +24,21 @@ class FrmDeliTest : public DialogTest {
   }
   static void SetText(QWidget& dialog, const char* name, const char* text) {
     Child<QLineEdit>(dialog, name)->setText(text);
+  }
+  /// The texts of controls that stand beside each other, from left to right.
+  static QStringList Row(QWidget& dialog, const std::vector<std::string>& names) {
+    QStringList texts;
+    const QWidget* left = nullptr;
+    for (const std::string& name : names) {
+      const auto* control = Child<QWidget>(dialog, name.c_str());
+      if (left != nullptr) {
+        EXPECT_LT(left->geometry().right(), control->x()) << name;
+        EXPECT_LE(std::abs(left->geometry().center().y() - control->geometry().center().y()), 1) << name;
+      }
+      texts.append(control->property("text").toString());
+      left = control;
+    }
+    return texts;
   }
   static bool Enabled(QWidget& dialog, const char* name) { return Child<QWidget>(dialog, name)->isEnabled(); }
 
@@ -50,6 +69,22 @@ TEST_F(FrmDeliTest, EveryBoxTellsItsNameToWhoCannotSeeIt) {
     names.insert(box->accessibleName());
   EXPECT_EQ(names.size(), 12U);
   EXPECT_FALSE(names.contains(""));
+}
+
+TEST_F(FrmDeliTest, EachNumberStandsBetweenItsOptionAndItsUnit) {
+  const auto dialog = NewDialog();
+  dialog->show();
+  const std::pair<std::string, const char*> groups[] = {
+      {"Elev", "Feet"}, {"RwyAnz", "Runways"}, {"RwyLen", "Feet"}};
+  for (const auto& [name, unit] : groups) {
+    EXPECT_EQ(Row(*dialog, {"opt" + name + "Zw", "txt" + name + "ZwVon", "lbl" + name + "ZwAnd",
+                            "txt" + name + "ZwBis", "lbl" + name + "ZwUnit"}),
+              QStringList({"Between and including", "0", "and", "0", unit}));
+    EXPECT_EQ(Row(*dialog, {"opt" + name + "Gr", "txt" + name + "Gr", "lbl" + name + "GrUnit"}).mid(1),
+              QStringList({"0", unit}));
+    EXPECT_EQ(Row(*dialog, {"opt" + name + "Kl", "txt" + name + "Kl", "lbl" + name + "KlUnit"}).mid(1),
+              QStringList({"0", unit}));
+  }
 }
 
 TEST_F(FrmDeliTest, AnUncheckedCriterionDisablesItsControlsAndKeepsItsNumbers) {

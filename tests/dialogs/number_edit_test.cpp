@@ -2,8 +2,21 @@
 
 #include <QFocusEvent>
 #include <QInputMethodEvent>
+#include <QTest>
+#include <QVBoxLayout>
 
 #include "dialogs/dialog_fixture.h"
+
+namespace {
+
+int beeps = 0;
+
+}  // namespace
+
+/// Takes the place of Qt's function in this test program, since no platform tells whether it beeped.
+void QApplication::beep() {
+  ++beeps;
+}
 
 namespace zerbal::test {
 namespace {
@@ -23,6 +36,29 @@ TEST_F(NumberEditTest, TakesOnlyDigitsAndBackspace) {
   EXPECT_EQ(box.text(), "12345");
   Press(&box, Qt::Key_Backspace, "\b");
   EXPECT_EQ(box.text(), "1234");
+}
+
+TEST_F(NumberEditTest, EachRefusedKeyBeepsOnce) {
+  beeps = 0;
+  Type(&box, "0123456789");
+  Press(&box, Qt::Key_Backspace, "\b");
+  Press(&box, Qt::Key_Left, "");
+  EXPECT_EQ(beeps, 0);
+  int refused = 0;
+  for (const char* letter : {"a", "-", "+", ".", ",", " ", "\u0663"}) {
+    Type(&box, letter);
+    EXPECT_EQ(beeps, ++refused) << letter;
+  }
+}
+
+TEST_F(NumberEditTest, ARefusedInputOfAnInputMethodBeepsOnce) {
+  beeps = 0;
+  for (const auto& [text, expected] : {std::pair("12", 0), {"1a2b", 1}, {"\u00e9", 2}, {"", 2}}) {
+    QInputMethodEvent event;
+    event.setCommitString(text);
+    QApplication::sendEvent(&box, &event);
+    EXPECT_EQ(beeps, expected) << text;
+  }
 }
 
 TEST_F(NumberEditTest, TakesOnlyDigitsWithAltAndFromAnInputMethodToo) {
@@ -54,6 +90,26 @@ TEST_F(NumberEditTest, TheFocusSelectsTheWholeText) {
   EXPECT_EQ(box.selectedText(), "123");
   Type(&box, "9");
   EXPECT_EQ(box.text(), "9");
+}
+
+TEST_F(NumberEditTest, AClickIntoTheBoxSelectsTheWholeText) {
+  QWidget window;
+  auto* other = new QLineEdit;
+  auto* clicked = new dialogs::NumberEdit;
+  auto* column = new QVBoxLayout(&window);
+  column->addWidget(other);
+  column->addWidget(clicked);
+  clicked->SetNumber(123);
+  window.show();
+  QApplication::setActiveWindow(&window);
+  for (const QPoint at : {QPoint(2, 5), clicked->rect().center(), QPoint(clicked->width() - 2, 5)}) {
+    other->setFocus();
+    QTest::mouseClick(clicked, Qt::LeftButton, Qt::NoModifier, at);
+    EXPECT_TRUE(clicked->hasFocus());
+    EXPECT_EQ(clicked->selectedText(), "123");
+  }
+  QTest::mouseClick(clicked, Qt::LeftButton);
+  EXPECT_EQ(clicked->selectedText(), "") << "a click into the box that has the focus places the cursor";
 }
 
 TEST_F(NumberEditTest, LeavingAnEmptyBoxShowsZero) {
