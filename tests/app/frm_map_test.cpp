@@ -197,9 +197,46 @@ TEST_F(FrmMapTest, ShowsItsPicture) {
   EXPECT_EQ(shown, map_.Picture());
 }
 
-TEST_F(FrmMapTest, CursorIsBackToNormalAfterDrawing) {
-  map_.Redraw();
-  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+/// Notes which cursor the program shows whenever something is drawn.
+class CursorWatch final : public Surface {
+ public:
+  void BeginLayer(Layer) override { Look(); }
+  void Clear(data::Rgb) override { Look(); }
+  void Polyline(std::span<const Point>, const Pen&) override { Look(); }
+  void Rectangle(Point, Point, const Pen&) override { Look(); }
+  void Circle(Point, std::int32_t, data::Rgb, bool) override { Look(); }
+  void Text(Point, std::string_view, data::Rgb, const TextFont&) override { Look(); }
+
+  int operations = 0;
+  int withHourglass = 0;
+
+ private:
+  void Look() {
+    const QCursor* cursor = QApplication::overrideCursor();
+    ++operations;
+    withHourglass += cursor != nullptr && cursor->shape() == Qt::WaitCursor ? 1 : 0;
+  }
+};
+
+TEST_F(FrmMapTest, TheHourglassIsShownFromTheFirstToTheLastOperationOfARedraw) {
+  CursorWatch watch;
+  map_.SetObserver(&watch);
+  for (const auto redraw : {&frmMap::Redraw, &frmMap::RecomputeAndRedraw}) {
+    watch.operations = watch.withHourglass = 0;
+    (map_.*redraw)();
+    EXPECT_GT(watch.operations, 100);
+    EXPECT_EQ(watch.withHourglass, watch.operations);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr) << "back to normal afterwards";
+  }
+}
+
+TEST_F(FrmMapTest, WithoutARedrawNoHourglassIsShown) {
+  CursorWatch watch;
+  map_.SetObserver(&watch);
+  Press(3000, 2000);
+  Move(4000, 3000);
+  EXPECT_GT(watch.operations, 0);
+  EXPECT_EQ(watch.withHourglass, 0);
 }
 
 TEST_F(FrmMapTest, MovingShowsThePosition) {
@@ -468,11 +505,24 @@ TEST_F(FrmMapTest, RightPressAsksForTheMenuAnywhere) {
 TEST_F(FrmMapTest, RightPressWithTheLeftHeldOpensNoMenu) {
   Press(3000, 2000);
   Move(4000, 3000);
+  const auto drawn = Boxes().size();
   Press(4000, 3000, Qt::RightButton, Qt::LeftButton);
   EXPECT_TRUE(popups_.empty());
+  // It counts as a press of the left button: the box is erased and begins anew where the mouse is.
+  ASSERT_EQ(Boxes().size(), drawn + 1);
+  EXPECT_EQ(Boxes().back(), (Box{3000, 2000, 4000, 3000}));
+  Move(5000, 3500, Qt::LeftButton | Qt::RightButton);
+  EXPECT_EQ(Boxes().back(), (Box{4000, 3000, 5000, 3500}));
   NewDraws();
-  Release(4000, 3000, Qt::RightButton, Qt::LeftButton);
+  Release(5000, 3500, Qt::RightButton, Qt::LeftButton);
   EXPECT_EQ(NewDraws(), 0);
+  Move(7000, 4500);
+  EXPECT_EQ(Boxes().back(), (Box{4000, 3000, 7000, 4500})) << "the left button is still held";
+  Release(7000, 4500);
+  EXPECT_EQ(NewDraws(), 1);
+  EXPECT_FLOAT_EQ(view_.ReqLonMin, 5 + 4000 / 30.0F);
+  EXPECT_FLOAT_EQ(view_.ReqLatMax, 4500 / 30.0F);
+  EXPECT_TRUE(popups_.empty());
 }
 
 TEST_F(FrmMapTest, BothButtonsAreALeftPress) {
