@@ -1,0 +1,116 @@
+// A user in the running program: a plugin of Qt's "generic" kind, which Qt loads into any program that is
+// started with QT_QPA_GENERIC_PLUGINS=user:ENTRIES. It prints each message box that opens and presses Return
+// in it, closes other dialogs by Escape, chooses the menu entries named in ENTRIES (separated by blanks) once
+// the main window is shown, and at last closes the main window.
+//
+// It prints one JSON object per line on standard output:
+//   {"box": {"title", "text", "icon", "parent"}}   parent: the name of the window that the box belongs to, or
+//   null
+//   {"dialog": name}
+//   {"window": name}                                the main window is shown
+#include <QAction>
+#include <QApplication>
+#include <QDialog>
+#include <QGenericPlugin>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QKeyEvent>
+#include <QMessageBox>
+#include <QPointer>
+#include <QTimer>
+#include <cstdio>
+
+namespace {
+
+constexpr int kLookMs = 5;
+
+void Print(const QJsonObject& object) {
+  std::puts(QJsonDocument(object).toJson(QJsonDocument::Compact).constData());
+  std::fflush(stdout);
+}
+
+QString IconName(QMessageBox::Icon icon) {
+  if (icon == QMessageBox::Critical)
+    return "critical";
+  return icon == QMessageBox::Warning ? "exclamation" : "other";
+}
+
+void PrintBox(const QMessageBox& box) {
+  const QWidget* parent = box.parentWidget();
+  Print({{"box", QJsonObject{{"title", box.windowTitle()},
+                             {"text", box.text()},
+                             {"icon", IconName(box.icon())},
+                             {"parent", parent != nullptr ? parent->objectName() : QJsonValue()}}}});
+}
+
+void Press(QWidget* window, Qt::Key key) {
+  const QPointer<QWidget> target = window->focusWidget() != nullptr ? window->focusWidget() : window;
+  for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+    QKeyEvent event(type, key, Qt::NoModifier);
+    if (target != nullptr)
+      QCoreApplication::sendEvent(target, &event);
+  }
+}
+
+class User final : public QObject {
+  Q_OBJECT
+
+ public:
+  explicit User(const QString& entries) : entries_(entries.split(' ', Qt::SkipEmptyParts)) { LookLater(); }
+
+ private:
+  /// A single shot: what Look does may run an event loop of its own, in which the next look comes.
+  void LookLater() { QTimer::singleShot(kLookMs, this, &User::Look); }
+
+  void Look() {
+    LookLater();
+    if (auto* modal = QApplication::activeModalWidget())
+      Answer(modal);
+    else if (QWidget* main = MainWindow())
+      Use(*main);
+  }
+
+  static void Answer(QWidget* modal) {
+    if (const auto* box = qobject_cast<QMessageBox*>(modal)) {
+      PrintBox(*box);
+      Press(modal, Qt::Key_Return);
+    } else {
+      Print({{"dialog", modal->objectName()}});
+      Press(modal, Qt::Key_Escape);
+    }
+  }
+
+  void Use(QWidget& main) {
+    if (!shown_) {
+      shown_ = true;
+      Print({{"window", main.objectName()}});
+    } else if (entries_.isEmpty()) {
+      main.close();
+    } else if (auto* entry = main.findChild<QAction*>(entries_.takeFirst())) {
+      entry->trigger();
+    }
+  }
+
+  static QWidget* MainWindow() {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+      if (window->objectName() == "frmMain" && window->isVisible())
+        return window;
+    }
+    return nullptr;
+  }
+
+  QStringList entries_;
+  bool shown_ = false;
+};
+
+class UserPlugin final : public QGenericPlugin {
+  Q_OBJECT
+  Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "program_user.json")
+
+ public:
+  QObject* create(const QString&, const QString& entries) override { return new User(entries); }
+};
+
+}  // namespace
+
+#include "program_user.moc"
