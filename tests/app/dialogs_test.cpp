@@ -40,7 +40,7 @@ std::vector<Form> Forms() {
       {"mnuFileMapSett", "frmMapSett", "cmdOK",
        "optCentGrw optCentCar optCentOth cboCentOth txtCentOth cboFontLoRes cboSizeLoRes cboFontHiRes "
        "cboSizeHiRes cmdOK cmdESC"},
-      {"mnuFileColoSett", "frmColoSett", "cmdOK", "cboSelObj hsbRed hsbGre hsbBlu cmdOK cmdESC"},
+      {"mnuFileColoSett", "frmColoSett", "cmdOK", "cboSelObj hsbRed hsbGre hsbBlu vsbMap cmdOK cmdESC"},
       {"mnuViewAprtDeli", "frmDeliAprt", "cmdOK", kDelimitationTabOrder},
       {"mnuViewDestDeli", "frmDeliDest", "cmdOK", kDelimitationTabOrder},
       {"mnuFlitRandFlit", "frmRandFlit", "cmdRndFlit",

@@ -44,7 +44,7 @@ class RefusedNumber : public DialogTest {
   }
 
   dialogs::QtMessageBoxes screenBoxes;
-  map::AirportCriteria set;
+  data::AirportCriteria set;
 };
 
 TEST_F(RefusedNumber, TheFromBoxIsSelectedSoThatTypingReplacesIt) {
@@ -93,7 +93,7 @@ TEST_F(RefusedNumber, TheMeridianIsSelectedSoThatTypingReplacesIt) {
   data::RegionTable regions;
   regions.rows.resize(1);
   data::FontTable fonts;
-  dialogs::frmMapSett dialog(placement, regions, fonts, screenBoxes);
+  dialogs::frmMapSett dialog(placement, regions, fonts, {}, screenBoxes);
   dialog.show();
   Activate(dialog);
   Child<QRadioButton>(dialog, "optCentOth")->click();
@@ -121,7 +121,7 @@ TEST_F(RefusedNumber, OfAnUncheckedCriterionTheCheckBoxGetsTheFocus) {
 }
 
 TEST_F(RefusedNumber, OfAnotherSelectedLimitTheBetweenOptionGetsTheFocus) {
-  set.numeric[1] = {true, map::Limit::kAtMost, 60, 50, 0, 9};
+  set.numeric[1] = {true, data::Limit::kAtMost, 60, 50, 0, 9};
   dialogs::frmDeli dialog(placement, dialogs::frmDeli::Layer::kAllAirports, set, screenBoxes);
   dialog.show();
   Activate(dialog);

@@ -348,8 +348,9 @@ TEST(CentreOn, ALimitOfTheViewIsAsFarAsItGoes) {
 }
 
 TEST(ZoomToBox, TakesTheCornersInAnyOrder) {
-  for (const auto& [x1, y1, x2, y2] :
-       {std::tuple{1'000, 500, 3'000, 1'500}, {3'000, 1'500, 1'000, 500}, {1'000, 1'500, 3'000, 500}}) {
+  for (const auto& [x1, y1, x2, y2] : {std::tuple{1'000.0F, 500.0F, 3'000.0F, 1'500.0F},
+                                       {3'000, 1'500, 1'000, 500},
+                                       {1'000, 1'500, 3'000, 500}}) {
     Viewport view = Exact(100, 40, 160, 70);
     ASSERT_TRUE(view.ZoomToBox({x1, y1}, {x2, y2}));
     ExpectRequest(view, 110, 45, 130, 55);
