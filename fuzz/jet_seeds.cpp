@@ -47,7 +47,7 @@ void AddScalars(JetFile& file) {
   table.Add(cells);
   table.Add(std::vector<Cell>(columns.size(), kNull));
   const RecordPointer target = table.AddBytes(table.RowBytes(cells), 0x8000);
-  table.AddBytes(Le(ToU32(target), 4), 0x4000);
+  table.AddBytes(Le(target.ToU32(), 4), 0x4000);
   table.AddBytes({}, 0xC000);
   cells[10] = file.IsJet3() ? Raw("Z\xFCrich \x8D") : Compressed("Z\xFCrich") + Bytes{0, 0x42, 0x30, 0, 0x41};
   table.Add(cells);
@@ -65,10 +65,10 @@ void AddMemos(JetFile& file) {
   const Bytes text = file.Text("a memo of some length");
   const RecordPointer whole = file.AddRow(page, text);
   const RecordPointer last = file.AddRow(page, Le(0, 4) + file.Text("memo"));
-  const RecordPointer first = file.AddRow(page, Le(ToU32(last), 4) + file.Text("long "));
+  const RecordPointer first = file.AddRow(page, Le(last.ToU32(), 4) + file.Text("long "));
   table.Add({descriptor(text.size(), 2, 0) + text, descriptor(3, 2, 0) + Bytes{9, 8, 7}});
-  table.Add({descriptor(text.size(), 1, ToU32(whole)), descriptor(text.size(), 1, ToU32(whole))});
-  table.Add({descriptor(file.Text("long memo").size(), 0, ToU32(first)), Bytes()});
+  table.Add({descriptor(text.size(), 1, whole.ToU32()), descriptor(text.size(), 1, whole.ToU32())});
+  table.Add({descriptor(file.Text("long memo").size(), 0, first.ToU32()), Bytes()});
   table.Finish();
 }
 

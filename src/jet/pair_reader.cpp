@@ -97,12 +97,12 @@ void PairReader::State::ReadRowsOfPage(std::span<LongPair> out, std::size_t& cou
   const std::size_t directoryEnd = page.DirectoryEnd();
   const unsigned rowCount = page.RowCount();
   std::size_t end =
-      nextRow == 0 ? bytes.Size() : LoadU16(directory + std::size_t{2} * (nextRow - 1)) & 0x1FFFu;
+      nextRow == 0 ? bytes.Size() : LoadU16(directory + kDirectoryEntrySize * (nextRow - 1)) & kRowStartMask;
   for (; nextRow < rowCount && count < out.size(); ++nextRow) {
-    const std::uint16_t entry = LoadU16(directory + std::size_t{2} * nextRow);
-    const std::size_t start = entry & 0x1FFFu;
-    if ((entry & DataPage::kHidden) == 0) {
-      if ((entry & DataPage::kMoved) != 0) {
+    const std::uint16_t entry = LoadU16(directory + kDirectoryEntrySize * nextRow);
+    const std::size_t start = entry & kRowStartMask;
+    if ((entry & kRowHidden) == 0) {
+      if ((entry & kRowMoved) != 0) {
         const ByteView moved = FollowRow(database->pages, page, nextRow, table->page);
         out[count] = ReadRow(moved.Data(), moved.Size());
       } else {
@@ -131,17 +131,17 @@ inline LongPair PairReader::State::ReadRow(const std::uint8_t* row, std::size_t 
 /// Works out the outline of `row`. Throws when it has no place for both values.
 void PairReader::State::Learn(ByteView row) {
   outline = Outline();
-  const bool jet3 = database->pages.IsJet3();
-  const Row checked(row, jet3, false);
+  const Format format = database->pages.FileFormat();
+  const Row checked(row, format, false);
   for (const std::size_t column : {firstColumn, secondColumn}) {
     if (!checked.Value(table->columns[column], table->places[column]))
       RefuseNull(column);
   }
   const ColumnPlace& a = table->places[firstColumn];
   const ColumnPlace& b = table->places[secondColumn];
-  const std::size_t head = jet3 ? 1 : 2;
-  const unsigned columnCount = jet3 ? row.U8(0) : row.U16(0);
-  const std::size_t mask = row.Size() - (columnCount + 7u) / 8;
+  const std::size_t head = RowHeadSize(format);
+  const unsigned columnCount = format == Format::kJet3 ? row.U8(0) : row.U16(0);
+  const std::size_t mask = row.Size() - NullMaskSize(columnCount);
   outline.rowLength = row.Size();
   outline.columnCount = columnCount;
   outline.first = head + a.fixedOffset;

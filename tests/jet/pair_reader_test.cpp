@@ -72,7 +72,7 @@ TEST_P(PairReaderTest, AgreesWithTheRecordsetOnEveryKindOfRow) {
   table.AddBytes(table.RowBytes({Le(3, 4), Le(4, 4), kNull}, 10));
   table.AddBytes(table.RowBytes({Le(9, 4), Le(9, 4), kNull}), 0xC000);
   const RecordPointer target = table.AddBytes(table.RowBytes({Le(5, 4), Le(6, 4), kNull}), 0x8000);
-  table.AddBytes(Le(ToU32(target), 4), 0x4000);
+  table.AddBytes(Le(target.ToU32(), 4), 0x4000);
   table.Add({Le(7, 4), Le(8, 4), kNull});
   table.Finish();
   std::vector<Pair> expected;

@@ -126,7 +126,7 @@ TEST_P(RecordsetTest, FindsMovedRowsAtTheirOldPlace) {
   const std::uint32_t elsewhere = table.DataPages()[1];
   const RecordPointer target = file.AddRow(elsewhere, table.RowBytes({Le(1, 4), file.Text("moved")}), 0x8000);
   const std::uint32_t home = table.DataPages()[0];
-  file.AddRow(home, Le(ToU32(target), 4) + Bytes(9, 0xEE),
+  file.AddRow(home, Le(target.ToU32(), 4) + Bytes(9, 0xEE),
               0x4000);  // what follows the pointer is of no matter
   file.AddRow(home, table.RowBytes({Le(2, 4), file.Text("stayed")}));
   table.Finish();

@@ -292,7 +292,7 @@ TEST_P(SeekTest, MatchesTheFirstOfSeveralColumns) {
 TEST_P(SeekTest, FollowsMovedRows) {
   TestTable table(file, "T", {{"Id", ColumnType::kLong, 0, true, 0, 4}});
   const RecordPointer target = table.AddBytes(table.RowBytes({Le(42, 4)}), 0x8000);
-  const RecordPointer header = table.AddBytes(Le(ToU32(target), 4), 0x4000);
+  const RecordPointer header = table.AddBytes(Le(target.ToU32(), 4), 0x4000);
   Bytes key;
   AppendFixedKey(ColumnType::kLong, Chars(Le(42, 4)), true, key);
   table.indexes = {{"i", {{0, true}}, AddIndexTree(file, table.Page(), {{key, header}}, 3, true)}};

@@ -329,7 +329,7 @@ Bytes TestTable::Definition() {
   set(jet3 ? 0x19 : 0x2D, Le(columns_.size(), 2));
   set(jet3 ? 0x1B : 0x2F, Le(indexes.size(), 4));
   set(jet3 ? 0x1F : 0x33, Le(indexes.size(), 4));
-  set(jet3 ? 0x23 : 0x37, Le(ToU32(*ownedPages), 4));
+  set(jet3 ? 0x23 : 0x37, Le(ownedPages->ToU32(), 4));
   bytes.resize(bytes.size() + indexes.size() * (jet3 ? 8 : 12));
   for (const TestColumn& column : columns_)
     bytes = std::move(bytes) + ColumnRecord(column);

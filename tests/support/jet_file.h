@@ -9,8 +9,7 @@
 #include <vector>
 
 #include "jet/database.h"
-#include "jet/read/data_page.h"
-#include "jet/read/file_header.h"
+#include "jet/format/page.h"
 #include "jet/schema.h"
 
 namespace zerbal::jet::test {
@@ -26,10 +25,6 @@ Bytes Utf16(std::u16string_view text);
 Bytes Compressed(std::string_view latin1);
 std::string_view Chars(const Bytes& bytes);
 Bytes operator+(Bytes a, const Bytes& b);
-
-inline std::uint32_t ToU32(RecordPointer pointer) {
-  return pointer.page << 8 | pointer.row;
-}
 
 /// A value of a row: its stored bytes, or nullopt for Null. For a boolean any bytes are true, Null is false.
 using Cell = std::optional<Bytes>;

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -32,6 +33,17 @@ inline std::uint64_t LoadU64(const std::uint8_t* at) {
 inline std::uint32_t LoadU32Be(const std::uint8_t* at) {
   return std::uint32_t{at[0]} << 24 | std::uint32_t{at[1]} << 16 | std::uint32_t{at[2]} << 8 |
          std::uint32_t{at[3]};
+}
+
+/// Appends the lowest `size` bytes of `value`, lowest first, to a string or a vector of bytes.
+template <class Bytes>
+void AppendLittleEndian(Bytes& out, std::size_t size, std::uint64_t value) {
+  for (std::size_t i = 0; i < size; ++i)
+    out.push_back(static_cast<typename Bytes::value_type>(value >> 8 * i & 0xFF));
+}
+
+inline std::span<const std::uint8_t> AsBytes(std::string_view text) {
+  return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
 }
 
 /// A run of bytes that belongs to somebody else. Reading outside of it throws Damage.

@@ -5,8 +5,6 @@
 namespace zerbal::jet {
 namespace {
 
-constexpr std::uint16_t kWestern = 1252;
-
 // Characters of the bytes 80 to 9F in code page 1252; the others are their own number.
 constexpr std::array<char16_t, 32> kUpperControls = {
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
@@ -27,7 +25,7 @@ const CodePage& CodePage::Western() {
 }
 
 std::shared_ptr<const CodePage> CodePage::OfNumber(std::uint16_t number) {
-  if (number != kWestern) {
+  if (number != kWesternCodePage) {
     const std::shared_ptr<CodePage> page(new CodePage);
     if (page->Load(number))
       return page;

@@ -12,6 +12,7 @@
 
 namespace zerbal::jet {
 
+inline constexpr std::uint16_t kWesternCodePage = 1252;
 inline constexpr char32_t kReplacement = 0xFFFD;  ///< stands for what is no character
 
 class CodePage {

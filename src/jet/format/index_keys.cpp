@@ -3,13 +3,14 @@
 #include <algorithm>
 #include <cstring>
 
+#include "jet/format/index_page_layout.h"
+
 namespace zerbal::jet {
 
-void IndexKeys::Add(std::span<const std::uint8_t> key, std::uint32_t page, std::uint8_t row,
-                    std::uint32_t ordinal) {
-  Place place{0, bytes_.size(), static_cast<std::uint32_t>(key.size() + kEntryPointer), ordinal};
+void IndexKeys::Add(std::span<const std::uint8_t> key, RecordPointer row, std::uint32_t ordinal) {
+  Place place{0, bytes_.size(), static_cast<std::uint32_t>(key.size() + kEntryPointerSize), ordinal};
   bytes_.insert(bytes_.end(), key.begin(), key.end());
-  const std::array<std::uint8_t, kEntryPointer> pointer = BigEndian(page << 8 | row);
+  const std::array<std::uint8_t, kEntryPointerSize> pointer = BigEndian(row.ToU32());
   bytes_.insert(bytes_.end(), pointer.begin(), pointer.end());
   for (std::size_t i = 0; i < sizeof(place.prefix); ++i)
     place.prefix = place.prefix << 8 | (i < place.length ? bytes_[place.start + i] : 0);
@@ -31,7 +32,7 @@ void IndexKeys::Sort() {
 bool IndexKeys::RepeatsKey(std::size_t i) const {
   if (i == 0 || entries_[i].length != entries_[i - 1].length)
     return false;
-  return std::memcmp(Entry(i).data(), Entry(i - 1).data(), entries_[i].length - kEntryPointer) == 0;
+  return std::memcmp(Entry(i).data(), Entry(i - 1).data(), entries_[i].length - kEntryPointerSize) == 0;
 }
 
 std::uint32_t IndexKeys::DistinctKeys() const {

@@ -1,21 +1,14 @@
 // The keys of one index, collected row by row and brought into the order of the index.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
 #include <vector>
 
+#include "jet/format/page.h"
+
 namespace zerbal::jet {
-
-inline constexpr std::size_t kEntryPointer = 4;  ///< bytes behind an entry's key: page and row
-
-/// Such a pointer, and that to a child, as entries hold them.
-inline std::array<std::uint8_t, kEntryPointer> BigEndian(std::uint32_t value) {
-  return {static_cast<std::uint8_t>(value >> 24), static_cast<std::uint8_t>(value >> 16 & 0xFF),
-          static_cast<std::uint8_t>(value >> 8 & 0xFF), static_cast<std::uint8_t>(value & 0xFF)};
-}
 
 /// Collects keys with the places of their rows; all in memory, some 24 bytes an entry and its key.
 class IndexKeys {
@@ -24,7 +17,7 @@ class IndexKeys {
   static constexpr std::size_t kMaxKey = 1800;
 
   /// `ordinal` is the row's number for messages.
-  void Add(std::span<const std::uint8_t> key, std::uint32_t page, std::uint8_t row, std::uint32_t ordinal);
+  void Add(std::span<const std::uint8_t> key, RecordPointer row, std::uint32_t ordinal);
 
   /// Brings the entries into the order of the index. Must precede everything below.
   void Sort();

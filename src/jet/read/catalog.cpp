@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "jet/error.h"
+#include "jet/format/catalog_layout.h"
 #include "jet/format/text.h"
 #include "jet/read/field_value.h"
 #include "jet/read/table_cursor.h"
@@ -17,10 +18,7 @@
 namespace zerbal::jet {
 namespace {
 
-constexpr std::uint32_t kCatalogPage = 2;
-constexpr std::string_view kCatalogName = "MSysObjects";
-constexpr std::int64_t kLocalTable = 1;
-constexpr std::uint32_t kSystemFlags = 0x80000002;
+constexpr std::uint32_t kSystemFlags = kSystemObject | kHiddenSystemObject;
 
 /// The columns of the catalog that matter.
 struct CatalogColumns {
@@ -40,12 +38,13 @@ std::optional<std::int64_t> WholeNumber(const TableCursor& cursor, int column) {
 }
 
 std::optional<CatalogEntry> ReadEntry(const TableCursor& cursor, const CatalogColumns& columns) {
-  if (WholeNumber(cursor, columns.type) != kLocalTable)
+  if (WholeNumber(cursor, columns.type) != kTableObject)
     return std::nullopt;
   CatalogEntry entry;
   AppendText(cursor, columns.name, entry.name);
   entry.foldedName = FoldCase(entry.name);
-  entry.definitionPage = static_cast<std::uint32_t>(WholeNumber(cursor, columns.id).value_or(0)) & 0x00FFFFFF;
+  entry.definitionPage =
+      static_cast<std::uint32_t>(WholeNumber(cursor, columns.id).value_or(0)) & (kMaxPageCount - 1);
   entry.system =
       (static_cast<std::uint32_t>(WholeNumber(cursor, columns.flags).value_or(0)) & kSystemFlags) != 0;
   return entry;
@@ -60,9 +59,10 @@ std::vector<CatalogEntry> ReadCatalog(const std::shared_ptr<const DatabaseState>
   });
   TableCursor cursor(database, std::move(definition));
   return cursor.Guarded([&] {
-    const CatalogColumns columns = {
-        ColumnOf(cursor, "Id", ColumnType::kLong), ColumnOf(cursor, "Name", ColumnType::kText),
-        ColumnOf(cursor, "Type", ColumnType::kInteger), ColumnOf(cursor, "Flags", ColumnType::kLong)};
+    const CatalogColumns columns = {ColumnOf(cursor, kObjectId, ColumnType::kLong),
+                                    ColumnOf(cursor, kObjectName, ColumnType::kText),
+                                    ColumnOf(cursor, kObjectType, ColumnType::kInteger),
+                                    ColumnOf(cursor, kObjectFlags, ColumnType::kLong)};
     std::vector<CatalogEntry> entries;
     for (; !cursor.Eof(); cursor.MoveNext()) {
       if (std::optional<CatalogEntry> entry = ReadEntry(cursor, columns))

@@ -6,9 +6,9 @@ namespace zerbal::jet {
 
 DataPage::DataPage(const FilePages& pages, std::uint32_t number)
     : page_(pages.Page(number, PageKind::kData)) {
-  const bool jet3 = pages.IsJet3();
-  rowCount_ = LoadU16(page_.Data() + (jet3 ? 0x08 : 0x0C));
-  directory_ = jet3 ? 0x0A : 0x0E;
+  const DataPageLayout layout = DataPageLayoutOf(pages.FileFormat());
+  rowCount_ = LoadU16(page_.Data() + layout.rowCount);
+  directory_ = layout.directory;
   if (DirectoryEnd() > page_.Size())
     throw Damage("data page " + std::to_string(number) + " claims more rows than it can hold");
 }
@@ -16,8 +16,8 @@ DataPage::DataPage(const FilePages& pages, std::uint32_t number)
 ByteView DataPage::Row(unsigned row) const {
   if (row >= rowCount_)
     throw Damage("a pointer names a row that its page does not have");
-  const std::size_t start = Entry(row) & 0x1FFF;
-  const std::size_t end = row == 0 ? page_.Size() : Entry(row - 1) & 0x1FFF;
+  const std::size_t start = Entry(row) & kRowStartMask;
+  const std::size_t end = row == 0 ? page_.Size() : Entry(row - 1) & kRowStartMask;
   if (start < DirectoryEnd() || start > end || end > page_.Size())
     throw Damage("a row does not lie within its page");
   return {page_.Data() + start, end - start};
@@ -28,7 +28,7 @@ ByteView FollowRow(const FilePages& pages, const DataPage& page, unsigned row, s
   DataPage current = page;
   for (int step = 0; step <= kMostSteps; ++step) {
     const ByteView bytes = current.Row(row);
-    if ((current.Flags(row) & DataPage::kMoved) == 0)
+    if ((current.Flags(row) & kRowMoved) == 0)
       return bytes;
     if (bytes.Size() < 4)
       throw Damage("a moved row does not say where it went");

@@ -5,48 +5,33 @@
 #include <cstdint>
 
 #include "jet/format/bytes.h"
+#include "jet/format/data_page_layout.h"
 #include "jet/read/file_pages.h"
 
 namespace zerbal::jet {
 
-/// Names one row of the file.
-struct RecordPointer {
-  std::uint32_t page = 0;
-  std::uint8_t row = 0;
-
-  /// As stored in tables and rows: the row in the low byte.
-  static RecordPointer FromU32(std::uint32_t value) {
-    return {value >> 8, static_cast<std::uint8_t>(value & 0xFF)};
-  }
-  bool operator==(const RecordPointer&) const = default;
-};
-
 /// A view of one data page. The directory of rows is known to lie within the page.
 class DataPage {
  public:
-  // Flags of a directory entry. A deleted row carries both.
-  static constexpr std::uint16_t kMoved = 0x4000;   ///< holds a pointer to where the row is now
-  static constexpr std::uint16_t kHidden = 0x8000;  ///< the target of such a pointer, or deleted
-
   DataPage() = default;
   DataPage(const FilePages& pages, std::uint32_t number);
 
-  std::uint32_t Owner() const { return LoadU32(page_.Data() + 4); }  ///< the table's definition page
+  std::uint32_t Owner() const { return LoadU32(page_.Data() + kOwnerAt); }  ///< the table's definition page
   unsigned RowCount() const { return rowCount_; }
 
-  std::uint16_t Flags(unsigned row) const { return static_cast<std::uint16_t>(Entry(row) & 0xE000); }
+  std::uint16_t Flags(unsigned row) const { return static_cast<std::uint16_t>(Entry(row) & ~kRowStartMask); }
   /// The bytes of a row; throws Damage when there is no such row or it does not lie on the page.
   ByteView Row(unsigned row) const;
 
   const std::uint8_t* Directory() const { return page_.Data() + directory_; }
-  std::size_t DirectoryEnd() const { return directory_ + 2 * std::size_t{rowCount_}; }
+  std::size_t DirectoryEnd() const { return directory_ + kDirectoryEntrySize * rowCount_; }
   ByteView Bytes() const { return page_; }
 
  private:
-  std::uint16_t Entry(unsigned row) const { return page_.U16(directory_ + 2 * std::size_t{row}); }
+  std::uint16_t Entry(unsigned row) const { return page_.U16(directory_ + kDirectoryEntrySize * row); }
 
   ByteView page_;
-  std::uint32_t directory_ = 0;
+  std::size_t directory_ = 0;
   unsigned rowCount_ = 0;
 };
 

@@ -4,7 +4,7 @@
 #include <cstring>
 #include <string_view>
 
-#include "jet/format/header_mask.h"
+#include "jet/format/code_page.h"
 
 namespace zerbal::jet {
 namespace {
@@ -21,15 +21,13 @@ PlainHeader Unmasked(ByteView file) {
 
 Format FormatOf(ByteView file) {
   constexpr std::string_view kStart("\0\1\0\0", 4);
-  constexpr std::string_view kOurs("Standard Jet DB\0", 16);
-  constexpr std::string_view kNewer("Standard ACE DB\0", 16);
-  if (file.Sub(0, 4).Chars() != kStart)
+  if (file.Sub(0, kStart.size()).Chars() != kStart)
     throw Damage("this is not a database file");
-  const std::string_view name = file.Sub(4, 16).Chars();
-  const std::uint8_t version = file.U8(0x14);
-  if (name == kNewer || (name == kOurs && version > 1))
+  const std::string_view name = file.Sub(kSignatureAt, kSignature.size()).Chars();
+  const std::uint8_t version = file.U8(kVersionAt);
+  if (name == kNewerSignature || (name == kSignature && version > 1))
     throw Damage("the file has a newer format than those of 1997 to 2003");
-  if (name != kOurs)
+  if (name != kSignature)
     throw Damage("this is not a database file");
   return version == 0 ? Format::kJet3 : Format::kJet4;
 }
@@ -37,7 +35,7 @@ Format FormatOf(ByteView file) {
 }  // namespace
 
 FileHeader ReadFileHeader(ByteView file) {
-  constexpr std::size_t kShortest = 4096;  // two pages of the smaller format
+  constexpr std::size_t kShortest = 2 * PageSizeOf(Format::kJet3);
   if (file.Empty())
     throw Damage("the file is empty");
   if (file.Size() < kHeaderMaskStart)
@@ -48,14 +46,14 @@ FileHeader ReadFileHeader(ByteView file) {
     throw Damage("the file is cut short");
   const PlainHeader bytes = Unmasked(file);
   const ByteView plain(bytes.data(), bytes.size());
-  header.databaseKey = plain.U32(0x3E);
-  header.codePage = plain.U16(0x3C);
+  header.databaseKey = plain.U32(kDatabaseKeyAt);
+  header.codePage = plain.U16(kCodePageAt);
   if (header.codePage == 0)
-    header.codePage = 1252;
+    header.codePage = kWesternCodePage;
   if (header.format == Format::kJet3)
-    header.sortOrder.language = plain.U16(0x3A);
+    header.sortOrder.language = plain.U16(kJet3SortLanguageAt);
   else
-    header.sortOrder = {plain.U16(0x6E), plain.U8(0x71)};
+    header.sortOrder = {plain.U16(kSortLanguageAt), plain.U8(kSortVersionAt)};
   return header;
 }
 

@@ -5,20 +5,10 @@
 #include <cstdint>
 
 #include "jet/format/bytes.h"
+#include "jet/format/header_layout.h"
+#include "jet/format/page.h"
 
 namespace zerbal::jet {
-
-enum class Format { kJet3, kJet4 };
-
-/// Which rule orders texts in an index.
-struct SortOrder {
-  std::uint16_t language = 0;
-  std::uint8_t version = 0;
-  bool operator==(const SortOrder&) const = default;
-};
-
-/// The one order whose keys are known.
-inline constexpr SortOrder kGeneralSortOrder{0x0409, 0};
 
 struct FileHeader {
   Format format = Format::kJet4;
@@ -29,9 +19,5 @@ struct FileHeader {
 
 /// Reads the header out of the whole file. Throws Damage for a foreign, newer or too short file.
 FileHeader ReadFileHeader(ByteView file);
-
-inline std::size_t PageSizeOf(Format format) {
-  return format == Format::kJet3 ? 2048 : 4096;
-}
 
 }  // namespace zerbal::jet

@@ -14,7 +14,7 @@ FilePages::FilePages(FileImage image)
       header_(ReadFileHeader(image_.bytes)),
       pageSize_(PageSizeOf(header_.format)),
       pageCount_(
-          static_cast<std::uint32_t>(std::min(image_.bytes.Size() / pageSize_, std::size_t{kMostPages}))) {
+          static_cast<std::uint32_t>(std::min(image_.bytes.Size() / pageSize_, std::size_t{kMaxPageCount}))) {
   if (header_.databaseKey != 0)
     image_ = Decoded(image_, pageSize_, header_.databaseKey);
   if (IsJet3())

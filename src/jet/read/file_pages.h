@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "jet/format/bytes.h"
+#include "jet/format/page.h"
 #include "jet/read/file_header.h"
 #include "jet/read/file_image.h"
 
@@ -14,21 +15,13 @@ namespace zerbal::jet {
 
 class CodePage;
 
-/// What the first byte of a page says.
-enum class PageKind : std::uint8_t {
-  kData = 1,
-  kTableDefinition = 2,
-  kIndexNode = 3,
-  kIndexLeaf = 4,
-  kUsageMap = 5,
-};
-
 class FilePages {
  public:
   /// Reads the header. Throws Damage when this is no file that can be read.
   explicit FilePages(FileImage image);
 
   const FileHeader& Header() const { return header_; }
+  Format FileFormat() const { return header_.format; }
   bool IsJet3() const { return header_.format == Format::kJet3; }
   /// That of all texts in a 1997-format file; nullptr for the 2000 format.
   const CodePage* TextCodePage() const { return codePage_.get(); }
@@ -46,7 +39,7 @@ class FilePages {
   /// Page `number`, which must be of the given kind.
   ByteView Page(std::uint32_t number, PageKind kind) const {
     const ByteView page = Page(number);
-    if (page.Data()[0] != static_cast<std::uint8_t>(kind))
+    if (page.Data()[kPageKindAt] != static_cast<std::uint8_t>(kind))
       ThrowWrongKind(number, kind);
     return page;
   }
@@ -55,8 +48,6 @@ class FilePages {
   bool Shrunk() const { return image_.shrunk->load(std::memory_order_relaxed); }
 
  private:
-  static constexpr std::uint32_t kMostPages = 1u << 24;  ///< page numbers have three bytes
-
   [[noreturn]] void ThrowNoPage(std::uint32_t number) const;
   [[noreturn]] static void ThrowWrongKind(std::uint32_t number, PageKind kind);
 

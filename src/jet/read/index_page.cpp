@@ -15,11 +15,12 @@ int CompareBytes(const std::uint8_t* a, const std::uint8_t* b, std::size_t size)
 }  // namespace
 
 std::uint32_t IndexEntry::Tail() const {
-  const std::size_t at = Size() - 4;
+  constexpr std::size_t kSize = 4;
+  const std::size_t at = Size() - kSize;
   if (at >= shared.Size())
-    return LoadU32Be(own.Sub(at - shared.Size(), 4).Data());
+    return LoadU32Be(own.Sub(at - shared.Size(), kSize).Data());
   std::uint32_t value = 0;
-  for (std::size_t i = 0; i < 4; ++i)
+  for (std::size_t i = 0; i < kSize; ++i)
     value = value << 8 | At(at + i);
   return value;
 }
@@ -54,17 +55,17 @@ int Compare(const IndexEntry& a, const IndexEntry& b) {
 
 IndexPage::IndexPage(const FilePages& pages, std::uint32_t number, std::uint32_t owner)
     : page_(pages.Page(number)), number_(number) {
-  const std::uint8_t kind = page_.Data()[0];
+  const std::uint8_t kind = page_.Data()[kPageKindAt];
   if (kind != static_cast<std::uint8_t>(PageKind::kIndexNode) &&
       kind != static_cast<std::uint8_t>(PageKind::kIndexLeaf))
     throw Damage("page " + std::to_string(number) + " is not an index page");
-  if (page_.U32(4) != owner)
+  if (page_.U32(kOwnerAt) != owner)
     throw Damage("index page " + std::to_string(number) + " belongs to another table");
-  const bool jet3 = pages.IsJet3();
-  links_ = jet3 ? 0x08 : 0x0C;
-  mask_ = jet3 ? 0x16 : 0x1B;
-  base_ = jet3 ? 0xF8 : 0x1E0;
-  prefix_ = jet3 ? page_.U8(0x14) : page_.U16(0x18);
+  const IndexPageLayout layout = IndexPageLayoutOf(pages.FileFormat());
+  links_ = layout.links;
+  mask_ = layout.mask;
+  base_ = layout.entries;
+  prefix_ = pages.IsJet3() ? page_.U8(layout.prefix) : page_.U16(layout.prefix);
   const auto capacity = static_cast<unsigned>(page_.Size()) - base_;
   end_ = BoundaryAtOrBefore(capacity);
   firstEnd_ = end_ == 0 ? 0 : NextBoundary(1);
@@ -109,7 +110,7 @@ IndexEntry IndexPage::Entry(unsigned entry) const {
 }
 
 void IndexPage::CheckEntries() const {
-  const std::size_t shortest = IsLeaf() ? 5 : 9;
+  const std::size_t shortest = 1 + kEntryPointerSize + (IsLeaf() ? 0 : kEntryChildSize);
   IndexEntry before;
   for (unsigned at = 0; at < end_; at = After(at)) {
     const IndexEntry entry = Entry(at);

@@ -7,6 +7,7 @@
 #include <span>
 
 #include "jet/format/bytes.h"
+#include "jet/format/index_page_layout.h"
 #include "jet/read/file_pages.h"
 
 namespace zerbal::jet {
@@ -42,10 +43,10 @@ class IndexPage {
   void CheckEntries() const;
 
   std::uint32_t Number() const { return number_; }
-  bool IsLeaf() const { return page_.Data()[0] == static_cast<std::uint8_t>(PageKind::kIndexLeaf); }
-  std::uint32_t PreviousPage() const { return page_.U32(links_); }
-  std::uint32_t NextPage() const { return page_.U32(links_ + 4); }
-  std::uint32_t TailChild() const { return page_.U32(links_ + 8); }
+  bool IsLeaf() const { return page_.Data()[kPageKindAt] == static_cast<std::uint8_t>(PageKind::kIndexLeaf); }
+  std::uint32_t PreviousPage() const { return page_.U32(links_ + kPreviousPage); }
+  std::uint32_t NextPage() const { return page_.U32(links_ + kNextPage); }
+  std::uint32_t TailChild() const { return page_.U32(links_ + kTailChild); }
 
   bool Empty() const { return end_ == 0; }
   unsigned End() const { return end_; }  ///< behind the last entry

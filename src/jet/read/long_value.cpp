@@ -7,12 +7,6 @@
 namespace zerbal::jet {
 namespace {
 
-constexpr std::size_t kDescriptorSize = 12;
-
-// The two upper bits of the descriptor.
-constexpr unsigned kChain = 0;
-constexpr unsigned kInline = 2;  // 1 = the value is a row of another page
-
 [[noreturn]] void ThrowShort() {
   throw Damage("a long value ends before its stated length");
 }
@@ -22,15 +16,15 @@ constexpr unsigned kInline = 2;  // 1 = the value is a row of another page
 LongValue::LongValue(const FilePages& pages, ByteView stored, std::size_t limit)
     : pages_(pages), stored_(stored) {
   if (stored.Empty()) {
-    kind_ = kInline;
     return;
   }
   if (stored.Size() < kDescriptorSize)
     throw Damage("the descriptor of a long value is too short");
   const std::uint32_t word = stored.U32(0);
-  length_ = word & 0x3FFFFFFF;
-  kind_ = length_ == 0 ? kInline : word >> 30;
-  if (kind_ > kInline)
+  length_ = word & kMaxLongValue;
+  if (length_ != 0)
+    kind_ = static_cast<LongValueKind>(word >> kLongValueKindShift);
+  if (kind_ > LongValueKind::kInline)
     throw Damage("a long value is stored in an unknown way");
   if (length_ > limit)
     throw Damage("a long value is larger than allowed");
@@ -41,10 +35,11 @@ LongValue::LongValue(const FilePages& pages, ByteView stored, std::size_t limit)
 std::optional<ByteView> LongValue::InPlace() const {
   if (length_ == 0)
     return ByteView();
-  if (kind_ == kChain)
+  if (kind_ == LongValueKind::kChain)
     return std::nullopt;
-  const ByteView bytes = kind_ == kInline ? stored_.From(kDescriptorSize)
-                                          : RowAt(pages_, RecordPointer::FromU32(stored_.U32(4)));
+  const ByteView bytes = kind_ == LongValueKind::kInline
+                             ? stored_.From(kDescriptorSize)
+                             : RowAt(pages_, RecordPointer::FromU32(stored_.U32(kDescriptorPointerAt)));
   if (bytes.Size() < length_)
     ThrowShort();
   return bytes.Sub(0, length_);
@@ -53,7 +48,7 @@ std::optional<ByteView> LongValue::InPlace() const {
 std::vector<std::uint8_t> LongValue::PutTogether() const {
   std::vector<std::uint8_t> value;
   // A circle is found by comparing with a piece seen before, one further along at every power of two.
-  std::uint32_t pointer = stored_.U32(4);
+  std::uint32_t pointer = stored_.U32(kDescriptorPointerAt);
   std::uint32_t landmark = 0;
   for (std::size_t pieces = 1; value.size() < length_; ++pieces) {
     if (pointer == 0)
@@ -64,8 +59,9 @@ std::vector<std::uint8_t> LongValue::PutTogether() const {
       landmark = pointer;
     const ByteView piece = RowAt(pages_, RecordPointer::FromU32(pointer));
     pointer = piece.U32(0);
-    const std::size_t wanted = std::min(length_ - value.size(), piece.Size() - 4);
-    value.insert(value.end(), piece.Data() + 4, piece.Data() + 4 + wanted);
+    const std::size_t wanted = std::min(length_ - value.size(), piece.Size() - kChainPointerSize);
+    const std::uint8_t* const first = piece.Data() + kChainPointerSize;
+    value.insert(value.end(), first, first + wanted);
   }
   return value;
 }

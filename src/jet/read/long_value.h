@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "jet/format/bytes.h"
+#include "jet/format/long_value_layout.h"
 #include "jet/read/file_pages.h"
 
 namespace zerbal::jet {
@@ -34,7 +35,7 @@ class LongValue {
   const FilePages& pages_;
   ByteView stored_;
   std::size_t length_ = 0;
-  unsigned kind_ = 0;
+  LongValueKind kind_ = LongValueKind::kInline;
 };
 
 }  // namespace zerbal::jet

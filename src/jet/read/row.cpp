@@ -11,18 +11,18 @@ namespace {
 
 }  // namespace
 
-Row::Row(ByteView bytes, bool jet3, bool hasVariableColumns) : bytes_(bytes), jet3_(jet3) {
-  const std::size_t head = jet3 ? 1 : 2;
+Row::Row(ByteView bytes, Format format, bool hasVariableColumns) : bytes_(bytes), format_(format) {
+  const std::size_t head = RowHeadSize(format);
   if (bytes.Size() < head)
     ThrowBroken();
-  columnCount_ = jet3 ? bytes.U8(0) : bytes.U16(0);
-  const std::size_t maskSize = (columnCount_ + 7u) / 8;
+  columnCount_ = IsJet3() ? bytes.U8(0) : bytes.U16(0);
+  const std::size_t maskSize = NullMaskSize(columnCount_);
   if (bytes.Size() < head + maskSize)
     ThrowBroken();
   valuesEnd_ = bytes.Size() - maskSize;
   if (!hasVariableColumns)
     return;
-  if (jet3)
+  if (IsJet3())
     OutlineJet3(valuesEnd_);
   else
     OutlineJet4(valuesEnd_);
@@ -58,7 +58,7 @@ void Row::OutlineJet3(std::size_t maskStart) {
 }
 
 std::size_t Row::VariableOffset(unsigned index) const {
-  if (!jet3_)
+  if (!IsJet3())
     return bytes_.U16(offsets_ - 2 * std::size_t{index});
   // Offsets are single bytes. A jump names the first part whose offset is 256 more than its byte says.
   unsigned passed = 0;
@@ -70,7 +70,7 @@ std::size_t Row::VariableOffset(unsigned index) const {
 }
 
 ByteView Row::Fixed(std::size_t offset, std::size_t length) const {
-  const std::size_t start = (jet3_ ? 1 : 2) + offset;
+  const std::size_t start = RowHeadSize(format_) + offset;
   if (start + length > valuesEnd_)
     throw Damage("a row is too short for a value in its fixed part");
   return bytes_.Sub(start, length);
@@ -81,7 +81,7 @@ std::optional<ByteView> Row::Variable(unsigned index) const {
     return std::nullopt;
   const std::size_t start = VariableOffset(index);
   const std::size_t end = VariableOffset(index + 1);
-  if (start < (jet3_ ? 1u : 2u) || start > end || end > valuesEnd_)
+  if (start < RowHeadSize(format_) || start > end || end > valuesEnd_)
     throw Damage("the values of a row overlap");
   return bytes_.Sub(start, end - start);
 }

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "jet/format/bytes.h"
+#include "jet/format/data_page_layout.h"
 #include "jet/read/table_definition.h"
 #include "jet/schema.h"
 
@@ -15,13 +16,13 @@ class Row {
  public:
   Row() = default;
   /// Throws Damage when the row is too short for what it says of itself.
-  Row(ByteView bytes, bool jet3, bool hasVariableColumns);
+  Row(ByteView bytes, Format format, bool hasVariableColumns);
 
   /// The column's bit in the null mask: set = there is a value, or the value of a boolean. Columns that are
   /// younger than the row have none.
   bool Has(unsigned columnNumber) const {
     return columnNumber < columnCount_ &&
-           (bytes_.Data()[bytes_.Size() - (columnCount_ + 7u) / 8 + columnNumber / 8] >> columnNumber % 8 &
+           (bytes_.Data()[bytes_.Size() - NullMaskSize(columnCount_) + columnNumber / 8] >> columnNumber % 8 &
             1) != 0;
   }
 
@@ -36,11 +37,12 @@ class Row {
   ByteView Fixed(std::size_t offset, std::size_t length) const;
   std::optional<ByteView> Variable(unsigned index) const;
   std::size_t VariableOffset(unsigned index) const;
+  bool IsJet3() const { return format_ == Format::kJet3; }
   void OutlineJet3(std::size_t maskStart);
   void OutlineJet4(std::size_t maskStart);
 
   ByteView bytes_;
-  bool jet3_ = false;
+  Format format_ = Format::kJet4;
   unsigned columnCount_ = 0;    ///< columns that there were when the row was written
   unsigned variableCount_ = 0;  ///< entries of the table of offsets
   unsigned jumps_ = 0;          ///< 1997 format: entries of the jump table that count

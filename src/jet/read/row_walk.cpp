@@ -6,7 +6,7 @@ std::optional<DataPage> TablePage(const FilePages& pages, std::uint32_t number, 
   if (number == 0 || number >= pages.PageCount())
     return std::nullopt;
   const std::uint8_t* head = pages.Page(number).Data();
-  if (head[0] != static_cast<std::uint8_t>(PageKind::kData) || LoadU32(head + 4) != owner)
+  if (head[kPageKindAt] != static_cast<std::uint8_t>(PageKind::kData) || LoadU32(head + kOwnerAt) != owner)
     return std::nullopt;
   return DataPage(pages, number);
 }
@@ -21,7 +21,7 @@ bool RowWalk::Find(std::uint32_t number, bool forward) {
     const unsigned count = page ? page->RowCount() : 0;
     for (unsigned i = 0; i < count; ++i) {
       const unsigned row = forward ? i : count - 1 - i;
-      if ((page->Flags(row) & DataPage::kHidden) != 0)
+      if ((page->Flags(row) & kRowHidden) != 0)
         continue;
       number_ = number;
       page_ = *page;

@@ -34,7 +34,7 @@ class RowWalk {
 
  private:
   bool Find(std::uint32_t number, bool forward);
-  bool IsVisible(unsigned row) const { return (page_.Flags(row) & DataPage::kHidden) == 0; }
+  bool IsVisible(unsigned row) const { return (page_.Flags(row) & kRowHidden) == 0; }
 
   const FilePages* pages_ = nullptr;
   std::uint32_t owner_ = 0;

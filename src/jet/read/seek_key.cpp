@@ -106,7 +106,7 @@ SeekKey::Result SeekKey::MakeText(std::string_view text, const ColumnPlace& plac
     ToUtf16(text, utf16_);
     return AppendTextKeyJet4(utf16_, ascending, key_) ? Result::kReady : Result::kUnknown;
   }
-  if (header.codePage != 1252)
+  if (header.codePage != kWesternCodePage)
     return Result::kUnknown;
   if (!ToCodePage(text, narrow_))
     return Result::kNoMatch;

@@ -7,18 +7,16 @@
 #include <vector>
 
 #include "jet/format/key.h"
+#include "jet/format/table_definition_layout.h"
 #include "jet/format/text.h"
 #include "jet/read/field_value.h"
 #include "jet/read/long_value.h"
 #include "jet/read/row.h"
 #include "jet/read/row_walk.h"
 #include "jet/read/seek_key.h"
-#include "jet/write/page_bytes.h"
 
 namespace zerbal::jet {
 namespace {
-
-constexpr std::uint8_t kIgnoreNulls = 0x02;
 
 /// Makes the key of one row after the other.
 class RowKey {
@@ -31,7 +29,7 @@ class RowKey {
     key_.clear();
     bool empty = true;
     try {
-      const Row row(walk.RowBytes(), database_.pages.IsJet3(), table_.hasVariableColumns);
+      const Row row(walk.RowBytes(), database_.pages.FileFormat(), table_.hasVariableColumns);
       for (const PhysicalIndex::Part& part : tree_.parts)
         empty = !Append(row, part) && empty;
     } catch (const Damage&) {
@@ -40,7 +38,7 @@ class RowKey {
         AppendNullKey(part.ascending, key_);
       return true;
     }
-    return !empty || (tree_.flags & kIgnoreNulls) == 0;
+    return !empty || (tree_.flags & kIndexIgnoreNulls) == 0;
   }
 
   std::span<const std::uint8_t> Bytes() const { return key_; }
@@ -108,7 +106,7 @@ SortedRows::SortedRows(const DatabaseState& database, const TableDefinition& tab
   for (bool found = walk.MoveFirst(); found; found = walk.MoveNext()) {
     const std::optional<RecordPointer> row = walk.Here();
     if (row && key.Make(walk))
-      keys_.Add(key.Bytes(), row->page, row->row, 0);
+      keys_.Add(key.Bytes(), *row, 0);
   }
   keys_.Sort();
 }
@@ -148,7 +146,7 @@ bool SortedRows::StartsWith(std::span<const std::uint8_t> key) const {
 RecordPointer SortedRows::RowOf(std::size_t at) const {
   if (at >= keys_.Count())
     return {};
-  return RecordPointer::FromU32(LoadU32Be(keys_.Entry(at).last(kEntryPointer).data()));
+  return RecordPointer::FromU32(LoadU32Be(keys_.Entry(at).last(kEntryPointerSize).data()));
 }
 
 }  // namespace zerbal::jet

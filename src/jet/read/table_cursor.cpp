@@ -80,7 +80,7 @@ void TableCursor::SortRows() {
 bool TableCursor::FindRow() {
   const RecordPointer pointer = sorted_ ? sorted_->Row() : index_.Row();
   const std::optional<DataPage> page = TablePage(Pages(), pointer.page, table_->page);
-  if (!page || pointer.row >= page->RowCount() || (page->Flags(pointer.row) & DataPage::kHidden) != 0)
+  if (!page || pointer.row >= page->RowCount() || (page->Flags(pointer.row) & kRowHidden) != 0)
     return false;
   pointer_ = pointer;
   page_ = *page;
@@ -122,7 +122,7 @@ void TableCursor::LoadRow() {
     bytes = FollowRow(Pages(), page_, pointer_.row, table_->page);
   else
     bytes = walk_.RowBytes();
-  row_ = Row(bytes, Pages().IsJet3(), table_->hasVariableColumns);
+  row_ = Row(bytes, Pages().FileFormat(), table_->hasVariableColumns);
 }
 
 /// Ends a step: on the row found, or where there is none.

@@ -5,45 +5,23 @@
 #include <utility>
 
 #include "jet/format/bytes.h"
+#include "jet/format/table_definition_layout.h"
 #include "jet/format/text.h"
 
 namespace zerbal::jet {
 namespace {
 
-constexpr unsigned kMostColumns = 1024;  // the engine that made the files stops at 255
-constexpr unsigned kMostIndexes = 1024;  // and at 32
-
-// Offsets within the records of a definition.
-struct Layout {
-  std::size_t rows;
-  std::size_t maxColumns, variableColumns, columns, logicalIndexes, physicalIndexes, ownedPages, fixedEnd;
-  std::size_t counterSize;
-  std::size_t columnSize, columnNumber, columnVariableIndex, columnSortOrder, columnFlags, columnFixedOffset,
-      columnLength;
-  std::size_t physicalSize, physicalParts, physicalRoot, physicalFlags;
-  std::size_t logicalSize, logicalPhysical, logicalKind;
-};
-
-constexpr Layout kJet3Layout = {0x0C,                                      //
-                                0x15, 0x17, 0x19, 0x1B, 0x1F, 0x23, 0x2B,  //
-                                8,                                         //
-                                18,   0x01, 0x03, 0x09, 0x0D, 0x0E, 0x10,  //
-                                39,   0x00, 0x22, 0x26,                    //
-                                20,   0x04, 0x13};
-constexpr Layout kJet4Layout = {0x10,                                      //
-                                0x29, 0x2B, 0x2D, 0x2F, 0x33, 0x37, 0x3F,  //
-                                12,                                        //
-                                25,   0x05, 0x07, 0x0B, 0x0F, 0x15, 0x17,  //
-                                52,   0x04, 0x26, 0x2E,                    //
-                                28,   0x08, 0x17};
+// More than kMaxColumns and kMaxIndexes: files from elsewhere may have more.
+constexpr unsigned kMostColumns = 1024;
+constexpr unsigned kMostIndexes = 1024;
 
 /// The pages of a definition put together, cut to its length.
 class Joined {
  public:
   Joined(const FilePages& pages, std::uint32_t first) {
     const ByteView page = pages.Page(first, PageKind::kTableDefinition);
-    const std::size_t length = page.U32(8);
-    std::uint32_t next = page.U32(4);
+    const std::size_t length = page.U32(kDefinitionLengthAt);
+    std::uint32_t next = page.U32(kNextDefinitionPageAt);
     if (length <= page.Size()) {
       view_ = page.Sub(0, length);
       return;
@@ -60,8 +38,8 @@ class Joined {
       if (visited[next])
         throw Damage("the pages of the table's definition form a circle");
       visited[next] = true;
-      bytes_.insert(bytes_.end(), more.Data() + 8, more.Data() + more.Size());
-      next = more.U32(4);
+      bytes_.insert(bytes_.end(), more.Data() + kDefinitionPageHead, more.Data() + more.Size());
+      next = more.U32(kNextDefinitionPageAt);
     }
     view_ = {bytes_.data(), length};
   }
@@ -80,34 +58,34 @@ class Parser {
   Parser(const FilePages& pages, ByteView bytes, TableDefinition& table)
       : pages_(pages),
         jet3_(pages.IsJet3()),
-        layout_(jet3_ ? kJet3Layout : kJet4Layout),
+        layout_(jet3_ ? kJet3Definition : kJet4Definition),
         bytes_(bytes),
         table_(table) {}
 
   void Parse() {
     ReadCounts();
-    at_ = layout_.fixedEnd + physicalCount_ * layout_.counterSize;
+    at_ = layout_.head.size + physicalCount_ * layout_.counterSize;
     ReadColumns();
     for (std::size_t i = 0; i < physicalCount_; ++i)
-      table_.trees.push_back(ReadTree(Take(layout_.physicalSize)));
+      table_.trees.push_back(ReadTree(Take(layout_.physical.size)));
     ReadIndexes();
   }
 
  private:
   void ReadCounts() {
-    maxColumns_ = bytes_.U16(layout_.maxColumns);
-    variableColumns_ = bytes_.U16(layout_.variableColumns);
-    columnCount_ = bytes_.U16(layout_.columns);
-    logicalCount_ = bytes_.U32(layout_.logicalIndexes);
-    physicalCount_ = bytes_.U32(layout_.physicalIndexes);
-    table_.notedRows = bytes_.U32(layout_.rows);
-    table_.ownedPages = RecordPointer::FromU32(bytes_.U32(layout_.ownedPages));
+    maxColumns_ = bytes_.U16(layout_.head.maxColumns);
+    variableColumns_ = bytes_.U16(layout_.head.variableColumns);
+    columnCount_ = bytes_.U16(layout_.head.columns);
+    logicalCount_ = bytes_.U32(layout_.head.logicalIndexes);
+    physicalCount_ = bytes_.U32(layout_.head.physicalIndexes);
+    table_.notedRows = bytes_.U32(layout_.head.rows);
+    table_.ownedPages = RecordPointer::FromU32(bytes_.U32(layout_.head.ownedPages));
     table_.hasVariableColumns = variableColumns_ > 0;
     if (columnCount_ > kMostColumns || logicalCount_ > kMostIndexes || physicalCount_ > kMostIndexes)
       throw Damage("the table's definition claims more columns or indexes than a table can have");
-    const std::uint64_t least = layout_.fixedEnd + std::uint64_t{columnCount_} * layout_.columnSize +
-                                physicalCount_ * std::uint64_t{layout_.counterSize + layout_.physicalSize} +
-                                logicalCount_ * std::uint64_t{layout_.logicalSize};
+    const std::uint64_t least = layout_.head.size + std::uint64_t{columnCount_} * layout_.column.size +
+                                physicalCount_ * std::uint64_t{layout_.counterSize + layout_.physical.size} +
+                                logicalCount_ * std::uint64_t{layout_.logical.size};
     if (least > bytes_.Size())
       throw Damage("the table's definition claims more columns or indexes than it holds");
   }
@@ -140,7 +118,7 @@ class Parser {
     std::vector<ColumnInfo> infos;
     std::vector<ColumnPlace> places;
     for (unsigned i = 0; i < columnCount_; ++i) {
-      const ByteView record = Take(layout_.columnSize);
+      const ByteView record = Take(layout_.column.size);
       infos.push_back(ReadColumnInfo(record));
       places.push_back(ReadColumnPlace(record, infos.back()));
     }
@@ -151,21 +129,21 @@ class Parser {
 
   ColumnInfo ReadColumnInfo(ByteView record) const {
     ColumnInfo info;
-    info.type = static_cast<ColumnType>(record.U8(0));
-    const std::uint8_t flags = record.U8(layout_.columnFlags);
-    info.fixed = (flags & 0x01) != 0;
-    info.autonumber = (flags & 0x04) != 0;
-    const int length = record.U16(layout_.columnLength);
+    info.type = static_cast<ColumnType>(record.U8(layout_.column.type));
+    const std::uint8_t flags = record.U8(layout_.column.flags);
+    info.fixed = (flags & kColumnFixed) != 0;
+    info.autonumber = (flags & kColumnAutonumber) != 0;
+    const int length = record.U16(layout_.column.length);
     const int typeSize = SizeOfType(info.type);
     info.length = typeSize != 0 ? typeSize : length;
     if (info.type == ColumnType::kText && !jet3_)
       info.length = length / 2;
     if (info.type == ColumnType::kText || info.type == ColumnType::kMemo)
-      info.compressed = !jet3_ && (record.U8(0x10) & 0x01) != 0;
+      info.compressed = !jet3_ && (record.U8(kColumnTextFlagsAt) & kColumnCompressed) != 0;
     if (info.type == ColumnType::kNumeric && !jet3_) {
-      info.precision = record.U8(0x0B);
-      info.scale = record.U8(0x0C);
-      if (info.scale > 28)
+      info.precision = record.U8(kColumnPrecisionAt);
+      info.scale = record.U8(kColumnScaleAt);
+      if (info.scale > kMaxPrecision)
         throw Damage("a numeric column has more decimals than there can be");
     }
     return info;
@@ -173,12 +151,12 @@ class Parser {
 
   ColumnPlace ReadColumnPlace(ByteView record, const ColumnInfo& info) const {
     ColumnPlace place;
-    place.number = record.U16(layout_.columnNumber);
-    place.fixedOffset = record.U16(layout_.columnFixedOffset);
-    place.fixedLength = record.U16(layout_.columnLength);
-    place.variableIndex = record.U16(layout_.columnVariableIndex);
-    place.sortOrder.language = record.U16(layout_.columnSortOrder);
-    place.sortOrder.version = jet3_ ? std::uint8_t{0} : record.U8(0x0E);
+    place.number = record.U16(layout_.column.number);
+    place.fixedOffset = record.U16(layout_.column.fixedOffset);
+    place.fixedLength = record.U16(layout_.column.length);
+    place.variableIndex = record.U16(layout_.column.variableIndex);
+    place.sortOrder.language = record.U16(layout_.column.sortOrder);
+    place.sortOrder.version = jet3_ ? std::uint8_t{0} : record.U8(kColumnSortVersionAt);
     if (place.sortOrder.language == 0)
       place.sortOrder = pages_.Header().sortOrder;
     if (place.number >= kMostColumns || place.number >= maxColumns_)
@@ -203,16 +181,15 @@ class Parser {
   }
 
   PhysicalIndex ReadTree(ByteView record) const {
-    constexpr std::size_t kParts = 10;
     PhysicalIndex tree;
-    for (std::size_t i = 0; i < kParts; ++i) {
-      const std::size_t at = layout_.physicalParts + 3 * i;
+    for (std::size_t i = 0; i < kMaxIndexColumns; ++i) {
+      const std::size_t at = layout_.physical.parts + kIndexColumnSize * i;
       const std::uint16_t number = record.U16(at);
-      if (number != 0xFFFF)
-        tree.parts.push_back({ColumnOfNumber(number), (record.U8(at + 2) & 0x01) != 0});
+      if (number != kNoColumn)
+        tree.parts.push_back({ColumnOfNumber(number), (record.U8(at + 2) & kIndexAscending) != 0});
     }
-    tree.rootPage = record.U32(layout_.physicalRoot);
-    tree.flags = record.U8(layout_.physicalFlags);
+    tree.rootPage = record.U32(layout_.physical.root);
+    tree.flags = record.U8(layout_.physical.flags);
     return tree;
   }
 
@@ -226,19 +203,20 @@ class Parser {
 
   void ReadIndexes() {
     for (std::size_t i = 0; i < logicalCount_; ++i) {
-      const ByteView record = Take(layout_.logicalSize);
-      const std::uint32_t physical = record.U32(layout_.logicalPhysical);
+      const ByteView record = Take(layout_.logical.size);
+      const std::uint32_t physical = record.U32(layout_.logical.physical);
       if (physical >= physicalCount_)
         throw Damage("an index names a tree that the table does not have");
       IndexInfo index;
       const PhysicalIndex& tree = table_.trees[physical];
       for (const PhysicalIndex::Part& part : tree.parts)
         index.columns.push_back({table_.columns[static_cast<std::size_t>(part.column)].name, part.ascending});
-      index.primary = record.U8(layout_.logicalKind) == 1;
-      index.foreignKey = record.U8(layout_.logicalKind) == 2;
-      index.unique = index.primary || (tree.flags & 0x01) != 0;
-      index.ignoreNulls = (tree.flags & 0x02) != 0;
-      index.required = (tree.flags & 0x08) != 0;
+      const auto kind = static_cast<IndexKind>(record.U8(layout_.logical.kind));
+      index.primary = kind == IndexKind::kPrimaryKey;
+      index.foreignKey = kind == IndexKind::kRelationship;
+      index.unique = index.primary || (tree.flags & kIndexUnique) != 0;
+      index.ignoreNulls = (tree.flags & kIndexIgnoreNulls) != 0;
+      index.required = (tree.flags & kIndexRequired) != 0;
       table_.indexes.push_back(std::move(index));
       table_.treeOf.push_back(physical);
     }
@@ -248,7 +226,7 @@ class Parser {
 
   const FilePages& pages_;
   const bool jet3_;
-  const Layout& layout_;
+  const TableDefinitionLayout& layout_;
   ByteView bytes_;
   TableDefinition& table_;
   std::size_t at_ = 0;

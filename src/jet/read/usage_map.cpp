@@ -4,6 +4,8 @@
 #include <bit>
 #include <string>
 
+#include "jet/format/usage_map_layout.h"
+
 namespace zerbal::jet {
 namespace {
 
@@ -41,7 +43,7 @@ std::uint64_t LastSetBit(ByteView bitmap, std::uint64_t before) {
 }  // namespace
 
 UsageMap::UsageMap(const FilePages& pages, RecordPointer where)
-    : pages_(&pages), perPage_((pages.PageSize() - 4) * 8) {
+    : pages_(&pages), perPage_(PagesPerMapPage(pages.FileFormat())) {
   try {
     Read(where);
   } catch (const Damage&) {
@@ -55,13 +57,13 @@ void UsageMap::Read(RecordPointer where) {
   row_ = RowAt(*pages_, where);
   const std::uint8_t kind = row_.U8(0);
   const std::uint64_t pageCount = pages_->PageCount();
-  if (kind == 0) {
-    start_ = row_.U32(1);
-    end_ = std::min<std::uint64_t>(start_ + (row_.Size() - 5) * 8, pageCount);
-  } else if (kind == 1) {
+  if (kind == static_cast<std::uint8_t>(UsageMapKind::kInline)) {
+    start_ = row_.U32(kInlineStartAt);
+    end_ = std::min<std::uint64_t>(start_ + (row_.Size() - kInlineBitmapAt) * 8, pageCount);
+  } else if (kind == static_cast<std::uint8_t>(UsageMapKind::kReference)) {
     kind_ = Kind::kReference;
     // Pointers for pages behind the end of the file may hold anything.
-    end_ = std::min<std::uint64_t>((row_.Size() - 1) / 4 * perPage_, pageCount);
+    end_ = std::min<std::uint64_t>((row_.Size() - kMapPagesAt) / kMapPageSize * perPage_, pageCount);
     std::uint64_t first = 0, end = 0;
     for (std::uint64_t page = 0; page < end_; page += perPage_)
       BitmapOf(page, first, end);
@@ -74,13 +76,13 @@ ByteView UsageMap::BitmapOf(std::uint64_t page, std::uint64_t& first, std::uint6
   if (kind_ == Kind::kInline) {
     first = start_;
     end = end_;
-    return row_.From(5);
+    return row_.From(kInlineBitmapAt);
   }
   const std::uint64_t range = page / perPage_;
   first = range * perPage_;
   end = first + perPage_;
-  const std::uint32_t pointer = row_.U32(1 + 4 * range);
-  return pointer == 0 ? ByteView() : pages_->Page(pointer, PageKind::kUsageMap).From(4);
+  const std::uint32_t pointer = row_.U32(kMapPagesAt + kMapPageSize * range);
+  return pointer == 0 ? ByteView() : pages_->Page(pointer, PageKind::kUsageMap).From(kMapPageBitmapAt);
 }
 
 std::uint32_t UsageMap::Next(std::uint32_t page) const {

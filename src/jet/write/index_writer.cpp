@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "jet/format/index_page_layout.h"
 #include "jet/write/page_bytes.h"
 
 namespace zerbal::jet {
@@ -10,9 +11,8 @@ namespace {
 
 using Bytes = std::span<const std::uint8_t>;
 
-constexpr std::size_t kMask = 0x1B;
-constexpr std::size_t kEntries = 0x1E0;
-constexpr std::size_t kCapacity = kPageSize - kEntries;
+constexpr IndexPageLayout kLayout = IndexPageLayoutOf(Format::kJet4);
+constexpr std::size_t kCapacity = kPageSize - kLayout.entries;
 
 // A page of the tree: the entries below it that it names, by their numbers in the order of the index.
 struct Node {
@@ -25,25 +25,24 @@ using Level = std::vector<Node>;
 
 class TreePage {
  public:
-  TreePage(std::uint8_t level, std::uint32_t owner) {
-    page_.Put8(0, level == 0 ? 4 : 3);
-    page_.Put8(1, 1);
-    page_.Put32(4, owner);
-    page_.Put8(0x1A, level);
+  TreePage(std::uint8_t level, std::uint32_t owner)
+      : page_(level == 0 ? PageKind::kIndexLeaf : PageKind::kIndexNode) {
+    page_.Put32(kOwnerAt, owner);
+    page_.Put8(kIndexLevelAt, level);
   }
   void Link(std::uint32_t previous, std::uint32_t next) {
-    page_.Put32(0x0C, previous);
-    page_.Put32(0x10, next);
+    page_.Put32(kLayout.links + kPreviousPage, previous);
+    page_.Put32(kLayout.links + kNextPage, next);
   }
-  void SetTail(std::uint32_t child) { page_.Put32(0x14, child); }
+  void SetTail(std::uint32_t child) { page_.Put32(kLayout.links + kTailChild, child); }
   void Add(Bytes entry, Bytes child = {}) {
-    page_.Put(kEntries + end_, entry);
-    page_.Put(kEntries + end_ + entry.size(), child);
+    page_.Put(kLayout.entries + end_, entry);
+    page_.Put(kLayout.entries + end_ + entry.size(), child);
     end_ += entry.size() + child.size();
-    page_.SetBit(kMask, end_);
+    page_.SetBit(kLayout.mask, end_);
   }
   const PageBytes& Finished() {
-    page_.Put16(2, kCapacity - end_);
+    page_.Put16(kFreeBytesAt, kCapacity - end_);
     return page_;
   }
 
@@ -105,7 +104,7 @@ class Tree {
       }
       parents.back().end = child + 1;
       parents.back().lastEntry = below_[child].lastEntry;
-      used += keys_.Entry(below_[child].lastEntry).size() + kEntryPointer;
+      used += keys_.Entry(below_[child].lastEntry).size() + kEntryChildSize;
     }
     if (parents.size() > 1 && parents.back().end - parents.back().first == 1)
       LendChild(parents[parents.size() - 2], parents.back());

@@ -16,7 +16,7 @@
 namespace zerbal::jet {
 namespace {
 
-constexpr std::uint32_t kMaxPages = (2048u << 20) / kPageSize;  // the format ends at 2 GB
+constexpr std::uint32_t kMaxPages = kMaxFileSize / kPageSize;
 constexpr int kNameTries = 1000;
 
 [[noreturn]] void Fail(const std::string& what, const std::filesystem::path& file, int error) {

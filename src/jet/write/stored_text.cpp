@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "jet/format/bytes.h"
 #include "jet/format/text.h"
-#include "jet/write/page_bytes.h"
 #include "jet/write/refusal.h"
 
 namespace zerbal::jet {

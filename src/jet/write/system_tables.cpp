@@ -7,7 +7,10 @@
 #include <string_view>
 #include <utility>
 
-#include "jet/format/header_mask.h"
+#include "jet/format/catalog_layout.h"
+#include "jet/format/code_page.h"
+#include "jet/format/header_layout.h"
+#include "jet/format/table_definition_layout.h"
 #include "jet/schema.h"
 #include "jet/write/page_bytes.h"
 #include "jet/write/table_layout.h"
@@ -31,28 +34,38 @@ constexpr UserId kUsers = {2, 1};
 constexpr UserId kEngine = {2, 3};
 constexpr UserId kCreators = {2, 4};
 
+// Ids of objects that are no tables; the id of a table is its definition's page.
 constexpr std::uint32_t kRoot = 0x0F000000;
 constexpr std::uint32_t kTables = 0x0F000001;
 constexpr std::uint32_t kDatabases = 0x0F000002;
 constexpr std::uint32_t kRelationships = 0x0F000003;
 constexpr std::uint32_t kDatabaseObject = 0x10000000;
 
-constexpr int kTableType = 1;
 constexpr int kDatabaseType = 2;
 constexpr int kContainerType = 3;
-constexpr std::uint32_t kSystemObject = 0x80000000;
 constexpr std::uint32_t kAllRights = 0x000FFFFF;
 
 // Flags of system columns.
-constexpr std::uint8_t kFixedColumn = 0x13;
-constexpr std::uint8_t kVariableColumn = 0x12;
-constexpr std::uint8_t kUserIdColumn = 0x32;
+constexpr std::uint8_t kVariableColumn = kColumnAlways | kColumnSystem;
+constexpr std::uint8_t kFixedColumn = kVariableColumn | kColumnFixed;
+constexpr std::uint8_t kUserIdColumn = kVariableColumn | kColumnUserId;
+
+// Flags of system indexes.
+constexpr std::uint8_t kUnique = kIndexAlways | kIndexUnique;
+constexpr std::uint8_t kIgnoreNulls = kIndexAlways | kIndexIgnoreNulls;
+constexpr std::uint8_t kRequired = kIndexAlways | kIndexRequired;
+
+// The system tables' definitions.
+constexpr std::uint32_t kObjectsPage = kCatalogPage;
+constexpr std::uint32_t kRightsPage = 3;
+constexpr std::uint32_t kQueriesPage = 4;
+constexpr std::uint32_t kRelationshipsPage = 5;
 
 struct SystemIndex {
   std::string_view name;
   std::uint32_t root;
   std::uint8_t flags;
-  std::uint8_t type;
+  IndexKind kind;
   std::vector<std::uint16_t> columns;
 };
 
@@ -70,17 +83,17 @@ struct SystemTable {
 };
 
 SystemTable Objects() {
-  return {"MSysObjects",
-          2,
+  return {kCatalogName,
+          kObjectsPage,
           14,
-          {{"Id", ColumnType::kLong, kFixedColumn},
+          {{kObjectId, ColumnType::kLong, kFixedColumn},
            {"ParentId", ColumnType::kLong, kFixedColumn},
-           {"Name", ColumnType::kText, kVariableColumn},
-           {"Type", ColumnType::kInteger, kFixedColumn},
+           {kObjectName, ColumnType::kText, kVariableColumn},
+           {kObjectType, ColumnType::kInteger, kFixedColumn},
            {"DateCreate", ColumnType::kDateTime, kFixedColumn},
            {"DateUpdate", ColumnType::kDateTime, kFixedColumn},
            {"Owner", ColumnType::kBinary, kUserIdColumn},
-           {"Flags", ColumnType::kLong, kFixedColumn},
+           {kObjectFlags, ColumnType::kLong, kFixedColumn},
            {"Database", ColumnType::kMemo, kVariableColumn},
            {"Connect", ColumnType::kMemo, kVariableColumn},
            {"ForeignName", ColumnType::kText, kVariableColumn},
@@ -90,23 +103,24 @@ SystemTable Objects() {
            {"LvProp", ColumnType::kOle, kVariableColumn},
            {"LvModule", ColumnType::kOle, kVariableColumn},
            {"LvExtra", ColumnType::kOle, kVariableColumn}},
-          {{"ParentIdName", 7, 0x81, 0, {1, 2}}, {"Id", 8, 0x81, 1, {0}}}};
+          {{"ParentIdName", 7, kUnique, IndexKind::kOrdinary, {1, 2}},
+           {"Id", 8, kUnique, IndexKind::kPrimaryKey, {0}}}};
 }
 
 SystemTable Rights() {
-  return {"MSysACEs",
-          3,
+  return {kSystemTableNames[1],
+          kRightsPage,
           15,
           {{"ObjectId", ColumnType::kLong, kFixedColumn},
            {"SID", ColumnType::kBinary, kUserIdColumn},
            {"ACM", ColumnType::kLong, kFixedColumn},
            {"FInheritable", ColumnType::kBoolean, kFixedColumn}},
-          {{"ObjectId", 9, 0x88, 0, {0}}}};
+          {{"ObjectId", 9, kRequired, IndexKind::kOrdinary, {0}}}};
 }
 
 SystemTable Queries() {
-  return {"MSysQueries",
-          4,
+  return {kSystemTableNames[2],
+          kQueriesPage,
           std::nullopt,
           {{"ObjectId", ColumnType::kLong, kFixedColumn},
            {"Attribute", ColumnType::kByte, kFixedColumn},
@@ -116,12 +130,12 @@ SystemTable Queries() {
            {"Expression", ColumnType::kMemo, kVariableColumn},
            {"Flag", ColumnType::kInteger, kFixedColumn},
            {"LvExtra", ColumnType::kLong, kFixedColumn}},
-          {{"ObjectIdAttribute", 10, 0x81, 1, {0, 1, 2}}}};
+          {{"ObjectIdAttribute", 10, kUnique, IndexKind::kPrimaryKey, {0, 1, 2}}}};
 }
 
 SystemTable Relationships() {
-  return {"MSysRelationships",
-          5,
+  return {kSystemTableNames[3],
+          kRelationshipsPage,
           std::nullopt,
           {{"szRelationship", ColumnType::kText, kVariableColumn},
            {"grbit", ColumnType::kLong, kFixedColumn},
@@ -131,9 +145,9 @@ SystemTable Relationships() {
            {"szColumn", ColumnType::kText, kVariableColumn},
            {"szReferencedObject", ColumnType::kText, kVariableColumn},
            {"szReferencedColumn", ColumnType::kText, kVariableColumn}},
-          {{"szRelationship", 11, 0x82, 0, {0}},
-           {"szObject", 12, 0x82, 0, {4}},
-           {"szReferencedObject", 13, 0x82, 0, {6}}}};
+          {{"szRelationship", 11, kIgnoreNulls, IndexKind::kOrdinary, {0}},
+           {"szObject", 12, kIgnoreNulls, IndexKind::kOrdinary, {4}},
+           {"szReferencedObject", 13, kIgnoreNulls, IndexKind::kOrdinary, {6}}}};
 }
 
 constexpr std::uint32_t kMapPage = 6;
@@ -173,10 +187,7 @@ TableLayout LayOut(const SystemTable& table, UsageMapPages& maps) {
     for (std::uint16_t column : index.columns)
       out.parts.push_back({column, true});
     out.flags = index.flags;
-    out.unique = (index.flags & 0x01) != 0;
-    out.ignoreNulls = (index.flags & 0x02) != 0;
-    out.required = (index.flags & 0x08) != 0;
-    out.type = index.type;
+    out.kind = index.kind;
     out.rootPage = index.root;
     out.map = maps.Reserve();
     layout.indexes.push_back(std::move(out));
@@ -215,12 +226,11 @@ void AddObjects(TableWriter& objects, const std::vector<WrittenTable>& tables) {
   AddObject(objects, {kDatabases, kRoot, "Databases", kContainerType, kSystemObject, kEngine});
   AddObject(objects, {kRelationships, kRoot, "Relationships", kContainerType, kSystemObject, kEngine});
   AddObject(objects, {kDatabaseObject, kDatabases, "MSysDb", kDatabaseType, kSystemObject, kAdministrator});
-  AddObject(objects, {2, kTables, "MSysObjects", kTableType, kSystemObject, kEngine});
-  AddObject(objects, {3, kTables, "MSysACEs", kTableType, kSystemObject, kEngine});
-  AddObject(objects, {4, kTables, "MSysQueries", kTableType, kSystemObject, kEngine});
-  AddObject(objects, {5, kTables, "MSysRelationships", kTableType, kSystemObject, kEngine});
+  std::uint32_t page = kCatalogPage;
+  for (const std::string_view name : kSystemTableNames)
+    AddObject(objects, {page++, kTables, std::string(name), kTableObject, kSystemObject, kEngine});
   for (const WrittenTable& table : tables)
-    AddObject(objects, {table.page, kTables, table.name, kTableType, 0, kAdministrator});
+    AddObject(objects, {table.page, kTables, table.name, kTableObject, 0, kAdministrator});
 }
 
 void AddRight(TableWriter& rights, std::uint32_t object, UserId user, std::uint32_t mask, bool inheritable) {
@@ -229,10 +239,10 @@ void AddRight(TableWriter& rights, std::uint32_t object, UserId user, std::uint3
 }
 
 void AddRights(TableWriter& rights, const std::vector<WrittenTable>& tables) {
-  AddRight(rights, 2, kAdministrator, 0x060000, false);
-  AddRight(rights, 3, kAdministrator, 0x060000, false);
-  AddRight(rights, 4, kAdministrator, 0x060000, false);
-  AddRight(rights, 5, kAdministrator, 0x0E0000, false);
+  AddRight(rights, kObjectsPage, kAdministrator, 0x060000, false);
+  AddRight(rights, kRightsPage, kAdministrator, 0x060000, false);
+  AddRight(rights, kQueriesPage, kAdministrator, 0x060000, false);
+  AddRight(rights, kRelationshipsPage, kAdministrator, 0x0E0000, false);
   AddRight(rights, kTables, kCreators, 0x0F00FE, true);
   AddRight(rights, kTables, kAdministrator, 0x060001, false);
   AddRight(rights, kRelationships, kCreators, 0x0F00FE, true);
@@ -240,9 +250,9 @@ void AddRights(TableWriter& rights, const std::vector<WrittenTable>& tables) {
   AddRight(rights, kDatabases, kAdministrator, 0x060000, false);
   AddRight(rights, kDatabaseObject, kAdministrator, 0x06000E, false);
   AddRight(rights, kDatabaseObject, kUsers, 0x00000E, false);
-  AddRight(rights, 4, kUsers, 0x000014, false);
-  AddRight(rights, 5, kUsers, 0x000014, false);
-  AddRight(rights, 2, kUsers, 0x000014, false);
+  AddRight(rights, kQueriesPage, kUsers, 0x000014, false);
+  AddRight(rights, kRelationshipsPage, kUsers, 0x000014, false);
+  AddRight(rights, kObjectsPage, kUsers, 0x000014, false);
   AddRight(rights, kTables, kUsers, 0x0FFEFF, true);
   AddRight(rights, kRelationships, kUsers, 0x0FFFFF, true);
   for (const WrittenTable& table : tables) {
@@ -271,20 +281,20 @@ void WriteSystemTables(OutputFile& file, const std::vector<WrittenTable>& tables
 }
 
 void WriteHeader(OutputFile& file) {
-  PageBytes page;
-  page.Put32(0x00, 0x00000100);
-  page.Put(0x04, AsBytes("Standard Jet DB"));
-  page.Put32(0x14, 1);
-  page.Put32(0x18, 0x100);
-  page.Put32(0x1C, 0x101);
-  for (std::size_t table = 2; table <= 5; ++table)
-    page.Put32(0x18 + 4 * table, table);
-  page.Put16(0x3C, 1252);
+  PageBytes page(PageKind::kHeader);
+  page.Put(kSignatureAt, AsBytes(kSignature));
+  page.Put8(kVersionAt, 1);
+  page.Put32(kSystemPagesAt, 0x100);
+  page.Put32(kSystemPagesAt + 4, 0x101);
+  for (std::size_t table = kObjectsPage; table <= kRelationshipsPage; ++table)
+    page.Put32(kSystemPagesAt + 4 * table, table);
+  page.Put16(kCodePageAt, kWesternCodePage);
   for (std::size_t i = 0; i < 10; ++i)
-    page.Put32(0x42 + 4 * i, 0xA559);  // no password
+    page.Put32(kPasswordAt + 4 * i, 0xA559);  // no password
   page.Put16(0x6A, 9756);
-  page.Put32(0x6E, 0x0409);
-  page.Put(0x72, kHeaderDate);
+  page.Put16(kSortLanguageAt, kGeneralSortOrder.language);
+  page.Put8(kSortVersionAt, kGeneralSortOrder.version);
+  page.Put(kCreationDateAt, kHeaderDate);
   for (std::size_t i = 0; i < kHeaderMask.size(); ++i)
     page.bytes[kHeaderMaskStart + i] ^= kHeaderMask[i];
   page.Put32(0x98, 0x654);

@@ -4,8 +4,10 @@
 #include <numeric>
 #include <utility>
 
+#include "jet/format/bytes.h"
+#include "jet/format/catalog_layout.h"
+#include "jet/format/header_layout.h"
 #include "jet/format/key.h"
-#include "jet/write/page_bytes.h"
 #include "jet/write/refusal.h"
 #include "jet/write/stored_text.h"
 
@@ -13,22 +15,8 @@ namespace zerbal::jet {
 namespace {
 
 constexpr std::size_t kMaxName = 64;  // characters
-constexpr std::size_t kMaxColumns = 255;
-constexpr std::size_t kMaxIndexes = 32;
-constexpr std::size_t kMaxIndexColumns = 10;
-constexpr int kMaxText = 255;      // characters
-constexpr int kMaxBinary = 510;    // bytes
-constexpr int kMaxPrecision = 28;  // digits
-
-// Column flags.
-constexpr std::uint8_t kFixed = 0x01;
-constexpr std::uint8_t kUsual = 0x02;
-constexpr std::uint8_t kAutonumber = 0x04;
-// Index flags.
-constexpr std::uint8_t kUnique = 0x01;
-constexpr std::uint8_t kIgnoreNulls = 0x02;
-constexpr std::uint8_t kRequired = 0x08;
-constexpr std::uint8_t kAlways = 0x80;
+constexpr int kMaxText = 255;         // characters
+constexpr int kMaxBinary = 510;       // bytes
 
 std::uint16_t StoredLength(const ColumnInfo& column) {
   switch (column.type) {
@@ -115,8 +103,8 @@ void CheckTableName(const std::string& name) {
   std::vector<std::uint8_t> key;
   if (!AppendTextKeyJet4(ToUtf16Strictly(name), true, key))
     throw Refusal("the table's name has a character that the catalog cannot sort");
-  for (const char* system : {"MSysObjects", "MSysACEs", "MSysQueries", "MSysRelationships"}) {
-    if (IsSameName(name, system))
+  for (const std::string_view system : kSystemTableNames) {
+    if (IsSameName(name, std::string(system)))
       throw Refusal("a system table has this name");
   }
 }
@@ -151,107 +139,120 @@ IndexLayout LayOutIndex(const TableLayout& table, const IndexInfo& index) {
         throw Refusal("index '" + index.name + "' has column '" + part.name + "' twice");
     }
   }
-  layout.primary = index.primary;
-  layout.unique = index.unique || index.primary;
-  layout.required = index.required || index.primary;
-  layout.ignoreNulls = index.ignoreNulls;
-  layout.type = index.primary ? 1 : 0;
-  layout.flags =
-      static_cast<std::uint8_t>(kAlways | (layout.unique ? kUnique : 0) |
-                                (layout.ignoreNulls ? kIgnoreNulls : 0) | (layout.required ? kRequired : 0));
+  layout.kind = index.primary ? IndexKind::kPrimaryKey : IndexKind::kOrdinary;
+  layout.flags = static_cast<std::uint8_t>(kIndexAlways | (index.unique || index.primary ? kIndexUnique : 0) |
+                                           (index.ignoreNulls ? kIndexIgnoreNulls : 0) |
+                                           (index.required || index.primary ? kIndexRequired : 0));
   return layout;
 }
 
-// The definition under construction.
+constexpr std::uint32_t kDefinitionMark = 0x659;
+constexpr std::uint32_t kIndexMark = 0x783;
+
+// The definition under construction. Put16 and the like write into the record begun last.
 class Definition {
  public:
-  void Add(std::size_t size, std::uint64_t value) { AppendLittleEndian(bytes_, size, value); }
-  void Zeros(std::size_t count) { bytes_.resize(bytes_.size() + count); }
-  void AddName(const std::string& name) {
+  void Begin(std::size_t size) {
+    record_ = bytes_.size();
+    bytes_.resize(record_ + size);
+  }
+  void Put8(std::size_t at, std::size_t value) { Put(at, 1, value); }
+  void Put16(std::size_t at, std::size_t value) { Put(at, 2, value); }
+  void Put32(std::size_t at, std::size_t value) { Put(at, 4, value); }
+
+  void Append(std::size_t size, std::size_t value) { AppendLittleEndian(bytes_, size, value); }
+  void AppendName(const std::string& name) {
     const std::u16string text = ToUtf16Strictly(name);
-    Add(2, 2 * text.size());
+    Append(2, 2 * text.size());
     for (char16_t unit : text)
-      Add(2, unit);
+      Append(2, unit);
   }
   std::vector<std::uint8_t> Finished() {
-    const std::size_t length = bytes_.size();
-    for (std::size_t i = 0; i < 4; ++i)
-      bytes_[8 + i] = static_cast<std::uint8_t>(length >> 8 * i & 0xFF);
+    record_ = 0;
+    Put32(kDefinitionLengthAt, bytes_.size());
     return std::move(bytes_);
   }
 
  private:
+  void Put(std::size_t at, std::size_t size, std::size_t value) {
+    for (std::size_t i = 0; i < size; ++i)
+      bytes_[record_ + at + i] = static_cast<std::uint8_t>(value >> 8 * i & 0xFF);
+  }
+
   std::vector<std::uint8_t> bytes_;
+  std::size_t record_ = 0;
 };
 
-constexpr std::uint32_t kDefinitionMark = 0x659;
-constexpr std::uint32_t kIndexMark = 0x783;
-constexpr std::uint32_t kGeneralSortOrder = 0x0409;
-
 void AddHead(Definition& out, const TableLayout& table, const TableCounts& counts) {
-  out.Add(2, 0x0102);
-  out.Zeros(10);  // free bytes, next page, length: later
-  out.Add(4, kDefinitionMark);
-  out.Add(4, counts.rows);
-  out.Add(4, counts.lastAutonumber);
-  out.Add(4, 1);
-  out.Zeros(12);
-  out.Add(1, table.system ? 'S' : 'N');
-  out.Add(2, table.columns.size());
-  out.Add(2, table.variableCount);
-  out.Add(2, table.columns.size());
-  out.Add(4, table.indexes.size());
-  out.Add(4, table.indexes.size());
-  out.Add(4, table.ownedMap);
-  out.Add(4, table.freeMap);
+  constexpr TableDefinitionLayout::Head kHead = kJet4Definition.head;
+  out.Begin(kHead.size);
+  out.Put32(kDefinitionMarkAt, kDefinitionMark);
+  out.Put32(kHead.rows, counts.rows);
+  out.Put32(kLastAutonumberAt, counts.lastAutonumber);
+  out.Put32(kAutonumberStepAt, 1);
+  out.Put8(kTableTypeAt, table.system ? 'S' : 'N');
+  out.Put16(kHead.maxColumns, table.columns.size());
+  out.Put16(kHead.variableColumns, table.variableCount);
+  out.Put16(kHead.columns, table.columns.size());
+  out.Put32(kHead.logicalIndexes, table.indexes.size());
+  out.Put32(kHead.physicalIndexes, table.indexes.size());
+  out.Put32(kHead.ownedPages, table.ownedMap.ToU32());
+  out.Put32(kFreePagesAt, table.freeMap.ToU32());
+}
+
+void AddCounters(Definition& out, const TableCounts& counts) {
+  for (std::uint32_t distinct : counts.distinctKeys) {
+    out.Begin(kJet4Definition.counterSize);
+    out.Put32(kCounterDistinctKeysAt, distinct);
+  }
 }
 
 void AddColumn(Definition& out, const ColumnLayout& column) {
-  out.Add(1, static_cast<std::uint8_t>(column.info.type));
-  out.Add(4, kDefinitionMark);
-  out.Add(2, column.number);
-  out.Add(2, column.variableIndex);
-  out.Add(2, column.displayPosition);
+  constexpr TableDefinitionLayout::Column kColumn = kJet4Definition.column;
+  out.Begin(kColumn.size);
+  out.Put8(kColumn.type, static_cast<std::uint8_t>(column.info.type));
+  out.Put32(kColumnMarkAt, kDefinitionMark);
+  out.Put16(kColumn.number, column.number);
+  out.Put16(kColumn.variableIndex, column.variableIndex);
+  out.Put16(kDisplayPositionAt, column.displayPosition);
   if (column.info.type == ColumnType::kNumeric) {
-    out.Add(1, static_cast<std::uint64_t>(column.info.precision));
-    out.Add(1, static_cast<std::uint64_t>(column.info.scale));
+    out.Put8(kColumnPrecisionAt, static_cast<std::size_t>(column.info.precision));
+    out.Put8(kColumnScaleAt, static_cast<std::size_t>(column.info.scale));
   } else {
-    out.Add(2, kGeneralSortOrder);
+    out.Put16(kColumn.sortOrder, kGeneralSortOrder.language);
   }
-  out.Add(2, 0);
-  out.Add(1, column.flags);
-  out.Add(1, column.info.compressed ? 1 : 0);
-  out.Add(4, 0);
-  out.Add(2, column.fixedOffset);
-  out.Add(2, column.storedLength);
+  out.Put8(kColumn.flags, column.flags);
+  out.Put8(kColumnTextFlagsAt, column.info.compressed ? kColumnCompressed : 0);
+  out.Put16(kColumn.fixedOffset, column.fixedOffset);
+  out.Put16(kColumn.length, column.storedLength);
 }
 
 void AddPhysicalIndex(Definition& out, const IndexLayout& index) {
-  out.Add(4, kIndexMark);
+  constexpr TableDefinitionLayout::PhysicalIndex kIndex = kJet4Definition.physical;
+  out.Begin(kIndex.size);
+  out.Put32(kPhysicalMarkAt, kIndexMark);
   for (std::size_t i = 0; i < kMaxIndexColumns; ++i) {
-    out.Add(2, i < index.parts.size() ? index.parts[i].column : 0xFFFF);
-    out.Add(1, i < index.parts.size() && index.parts[i].ascending ? 1 : 0);
+    const std::size_t at = kIndex.parts + kIndexColumnSize * i;
+    out.Put16(at, i < index.parts.size() ? index.parts[i].column : kNoColumn);
+    out.Put8(at + 2, i < index.parts.size() && index.parts[i].ascending ? kIndexAscending : 0);
   }
-  out.Add(4, index.map);
-  out.Add(4, index.rootPage);
-  out.Add(4, 0);
-  out.Add(1, index.flags);
-  out.Zeros(5);
+  out.Put32(kIndexPagesAt, index.map.ToU32());
+  out.Put32(kIndex.root, index.rootPage);
+  out.Put8(kIndex.flags, index.flags);
 }
 
 void AddLogicalIndex(Definition& out, const IndexLayout& index, std::size_t number) {
+  constexpr TableDefinitionLayout::LogicalIndex kIndex = kJet4Definition.logical;
   constexpr std::uint32_t kNone = 0xFFFFFFFF;
   constexpr std::uint8_t kNoRelationship = 4;
-  out.Add(4, kDefinitionMark);
-  out.Add(4, number);
-  out.Add(4, number);  // of the physical index
-  out.Add(1, 0);
-  out.Add(4, kNone);  // index and table of the other side
-  out.Add(4, 0);
-  out.Add(1, kNoRelationship);
-  out.Add(1, kNoRelationship);
-  out.Add(1, index.type);
-  out.Add(4, 0);
+  out.Begin(kIndex.size);
+  out.Put32(kLogicalMarkAt, kDefinitionMark);
+  out.Put32(kLogicalNumberAt, number);
+  out.Put32(kIndex.physical, number);
+  out.Put32(kOtherIndexAt, kNone);
+  out.Put8(kUpdateRuleAt, kNoRelationship);
+  out.Put8(kDeleteRuleAt, kNoRelationship);
+  out.Put8(kIndex.kind, static_cast<std::uint8_t>(index.kind));
 }
 
 void AddIndexes(Definition& out, const TableLayout& table) {
@@ -263,7 +264,7 @@ void AddIndexes(Definition& out, const TableLayout& table) {
   for (std::size_t i : byName)
     AddLogicalIndex(out, table.indexes[i], i);
   for (std::size_t i : byName)
-    out.AddName(table.indexes[i].name);
+    out.AppendName(table.indexes[i].name);
 }
 
 void SortRecords(TableLayout& layout) {
@@ -294,8 +295,8 @@ void PlaceColumns(TableLayout& layout) {
     column.storedLength = StoredLength(column.info);
     column.displayPosition = layout.system ? std::uint16_t{0} : column.number;
     if (!layout.system)
-      column.flags = static_cast<std::uint8_t>(kUsual | (column.info.fixed ? kFixed : 0) |
-                                               (column.info.autonumber ? kAutonumber : 0));
+      column.flags = static_cast<std::uint8_t>(kColumnAlways | (column.info.fixed ? kColumnFixed : 0) |
+                                               (column.info.autonumber ? kColumnAutonumber : 0));
     if (!column.info.fixed) {
       ++layout.variableCount;
     } else if (column.info.type != ColumnType::kBoolean) {
@@ -321,7 +322,7 @@ TableLayout LayOutTable(const TableSpec& table) {
   PlaceColumns(layout);
   for (const IndexInfo& index : table.indexes)
     layout.indexes.push_back(LayOutIndex(layout, index));
-  if (std::ranges::count_if(layout.indexes, &IndexLayout::primary) > 1)
+  if (std::ranges::count(layout.indexes, IndexKind::kPrimaryKey, &IndexLayout::kind) > 1)
     throw Refusal("the table has two primary keys");
   return layout;
 }
@@ -329,25 +330,21 @@ TableLayout LayOutTable(const TableSpec& table) {
 std::vector<std::uint8_t> DefinitionBytes(const TableLayout& layout, const TableCounts& counts) {
   Definition out;
   AddHead(out, layout, counts);
-  for (std::uint32_t distinct : counts.distinctKeys) {
-    out.Add(4, 0);
-    out.Add(4, distinct);
-    out.Add(4, 0);
-  }
+  AddCounters(out, counts);
   for (std::size_t i : layout.recordOrder)
     AddColumn(out, layout.columns[i]);
   for (std::size_t i : layout.recordOrder)
-    out.AddName(layout.columns[i].info.name);
+    out.AppendName(layout.columns[i].info.name);
   AddIndexes(out, layout);
   for (std::size_t i : layout.recordOrder) {
     const ColumnLayout& column = layout.columns[i];
     if (!column.IsLong())
       continue;
-    out.Add(2, column.number);
-    out.Add(4, column.ownedLongMap);
-    out.Add(4, column.freeLongMap);
+    out.Append(2, column.number);
+    out.Append(4, column.ownedLongMap.ToU32());
+    out.Append(4, column.freeLongMap.ToU32());
   }
-  out.Add(2, 0xFFFF);
+  out.Append(2, kNoColumn);
   return out.Finished();
 }
 

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "jet/format/page.h"
+#include "jet/format/table_definition_layout.h"
 #include "jet/schema.h"
 #include "jet/writer.h"
 
@@ -20,8 +22,8 @@ struct ColumnLayout {
   std::uint8_t flags = 0;
   std::uint16_t displayPosition = 0;
   // Where the maps of the pages of long values are; memo and OLE only.
-  std::uint32_t ownedLongMap = 0;
-  std::uint32_t freeLongMap = 0;
+  RecordPointer ownedLongMap{};
+  RecordPointer freeLongMap{};
 
   bool IsLong() const { return info.type == ColumnType::kMemo || info.type == ColumnType::kOle; }
 };
@@ -33,14 +35,12 @@ struct IndexLayout {
   };
   std::string name;
   std::vector<Part> parts;
-  bool unique = false;
-  bool primary = false;
-  bool required = false;
-  bool ignoreNulls = false;
   std::uint8_t flags = 0;
-  std::uint8_t type = 0;  ///< 1 = primary key
+  IndexKind kind = IndexKind::kOrdinary;
   std::uint32_t rootPage = 0;
-  std::uint32_t map = 0;  ///< of its pages, a record pointer
+  RecordPointer map{};  ///< of its pages
+
+  bool Has(std::uint8_t flag) const { return (flags & flag) != 0; }
 };
 
 /// What a definition says that is not known before the last row.
@@ -59,8 +59,8 @@ struct TableLayout {
   std::vector<IndexLayout> indexes;
   std::uint16_t fixedSize = 0;  ///< bytes of the fixed part of a row
   std::uint16_t variableCount = 0;
-  std::uint32_t ownedMap = 0;
-  std::uint32_t freeMap = 0;
+  RecordPointer ownedMap{};
+  RecordPointer freeMap{};
 
   std::size_t MapCount() const;  ///< how many usage maps the table has
 };
@@ -75,7 +75,7 @@ bool IsSameName(const std::string& a, const std::string& b);
 /// The lay-out of columns that need no check, in order: numbers, offsets, lengths, flags.
 void PlaceColumns(TableLayout& layout);
 
-/// The definition in bytes, not yet cut into pages.
+/// The definition in bytes, not yet cut into pages; the head of its first page is zero.
 std::vector<std::uint8_t> DefinitionBytes(const TableLayout& layout, const TableCounts& counts);
 
 }  // namespace zerbal::jet

@@ -5,7 +5,11 @@
 #include <utility>
 
 #include "jet/format/bytes.h"
+#include "jet/format/data_page_layout.h"
+#include "jet/format/index_page_layout.h"
 #include "jet/format/key.h"
+#include "jet/format/long_value_layout.h"
+#include "jet/format/table_definition_layout.h"
 #include "jet/schema.h"
 #include "jet/write/refusal.h"
 
@@ -13,23 +17,19 @@ namespace zerbal::jet {
 namespace {
 
 constexpr std::size_t kMaxRow = 4060;
+constexpr std::size_t kRowHead = RowHeadSize(Format::kJet4);
 
 // Long values: how long the content may be to stand in the row, alone on a page, on one page of a chain.
 constexpr std::size_t kInlineLongValue = 64;
 constexpr std::size_t kSinglePieceLongValue = 4076;
 constexpr std::size_t kChainPiece = 4072;
-constexpr std::size_t kLongValueHead = 12;
-constexpr std::uint32_t kInline = 0x80000000;
-constexpr std::uint32_t kSinglePiece = 0x40000000;
 
-constexpr std::size_t kDefinitionHead = 8;  // of a page that continues a definition
-
-std::string LongValueHead(std::size_t length, std::uint32_t kind, std::uint32_t pointer) {
-  std::string head;
-  AppendLittleEndian(head, 4, length | kind);
-  AppendLittleEndian(head, 4, pointer);
-  AppendLittleEndian(head, 4, 0);
-  return head;
+std::string Descriptor(std::size_t length, LongValueKind kind, RecordPointer where = {}) {
+  std::string descriptor;
+  AppendLittleEndian(descriptor, 4, length | static_cast<std::size_t>(kind) << kLongValueKindShift);
+  AppendLittleEndian(descriptor, 4, where.ToU32());
+  AppendLittleEndian(descriptor, 4, 0);
+  return descriptor;
 }
 
 bool IsPairTable(const TableLayout& layout) {
@@ -57,7 +57,7 @@ void RowPages::WriteCurrent() {
   current_ = DataPageBuilder(owner_);
 }
 
-RowPages::Place RowPages::Add(std::span<const std::uint8_t> row) {
+RecordPointer RowPages::Add(std::span<const std::uint8_t> row) {
   if (!current_.Fits(row.size()))
     WriteCurrent();
   if (current_.Empty())
@@ -65,7 +65,7 @@ RowPages::Place RowPages::Add(std::span<const std::uint8_t> row) {
   return {currentPage_, current_.Add(row)};
 }
 
-RowPages::Place RowPages::AddAlone(std::span<const std::uint8_t> row) {
+RecordPointer RowPages::AddAlone(std::span<const std::uint8_t> row) {
   DataPageBuilder page(owner_);
   const std::uint32_t number = NewPage();
   const std::uint8_t place = page.Add(row);
@@ -140,7 +140,7 @@ void TableWriter::EncodeValues(std::span<const Value> row) {
 }
 
 void TableWriter::CheckRowSize() const {
-  std::size_t size = 2 + layout_.fixedSize + (layout_.columns.size() + 7) / 8;
+  std::size_t size = kRowHead + layout_.fixedSize + NullMaskSize(layout_.columns.size());
   if (layout_.variableCount > 0)
     size += 4 + 2 * std::size_t{layout_.variableCount};
   for (std::size_t i = 0; i < values_.size(); ++i) {
@@ -148,7 +148,7 @@ void TableWriter::CheckRowSize() const {
     if (column.info.fixed || values_[i].isNull)
       continue;
     const std::size_t content = values_[i].stored.size();
-    size += !column.IsLong() ? content : kLongValueHead + (content <= kInlineLongValue ? content : 0);
+    size += !column.IsLong() ? content : kDescriptorSize + (content <= kInlineLongValue ? content : 0);
   }
   if (size > kMaxRow)
     throw Refusal("row " + std::to_string(counts_.rows + 1) + " takes " + std::to_string(size) +
@@ -166,7 +166,7 @@ void TableWriter::BuildKey(const IndexLayout& index, std::vector<std::uint8_t>& 
   for (const IndexLayout::Part& part : index.parts) {
     const EncodedValue& value = values_[part.column];
     try {
-      if (value.isNull && index.required)
+      if (value.isNull && index.Has(kIndexRequired))
         throw Refusal("the value is Null, which index '" + index.name + "' does not allow");
       AppendValueKey(layout_.columns[part.column].info, value, part.ascending, key);
     } catch (const Refusal& refusal) {
@@ -176,42 +176,40 @@ void TableWriter::BuildKey(const IndexLayout& index, std::vector<std::uint8_t>& 
   }
   if (key.size() > IndexKeys::kMaxKey)
     Refuse(index.parts.front().column, "the values are too long for index '" + index.name + "'");
-  if (allNull && index.ignoreNulls)
+  if (allNull && index.Has(kIndexIgnoreNulls))
     key.clear();
 }
 
 std::string TableWriter::StoreChain(RowPages& pages, std::string_view content) {
   // Each piece names the next one, so the last is written first.
-  std::uint32_t next = 0;
+  RecordPointer next;
   for (std::size_t start = (content.size() - 1) / kChainPiece * kChainPiece;; start -= kChainPiece) {
     std::string piece;
-    AppendLittleEndian(piece, 4, next);
+    AppendLittleEndian(piece, kChainPointerSize, next.ToU32());
     piece += content.substr(start, kChainPiece);
-    const RowPages::Place place = pages.AddAlone(AsBytes(piece));
-    next = PointerTo(place.page, place.row);
+    next = pages.AddAlone(AsBytes(piece));
     if (start == 0)
       break;
   }
-  return LongValueHead(content.size(), 0, next);
+  return Descriptor(content.size(), LongValueKind::kChain, next);
 }
 
 std::string TableWriter::LongValueField(std::size_t column) {
   const std::string& content = values_[column].stored;
   RowPages& pages = *longValues_[column];
   if (content.size() <= kInlineLongValue)
-    return LongValueHead(content.size(), kInline, 0) + content;
+    return Descriptor(content.size(), LongValueKind::kInline) + content;
   if (content.size() > kSinglePieceLongValue)
     return StoreChain(pages, content);
-  const RowPages::Place place = pages.Add(AsBytes(content));
-  return LongValueHead(content.size(), kSinglePiece, PointerTo(place.page, place.row));
+  return Descriptor(content.size(), LongValueKind::kRow, pages.Add(AsBytes(content)));
 }
 
 void TableWriter::BuildRow() {
   row_.clear();
-  AppendLittleEndian(row_, 2, layout_.columns.size());
+  AppendLittleEndian(row_, kRowHead, layout_.columns.size());
   row_.resize(row_.size() + layout_.fixedSize);
   std::vector<std::size_t> offsets;
-  std::string mask((layout_.columns.size() + 7) / 8, '\0');
+  std::string mask(NullMaskSize(layout_.columns.size()), '\0');
   for (std::size_t i = 0; i < values_.size(); ++i) {
     const ColumnLayout& column = layout_.columns[i];
     const EncodedValue& value = values_[i];
@@ -224,7 +222,7 @@ void TableWriter::BuildRow() {
     if (!column.info.fixed)
       row_ += column.IsLong() ? LongValueField(i) : value.stored;
     else if (!isBoolean)
-      row_.replace(2u + column.fixedOffset, value.stored.size(), value.stored);
+      row_.replace(kRowHead + column.fixedOffset, value.stored.size(), value.stored);
   }
   if (!offsets.empty()) {
     offsets.push_back(row_.size());
@@ -236,11 +234,11 @@ void TableWriter::BuildRow() {
 }
 
 void TableWriter::CommitRow() {
-  const RowPages::Place place = rows_.Add(AsBytes(row_));
+  const RecordPointer place = rows_.Add(AsBytes(row_));
   ++counts_.rows;
   for (std::size_t i = 0; i < keys_.size(); ++i) {
     if (!rowKeys_[i].empty())
-      keys_[i].Add(rowKeys_[i], place.page, place.row, counts_.rows);
+      keys_[i].Add(rowKeys_[i], place, counts_.rows);
   }
   for (std::size_t i = 0; i < values_.size(); ++i) {
     if (layout_.columns[i].info.autonumber && !values_[i].isNull) {
@@ -261,7 +259,7 @@ void TableWriter::CheckUnique(std::size_t index) const {
   for (std::size_t i = 1; i < keys.Count(); ++i) {
     if (!keys.RepeatsKey(i))
       continue;
-    const auto key = keys.Entry(i).first(keys.Entry(i).size() - 4);
+    const auto key = keys.Entry(i).first(keys.Entry(i).size() - kEntryPointerSize);
     if (std::ranges::equal(key, allNull))
       continue;
     throw Refusal("rows " + std::to_string(keys.Ordinal(i - 1)) + " and " + std::to_string(keys.Ordinal(i)) +
@@ -284,7 +282,7 @@ void TableWriter::WriteIndexes(UsageMapPages& maps) {
   for (std::size_t i = 0; i < keys_.size(); ++i) {
     const IndexLayout& index = layout_.indexes[i];
     keys_[i].Sort();
-    if (index.unique)
+    if (index.Has(kIndexUnique))
       CheckUnique(i);
     counts_.distinctKeys.push_back(keys_[i].DistinctKeys());
     maps.Set(index.map, WriteIndexTree(file_, keys_[i], index.rootPage, layout_.page));
@@ -306,18 +304,15 @@ void TableWriter::WriteMaps(UsageMapPages& maps) {
 void TableWriter::WriteDefinition() {
   const std::vector<std::uint8_t> bytes = DefinitionBytes(layout_, counts_);
   std::uint32_t page = layout_.page;
-  for (std::size_t start = 0; start < bytes.size();) {
-    // The first page's head is part of the definition, that of the others is not.
-    const std::size_t head = start == 0 ? 0 : kDefinitionHead;
-    const std::size_t size = std::min(bytes.size() - start, kPageSize - head);
-    PageBytes out;
-    out.Put(head, std::span(bytes).subspan(start, size));
+  for (std::size_t start = kDefinitionPageHead; start < bytes.size();) {
+    const std::size_t size = std::min(bytes.size() - start, kPageSize - kDefinitionPageHead);
+    PageBytes out(PageKind::kTableDefinition);
+    out.Put(kDefinitionPageHead, std::span(bytes).subspan(start, size));
     start += size;
     const std::uint32_t next = start < bytes.size() ? file_.Allocate() : 0;
-    const std::size_t used = head + size;
-    out.Put16(0, 0x0102);
-    out.Put16(2, used + 8 <= kPageSize ? kPageSize - used - 8 : 0);
-    out.Put32(4, next);
+    const std::size_t used = kDefinitionPageHead + size;
+    out.Put16(kFreeBytesAt, used + 8 <= kPageSize ? kPageSize - used - 8 : 0);
+    out.Put32(kNextDefinitionPageAt, next);
     file_.Write(page, out);
     page = next;
   }

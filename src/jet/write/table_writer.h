@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "jet/format/page.h"
 #include "jet/write/index_writer.h"
 #include "jet/write/output_file.h"
 #include "jet/write/page_bytes.h"
@@ -25,14 +26,10 @@ class RowPages {
   /// `firstPage` is where the first page goes when that is settled beforehand.
   RowPages(OutputFile& file, std::uint32_t owner, std::optional<std::uint32_t> firstPage = std::nullopt);
 
-  struct Place {
-    std::uint32_t page = 0;
-    std::uint8_t row = 0;
-  };
   /// Adds a row to the page at hand, or to a new one when it does not fit.
-  Place Add(std::span<const std::uint8_t> row);
+  RecordPointer Add(std::span<const std::uint8_t> row);
   /// Adds a row on a page of its own.
-  Place AddAlone(std::span<const std::uint8_t> row);
+  RecordPointer AddAlone(std::span<const std::uint8_t> row);
   /// Writes the page at hand. Nothing may be added afterwards.
   void End();
 

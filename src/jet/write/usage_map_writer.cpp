@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "jet/format/usage_map_layout.h"
 #include "jet/write/page_bytes.h"
 
 namespace zerbal::jet {
@@ -11,10 +12,8 @@ namespace {
 using Row = std::vector<std::uint8_t>;
 
 constexpr std::size_t kRowSize = 69;
-constexpr std::size_t kHead = 5;  // of an inline map: its type and the first page it covers
-constexpr std::size_t kInlinePages = (kRowSize - kHead) * 8;
-constexpr std::size_t kBitmap = 4;  // where the bitmap of a usage-map page begins
-constexpr std::size_t kPagesPerBitmap = (kPageSize - kBitmap) * 8;
+constexpr std::size_t kInlinePages = (kRowSize - kInlineBitmapAt) * 8;
+constexpr std::size_t kPagesPerBitmap = PagesPerMapPage(Format::kJet4);
 constexpr std::size_t kLargestInlineGlobalMap = 8000;  // pages; its row still leaves room on page 1
 
 void PutNumber(Row& row, std::size_t at, std::size_t value) {
@@ -22,33 +21,35 @@ void PutNumber(Row& row, std::size_t at, std::size_t value) {
     row[at + i] = static_cast<std::uint8_t>(value >> 8 * i & 0xFF);
 }
 
-PageBytes EmptyBitmap() {
-  PageBytes page;
-  page.Put16(0, 0x0105);
-  return page;
+void SetBit(Row& row, std::size_t bit) {
+  std::uint8_t& byte = row[kInlineBitmapAt + bit / 8];
+  byte = static_cast<std::uint8_t>(byte | 1u << bit % 8);
+}
+
+Row EmptyReferenceMap() {
+  Row row(kRowSize, 0);
+  row[0] = static_cast<std::uint8_t>(UsageMapKind::kReference);
+  return row;
 }
 
 Row InlineMap(const PageList& members, std::uint32_t start) {
   Row row(kRowSize, 0);
-  PutNumber(row, 1, start);
-  for (std::uint32_t member : members) {
-    std::uint8_t& byte = row[kHead + (member - start) / 8];
-    byte = static_cast<std::uint8_t>(byte | 1u << (member - start) % 8);
-  }
+  PutNumber(row, kInlineStartAt, start);
+  for (std::uint32_t member : members)
+    SetBit(row, member - start);
   return row;
 }
 
 Row ReferenceMap(OutputFile& file, const PageList& members) {
-  Row row(kRowSize, 0);
-  row[0] = 1;
+  Row row = EmptyReferenceMap();
   for (auto member = members.begin(); member != members.end();) {
     const std::size_t range = *member / kPagesPerBitmap;
-    PageBytes bitmap = EmptyBitmap();
+    PageBytes bitmap(PageKind::kUsageMap);
     for (; member != members.end() && *member / kPagesPerBitmap == range; ++member)
-      bitmap.SetBit(kBitmap, *member % kPagesPerBitmap);
+      bitmap.SetBit(kMapPageBitmapAt, *member % kPagesPerBitmap);
     const std::uint32_t page = file.Allocate();
     file.Write(page, bitmap);
-    PutNumber(row, 1 + 4 * range, page);
+    PutNumber(row, kMapPagesAt + kMapPageSize * range, page);
   }
   return row;
 }
@@ -63,9 +64,9 @@ Row EncodeMap(OutputFile& file, const PageList& members) {
 }
 
 Row InlineGlobalMap(std::size_t pageCount) {
-  Row row(kHead + std::max<std::size_t>(64, 4 * ((pageCount + 31) / 32)), 0);
-  for (std::size_t page = pageCount; page < (row.size() - kHead) * 8; ++page)
-    row[kHead + page / 8] = static_cast<std::uint8_t>(row[kHead + page / 8] | 1u << page % 8);
+  Row row(std::max(kRowSize, kInlineBitmapAt + 4 * ((pageCount + 31) / 32)), 0);
+  for (std::size_t page = pageCount; page < (row.size() - kInlineBitmapAt) * 8; ++page)
+    SetBit(row, page);
   return row;
 }
 
@@ -74,16 +75,15 @@ Row ReferenceGlobalMap(OutputFile& file) {
   PageList bitmaps;
   while (bitmaps.size() * kPagesPerBitmap < file.PageCount())
     bitmaps.push_back(file.Allocate());
-  Row row(kRowSize, 0);
-  row[0] = 1;
+  Row row = EmptyReferenceMap();
   for (std::size_t i = 0; i < bitmaps.size(); ++i) {
-    PageBytes bitmap = EmptyBitmap();
+    PageBytes bitmap(PageKind::kUsageMap);
     const std::size_t first = i * kPagesPerBitmap;
     const std::size_t used = std::min(kPagesPerBitmap, file.PageCount() - first);
     for (std::size_t page = used; page < kPagesPerBitmap; ++page)
-      bitmap.SetBit(kBitmap, page);
+      bitmap.SetBit(kMapPageBitmapAt, page);
     file.Write(bitmaps[i], bitmap);
-    PutNumber(row, 1 + 4 * i, bitmaps[i]);
+    PutNumber(row, kMapPagesAt + kMapPageSize * i, bitmaps[i]);
   }
   return row;
 }
@@ -96,14 +96,14 @@ UsageMapPages::UsageMapPages(OutputFile& file, std::size_t count, PageList pages
     pages_.push_back(file_.Allocate());
 }
 
-std::uint32_t UsageMapPages::Reserve() {
+RecordPointer UsageMapPages::Reserve() {
   const std::size_t index = reserved_++;
-  return PointerTo(pages_[index / kMapsPerPage], static_cast<std::uint8_t>(index % kMapsPerPage));
+  return {pages_[index / kMapsPerPage], static_cast<std::uint8_t>(index % kMapsPerPage)};
 }
 
-void UsageMapPages::Set(std::uint32_t pointer, const PageList& members) {
-  const auto page = std::ranges::find(pages_, pointer >> 8);
-  const auto index = static_cast<std::size_t>(page - pages_.begin()) * kMapsPerPage + (pointer & 0xFF);
+void UsageMapPages::Set(RecordPointer place, const PageList& members) {
+  const auto page = std::ranges::find(pages_, place.page);
+  const auto index = static_cast<std::size_t>(page - pages_.begin()) * kMapsPerPage + place.row;
   rows_[index] = EncodeMap(file_, members);
 }
 

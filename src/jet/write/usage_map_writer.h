@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "jet/format/page.h"
 #include "jet/write/output_file.h"
 
 namespace zerbal::jet {
@@ -17,10 +18,10 @@ class UsageMapPages {
   /// Room for `count` maps on `pages`; further pages are allocated as they are needed.
   UsageMapPages(OutputFile& file, std::size_t count, PageList pages = {});
 
-  /// The place of the next map, as a record pointer.
-  std::uint32_t Reserve();
+  /// The place of the next map.
+  RecordPointer Reserve();
   /// Sets the map that Reserve gave; one never set is empty.
-  void Set(std::uint32_t pointer, const PageList& members);
+  void Set(RecordPointer place, const PageList& members);
   void Write();
 
   static constexpr std::size_t kMapsPerPage = 57;

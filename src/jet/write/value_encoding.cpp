@@ -10,8 +10,9 @@
 #include <string_view>
 #include <variant>
 
+#include "jet/format/bytes.h"
 #include "jet/format/key.h"
-#include "jet/write/page_bytes.h"
+#include "jet/format/long_value_layout.h"
 #include "jet/write/refusal.h"
 #include "jet/write/stored_text.h"
 
@@ -22,7 +23,6 @@ constexpr std::int64_t kCurrencyUnit = 10000;
 // The first day is 1 January 100. Before day 0 the time of day counts downwards: its evening is -657434.99.
 constexpr double kBeforeFirstDay = -657435;
 constexpr double kBehindLastDay = 2958466;  // 1 January 10000
-constexpr std::size_t kMaxLongValue = 0x3FFFFFFF;
 
 [[noreturn]] void ThrowWrongType(const char* wanted) {
   throw Refusal(std::string("the value is not of the column's type, which is ") + wanted);

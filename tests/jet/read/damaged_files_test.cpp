@@ -50,10 +50,10 @@ Sample MakeSample(Format format) {
   for (std::uint32_t i = 0; i < kRows; ++i) {
     const std::string code = "Code " + std::to_string(i * 37 % kRows);
     const std::uint32_t page = i % 10 == 0 ? file.AddDataPage(0x4C41564C) : piece.page;
-    piece = file.AddRow(page, Le(i % 10 == 0 ? 0 : ToU32(piece), 4) + file.Text("piece"));
+    piece = file.AddRow(page, Le(i % 10 == 0 ? 0 : piece.ToU32(), 4) + file.Text("piece"));
     const std::size_t memo = (i % 10 + 1) * file.Text("piece").size();
     const RecordPointer row = table.Add(
-        {Le(i, 4), file.Text(code), Le(memo, 4) + Le(ToU32(piece), 4) + Le(0, 4), Le(i * 7919ull << 40, 8)});
+        {Le(i, 4), file.Text(code), Le(memo, 4) + Le(piece.ToU32(), 4) + Le(0, 4), Le(i * 7919ull << 40, 8)});
     Bytes key, id;
     if (format == Format::kJet3)
       AppendTextKeyJet3(code, true, key);

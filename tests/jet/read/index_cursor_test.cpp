@@ -29,12 +29,12 @@ class IndexCursorTest : public BothFormats {
     IndexCursor cursor = Cursor(root);
     std::vector<std::uint32_t> rows;
     for (bool found = cursor.MoveFirst(); found; found = cursor.MoveNext())
-      rows.push_back(ToU32(cursor.Row()));
+      rows.push_back(cursor.Row().ToU32());
     if (rows.empty())
       return rows;
     std::vector<std::uint32_t> backwards;
     do {
-      backwards.insert(backwards.begin(), ToU32(cursor.Row()));
+      backwards.insert(backwards.begin(), cursor.Row().ToU32());
     } while (cursor.MovePrevious());
     EXPECT_EQ(rows, backwards);
     return rows;
@@ -94,7 +94,7 @@ TEST_P(IndexCursorTest, FindsTheFirstEntryNotBelowAKey) {
       const Bytes wanted = Bytes{0x7F} + Be(key, 4);
       ASSERT_EQ(cursor.MoveTo(wanted), key < 199) << key;
       if (key < 199) {
-        ASSERT_EQ(ToU32(cursor.Row()), 1000 + (key + 1) / 2 * 3) << key;
+        ASSERT_EQ(cursor.Row().ToU32(), 1000 + (key + 1) / 2 * 3) << key;
         ASSERT_EQ(cursor.StartsWith(wanted), key % 2 == 0) << key;
       }
     }
@@ -116,7 +116,7 @@ TEST_P(IndexCursorTest, SearchesAsABruteForceWalkDoes) {
     const std::uint32_t root = AddIndexTree(file, kOwner, entries, 2 + random() % 20, round % 2 == 0);
     std::vector<std::string> sorted;
     for (const TestEntry& entry : entries)
-      sorted.emplace_back(Chars(entry.key + Be(ToU32(entry.row), 4)));
+      sorted.emplace_back(Chars(entry.key + Be(entry.row.ToU32(), 4)));
     std::sort(sorted.begin(), sorted.end());
     IndexCursor cursor = Cursor(root);
     for (const TestEntry& entry : entries) {
@@ -125,7 +125,7 @@ TEST_P(IndexCursorTest, SearchesAsABruteForceWalkDoes) {
         const auto first = std::lower_bound(sorted.begin(), sorted.end(), Chars(key));
         ASSERT_EQ(cursor.MoveTo(key), first != sorted.end());
         if (first != sorted.end()) {
-          ASSERT_EQ(Chars(Be(ToU32(cursor.Row()), 4)), std::string_view(*first).substr(first->size() - 4));
+          ASSERT_EQ(Chars(Be(cursor.Row().ToU32(), 4)), std::string_view(*first).substr(first->size() - 4));
         }
       }
     }
@@ -254,10 +254,10 @@ TEST_P(IndexCursorTest, GoesBackToAPlace) {
   EXPECT_EQ(cursor.Here().page, 0u);
   ASSERT_TRUE(cursor.MoveTo(Bytes{0x7F} + Be(9, 4)));
   const IndexCursor::Place place = cursor.Here();
-  const std::uint32_t row = ToU32(cursor.Row());
+  const std::uint32_t row = cursor.Row().ToU32();
   cursor.MoveFirst();
   cursor.GoTo(place);
-  EXPECT_EQ(ToU32(cursor.Row()), row);
+  EXPECT_EQ(cursor.Row().ToU32(), row);
 }
 
 }  // namespace

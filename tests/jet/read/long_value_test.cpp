@@ -20,7 +20,7 @@ constexpr std::uint32_t kLongValueOwner = 0x4C41564C;
 class LongValueTest : public BothFormats {
  protected:
   static Bytes Descriptor(std::size_t size, unsigned kind, RecordPointer first = {}) {
-    return Le(size | kind << 30, 4) + Le(ToU32(first), 4) +
+    return Le(size | kind << 30, 4) + Le(first.ToU32(), 4) +
            Le(0xDEADBEEF, 4);  // the last word may be anything
   }
 
@@ -28,7 +28,7 @@ class LongValueTest : public BothFormats {
   RecordPointer Chain(const std::vector<Bytes>& pieces, std::uint32_t end = 0) {
     RecordPointer next = RecordPointer::FromU32(end);
     for (std::size_t i = pieces.size(); i-- > 0;)
-      next = file.AddRow(file.AddDataPage(kLongValueOwner), Le(ToU32(next), 4) + pieces[i]);
+      next = file.AddRow(file.AddDataPage(kLongValueOwner), Le(next.ToU32(), 4) + pieces[i]);
     return next;
   }
 
@@ -127,12 +127,12 @@ TEST_P(LongValueTest, RefusesChainsThatEndEarlyOrNever) {
   RecordPointer last = first;
   while (file.Get(last.page, file.PageSize() - 5, 4) != 0)
     last = RecordPointer::FromU32(static_cast<std::uint32_t>(file.Get(last.page, file.PageSize() - 5, 4)));
-  file.Put(last.page, file.PageSize() - 5, Le(ToU32(first), 4));
+  file.Put(last.page, file.PageSize() - 5, Le(first.ToU32(), 4));
   EXPECT_THAT(ReasonOf([&] { Memo(Descriptor(3000, 0, first))["M"].AsText(); }), HasSubstr("circle"));
 
   file = JetFile(GetParam());
   const RecordPointer self = Chain({Bytes{1}});
-  file.Put(self.page, file.PageSize() - 5, Le(ToU32(self), 4));
+  file.Put(self.page, file.PageSize() - 5, Le(self.ToU32(), 4));
   EXPECT_THAT(ReasonOf([&] { Memo(Descriptor(3000, 0, self))["M"].AsBytes(); }), HasSubstr("circle"));
 }
 

@@ -8,7 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "jet/database.h"
-#include "jet/format/header_mask.h"
+#include "jet/format/header_layout.h"
 #include "jet/recordset.h"
 #include "support/engine_error.h"
 #include "support/jet_file.h"

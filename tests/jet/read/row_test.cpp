@@ -9,7 +9,7 @@ namespace zerbal::jet::test {
 namespace {
 
 Row Parse(const Bytes& bytes, bool jet3, bool variable = true) {
-  return Row({bytes.data(), bytes.size()}, jet3, variable);
+  return Row({bytes.data(), bytes.size()}, jet3 ? Format::kJet3 : Format::kJet4, variable);
 }
 
 TEST(RowTest, RefusesRowsShorterThanTheirOutline) {
