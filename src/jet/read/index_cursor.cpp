@@ -161,7 +161,10 @@ RecordPointer IndexCursor::Row() const {
 }
 
 void IndexCursor::GoTo(const Place& place) {
-  StandOn(Load(place.page), place.entry);
+  const IndexPage page = Load(place.page);
+  if (place.entry >= page.End())
+    throw Damage("an index has lost entries while it was open");
+  StandOn(page, place.entry);
 }
 
 }  // namespace zerbal::jet

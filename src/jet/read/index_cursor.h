@@ -35,6 +35,7 @@ class IndexCursor {
   RecordPointer Row() const;
 
   Place Here() const { return {onEntry_ ? page_.Number() : 0, entry_}; }
+  /// Goes back to the place of an entry. Throws Damage when the file has changed and there is none.
   void GoTo(const Place& place);
 
  private:

@@ -260,5 +260,21 @@ TEST_P(IndexCursorTest, GoesBackToAPlace) {
   EXPECT_EQ(cursor.Row().ToU32(), row);
 }
 
+// The file may change while it is open.
+TEST_P(IndexCursorTest, RefusesAPlaceWhoseEntryIsGone) {
+  const std::uint32_t root = AddIndexTree(file, kOwner, Numbered(9), 20, false);
+  Bytes bytes = file.Build();
+  FileImage image = ImageOf({});
+  image.bytes = {bytes.data(), bytes.size()};
+  const FilePages changing(image);
+  IndexCursor cursor(changing, root, kOwner);
+  ASSERT_TRUE(cursor.MoveFirst() && cursor.MoveNext());
+  const IndexCursor::Place place = cursor.Here();
+  const auto mask =
+      bytes.begin() + static_cast<std::ptrdiff_t>(root * file.PageSize() + (file.IsJet3() ? 0x16 : 0x1B));
+  std::fill(mask, mask + 200, std::uint8_t{0});
+  EXPECT_THROW(cursor.GoTo(place), Damage);
+}
+
 }  // namespace
 }  // namespace zerbal::jet::test
