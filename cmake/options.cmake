@@ -11,6 +11,9 @@ endif()
 if(ZERBAL_WARNINGS_AS_ERRORS)
   target_compile_options(zerbal_options INTERFACE -Werror)
 endif()
+if(ZERBAL_ASSERTIONS)
+  target_compile_definitions(zerbal_options INTERFACE ZERBAL_ASSERTIONS)
+endif()
 
 # zerbal_room(NAME SOURCES... [DEPENDS libraries...]): the library of one room of src/.
 # Headers are included by their path below src/, as "jet/recordset.h".

@@ -6,6 +6,7 @@
 #include <span>
 #include <vector>
 
+#include "base/assert.h"
 #include "jet/format/page.h"
 
 namespace zerbal::jet {
@@ -25,6 +26,7 @@ class IndexKeys {
   std::size_t Count() const { return entries_.size(); }
   /// The bytes of an entry as a leaf holds them: key, page, row.
   std::span<const std::uint8_t> Entry(std::size_t i) const {
+    ZERBAL_ASSERT(i < entries_.size());
     return {bytes_.data() + entries_[i].start, entries_[i].length};
   }
   std::uint32_t Ordinal(std::size_t i) const { return entries_[i].ordinal; }

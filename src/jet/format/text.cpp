@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <optional>
 
+#include "base/assert.h"
+
 namespace zerbal::jet {
 namespace {
 
@@ -57,6 +59,7 @@ int EncodeUtf8(char32_t c, char* out) {
 }
 
 char32_t TakeUtf8(std::string_view& text) {
+  ZERBAL_ASSERT(!text.empty());
   const auto first = static_cast<unsigned char>(text.front());
   text.remove_prefix(1);
   if (first < 0x80)

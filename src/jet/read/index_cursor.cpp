@@ -119,6 +119,7 @@ bool IndexCursor::MoveFirst() {
 }
 
 bool IndexCursor::MoveNext() {
+  ZERBAL_ASSERT(onEntry_);
   const unsigned next = page_.After(entry_);
   if (next < page_.End()) {
     entry_ = next;
@@ -132,6 +133,7 @@ bool IndexCursor::MoveNext() {
 }
 
 bool IndexCursor::MovePrevious() {
+  ZERBAL_ASSERT(onEntry_);
   if (entry_ > 0) {
     entry_ = page_.Before(entry_);
     return true;
@@ -156,11 +158,13 @@ bool IndexCursor::MoveTo(std::span<const std::uint8_t> key) {
 }
 
 RecordPointer IndexCursor::Row() const {
+  ZERBAL_ASSERT(onEntry_);
   // Inside an entry the row's number is the last byte, after the page in big-endian order.
   return RecordPointer::FromU32(page_.Entry(entry_).Tail());
 }
 
 void IndexCursor::GoTo(const Place& place) {
+  ZERBAL_ASSERT(place.page != 0);
   const IndexPage page = Load(place.page);
   if (place.entry >= page.End())
     throw Damage("an index has lost entries while it was open");

@@ -5,6 +5,7 @@
 #include <span>
 #include <vector>
 
+#include "base/assert.h"
 #include "jet/read/data_page.h"
 #include "jet/read/file_pages.h"
 #include "jet/read/index_page.h"
@@ -23,15 +24,19 @@ class IndexCursor {
   /// On no entry. `owner` is the definition page of the table.
   IndexCursor(const FilePages& pages, std::uint32_t rootPage, std::uint32_t owner);
 
-  // Each says whether there is such an entry; when there is none the cursor stays where it is.
+  // Each says whether there is such an entry; when there is none the cursor stays where it is. MoveNext and
+  // MovePrevious need an entry to start from.
   bool MoveFirst();
   bool MoveNext();
   bool MovePrevious();
   /// The first entry that is not below `key`.
   bool MoveTo(std::span<const std::uint8_t> key);
 
-  bool StartsWith(std::span<const std::uint8_t> key) const { return page_.Entry(entry_).StartsWith(key); }
-  /// The row of the entry that the cursor is on.
+  // Of the entry that the cursor is on.
+  bool StartsWith(std::span<const std::uint8_t> key) const {
+    ZERBAL_ASSERT(onEntry_);
+    return page_.Entry(entry_).StartsWith(key);
+  }
   RecordPointer Row() const;
 
   Place Here() const { return {onEntry_ ? page_.Number() : 0, entry_}; }

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <span>
 
+#include "base/assert.h"
 #include "jet/format/bytes.h"
 #include "jet/format/index_page_layout.h"
 #include "jet/read/file_pages.h"
@@ -21,7 +22,7 @@ struct IndexEntry {
   std::uint8_t At(std::size_t i) const {
     return i < shared.Size() ? shared.Data()[i] : own.U8(i - shared.Size());
   }
-  /// The last four bytes as a big-endian number; the entry must be that long.
+  /// The last four bytes as a big-endian number. Throws Damage when there are fewer.
   std::uint32_t Tail() const;
   bool StartsWith(std::span<const std::uint8_t> key) const;
 };
@@ -50,8 +51,14 @@ class IndexPage {
 
   bool Empty() const { return end_ == 0; }
   unsigned End() const { return end_; }  ///< behind the last entry
-  unsigned After(unsigned entry) const { return NextBoundary(entry + 1); }
-  unsigned Before(unsigned entry) const { return BoundaryAtOrBefore(entry - 1); }
+  unsigned After(unsigned entry) const {
+    ZERBAL_ASSERT(entry < end_);
+    return NextBoundary(entry + 1);
+  }
+  unsigned Before(unsigned entry) const {
+    ZERBAL_ASSERT(entry > 0 && entry <= end_);
+    return BoundaryAtOrBefore(entry - 1);
+  }
   unsigned Last() const { return Before(end_); }
   IndexEntry Entry(unsigned entry) const;
 

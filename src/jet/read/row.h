@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <optional>
 
+#include "base/assert.h"
 #include "jet/format/bytes.h"
 #include "jet/format/data_page_layout.h"
 #include "jet/read/table_definition.h"
@@ -28,6 +29,7 @@ class Row {
 
   /// The stored bytes of a column's value, nothing for Null. Not for booleans, whose value is Has().
   std::optional<ByteView> Value(const ColumnInfo& column, const ColumnPlace& place) const {
+    ZERBAL_ASSERT(column.type != ColumnType::kBoolean);
     if (!Has(place.number))
       return std::nullopt;
     return column.fixed ? Fixed(place.fixedOffset, place.fixedLength) : Variable(place.variableIndex);

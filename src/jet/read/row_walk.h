@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "base/assert.h"
 #include "jet/format/bytes.h"
 #include "jet/read/data_page.h"
 #include "jet/read/file_pages.h"
@@ -29,8 +30,11 @@ class RowWalk {
       return std::nullopt;
     return RecordPointer{number_, static_cast<std::uint8_t>(row_)};
   }
-  /// The bytes of the row, wherever it has moved.
-  ByteView RowBytes() const { return FollowRow(*pages_, page_, row_, owner_); }
+  /// The bytes of the row that the walk is on, wherever it has moved.
+  ByteView RowBytes() const {
+    ZERBAL_ASSERT(row_ < page_.RowCount());
+    return FollowRow(*pages_, page_, row_, owner_);
+  }
 
  private:
   bool Find(std::uint32_t number, bool forward);

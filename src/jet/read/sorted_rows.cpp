@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/assert.h"
 #include "jet/format/key.h"
 #include "jet/format/table_definition_layout.h"
 #include "jet/format/text.h"
@@ -139,6 +140,7 @@ void SortedRows::StandOnRow(RecordPointer row) {
 }
 
 bool SortedRows::StartsWith(std::span<const std::uint8_t> key) const {
+  ZERBAL_ASSERT(at_ < keys_.Count());
   const std::span<const std::uint8_t> entry = keys_.Entry(at_);
   return entry.size() >= key.size() && std::ranges::equal(entry.first(key.size()), key);
 }

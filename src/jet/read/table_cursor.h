@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/assert.h"
 #include "jet/format/bytes.h"
 #include "jet/read/database_state.h"
 #include "jet/read/file_pages.h"
@@ -47,7 +48,7 @@ class TableCursor {
   // The value of a column in the current row.
   bool Has(int column) const { return row_.Has(Place(column).number); }
   std::optional<ByteView> Value(int column) const { return row_.Value(Column(column), Place(column)); }
-  const ColumnInfo& Column(int column) const { return table_->columns[static_cast<std::size_t>(column)]; }
+  const ColumnInfo& Column(int column) const { return table_->columns[Checked(column)]; }
   bool StoredTextIs(int column, std::string_view text) const;
 
   /// Runs `work` and turns Damage into an EngineError that names file and table. What was read from a file
@@ -62,7 +63,11 @@ class TableCursor {
  private:
   enum class State { kBeforeFirst, kOnRow, kAfterLast, kNowhere };
 
-  const ColumnPlace& Place(int column) const { return table_->places[static_cast<std::size_t>(column)]; }
+  std::size_t Checked(int column) const {
+    ZERBAL_ASSERT(column >= 0 && static_cast<std::size_t>(column) < table_->columns.size());
+    return static_cast<std::size_t>(column);
+  }
+  const ColumnPlace& Place(int column) const { return table_->places[Checked(column)]; }
   bool ByIndex() const { return tree_ != nullptr; }
   template <class Step>
   bool InOrder(Step&& step);

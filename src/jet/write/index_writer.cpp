@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/assert.h"
 #include "jet/format/index_page_layout.h"
 #include "jet/write/page_bytes.h"
 
@@ -36,6 +37,7 @@ class TreePage {
   }
   void SetTail(std::uint32_t child) { page_.Put32(kLayout.links + kTailChild, child); }
   void Add(Bytes entry, Bytes child = {}) {
+    ZERBAL_ASSERT(end_ + entry.size() + child.size() <= kCapacity);
     page_.Put(kLayout.entries + end_, entry);
     page_.Put(kLayout.entries + end_ + entry.size(), child);
     end_ += entry.size() + child.size();

@@ -21,7 +21,7 @@ class OutputFile {
   /// The number of a new page; they count up from 0. A page never written is full of zeros.
   std::uint32_t Allocate();
   std::uint32_t PageCount() const { return pageCount_; }
-  void Write(std::uint32_t page, const PageBytes& bytes);
+  void Write(std::uint32_t page, const PageBytes& bytes);  ///< an allocated page
 
   /// Brings everything to the disk, then to its place.
   void Commit();

@@ -9,6 +9,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include "base/assert.h"
 #include "jet/write/output_file.h"
 #include "jet/write/page_bytes.h"
 #include "jet/write/refusal.h"
@@ -74,6 +75,7 @@ std::uint32_t OutputFile::Allocate() {
 }
 
 void OutputFile::Write(std::uint32_t page, const PageBytes& bytes) {
+  ZERBAL_ASSERT(page < pageCount_);
   const auto start = static_cast<off_t>(page) * static_cast<off_t>(kPageSize);
   for (std::size_t done = 0; done < kPageSize;) {
     const ssize_t written =

@@ -7,6 +7,7 @@
 #include <cstring>
 #include <span>
 
+#include "base/assert.h"
 #include "jet/format/data_page_layout.h"
 #include "jet/format/page.h"
 
@@ -14,27 +15,31 @@ namespace zerbal::jet {
 
 inline constexpr std::size_t kPageSize = PageSizeOf(Format::kJet4);
 
-/// One page, all zeros but its kind at first. Numbers are little-endian.
+/// One page, all zeros but its kind at first. Numbers are little-endian. What is put must fit the page, and a
+/// number its size.
 struct PageBytes {
   explicit PageBytes(PageKind kind) : bytes{static_cast<std::uint8_t>(kind), 1} {}
 
   std::array<std::uint8_t, kPageSize> bytes;
 
-  void Put8(std::size_t at, std::size_t value) { bytes[at] = static_cast<std::uint8_t>(value); }
+  void Put8(std::size_t at, std::size_t value) { PutNumber(at, 1, value); }
   void Put16(std::size_t at, std::size_t value) { PutNumber(at, 2, value); }
   void Put32(std::size_t at, std::size_t value) { PutNumber(at, 4, value); }
   void Put(std::size_t at, std::span<const std::uint8_t> data) {
+    ZERBAL_ASSERT(at <= kPageSize && data.size() <= kPageSize - at);
     if (!data.empty())
       std::memcpy(bytes.data() + at, data.data(), data.size());
   }
   void SetBit(std::size_t at, std::size_t bit) {
+    ZERBAL_ASSERT(at + bit / 8 < kPageSize);
     bytes[at + bit / 8] = static_cast<std::uint8_t>(bytes[at + bit / 8] | 1u << bit % 8);
   }
 
  private:
   void PutNumber(std::size_t at, std::size_t size, std::size_t value) {
+    ZERBAL_ASSERT(at + size <= kPageSize && value >> 8 * size == 0);
     for (std::size_t i = 0; i < size; ++i)
-      Put8(at + i, value >> 8 * i & 0xFF);
+      bytes[at + i] = static_cast<std::uint8_t>(value >> 8 * i & 0xFF);
   }
 };
 
@@ -49,6 +54,7 @@ class DataPageBuilder {
 
   /// Adds a row that fits and returns its number.
   std::uint8_t Add(std::span<const std::uint8_t> row) {
+    ZERBAL_ASSERT(Fits(row.size()));
     start_ -= row.size();
     page_.Put(start_, row);
     page_.Put16(DirectoryEntry(rows_), start_);

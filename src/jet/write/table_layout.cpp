@@ -4,6 +4,7 @@
 #include <numeric>
 #include <utility>
 
+#include "base/assert.h"
 #include "jet/format/bytes.h"
 #include "jet/format/catalog_layout.h"
 #include "jet/format/header_layout.h"
@@ -175,6 +176,7 @@ class Definition {
 
  private:
   void Put(std::size_t at, std::size_t size, std::size_t value) {
+    ZERBAL_ASSERT(record_ + at + size <= bytes_.size() && value >> 8 * size == 0);
     for (std::size_t i = 0; i < size; ++i)
       bytes_[record_ + at + i] = static_cast<std::uint8_t>(value >> 8 * i & 0xFF);
   }

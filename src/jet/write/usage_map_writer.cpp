@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/assert.h"
 #include "jet/format/usage_map_layout.h"
 #include "jet/write/page_bytes.h"
 
@@ -97,12 +98,14 @@ UsageMapPages::UsageMapPages(OutputFile& file, std::size_t count, PageList pages
 }
 
 RecordPointer UsageMapPages::Reserve() {
+  ZERBAL_ASSERT(reserved_ < rows_.size());
   const std::size_t index = reserved_++;
   return {pages_[index / kMapsPerPage], static_cast<std::uint8_t>(index % kMapsPerPage)};
 }
 
 void UsageMapPages::Set(RecordPointer place, const PageList& members) {
   const auto page = std::ranges::find(pages_, place.page);
+  ZERBAL_ASSERT(page != pages_.end());
   const auto index = static_cast<std::size_t>(page - pages_.begin()) * kMapsPerPage + place.row;
   rows_[index] = EncodeMap(file_, members);
 }

@@ -18,7 +18,7 @@ class UsageMapPages {
   /// Room for `count` maps on `pages`; further pages are allocated as they are needed.
   UsageMapPages(OutputFile& file, std::size_t count, PageList pages = {});
 
-  /// The place of the next map.
+  /// The place of the next map. At most `count` are reserved.
   RecordPointer Reserve();
   /// Sets the map that Reserve gave; one never set is empty.
   void Set(RecordPointer place, const PageList& members);
