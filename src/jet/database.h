@@ -23,6 +23,7 @@ struct OpenOptions {
 
 /// An open database. Cheap to open: header and catalog are read, no table is touched.
 /// Copies share the mapping; it lasts until the last Database, Recordset or PairReader on it is gone.
+/// InstallMappedFileGuard says what happens when the file is cut short meanwhile.
 class Database {
  public:
   /// Opens `file`. Throws EngineError when it is missing, cut short, foreign or damaged.

@@ -72,6 +72,19 @@ TEST_F(DriverTest, AMissingScriptEndsWith2) {
   EXPECT_EQ(process.exitCode(), 2);
 }
 
+TEST_F(DriverTest, ATruncatedDatabaseDoesNotCrashTheProgram) {
+  QProcess process;
+  process.setWorkingDirectory(QFile::decodeName(folder.Path().c_str()));
+  process.start(ZERBAL_DRIVE, QStringList());
+  process.write("start\n");
+  ASSERT_TRUE(process.waitForReadyRead());
+  std::filesystem::resize_file(folder / "app_map" / "coast.mdb", 4096);
+  process.write("menu mnuViewRiver\nquit\n");
+  process.closeWriteChannel();
+  ASSERT_TRUE(process.waitForFinished());
+  EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+}
+
 TEST_F(DriverTest, AnEngineErrorEndsWith3AndPrintsItsText) {
   WriteBytes(folder / "app_data" / "qavdata.mdb", "no database");
   const Played played = Run("start\n");

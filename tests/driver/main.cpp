@@ -4,11 +4,13 @@
 
 #include "app/application.h"
 #include "dialogs/qt_message_boxes.h"
+#include "jet/mapped_file_guard.h"
 #include "runner.h"
 #include "support/offscreen.h"
 
 int main(int argc, char** argv) {
   using namespace zerbal;
+  jet::InstallMappedFileGuard();
   test::UseOffscreenPlatform();
   dialogs::QtMessageBoxes boxes;
   app::Application application(argc, argv, boxes);

@@ -13,6 +13,7 @@
 
 #include "app/application.h"
 #include "dialogs/qt_message_boxes.h"
+#include "jet/mapped_file_guard.h"
 #include "session.h"
 #include "session_runner.h"
 #include "soak.h"
@@ -46,6 +47,7 @@ int main(int argc, char** argv) {
     std::cerr << "usage: zerbal-monkey SEED ACTIONS\n       zerbal-monkey --soak REDRAWS DIALOGS\n";
     return 2;
   }
+  jet::InstallMappedFileGuard();
   test::UseOffscreenPlatform();
   const auto first = static_cast<std::uint32_t>(std::strtoul(argv[argc - 2], nullptr, 10));
   const int second = std::atoi(argv[argc - 1]);

@@ -1,9 +1,11 @@
 #include <QGuiApplication>
 #include <iostream>
 
+#include "jet/mapped_file_guard.h"
 #include "zerbal-map/run.h"
 
 int main(int argc, char** argv) {
+  zerbal::jet::InstallMappedFileGuard();
   // Pictures need fonts but no screen.
   qputenv("QT_QPA_PLATFORM", "offscreen");
   QGuiApplication application(argc, argv);

@@ -7,6 +7,7 @@
 
 #include <unistd.h>
 
+#include "jet/mapped_file_guard.h"
 #include "zerbal-pack/run.h"
 
 namespace {
@@ -20,6 +21,7 @@ void OnInterrupt(int signalNumber) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  zerbal::jet::InstallMappedFileGuard();
   const std::vector<std::string> words(argv + 1, argv + argc);
   // A build that is interrupted clears away what it has begun; the other commands may just end.
   if (!words.empty() && words.front() == "build") {

@@ -16,8 +16,8 @@ namespace zerbal::jet {
 struct FileImage {
   ByteView bytes;
   std::shared_ptr<const void> owner;
-  /// Set, once and for all, when bytes could not be read because somebody cut the file short while it was
-  /// mapped. The missing pages read as zeros from then on. Never null.
+  /// Becomes true, for good, when bytes could not be read because the file was cut short while it was mapped.
+  /// The missing pages read as zeros from then on. Needs InstallMappedFileGuard. Never null.
   std::shared_ptr<const std::atomic<bool>> shrunk;
 };
 

@@ -16,15 +16,16 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "jet/mapped_file_guard.h"
 #include "jet/read/file_image.h"
 
 namespace zerbal::jet {
 namespace {
 
-// Touching a page of a mapping that lies behind the present end of its file raises SIGBUS. The handler below
-// puts a page of zeros there, so that the instruction can go on, and notes it in the mapping's slot; the
-// engine looks at the note after every step. Slots are found without locks, because a signal handler may
-// take none; a slot is never freed, only used again.
+// Reading a page of a mapping that lies after the present end of its file raises SIGBUS. The handler maps a
+// page of zeros there, so that the instruction can continue, and sets a flag in the mapping's slot, which the
+// engine checks after every step. A signal handler may not lock, so the list of slots only grows: a slot is
+// never freed, only used again.
 struct Slot {
   std::atomic<std::uintptr_t> begin{0};
   std::atomic<std::uintptr_t> end{0};
@@ -36,9 +37,9 @@ struct Slot {
 std::atomic<Slot*> firstSlot{nullptr};
 std::mutex slotMutex;
 struct sigaction previousHandler;
-std::uintptr_t systemPageSize = 4096;
+const auto systemPageSize = static_cast<std::uintptr_t>(sysconf(_SC_PAGESIZE));
 
-/// A bus error that is none of ours gets what it would have got without us.
+/// Does with a bus error outside of all mappings what would have been done without the guard.
 void PassOn(int signal, siginfo_t* info, void* context) {
   if ((previousHandler.sa_flags & SA_SIGINFO) != 0) {
     previousHandler.sa_sigaction(signal, info, context);
@@ -67,18 +68,6 @@ void OnBusError(int signal, siginfo_t* info, void* context) {
   }
   errno = savedErrno;
   PassOn(signal, info, context);
-}
-
-void InstallHandlerOnce() {
-  static const bool installed = [] {
-    systemPageSize = static_cast<std::uintptr_t>(sysconf(_SC_PAGESIZE));
-    struct sigaction action = {};
-    action.sa_sigaction = OnBusError;
-    action.sa_flags = SA_SIGINFO;
-    sigemptyset(&action.sa_mask);
-    return sigaction(SIGBUS, &action, &previousHandler) == 0;
-  }();
-  static_cast<void>(installed);
 }
 
 Slot* TakeSlot() {
@@ -141,6 +130,17 @@ class Descriptor {
 
 }  // namespace
 
+void InstallMappedFileGuard() {
+  static const bool installed = [] {
+    struct sigaction action = {};
+    action.sa_sigaction = OnBusError;
+    action.sa_flags = SA_SIGINFO;
+    sigemptyset(&action.sa_mask);
+    return sigaction(SIGBUS, &action, &previousHandler) == 0;
+  }();
+  static_cast<void>(installed);
+}
+
 FileImage MapFile(const std::filesystem::path& file) {
   const Descriptor descriptor(open(file.c_str(), O_RDONLY | O_CLOEXEC));
   if (descriptor.Number() < 0)
@@ -153,7 +153,6 @@ FileImage MapFile(const std::filesystem::path& file) {
   if (status.st_size <= 0)
     return ImageOf({});
   const auto size = static_cast<std::size_t>(status.st_size);
-  InstallHandlerOnce();
   void* start = mmap(nullptr, size, PROT_READ, MAP_PRIVATE, descriptor.Number(), 0);
   if (start == MAP_FAILED)
     ThrowSystem("the file cannot be mapped into memory");

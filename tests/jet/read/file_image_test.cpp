@@ -2,6 +2,7 @@
 #include "jet/read/file_image.h"
 
 #include <csignal>
+#include <cstdlib>
 #include <filesystem>
 
 #include <gmock/gmock.h>
@@ -9,6 +10,7 @@
 
 #include "jet/database.h"
 #include "jet/format/key.h"
+#include "jet/mapped_file_guard.h"
 #include "jet/pair_reader.h"
 #include "jet/recordset.h"
 #include "support/engine_error.h"
@@ -23,6 +25,7 @@ namespace {
 class ShrinkingFileTest : public BothFormats {
  protected:
   ShrinkingFileTest() {
+    InstallMappedFileGuard();
     JetFile built(GetParam());
     TestTable table(built, "T",
                     {{"Lon", ColumnType::kLong, 0, true, 0, 4}, {"Lat", ColumnType::kLong, 1, true, 4, 4}});
@@ -146,12 +149,46 @@ TEST_P(ShrinkingFileTest, OpensReadOnlyFilesAndLeavesThemAlone) {
   EXPECT_EQ(fs::file_size(file), size);
 }
 
-// A bus error that has nothing to do with a database still ends the program as it always did.
-TEST(BusErrorDeathTest, ForeignFaultsArePassedOn) {
+/// Each test is run in a process of its own, which the others have not prepared.
+class BusErrorDeathTest : public testing::Test {
+ protected:
+  BusErrorDeathTest() { GTEST_FLAG_SET(death_test_style, "threadsafe"); }
+};
+
+/// Ends with status 0 when opening a database leaves the handling of bus errors alone.
+void ExitByHandler(const std::filesystem::path& file) {
+  struct sigaction before = {}, after = {};
+  sigaction(SIGBUS, nullptr, &before);
+  const Database database = Database::Open(file);
+  sigaction(SIGBUS, nullptr, &after);
+  std::_Exit(before.sa_sigaction == after.sa_sigaction ? 0 : 1);
+}
+
+TEST_F(BusErrorDeathTest, OpeningADatabaseInstallsNoHandler) {
+  const zerbal::test::TempFolder folder;
+  zerbal::test::WriteBytes(folder / "x.mdb", Chars(JetFile(Format::kJet4).Build()));
+  EXPECT_EXIT(ExitByHandler(folder / "x.mdb"), testing::ExitedWithCode(0), "");
+}
+
+TEST_F(BusErrorDeathTest, ACutFileEndsAProgramWithoutTheGuard) {
   const zerbal::test::TempFolder folder;
   zerbal::test::WriteBytes(folder / "x.mdb", Chars(JetFile(Format::kJet4).Build()));
   EXPECT_DEATH(
       {
+        const FileImage image = MapFile(folder / "x.mdb");
+        std::filesystem::resize_file(folder / "x.mdb", 0);
+        std::_Exit(image.bytes.U8(0));
+      },
+      "");
+}
+
+// A bus error that has nothing to do with a database still ends the program as it always did.
+TEST_F(BusErrorDeathTest, ForeignFaultsArePassedOn) {
+  const zerbal::test::TempFolder folder;
+  zerbal::test::WriteBytes(folder / "x.mdb", Chars(JetFile(Format::kJet4).Build()));
+  EXPECT_DEATH(
+      {
+        InstallMappedFileGuard();
         const Database database = Database::Open(folder / "x.mdb");
         std::raise(SIGBUS);
       },
