@@ -1,5 +1,5 @@
-// A desktop database file (.mdb, the formats of 1997 to 2003), opened read-only and mapped into memory.
-// Nothing here ever writes to the file.
+// A desktop database file (.mdb, the formats of 1997 to 2003), mapped into memory for reading. The file is
+// never written.
 #pragma once
 
 #include <cstddef>
@@ -17,28 +17,28 @@ struct DatabaseState;  // private
 struct FileImage;      // private
 
 struct OpenOptions {
-  /// Bounds what one memo or OLE value may unfold to, in bytes.
+  /// The largest memo or OLE value that is read, in bytes.
   std::size_t maxLongValue = 64u << 20;
 };
 
-/// An open database. Cheap to open: header and catalog are read, no table is touched.
-/// Copies share the mapping; it lasts until the last Database, Recordset or PairReader on it is gone.
+/// An open database. Opening reads only the header and the catalog.
+/// Copies share the mapping; it ends with the last Database, Recordset or PairReader that uses it.
 /// InstallMappedFileGuard says what happens when the file is cut short meanwhile.
 class Database {
  public:
-  /// Opens `file`. Throws EngineError when it is missing, cut short, foreign or damaged.
+  /// Opens `file`. Throws EngineError when it is missing, truncated, damaged or of another format.
   static Database Open(const std::filesystem::path& file, const OpenOptions& options = {});
 
   /// The same for a file whose bytes are in memory; messages call it `name`.
   static Database FromBytes(std::vector<std::uint8_t> bytes, std::string name,
                             const OpenOptions& options = {});
 
-  /// Names of the user tables, in the order of the catalog. Broken tables are named too.
+  /// Names of the user tables, in the order of the catalog, tables that cannot be opened included.
   std::vector<std::string> TableNames() const;
-  bool HasTable(std::string_view name) const;  ///< without regard to letter case
+  bool HasTable(std::string_view name) const;  ///< ignores letter case; knows system tables too
 
-  /// Opens a table; stands on the first row in stored order. Throws EngineError when there is no such table
-  /// or its definition is damaged.
+  /// Opens a table and moves to the first row in stored order. Throws EngineError when there is no such table
+  /// or its definition is damaged. Ignores letter case.
   Recordset OpenTable(std::string_view name) const;
 
  private:

@@ -1,6 +1,4 @@
-// What the engine throws. Everything a file can do wrong is an EngineError; asking a field for a value that
-// it cannot give is a ConversionError, which is an EngineError too, so that whoever does not care need not
-// know.
+// The exceptions of the engine.
 #pragma once
 
 #include <stdexcept>
@@ -24,13 +22,13 @@ class EngineError : public std::runtime_error {
   std::string reason_;
 };
 
-/// A field's value cannot be delivered in the type that was asked for.
+/// A field's value cannot be converted to the requested type.
 class ConversionError : public EngineError {
  public:
   enum class Cause {
-    kNull,       ///< the field is Null and a number was asked for
-    kRange,      ///< the number does not fit the type
-    kNotANumber  ///< the field's text or type has no number in it
+    kNull,       ///< the value is Null
+    kRange,      ///< the number is outside the range of the type
+    kNotANumber  ///< the text is not a number, or the column's type is not convertible
   };
   ConversionError(Cause cause, std::string file, std::string table, std::string reason);
 

@@ -20,7 +20,7 @@
 namespace zerbal::jet {
 namespace {
 
-/// Columns that may hold an infinity themselves; in a text it is a number too large.
+/// Columns whose values may be infinite; in a text infinity stands for a number that is too large.
 bool IsReal(ColumnType type) {
   return type == ColumnType::kSingle || type == ColumnType::kDouble;
 }
@@ -35,7 +35,7 @@ bool IsReal(ColumnType type) {
   Refuse(cursor, column, ConversionError::Cause::kRange, "holds a number out of range");
 }
 
-/// The number in a text field; blanks around it do not matter.
+/// The number in a text field, blanks around it ignored.
 std::optional<Number> NumberInText(const TableCursor& cursor, int column) {
   std::string text;
   AppendText(cursor, column, text);

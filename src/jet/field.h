@@ -13,17 +13,18 @@ namespace zerbal::jet {
 class Recordset;
 class TableCursor;  // private
 
-/// One column of the current row. A light handle: valid until its Recordset moves.
-/// Conversions: whole numbers round to nearest, ties to even; texts holding nothing but a number convert too.
+/// One column of the current row. A handle without a copy of the value: it is valid until its Recordset
+/// moves. Conversions to whole numbers round to nearest, ties to even. A text that is nothing but a number
+/// converts too, blanks around it ignored. Every operation throws EngineError when the value is damaged.
 class Field {
  public:
   bool IsNull() const;
   /// True for a value of a text or memo column; false for Null and for columns of other types.
   bool HoldsText() const;
 
-  /// The value as UTF-8 text; numbers in their shortest form that reads back the same; Null gives "".
+  /// The value as UTF-8 text; a number with the fewest digits that read back the same value; "" for Null.
   std::string AsText() const;
-  /// Appends instead of returning, for callers that keep their buffer.
+  /// Appends AsText() to `out`; reuses its memory in loops.
   void AppendText(std::string& out) const;
   /// Exact, case-sensitive comparison with a UTF-8 text; Null equals nothing.
   bool EqualsText(std::string_view text) const;
@@ -36,7 +37,7 @@ class Field {
   double AsDouble() const;
   bool AsBoolean() const;
 
-  /// The raw bytes of a binary or OLE value (long values put together); empty for Null.
+  /// The stored bytes of a value, of a memo or OLE value all of them; empty for Null and booleans.
   std::vector<std::uint8_t> AsBytes() const;
 
   const ColumnInfo& Column() const;

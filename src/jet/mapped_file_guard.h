@@ -1,4 +1,4 @@
-// Surviving database files that are cut short while they are open.
+// Protection against database files that are truncated while they are open.
 #pragma once
 
 namespace zerbal::jet {

@@ -22,9 +22,9 @@ bool IsFixedLong(const ColumnInfo& column, const ColumnPlace& place) {
   return column.type == ColumnType::kLong && column.fixed && place.fixedLength == 4;
 }
 
-/// Where the two values are in a row of a given length and count of columns. Rows of a table without variable
-/// columns nearly all have the same outline, so that it need be worked out only once.
-struct Outline {
+/// Where the two values are in a row of a given length and number of columns. Nearly all rows of a table
+/// without variable columns have the same layout, so it is kept from row to row.
+struct PairLayout {
   std::size_t rowLength = 0;
   unsigned columnCount = ~0u;
   std::size_t first = 0;  ///< offsets from the row's beginning
@@ -55,7 +55,7 @@ struct PairReader::State {
   void ReadPages(std::span<LongPair> out, std::size_t& count);
   void ReadRowsOfPage(std::span<LongPair> out, std::size_t& count);
   LongPair ReadRow(const std::uint8_t* row, std::size_t length);
-  void Learn(ByteView row);
+  void SetLayout(ByteView row);
   void Convert(std::span<LongPair> out, std::size_t& count);
   [[noreturn]] void RefuseNull(std::size_t column) const;
 
@@ -63,16 +63,16 @@ struct PairReader::State {
   std::shared_ptr<const TableDefinition> table;
   std::size_t firstColumn;
   std::size_t secondColumn;
-  std::exception_ptr failure;  ///< thrown by the next Read
+  std::exception_ptr failure;  ///< thrown by the next Read; null = none
 
   // Both columns are fixed Longs: rows are decoded in place.
   UsageMap owned;
   std::uint32_t pageNumber = 0;
   DataPage page;
   unsigned nextRow = 0;
-  Outline outline;
+  PairLayout layout;
 
-  // Otherwise: every row is converted.
+  // Other columns: every row is converted.
   std::optional<Recordset> rows;
 };
 
@@ -118,19 +118,19 @@ void PairReader::State::ReadRowsOfPage(std::span<LongPair> out, std::size_t& cou
 
 inline LongPair PairReader::State::ReadRow(const std::uint8_t* row, std::size_t length) {
   const bool jet3 = database->pages.IsJet3();
-  if (length != outline.rowLength || length < 2 || (jet3 ? row[0] : LoadU16(row)) != outline.columnCount)
-    Learn({row, length});
-  if ((row[outline.firstMask] & outline.firstBit) == 0)
+  if (length != layout.rowLength || length < 2 || (jet3 ? row[0] : LoadU16(row)) != layout.columnCount)
+    SetLayout({row, length});
+  if ((row[layout.firstMask] & layout.firstBit) == 0)
     RefuseNull(firstColumn);
-  if ((row[outline.secondMask] & outline.secondBit) == 0)
+  if ((row[layout.secondMask] & layout.secondBit) == 0)
     RefuseNull(secondColumn);
-  return {static_cast<std::int32_t>(LoadU32(row + outline.first)),
-          static_cast<std::int32_t>(LoadU32(row + outline.second))};
+  return {static_cast<std::int32_t>(LoadU32(row + layout.first)),
+          static_cast<std::int32_t>(LoadU32(row + layout.second))};
 }
 
-/// Works out the outline of `row`. Throws when it has no place for both values.
-void PairReader::State::Learn(ByteView row) {
-  outline = Outline();
+/// Sets `layout` for `row`. Throws when the row does not hold both values.
+void PairReader::State::SetLayout(ByteView row) {
+  layout = PairLayout();
   const Format format = database->pages.FileFormat();
   const Row checked(row, format, false);
   for (const std::size_t column : {firstColumn, secondColumn}) {
@@ -142,14 +142,14 @@ void PairReader::State::Learn(ByteView row) {
   const std::size_t head = RowHeadSize(format);
   const unsigned columnCount = format == Format::kJet3 ? row.U8(0) : row.U16(0);
   const std::size_t mask = row.Size() - NullMaskSize(columnCount);
-  outline.rowLength = row.Size();
-  outline.columnCount = columnCount;
-  outline.first = head + a.fixedOffset;
-  outline.second = head + b.fixedOffset;
-  outline.firstMask = mask + a.number / 8u;
-  outline.secondMask = mask + b.number / 8u;
-  outline.firstBit = static_cast<std::uint8_t>(1u << a.number % 8);
-  outline.secondBit = static_cast<std::uint8_t>(1u << b.number % 8);
+  layout.rowLength = row.Size();
+  layout.columnCount = columnCount;
+  layout.first = head + a.fixedOffset;
+  layout.second = head + b.fixedOffset;
+  layout.firstMask = mask + a.number / 8u;
+  layout.secondMask = mask + b.number / 8u;
+  layout.firstBit = static_cast<std::uint8_t>(1u << a.number % 8);
+  layout.secondBit = static_cast<std::uint8_t>(1u << b.number % 8);
 }
 
 void PairReader::State::Convert(std::span<LongPair> out, std::size_t& count) {
@@ -190,7 +190,7 @@ std::size_t PairReader::Read(std::span<LongPair> out) {
         state.ReadPages(out, count);
     });
   } catch (const EngineError&) {
-    // The rows before the bad one come first, unless the file has gone from under them.
+    // Rows before the damaged one are returned first, unless the file was truncated: then all may be zeros.
     state.failure = std::current_exception();
     if (count == 0 || state.database->pages.Shrunk())
       throw;

@@ -1,4 +1,4 @@
-// The fast way through a table of points: two whole-number columns in stored order.
+// Reads two whole-number columns of a table in batches: the points of the map files.
 #pragma once
 
 #include <cstddef>
@@ -16,9 +16,8 @@ struct LongPair {
   std::int32_t second = 0;
 };
 
-/// Reads two columns of every row of a table, in stored order, in batches. Where both are 32-bit columns in
-/// the fixed part of the row (what the map files hold) rows are decoded in place, at memory speed and with no
-/// allocation; other column types are converted as Field::AsLong does.
+/// Reads two columns of every row of a table in stored order. Long columns in the fixed part of the row are
+/// decoded in place, without allocation; other columns are converted as Field::AsLong does.
 class PairReader {
  public:
   /// Throws EngineError when a column is missing.
@@ -27,7 +26,8 @@ class PairReader {
   ~PairReader();
 
   /// Fills `out` from its beginning and returns the number of rows; 0 at the end of the table.
-  /// A row that is damaged or cannot be converted throws once every row before it has been delivered.
+  /// Throws EngineError at a row that is damaged or cannot be converted, after the rows before it were
+  /// returned.
   std::size_t Read(std::span<LongPair> out);
 
  private:

@@ -25,34 +25,35 @@ class Recordset {
 
   const std::string& TableName() const;
   const std::vector<ColumnInfo>& Columns() const;  ///< in column-number order
-  const std::vector<IndexInfo>& Indexes() const;   ///< sorted by name, as stored
-  /// How many rows the file says that the table has. Not always true, but fewer may mean lost ones.
+  const std::vector<IndexInfo>& Indexes() const;   ///< in stored order, which is by name
+  /// The number of rows that the table's definition states. Wrong after a crash of the writing program.
   std::uint32_t NotedRows() const;
 
-  /// Walks and seeks by this index from now on, standing on its first row; "" is stored order.
-  /// Throws EngineError when the table has no index of that name (letter case does not matter).
+  /// Selects the index that gives the order of rows and is searched by Seek, and moves to the first row; ""
+  /// selects stored order. Throws EngineError when the table has no such index. Ignores letter case.
   void SetIndex(std::string_view name);
 
-  /// Looks for the row whose (one) index column is exactly `key`, letter case and trailing blanks included,
-  /// and stands on the first such row in index order; NoMatch() tells whether there was none, and the cursor
-  /// then stands on no row (Eof). A number column is matched by the number that `key` spells. Needs an index.
+  /// Moves to the first row in index order whose first index column equals `key`: texts exactly, including
+  /// letter case and trailing blanks, numbers by value. Without such a row NoMatch() and Eof() become true.
+  /// Throws EngineError unless an index is selected.
   void Seek(std::string_view key);
   bool NoMatch() const;
 
-  /// Whether the chosen index has been found damaged, so far; the rows then come sorted anew.
+  /// Whether the selected index has proved damaged so far. The order then comes from the sorted rows.
   bool IndexDamaged() const;
 
   void MoveFirst();
-  void MoveNext();      ///< at Eof stays there
-  void MovePrevious();  ///< before the first row: Bof
+  void MoveNext();      ///< after the last row: Eof; stays at Eof
+  void MovePrevious();  ///< before the first row: Bof; stays at Bof
   bool Eof() const;
   bool Bof() const;
 
-  /// Position of a field by name (letter case does not matter); throws EngineError when there is none.
+  /// Position of a field in Columns(). Throws EngineError when there is none. Ignores letter case.
   int FieldIndex(std::string_view name) const;
+  /// The same; nullopt when there is none.
   std::optional<int> FindField(std::string_view name) const;
 
-  /// The field of the current row. Throws EngineError at Eof or Bof.
+  /// A field of the current row. Throws EngineError at Eof or Bof and when there is no such field.
   Field operator[](std::string_view name) const;
   Field At(int fieldIndex) const;
 

@@ -1,4 +1,4 @@
-// Columns and indexes as both the reader and the writer describe them.
+// Columns and indexes of a table, read or written.
 #pragma once
 
 #include <cstdint>
@@ -25,8 +25,8 @@ enum class ColumnType : std::uint8_t {
   kNumeric = 0x10,
 };
 
-/// Bytes that every value of the type takes where it is stored; 0 for text, binary, memo and OLE. A boolean,
-/// kept in the null mask, counts as one.
+/// The stored size of a value in bytes; 0 for text, binary, memo and OLE, which vary. A boolean, which is
+/// stored in the null mask, has size 1.
 constexpr int SizeOfType(ColumnType type) {
   switch (type) {
     case ColumnType::kBoolean:
@@ -55,7 +55,7 @@ struct ColumnInfo {
   ColumnType type = ColumnType::kLong;
   int length = 0;  ///< text: characters; binary: bytes; otherwise the size of the type, 0 for memo and OLE
   bool fixed = false;       ///< stored in the fixed part of a row
-  bool compressed = false;  ///< texts may be stored in one byte a character
+  bool compressed = false;  ///< texts may be stored with one byte per character
   bool autonumber = false;
   int precision = 0;  ///< numeric only
   int scale = 0;      ///< numeric only

@@ -15,7 +15,7 @@
 namespace zerbal::jet {
 namespace {
 
-// Gives a user's table its pages and the places of its maps.
+/// Assigns pages and usage maps to a user table.
 UsageMapPages AssignPages(OutputFile& file, TableLayout& layout) {
   layout.page = file.Allocate();
   UsageMapPages maps(file, layout.MapCount());
@@ -40,12 +40,12 @@ struct DatabaseWriter::State {
   std::string fileName;
   std::optional<OutputFile> file;
   std::vector<WrittenTable> catalog;
-  std::optional<UsageMapPages> maps;  ///< of the table at hand
+  std::optional<UsageMapPages> maps;  ///< of the current table
   std::optional<TableWriter> table;
-  bool broken = false;  ///< a table could not be ended, so neither can the file
+  bool broken = false;  ///< ending a table has failed, so the file cannot be finished
   bool finished = false;
 
-  /// Runs a step; what it refuses is reported under the names of file and table.
+  /// Runs a step. Turns a Refusal into an EngineError that names file and table.
   template <class Step>
   void Run(const std::string& tableName, Step step) {
     try {
@@ -77,7 +77,7 @@ struct DatabaseWriter::State {
 
   void EndTable() {
     TableWriter& ending = Table();
-    broken = true;  // unless all goes well
+    broken = true;  // until the table has ended
     ending.End(*maps);
     maps->Write();
     catalog.push_back({ending.Layout().name, ending.Layout().page});
@@ -117,7 +117,7 @@ void DatabaseWriter::AddRow(std::span<const Value> row) {
 }
 
 void DatabaseWriter::AddPair(std::int32_t first, std::int32_t second) {
-  // Once per point of a map: no name is made up beforehand.
+  // Called for every point of a map: does not copy the table's name beforehand.
   if (!state_->table || state_->broken)
     return state_->Run("", [&] { state_->Table(); });
   try {

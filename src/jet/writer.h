@@ -1,4 +1,4 @@
-// Writes a whole database file (the 2000 format) from nothing. The same input gives the same bytes.
+// Writes a complete database file in the 2000 format. The same input gives the same bytes.
 #pragma once
 
 #include <cstdint>
@@ -13,18 +13,17 @@
 
 namespace zerbal::jet {
 
-/// Whether a column is stored in the fixed part of a row follows from its type; `ColumnInfo::fixed` is not
-/// looked at. Memo, OLE and numeric columns cannot be indexed.
+/// `ColumnInfo::fixed` is ignored: the type determines it. Memo, OLE and numeric columns cannot be indexed.
 struct TableSpec {
   std::string name;
   std::vector<ColumnInfo> columns;
   std::vector<IndexInfo> indexes;
 };
 
-/// Builds one database: for each table BeginTable, rows, EndTable; then Finish. Rows are written as they come
-/// and only index keys are kept in memory. Nothing is at `file` until Finish has succeeded: the work goes on
-/// in a temporary file beside it, which is removed when the writer is destroyed unfinished. Every failure
-/// (disk, a duplicate in a unique index, a value that does not fit) is an EngineError.
+/// Writes one database: for each table BeginTable, rows, EndTable; then Finish. Rows are written at once;
+/// only index keys are kept in memory. The database is written to a temporary file in the same folder. Finish
+/// puts it in the place of `file`; without Finish the destructor removes it. Every failure (disk, a duplicate
+/// in a unique index, a value that does not fit, calls out of order) is an EngineError.
 class DatabaseWriter {
  public:
   explicit DatabaseWriter(const std::filesystem::path& file);
@@ -33,16 +32,15 @@ class DatabaseWriter {
   DatabaseWriter& operator=(const DatabaseWriter&) = delete;
 
   void BeginTable(const TableSpec& table);
-  /// One row, a value for each column of the table in order. A row that is refused leaves the table as it
-  /// was.
+  /// Adds a row: one value per column, in order. A refused row does not change the table.
   void AddRow(std::span<const Value> row);
-  /// The fast way for tables of exactly two Long columns.
+  /// The same for tables of exactly two Long columns, without the cost of general values.
   void AddPair(std::int32_t first, std::int32_t second);
-  /// Ends the table: builds its indexes; a duplicate in a unique index is reported with the two rows'
+  /// Ends the table and writes its indexes. The error for a duplicate in a unique index states both rows'
   /// numbers.
   void EndTable();
 
-  /// Writes catalog and header, flushes to disk and puts the file in its place.
+  /// Writes catalog and header, flushes to disk and replaces `file`.
   void Finish();
 
  private:

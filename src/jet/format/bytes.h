@@ -1,4 +1,4 @@
-// Reading numbers out of the bytes of a file. Nothing in the engine looks into a file but through a ByteView.
+// Reading the bytes of a file. Offsets that come from a file are checked by ByteView.
 #pragma once
 
 #include <cstddef>
@@ -10,14 +10,14 @@
 
 namespace zerbal::jet {
 
-/// What is wrong in a file, in words. Thrown by everything below Database and Recordset, which know the
-/// names of file and table and make an EngineError of it.
+/// What is wrong in a file. Thrown inside the reader; DatabaseState::Guarded turns it into an EngineError
+/// that names file and table.
 class Damage : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
-[[noreturn]] void ThrowOutside();  ///< Damage: something points outside its page or row
+[[noreturn]] void ThrowOutside();  ///< throws Damage: an offset points outside its page or row
 
 // Numbers from unaligned bytes; "Be" is the big-endian order used inside index entries.
 inline std::uint16_t LoadU16(const std::uint8_t* at) {
@@ -46,7 +46,7 @@ inline std::span<const std::uint8_t> AsBytes(std::string_view text) {
   return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
 }
 
-/// A run of bytes that belongs to somebody else. Reading outside of it throws Damage.
+/// A view of bytes. Reading outside of it throws Damage.
 class ByteView {
  public:
   ByteView() = default;

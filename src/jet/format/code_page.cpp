@@ -30,7 +30,7 @@ std::shared_ptr<const CodePage> CodePage::OfNumber(std::uint16_t number) {
     if (page->Load(number))
       return page;
   }
-  return {std::shared_ptr<const void>(), &Western()};  // which nobody needs to own
+  return {std::shared_ptr<const void>(), &Western()};  // a static object: not owned
 }
 
 std::optional<std::uint8_t> CodePage::ByteOf(char32_t character) const {

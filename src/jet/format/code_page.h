@@ -1,4 +1,4 @@
-// The code pages in which the 1997 format keeps texts: the characters that its bytes stand for.
+// Code pages, in which the 1997 format stores texts.
 #pragma once
 
 #include <array>
@@ -17,7 +17,7 @@ inline constexpr char32_t kReplacement = 0xFFFD;  ///< stands for what is no cha
 
 class CodePage {
  public:
-  /// The code page of that number as far as the system knows it; otherwise 1252.
+  /// The code page with that number; 1252 when the system does not know it.
   static std::shared_ptr<const CodePage> OfNumber(std::uint16_t number);
   /// Most files have this one. Its five undefined bytes are the control characters of the same number.
   static const CodePage& Western();
@@ -25,7 +25,8 @@ class CodePage {
   /// The byte that stands for a character by itself.
   std::optional<std::uint8_t> ByteOf(char32_t character) const;
 
-  /// Decodes a stored text and hands its characters to `sink`, until it returns false.
+  /// Decodes a stored text. Calls `sink` with each character until it returns false; returns whether it never
+  /// did.
   template <class Sink>
   bool Decode(ByteView bytes, Sink&& sink) const {
     for (std::size_t i = 0; i < bytes.Size(); ++i) {
@@ -42,11 +43,11 @@ class CodePage {
 
  private:
   using Characters = std::array<char16_t, 256>;
-  /// In place of a character: this and the number of the trails, for a byte that makes one with the next.
+  /// For a byte that forms a character with the next one: this plus the position in trails_.
   static constexpr char16_t kLead = 0xD800;
 
   CodePage();
-  /// Asks the system; false when it does not know the number.
+  /// Loads the code page from the C library; false when it does not know the number.
   bool Load(std::uint16_t number);
   static bool IsLead(char32_t c) { return c >= kLead && c < kLead + 256U; }
 

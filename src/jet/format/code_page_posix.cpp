@@ -8,7 +8,7 @@
 namespace zerbal::jet {
 namespace {
 
-/// The system's own knowledge of a code page.
+/// Conversion from a code page by the C library.
 class Converter {
  public:
   explicit Converter(std::uint16_t number)
@@ -21,7 +21,7 @@ class Converter {
   Converter& operator=(const Converter&) = delete;
 
   bool Known() const {
-    // The system's own sign. NOLINTNEXTLINE(performance-no-int-to-ptr)
+    // The value that iconv_open returns on failure. NOLINTNEXTLINE(performance-no-int-to-ptr)
     return handle_ != iconv_t(-1);
   }
 
@@ -35,7 +35,7 @@ class Converter {
     iconv(handle_, nullptr, nullptr, nullptr, nullptr);
     if (iconv(handle_, &from, &left, &to, &room) == kFailed)
       return errno == EINVAL ? Result::kIncomplete : Result::kNone;
-    // Letters that may be joined with an accent behind them are held back until the end.
+    // Letters that may combine with a following accent are only output by a call without input.
     if (iconv(handle_, nullptr, nullptr, &to, &room) == kFailed || out.size() - room != 2)
       return Result::kNone;
     character = LoadU16(reinterpret_cast<const std::uint8_t*>(out.data()));
@@ -56,7 +56,7 @@ bool CodePage::Load(std::uint16_t number) {
   for (int byte = 0; byte < 256; ++byte) {
     const char first = static_cast<char>(byte);
     char16_t& single = singles_[static_cast<std::size_t>(byte)];
-    single = static_cast<char16_t>(byte);  // what is undefined is a control character here too
+    single = static_cast<char16_t>(byte);  // undefined bytes become control characters
     if (converter.Convert({first}, single) != Converter::Result::kIncomplete)
       continue;
     single = static_cast<char16_t>(kLead + trails_.size());

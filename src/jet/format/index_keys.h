@@ -1,4 +1,4 @@
-// The keys of one index, collected row by row and brought into the order of the index.
+// Collects and sorts the keys of one index.
 #pragma once
 
 #include <cstddef>
@@ -11,20 +11,20 @@
 
 namespace zerbal::jet {
 
-/// Collects keys with the places of their rows; all in memory, some 24 bytes an entry and its key.
+/// Keys with the pointers to their rows, in memory: about 24 bytes per entry and the key.
 class IndexKeys {
  public:
-  /// The longest key that a tree takes; so at least two entries fit on every page.
+  /// The longest key in bytes; at least two entries fit on every page.
   static constexpr std::size_t kMaxKey = 1800;
 
-  /// `ordinal` is the row's number for messages.
+  /// `ordinal` is the row's number in messages.
   void Add(std::span<const std::uint8_t> key, RecordPointer row, std::uint32_t ordinal);
 
-  /// Brings the entries into the order of the index. Must precede everything below.
+  /// Sorts the entries in the order of the index. Precedes all functions below.
   void Sort();
 
   std::size_t Count() const { return entries_.size(); }
-  /// The bytes of an entry as a leaf holds them: key, page, row.
+  /// The bytes of an entry on a leaf: key, page, row.
   std::span<const std::uint8_t> Entry(std::size_t i) const {
     ZERBAL_ASSERT(i < entries_.size());
     return {bytes_.data() + entries_[i].start, entries_[i].length};
@@ -36,7 +36,7 @@ class IndexKeys {
 
  private:
   struct Place {
-    std::uint64_t prefix;  ///< the first eight bytes, so that most comparisons need not look further
+    std::uint64_t prefix;  ///< the first eight bytes as a number: decides most comparisons
     std::uint64_t start;
     std::uint32_t length;
     std::uint32_t ordinal;

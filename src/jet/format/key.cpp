@@ -19,7 +19,7 @@ constexpr std::uint8_t kNullDescending = 0xFF;
 constexpr std::uint8_t kValueAscending = 0x7F;
 constexpr std::uint8_t kValueDescending = 0x80;
 
-constexpr std::size_t kMaxIndexedText = 255;  // characters; what follows takes no part in the order
+constexpr std::size_t kMaxIndexedText = 255;  // characters; the rest is ignored
 constexpr std::size_t kBinaryGroup = 8;
 constexpr std::uint8_t kMoreGroups = 9;
 
@@ -52,8 +52,8 @@ const KeyWeight* FindWeightJet4(char16_t character) {
   return entry != kJet4SparseWeights.end() && entry->character == character ? &entry->weight : nullptr;
 }
 
-// The parts of a 2000-format text key that follow the weights: where accents and characters without weight
-// are. Counted in characters with weights, at most 255, hence the fixed room.
+// The parts of a 2000-format text key that follow the weights: positions of accents and of characters without
+// weight. Positions count characters with weights, at most 255, so arrays of fixed size suffice.
 struct Refinements {
   std::uint8_t accents[kMaxIndexedText + 1];
   std::size_t accentCount = 0;
@@ -85,7 +85,7 @@ struct Refinements {
   }
 };
 
-// The accents of a 1997-format key are half bytes.
+// The accents of a 1997-format key have four bits each.
 class Nibbles {
  public:
   explicit Nibbles(Key& key) : key_(key) {}
@@ -121,7 +121,7 @@ void AppendAccentsJet3(std::string_view bytes, Key& key) {
   nibbles.Add(1, 0);
 }
 
-// The first three groups of a stored GUID are little-endian; keys have them as they are written.
+// The first three groups of a stored GUID are little-endian, those of a key big-endian as in its text.
 std::array<char, 16> GuidInTextOrder(std::string_view bytes) {
   std::array<char, 16> guid{};
   std::copy(bytes.begin(), bytes.end(), guid.begin());
@@ -178,7 +178,7 @@ void AppendTextKeyJet3(std::string_view bytes, bool ascending, Key& key) {
 }
 
 bool AppendFixedKey(ColumnType type, std::string_view bytes, bool ascending, Key& key) {
-  // Keys of decimal numbers are not known well enough.
+  // The keys of numerics are not known for all values.
   const auto size = static_cast<std::size_t>(SizeOfType(type));
   if (type == ColumnType::kNumeric || size == 0 || bytes.size() != size)
     return false;
@@ -193,7 +193,7 @@ bool AppendFixedKey(ColumnType type, std::string_view bytes, bool ascending, Key
   AppendReversed(bytes, key);
   switch (type) {
     case ColumnType::kBoolean:
-      key[first] = key[first] != 0 ? 0x00 : 0xFF;  // true comes before false
+      key[first] = key[first] != 0 ? 0x00 : 0xFF;  // true sorts before false
       break;
     case ColumnType::kByte:
       break;

@@ -9,13 +9,13 @@
 
 namespace zerbal::jet {
 
-/// What one character puts into a text key.
+/// What one character adds to a text key.
 struct KeyWeight {
   std::uint8_t count = 0;  ///< number of weight bytes, 0 to 2
   std::uint8_t bytes[2] = {0, 0};
   std::uint8_t accent = 0;   ///< 0 = none
   std::uint8_t hidden = 0;   ///< 2000 format: code of a character without weight; 0 = none
-  std::uint8_t counted = 0;  ///< 1997 format: how many of the weights take part in counting accents
+  std::uint8_t counted = 0;  ///< 1997 format: how many of the weights count for the positions of accents
 };
 
 /// A character above the table's range.
@@ -26,8 +26,8 @@ struct SparseKeyWeight {
 
 namespace key_tables {
 
-// Sixteen characters a line. "4A" or "2B02": weights; "4A.0F": weight and accent; "h82": hidden code;
-// "-": nothing at all; "60*": one counted weight; "7676**": two.
+// Sixteen characters per line. "4A" or "2B02": weights; "4A.0F": weight and accent; "h82": hidden code;
+// "-": nothing; "60*": one counted weight; "7676**": two.
 
 // 2000 format, U+0000 to U+017F.
 inline constexpr std::string_view kJet4Tokens =
@@ -87,7 +87,7 @@ constexpr unsigned Hex(std::string_view digits) {
   return value;
 }
 
-/// Cuts the next token off `rest`.
+/// Removes the next token from `rest` and returns it.
 constexpr std::string_view NextToken(std::string_view& rest) {
   const std::size_t end = rest.find(' ');
   const std::string_view token = rest.substr(0, end);

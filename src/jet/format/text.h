@@ -17,8 +17,8 @@ int EncodeUtf8(char32_t character, char* out);
 /// Takes the first character off `text`, which must not be empty. A byte that is no UTF-8 gives kReplacement.
 char32_t TakeUtf8(std::string_view& text);
 
-/// Decodes UTF-16 and hands its characters to `sink`, until it returns false; an odd last byte is dropped,
-/// half a surrogate pair is kReplacement.
+/// Decodes UTF-16. Calls `sink` with each character until it returns false; returns whether it never did. An
+/// odd last byte is dropped; half a surrogate pair gives kReplacement.
 template <class Sink>
 bool DecodeUtf16(ByteView bytes, Sink&& sink) {
   for (std::size_t i = 0; i + 1 < bytes.Size(); i += 2) {
@@ -43,7 +43,7 @@ inline bool IsCompressed(ByteView bytes) {
   return bytes.Size() >= 2 && bytes.Data()[0] == 0xFF && bytes.Data()[1] == 0xFE;
 }
 
-/// Unpacks a compressed text: one byte a character, a zero byte switching to UTF-16 and back.
+/// Expands a compressed text: one byte per character; a zero byte switches to UTF-16 and back.
 std::string UnpackToUtf16(ByteView bytes);
 
 // Stored texts in the code page of a 1997-format file; nullptr stands for the 2000 format.

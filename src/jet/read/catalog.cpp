@@ -20,7 +20,7 @@ namespace {
 
 constexpr std::uint32_t kSystemFlags = kSystemObject | kHiddenSystemObject;
 
-/// The columns of the catalog that matter.
+/// Positions of the catalog columns that are read.
 struct CatalogColumns {
   int id, name, type, flags;
 };

@@ -9,10 +9,10 @@
 
 namespace zerbal::jet {
 
-/// Reads the tables' names and places, in stored order. Throws EngineError.
+/// Reads the names and definition pages of all tables, in stored order. Throws EngineError.
 std::vector<CatalogEntry> ReadCatalog(const std::shared_ptr<const DatabaseState>& database);
 
-/// The entry with that name, in whatever letter case; null when there is none.
+/// The entry with that name, ignoring letter case; null when there is none.
 const CatalogEntry* FindTable(const DatabaseState& database, std::string_view name);
 
 }  // namespace zerbal::jet

@@ -1,4 +1,4 @@
-// Pages of rows: the rows of tables, pieces of long values, usage maps.
+// Reading data pages and the rows on them.
 #pragma once
 
 #include <cstddef>
@@ -10,7 +10,7 @@
 
 namespace zerbal::jet {
 
-/// A view of one data page. The directory of rows is known to lie within the page.
+/// A view of one data page. Its directory of rows lies within the page.
 class DataPage {
  public:
   DataPage() = default;
@@ -35,10 +35,10 @@ class DataPage {
   unsigned rowCount_ = 0;
 };
 
-/// The bytes of a table's row, followed to where they are if the row has moved. `row` must not be hidden.
+/// The bytes of a row of the table `owner`, also when the row has moved. `row` is not hidden. Throws Damage.
 ByteView FollowRow(const FilePages& pages, const DataPage& page, unsigned row, std::uint32_t owner);
 
-/// The row that a pointer names, whoever owns the page.
+/// The row that a pointer names, whatever the owner of its page. Throws Damage.
 ByteView RowAt(const FilePages& pages, RecordPointer pointer);
 
 }  // namespace zerbal::jet

@@ -1,4 +1,4 @@
-// What every Database, Recordset and PairReader on one file shares.
+// The state that all Database, Recordset and PairReader objects of one file share.
 #pragma once
 
 #include <cstdint>
@@ -17,7 +17,7 @@ namespace zerbal::jet {
 /// A table as the catalog lists it.
 struct CatalogEntry {
   std::string name;
-  std::string foldedName;  ///< for look-ups without regard to letter case
+  std::string foldedName;  ///< lower case, for look-ups
   std::uint32_t definitionPage = 0;
   bool system = false;
 };
@@ -26,8 +26,8 @@ struct DatabaseState {
   DatabaseState(std::string name, FileImage image, const OpenOptions& openOptions)
       : fileName(std::move(name)), pages(std::move(image)), options(openOptions) {}
 
-  /// Runs `work` and turns Damage into an EngineError. Neither results nor errors from a file that has been
-  /// cut short meanwhile are delivered: all of them may come from zeros.
+  /// Runs `work` and turns Damage into an EngineError that names file and table. When the file was truncated
+  /// meanwhile, throws that instead of any result or other error: all may come from zeros.
   template <class Work>
   auto Guarded(const std::string& table, Work&& work) const {
     try {

@@ -64,9 +64,9 @@ void AppendGuid(ByteView value, std::string& out) {
   out += text.data();
 }
 
-/// Days since 1899-12-30; the fraction is the time of day whatever the sign.
+/// `days` since 1899-12-30. The absolute fraction is the time of day.
 void AppendDateTime(double days, std::string& out) {
-  constexpr double kLimit = 4e6;  // beyond the year 9999 in either direction there are no dates
+  constexpr double kLimit = 4e6;  // larger numbers are not dates
   constexpr std::int64_t kMillisecondsADay = 86'400'000;
   if (!(std::fabs(days) < kLimit)) {
     AppendNumber(days, out);

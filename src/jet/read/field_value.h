@@ -1,4 +1,4 @@
-// From the stored bytes of a value to texts and numbers.
+// Conversion of stored values to numbers and texts.
 #pragma once
 
 #include <optional>
@@ -11,16 +11,16 @@
 
 namespace zerbal::jet {
 
-/// The number in a value of a number type (dates count as days); nothing for a type that holds none, texts
-/// included. Throws Damage when the value has not the size of its type.
+/// The value of a number column; a date as days. nullopt for all other types, text included. Throws Damage
+/// when the value does not have the size of its type.
 std::optional<Number> NumberOf(const ColumnInfo& column, ByteView value);
 
-/// Appends the text of a value that is neither text nor boolean: numbers in their shortest form, dates as
-/// 1999-12-31 23:59:59, GUIDs as {8-4-4-4-12}, anything else as 0x and hexadecimal digits.
+/// Appends the text of a value that is neither text nor boolean: numbers with the fewest digits that read
+/// back the same, dates as 1999-12-31 23:59:59, GUIDs as {8-4-4-4-12}, others as 0x and hexadecimal digits.
 void AppendValue(const ColumnInfo& column, ByteView value, std::string& out);
 
-/// One spelling for each value of the column, for looking texts up: `text` with its number written anew in
-/// number columns, and `text` itself in all others. Nothing when a number column cannot have such a value.
+/// The normal form of `text` for searching in the column: the same for all spellings of a number in a number
+/// column, `text` itself in others. nullopt when a number column cannot hold such a value.
 std::optional<std::string> Canonical(const ColumnInfo& column, std::string_view text);
 
 }  // namespace zerbal::jet

@@ -1,4 +1,4 @@
-// Page 0 of a database file.
+// Reading page 0, the header.
 #pragma once
 
 #include <cstddef>
@@ -17,7 +17,7 @@ struct FileHeader {
   std::uint32_t databaseKey = 0;  ///< not 0 where the pages are encoded with it
 };
 
-/// Reads the header out of the whole file. Throws Damage for a foreign, newer or too short file.
+/// Reads the header of `file`. Throws Damage when it is too short or of another format.
 FileHeader ReadFileHeader(ByteView file);
 
 }  // namespace zerbal::jet

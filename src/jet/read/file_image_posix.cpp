@@ -39,14 +39,14 @@ std::mutex slotMutex;
 struct sigaction previousHandler;
 const auto systemPageSize = static_cast<std::uintptr_t>(sysconf(_SC_PAGESIZE));
 
-/// Does with a bus error outside of all mappings what would have been done without the guard.
+/// Handles a bus error outside of all mappings as if the guard were not installed.
 void PassOn(int signal, siginfo_t* info, void* context) {
   if ((previousHandler.sa_flags & SA_SIGINFO) != 0) {
     previousHandler.sa_sigaction(signal, info, context);
   } else if (previousHandler.sa_handler == SIG_DFL ||
              (previousHandler.sa_handler == SIG_IGN && info->si_code > 0)) {  // a fault cannot be ignored
     std::signal(signal, SIG_DFL);
-    raise(signal);  // waits until this handler returns, and then ends the program
+    raise(signal);  // delivered after this handler has returned; ends the program
   } else if (previousHandler.sa_handler != SIG_IGN) {
     previousHandler.sa_handler(signal);
   }

@@ -1,4 +1,4 @@
-// The file as a sequence of pages. Every page number in the engine goes through FilePages::Page.
+// The file as a sequence of pages. Every page number in a file is checked by FilePages::Page.
 #pragma once
 
 #include <atomic>
@@ -17,26 +17,26 @@ class CodePage;
 
 class FilePages {
  public:
-  /// Reads the header. Throws Damage when this is no file that can be read.
+  /// Reads the header and decodes an encoded file. Throws Damage.
   explicit FilePages(FileImage image);
 
   const FileHeader& Header() const { return header_; }
   Format FileFormat() const { return header_.format; }
   bool IsJet3() const { return header_.format == Format::kJet3; }
-  /// That of all texts in a 1997-format file; nullptr for the 2000 format.
+  /// The code page of all texts in a 1997-format file; nullptr for the 2000 format.
   const CodePage* TextCodePage() const { return codePage_.get(); }
   std::size_t PageSize() const { return pageSize_; }
   std::uint32_t PageCount() const { return pageCount_; }  ///< complete pages, the header included
   std::size_t FileSize() const { return image_.bytes.Size(); }
 
-  /// Throws Damage when there is no such page. Page 0, the header, is nobody's target.
+  /// Throws Damage when there is no such page, and for page 0, which nothing refers to.
   ByteView Page(std::uint32_t number) const {
     if (number == 0 || number >= pageCount_)
       ThrowNoPage(number);
     return {image_.bytes.Data() + std::size_t{number} * pageSize_, pageSize_};
   }
 
-  /// Page `number`, which must be of the given kind.
+  /// The same; throws Damage also when the page is not of this kind.
   ByteView Page(std::uint32_t number, PageKind kind) const {
     const ByteView page = Page(number);
     if (page.Data()[kPageKindAt] != static_cast<std::uint8_t>(kind))
@@ -44,7 +44,7 @@ class FilePages {
     return page;
   }
 
-  /// Somebody cut the file while it was open: what was read since may be zeros.
+  /// Whether the file was truncated while open. What was read since may be zeros.
   bool Shrunk() const { return image_.shrunk->load(std::memory_order_relaxed); }
 
  private:

@@ -3,7 +3,7 @@
 namespace zerbal::jet {
 namespace {
 
-constexpr int kDeepest = 16;  ///< levels; three hold two million rows
+constexpr int kMaxDepth = 16;  // levels; three hold two million rows
 
 [[noreturn]] void ThrowTooDeep() {
   throw Damage("the pages of an index form a circle");
@@ -23,7 +23,7 @@ IndexPage IndexCursor::Load(std::uint32_t number) {
   return page;
 }
 
-/// The child that an entry of a node names; behind the last entry the tail, or without one the last child.
+/// The child of an entry of a node; for End() the tail child or, without one, the last child.
 IndexPage IndexCursor::Child(const IndexPage& node, unsigned entry) {
   if (entry < node.End())
     return Load(node.Entry(entry).Tail());
@@ -37,7 +37,7 @@ IndexPage IndexCursor::Child(const IndexPage& node, unsigned entry) {
 IndexPage IndexCursor::FirstLeaf() {
   IndexPage page = Load(rootPage_);
   for (int depth = 0; !page.IsLeaf(); ++depth) {
-    if (depth == kDeepest)
+    if (depth == kMaxDepth)
       ThrowTooDeep();
     page = Child(page, 0);
   }
@@ -47,7 +47,7 @@ IndexPage IndexCursor::FirstLeaf() {
 IndexPage IndexCursor::LastLeaf() {
   IndexPage page = Load(rootPage_);
   for (int depth = 0; !page.IsLeaf(); ++depth) {
-    if (depth == kDeepest)
+    if (depth == kMaxDepth)
       ThrowTooDeep();
     page = Child(page, page.End());
   }
@@ -57,15 +57,15 @@ IndexPage IndexCursor::LastLeaf() {
 IndexPage IndexCursor::LeafFor(std::span<const std::uint8_t> key) {
   IndexPage page = Load(rootPage_);
   for (int depth = 0; !page.IsLeaf(); ++depth) {
-    if (depth == kDeepest)
+    if (depth == kMaxDepth)
       ThrowTooDeep();
     page = Child(page, page.LowerBound(key));
   }
   return page;
 }
 
-/// Replaces `leaf` by the next leaf in the given direction that has entries. The order is checked across the
-/// border, so that a chain that comes back to itself is found out.
+/// Replaces `leaf` by the next leaf in this direction that has entries; false when there is none. Checks the
+/// order of entries across pages, which also finds a chain with a circle.
 bool IndexCursor::Neighbour(IndexPage& leaf, bool forward) {
   IndexPage page = leaf;
   for (std::uint32_t steps = 0; steps < pages_->PageCount(); ++steps) {
@@ -92,8 +92,8 @@ bool IndexCursor::Neighbour(IndexPage& leaf, bool forward) {
   ThrowTooDeep();
 }
 
-/// The chain of leaves may end with the last (first) one that the tree names or one behind (before) it. A
-/// chain that has been torn ends earlier.
+/// Throws Damage unless the chain of leaves ends at `end` rightly: the last (first) leaf that the tree names
+/// must not come after (before) it.
 void IndexCursor::CheckEnd(const IndexPage& end, bool forward) {
   IndexPage page = forward ? LastLeaf() : FirstLeaf();
   for (std::uint32_t steps = 0; page.Number() != end.Number(); ++steps) {
@@ -159,7 +159,6 @@ bool IndexCursor::MoveTo(std::span<const std::uint8_t> key) {
 
 RecordPointer IndexCursor::Row() const {
   ZERBAL_ASSERT(onEntry_);
-  // Inside an entry the row's number is the last byte, after the page in big-endian order.
   return RecordPointer::FromU32(page_.Entry(entry_).Tail());
 }
 

@@ -1,4 +1,4 @@
-// A place in the order of one index: walks the leaf pages of its tree and searches them.
+// A position in an index: moves along the leaf pages of its tree and searches the tree.
 #pragma once
 
 #include <cstdint>
@@ -14,22 +14,22 @@ namespace zerbal::jet {
 
 class IndexCursor {
  public:
-  /// A place that can be kept and gone back to.
+  /// A position to return to with GoTo.
   struct Place {
-    std::uint32_t page = 0;  ///< 0 = on no entry
+    std::uint32_t page = 0;  ///< 0 = not on an entry
     std::uint32_t entry = 0;
   };
 
   IndexCursor() = default;
-  /// On no entry. `owner` is the definition page of the table.
+  /// Not on an entry. `owner` is the definition page of the table.
   IndexCursor(const FilePages& pages, std::uint32_t rootPage, std::uint32_t owner);
 
-  // Each says whether there is such an entry; when there is none the cursor stays where it is. MoveNext and
-  // MovePrevious need an entry to start from.
+  // Each returns whether there is such an entry; otherwise the cursor stays where it is. MoveNext and
+  // MovePrevious start from an entry. All throw Damage.
   bool MoveFirst();
   bool MoveNext();
   bool MovePrevious();
-  /// The first entry that is not below `key`.
+  /// To the first entry that is not less than `key`.
   bool MoveTo(std::span<const std::uint8_t> key);
 
   // Of the entry that the cursor is on.
@@ -40,7 +40,7 @@ class IndexCursor {
   RecordPointer Row() const;
 
   Place Here() const { return {onEntry_ ? page_.Number() : 0, entry_}; }
-  /// Goes back to the place of an entry. Throws Damage when the file has changed and there is none.
+  /// Returns to the place of an entry. Throws Damage when the entry is gone because the file has changed.
   void GoTo(const Place& place);
 
  private:
@@ -59,7 +59,7 @@ class IndexCursor {
   bool onEntry_ = false;
   IndexPage page_;
   unsigned entry_ = 0;
-  std::vector<bool> checked_;  ///< pages whose entries have been looked at
+  std::vector<bool> checked_;  ///< by page number: its entries have been checked
 };
 
 }  // namespace zerbal::jet

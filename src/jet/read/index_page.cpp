@@ -33,7 +33,7 @@ bool IndexEntry::StartsWith(std::span<const std::uint8_t> key) const {
          CompareBytes(own.Data(), key.data() + inShared, key.size() - inShared) == 0;
 }
 
-bool IsBelow(const IndexEntry& entry, std::span<const std::uint8_t> key) {
+bool IsLess(const IndexEntry& entry, std::span<const std::uint8_t> key) {
   const std::size_t inShared = std::min(key.size(), entry.shared.Size());
   if (const int order = CompareBytes(entry.shared.Data(), key.data(), inShared); order != 0)
     return order < 0;
@@ -128,7 +128,7 @@ unsigned IndexPage::LowerBound(std::span<const std::uint8_t> key) const {
   while (low < high) {
     const unsigned start = BoundaryAtOrBefore((low + high) / 2);
     const unsigned middle = start < low ? low : start;
-    if (IsBelow(Entry(middle), key))
+    if (IsLess(Entry(middle), key))
       low = After(middle);
     else
       high = middle;

@@ -1,5 +1,5 @@
-// One page of an index tree. Entries are found through the bit mask in the page's header, one bit where an
-// entry ends, so that a search looks only at the entries that it compares.
+// Reading one page of an index tree. The bit mask of the page gives the ends of entries, so a binary search
+// reads only the entries that it compares.
 #pragma once
 
 #include <cstddef>
@@ -13,7 +13,7 @@
 
 namespace zerbal::jet {
 
-/// The bytes of an entry: those that it shares with the first entry of its page, and its own.
+/// An entry in two parts: the bytes that it shares with the first entry of its page, and its own.
 struct IndexEntry {
   ByteView shared;
   ByteView own;
@@ -27,20 +27,19 @@ struct IndexEntry {
   bool StartsWith(std::span<const std::uint8_t> key) const;
 };
 
-/// Below, at or above 0 as the first entry stands before, equals or stands behind the second, as byte
-/// strings.
+/// Compares as byte strings: < 0, 0 or > 0 when `a` is less than, equal to or greater than `b`.
 int Compare(const IndexEntry& a, const IndexEntry& b);
-/// The same against a key; an entry that begins with the key is not below it.
-bool IsBelow(const IndexEntry& entry, std::span<const std::uint8_t> key);
+/// Whether an entry is less than a key. An entry that begins with the key is not.
+bool IsLess(const IndexEntry& entry, std::span<const std::uint8_t> key);
 
-/// A view of an index page. Entries are named by the offset of their first byte among the entries' bytes.
+/// A view of an index page. An entry is identified by the offset of its first byte from the first entry.
 class IndexPage {
  public:
   IndexPage() = default;
-  /// Throws Damage when the page is no index page of the table `owner`.
+  /// Throws Damage when the page is not an index page of the table `owner`.
   IndexPage(const FilePages& pages, std::uint32_t number, std::uint32_t owner);
 
-  /// Looks at every entry: size and order. To be done once before a page is searched.
+  /// Throws Damage when an entry is too short or the order is wrong. Precedes any search of the page.
   void CheckEntries() const;
 
   std::uint32_t Number() const { return number_; }
@@ -50,7 +49,7 @@ class IndexPage {
   std::uint32_t TailChild() const { return page_.U32(links_ + kTailChild); }
 
   bool Empty() const { return end_ == 0; }
-  unsigned End() const { return end_; }  ///< behind the last entry
+  unsigned End() const { return end_; }  ///< after the last entry
   unsigned After(unsigned entry) const {
     ZERBAL_ASSERT(entry < end_);
     return NextBoundary(entry + 1);
@@ -62,7 +61,7 @@ class IndexPage {
   unsigned Last() const { return Before(end_); }
   IndexEntry Entry(unsigned entry) const;
 
-  /// The first entry that is not below `key`; End() when there is none.
+  /// The first entry that is not less than `key`; End() when there is none.
   unsigned LowerBound(std::span<const std::uint8_t> key) const;
 
  private:
@@ -72,12 +71,12 @@ class IndexPage {
 
   ByteView page_;
   std::uint32_t number_ = 0;
-  unsigned links_ = 0;  ///< offset of the numbers of the neighbouring pages
-  unsigned mask_ = 0;   ///< offset of the bit mask
-  unsigned base_ = 0;   ///< offset of the entries
+  unsigned links_ = 0;  ///< offsets on the page, as in IndexPageLayout
+  unsigned mask_ = 0;
+  unsigned base_ = 0;
   unsigned end_ = 0;
   unsigned firstEnd_ = 0;  ///< where the first entry ends
-  unsigned prefix_ = 0;    ///< bytes that every entry shares with the first, which alone holds them
+  unsigned prefix_ = 0;    ///< bytes that every entry shares with the first one
 };
 
 }  // namespace zerbal::jet

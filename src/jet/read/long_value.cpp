@@ -45,9 +45,9 @@ std::optional<ByteView> LongValue::InPlace() const {
   return bytes.Sub(0, length_);
 }
 
-std::vector<std::uint8_t> LongValue::PutTogether() const {
+std::vector<std::uint8_t> LongValue::Joined() const {
   std::vector<std::uint8_t> value;
-  // A circle is found by comparing with a piece seen before, one further along at every power of two.
+  // Finds circles: compares every pointer with one before it, which is replaced at each power of two.
   std::uint32_t pointer = stored_.U32(kDescriptorPointerAt);
   std::uint32_t landmark = 0;
   for (std::size_t pieces = 1; value.size() < length_; ++pieces) {

@@ -1,4 +1,4 @@
-// Memo and OLE values: in the row itself, in one row of another page, or in a chain of such rows.
+// Reading memo and OLE values.
 #pragma once
 
 #include <cstddef>
@@ -12,25 +12,24 @@
 
 namespace zerbal::jet {
 
-/// The value of a memo or OLE column. `stored` is what the row holds: a descriptor, perhaps with data behind.
+/// The value of a memo or OLE column. `stored` is its part of the row: the descriptor and inline data.
 class LongValue {
  public:
-  /// Throws Damage for an impossible descriptor or a value larger than `limit` bytes.
+  /// Throws Damage when the descriptor is invalid or the value larger than `limit` bytes.
   LongValue(const FilePages& pages, ByteView stored, std::size_t limit);
 
-  /// Hands the bytes to `use` where they are in the file, or, of a value in several pieces, a copy put
-  /// together.
+  /// Calls `use` with the bytes: in place, or with a copy when the value has several pieces. Throws Damage.
   template <class Use>
   auto With(Use&& use) const {
     if (const std::optional<ByteView> bytes = InPlace())
       return use(*bytes);
-    const std::vector<std::uint8_t> copy = PutTogether();
+    const std::vector<std::uint8_t> copy = Joined();
     return use(ByteView(copy.data(), copy.size()));
   }
 
  private:
-  std::optional<ByteView> InPlace() const;  ///< nothing for a value in several pieces
-  std::vector<std::uint8_t> PutTogether() const;
+  std::optional<ByteView> InPlace() const;  ///< nullopt when the value has several pieces
+  std::vector<std::uint8_t> Joined() const;
 
   const FilePages& pages_;
   ByteView stored_;

@@ -35,7 +35,7 @@ FileImage Decoded(const FileImage& image, std::size_t pageSize, std::uint32_t da
       byte ^= stream.Next();
   }
   FileImage decoded = ImageOf(std::move(copy));
-  decoded.shrunk = image.shrunk;  // the file may have been cut short while it was copied
+  decoded.shrunk = image.shrunk;  // the file may be truncated while it is copied
   return decoded;
 }
 

@@ -1,4 +1,4 @@
-// Encoded files: every page but the header is hidden behind a key stream of its own.
+// Encoded files: each page but the header is encrypted with a key stream of its own.
 #pragma once
 
 #include <array>
@@ -9,7 +9,7 @@
 
 namespace zerbal::jet {
 
-/// The bytes of the RC4 cipher for one key of four bytes.
+/// The key stream of the RC4 cipher for a key of four bytes.
 class KeyStream {
  public:
   explicit KeyStream(const std::array<std::uint8_t, 4>& key);
@@ -21,7 +21,7 @@ class KeyStream {
   std::uint8_t j_ = 0;
 };
 
-/// A decoded copy in memory. `databaseKey` stands in the header and is not 0.
+/// A decoded copy in memory. `databaseKey`, from the header, is not 0.
 FileImage Decoded(const FileImage& image, std::size_t pageSize, std::uint32_t databaseKey);
 
 }  // namespace zerbal::jet

@@ -48,7 +48,7 @@ void Row::OutlineJet3(std::size_t maskStart) {
   variableCount_ = bytes_.U8(maskStart - 1);
   jumpEnd_ = maskStart - 1;
   offsets_ = jumpEnd_ - jumpCount - 1;
-  // Between the count of columns and the table there must be room for every offset and the end of the data.
+  // One byte of offset per part, and one for the end of the data, between the number of columns and here.
   if (offsets_ < 1 + std::size_t{variableCount_})
     ThrowBroken();
   valuesEnd_ = offsets_ - variableCount_;
@@ -60,7 +60,7 @@ void Row::OutlineJet3(std::size_t maskStart) {
 std::size_t Row::VariableOffset(unsigned index) const {
   if (!IsJet3())
     return bytes_.U16(offsets_ - 2 * std::size_t{index});
-  // Offsets are single bytes. A jump names the first part whose offset is 256 more than its byte says.
+  // Offsets have eight bits. Each jump names the first part from which on offsets are 256 more.
   unsigned passed = 0;
   for (unsigned part = 0; passed < jumps_ && part <= index; ++part) {
     while (passed < jumps_ && bytes_.U8(jumpEnd_ - 1 - passed) == part)

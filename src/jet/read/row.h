@@ -1,4 +1,4 @@
-// One row of a table: where its values are.
+// Finding the values in a row of a table.
 #pragma once
 
 #include <cstddef>
@@ -12,22 +12,22 @@
 
 namespace zerbal::jet {
 
-/// A view of the bytes of a row, with its outline checked: count of columns, null mask, table of offsets.
+/// A view of a row whose number of columns, null mask and table of offsets have been checked.
 class Row {
  public:
   Row() = default;
-  /// Throws Damage when the row is too short for what it says of itself.
+  /// Throws Damage when the row is too short for its number of columns and its offsets.
   Row(ByteView bytes, Format format, bool hasVariableColumns);
 
-  /// The column's bit in the null mask: set = there is a value, or the value of a boolean. Columns that are
-  /// younger than the row have none.
+  /// The column's bit in the null mask: whether there is a value; of a boolean the value. False for columns
+  /// that were added after the row was written.
   bool Has(unsigned columnNumber) const {
     return columnNumber < columnCount_ &&
            (bytes_.Data()[bytes_.Size() - NullMaskSize(columnCount_) + columnNumber / 8] >> columnNumber % 8 &
             1) != 0;
   }
 
-  /// The stored bytes of a column's value, nothing for Null. Not for booleans, whose value is Has().
+  /// The stored bytes of a value; nullopt for Null. Not for booleans: Has() is their value. Throws Damage.
   std::optional<ByteView> Value(const ColumnInfo& column, const ColumnPlace& place) const {
     ZERBAL_ASSERT(column.type != ColumnType::kBoolean);
     if (!Has(place.number))
@@ -45,12 +45,12 @@ class Row {
 
   ByteView bytes_;
   Format format_ = Format::kJet4;
-  unsigned columnCount_ = 0;    ///< columns that there were when the row was written
+  unsigned columnCount_ = 0;    ///< of the table when the row was written
   unsigned variableCount_ = 0;  ///< entries of the table of offsets
-  unsigned jumps_ = 0;          ///< 1997 format: entries of the jump table that count
-  std::size_t jumpEnd_ = 0;     ///< behind the jump table, which is stored backwards
-  std::size_t offsets_ = 0;     ///< where the offset of variable part 0 is; those of the others precede it
-  std::size_t valuesEnd_ = 0;   ///< behind the last value
+  unsigned jumps_ = 0;          ///< 1997 format: entries of the jump table that are in use
+  std::size_t jumpEnd_ = 0;     ///< after the jump table, which is stored backwards
+  std::size_t offsets_ = 0;     ///< where the offset of variable part 0 is; the others precede it
+  std::size_t valuesEnd_ = 0;   ///< after the last value
 };
 
 }  // namespace zerbal::jet

@@ -1,4 +1,4 @@
-// A place in the stored order of a table: ascending pages, on each page ascending rows.
+// A position in the stored order of a table: by page, then by row, both ascending.
 #pragma once
 
 #include <cstdint>
@@ -16,21 +16,21 @@ namespace zerbal::jet {
 class RowWalk {
  public:
   RowWalk() = default;
-  /// On no row.
+  /// Not on a row.
   RowWalk(const FilePages& pages, const TableDefinition& table);
 
-  // Each says whether there is such a row; when there is none the walk stays where it is.
+  // Each returns whether there is such a row; otherwise the walk stays where it is. All throw Damage.
   bool MoveFirst();
   bool MoveNext();
   bool MovePrevious();
 
-  /// The place that an index names; nothing for a row whose number is too large for that.
+  /// The pointer to the row; nullopt when the row's number does not fit a pointer.
   std::optional<RecordPointer> Here() const {
     if (row_ > 0xFF)
       return std::nullopt;
     return RecordPointer{number_, static_cast<std::uint8_t>(row_)};
   }
-  /// The bytes of the row that the walk is on, wherever it has moved.
+  /// The bytes of the row that the walk is on, also when the row has moved.
   ByteView RowBytes() const {
     ZERBAL_ASSERT(row_ < page_.RowCount());
     return FollowRow(*pages_, page_, row_, owner_);
@@ -48,7 +48,7 @@ class RowWalk {
   unsigned row_ = 0;
 };
 
-/// A data page of the table `owner`; nothing when the page is none, be it freed or somebody else's.
+/// A data page of the table `owner`; nullopt when the page has another kind or owner. Throws Damage.
 std::optional<DataPage> TablePage(const FilePages& pages, std::uint32_t number, std::uint32_t owner);
 
 }  // namespace zerbal::jet

@@ -13,7 +13,7 @@
 namespace zerbal::jet {
 namespace {
 
-/// The bytes of a number as a column of type `type` stores it; nothing when it cannot hold that number.
+/// A number in the stored form of a column type. From() gives nullopt when the type cannot hold it.
 class StoredNumber {
  public:
   static std::optional<StoredNumber> From(std::string_view text, ColumnType type) {
@@ -49,7 +49,7 @@ class StoredNumber {
       bytes_[i] = static_cast<char>(value >> 8 * i & 0xFF);
   }
 
-  /// A number too large for its type has become infinite, which is another value.
+  /// A number too large for the type has become infinite.
   template <class Real, class Bits>
   static std::optional<StoredNumber> Finite(Real value, Bits bits) {
     return std::isfinite(value) ? std::optional(StoredNumber(bits, sizeof bits)) : std::nullopt;

@@ -1,4 +1,4 @@
-// From the text that a caller seeks to the bytes that an index has.
+// The index key of a text that is searched.
 #pragma once
 
 #include <cstdint>
@@ -13,13 +13,13 @@
 
 namespace zerbal::jet {
 
-/// Makes index keys, keeping its buffers from one to the next.
+/// Computes index keys. Reuses its buffers.
 class SeekKey {
  public:
   enum class Result {
     kReady,    ///< Bytes() is the key
-    kNoMatch,  ///< no value of the column can equal the text
-    kUnknown,  ///< keys of this column or for this text cannot be computed
+    kNoMatch,  ///< the column cannot hold such a value
+    kUnknown,  ///< the key cannot be computed for this column or text
   };
 
   Result Make(std::string_view text, const ColumnInfo& column, const ColumnPlace& place, bool ascending,

@@ -19,13 +19,13 @@
 namespace zerbal::jet {
 namespace {
 
-/// Makes the key of one row after the other.
+/// Computes the keys of rows.
 class RowKey {
  public:
   RowKey(const DatabaseState& database, const TableDefinition& table, const PhysicalIndex& tree)
       : database_(database), table_(table), tree_(tree) {}
 
-  /// False for a row that has no place in the index.
+  /// False for a row that has no entry in the index.
   bool Make(const RowWalk& walk) {
     key_.clear();
     bool empty = true;
@@ -82,7 +82,7 @@ class RowKey {
       AppendFoldedTextKey(text_, ascending, key_);
   }
 
-  /// Decimal numbers stand in the order of their values.
+  /// Numerics, whose keys are not known, are sorted by value.
   void AppendNumber(ByteView value, const ColumnInfo& column, bool ascending) {
     const std::optional<Number> number = NumberOf(column, value);
     std::string real;

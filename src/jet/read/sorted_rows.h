@@ -1,4 +1,4 @@
-// The rows of a table in the order of an index, made from the rows themselves: for an index that is damaged.
+// The rows of a table sorted in the order of an index: replaces a damaged index.
 #pragma once
 
 #include <cstddef>
@@ -13,27 +13,26 @@
 
 namespace zerbal::jet {
 
-/// Moves like an IndexCursor. Holds the keys of all rows in memory; texts whose keys are not known stand
-/// behind the others.
+/// Moves like an IndexCursor. Holds the keys of all rows in memory. Texts whose keys are not known come last.
 class SortedRows {
  public:
   using Place = IndexCursor::Place;
 
-  /// On no row. Throws Damage when the table's pages cannot be read; a damaged row counts as one of Nulls,
-  /// for whoever arrives there to find out.
+  /// Not on a row. Throws Damage when a page of the table cannot be read. A damaged row is sorted as if all
+  /// its values were Null.
   SortedRows(const DatabaseState& database, const TableDefinition& table, const PhysicalIndex& tree);
 
-  // Each says whether there is such a row; when there is none the place stays.
+  // Each returns whether there is such a row; otherwise the position does not change.
   bool MoveFirst() { return StandOn(0); }
   bool MoveNext() { return StandOn(at_ + 1); }
   bool MovePrevious() { return at_ > 0 && StandOn(at_ - 1); }
-  /// The first row whose key is not below `key`.
+  /// To the first row whose key is not less than `key`.
   bool MoveTo(std::span<const std::uint8_t> key);
-  /// Stands on a row of the table; where it is not among them, on the last.
+  /// To a row of the table; to the last row when it is not among them.
   void StandOnRow(RecordPointer row);
 
   bool StartsWith(std::span<const std::uint8_t> key) const;
-  RecordPointer Row() const { return RowOf(at_); }  ///< no row's pointer while there are none
+  RecordPointer Row() const { return RowOf(at_); }  ///< a null pointer while there are no rows
 
   Place Here() const { return {1, static_cast<std::uint32_t>(at_)}; }
   void GoTo(const Place& place) { at_ = place.entry; }

@@ -55,8 +55,8 @@ std::optional<int> TableCursor::FindField(std::string_view name) const {
   return std::nullopt;
 }
 
-/// Takes a step in the order of the index. An index is but a shortcut: a damaged one is left for the rows
-/// themselves, sorted, where the step sets out from the row that the index led to last.
+/// Makes a step in the order of the index. When the index proves damaged, replaces it by the sorted rows and
+/// makes the step there, from the row of the last entry.
 template <class Step>
 bool TableCursor::InOrder(Step&& step) {
   if (!sorted_) {
@@ -76,7 +76,7 @@ void TableCursor::SortRows() {
   sorted_ = std::move(sorted);
 }
 
-/// Whether the entry that the index is on names a row. Damaged ones may name a deleted row, or none.
+/// Loads the page of the row that the current index entry names; false when it names none, or a deleted one.
 bool TableCursor::FindRow() {
   const RecordPointer pointer = sorted_ ? sorted_->Row() : index_.Row();
   const std::optional<DataPage> page = TablePage(Pages(), pointer.page, table_->page);
@@ -87,7 +87,7 @@ bool TableCursor::FindRow() {
   return true;
 }
 
-/// Ends a step in the order of the index: goes on over entries that name no row.
+/// Ends a step in the order of the index: passes over entries without a row.
 bool TableCursor::Settle(bool found, bool forward) {
   while (found && !FindRow())
     found = InOrder([forward](auto& order) { return forward ? order.MoveNext() : order.MovePrevious(); });
@@ -110,12 +110,12 @@ bool TableCursor::StepPrevious() {
   return Settle(InOrder([](auto& order) { return order.MovePrevious(); }), false);
 }
 
-/// Ends a step back onto the row at the end that had been walked over.
+/// Moves from the end (beginning) back onto the last (first) row.
 bool TableCursor::Stay(bool forward) {
   return !ByIndex() || Settle(true, forward);
 }
 
-/// Reads the row at the place that the walk or the index has reached.
+/// Reads the row at the position of the walk or the index.
 void TableCursor::LoadRow() {
   ByteView bytes;
   if (ByIndex())
@@ -125,11 +125,11 @@ void TableCursor::LoadRow() {
   row_ = Row(bytes, Pages().FileFormat(), table_->hasVariableColumns);
 }
 
-/// Ends a step: on the row found, or where there is none.
+/// Ends a step: reads the row that was found, or sets the state to `otherwise`.
 void TableCursor::Arrive(bool found, State otherwise) {
   state_ = found ? State::kOnRow : otherwise;
   if (found) {
-    row_ = Row();  // should the row be damaged, nobody reads the one before it in its place
+    row_ = Row();  // so that the previous row is not read when loading throws
     LoadRow();
   }
 }
@@ -146,7 +146,7 @@ void TableCursor::MoveNext() {
   if (state_ == State::kAfterLast || state_ == State::kNowhere)
     return;
   Guarded([this] {
-    // Before the first row the place is still that of the first row, or of an entry before it without a row.
+    // In state kBeforeFirst the position is that of the first row, or of an entry without a row before it.
     Arrive(state_ == State::kBeforeFirst ? Stay(true) : StepNext(), State::kAfterLast);
   });
 }
@@ -179,7 +179,7 @@ void TableCursor::Seek(std::string_view key) {
   });
 }
 
-/// The index holds letter case and trailing blanks equal, so that the rows themselves decide.
+/// Keys ignore letter case and trailing blanks, so the texts of the rows are compared too.
 bool TableCursor::SeekByKey(std::string_view key) {
   const int column = tree_->parts.front().column;
   const ColumnType type = Column(column).type;
@@ -221,7 +221,7 @@ std::unique_ptr<TextLookup> TableCursor::MakeLookup(int column) {
     if (!IsNull(*this, column))
       lookup->Add(text, sorted_ ? sorted_->Here() : index_.Here());
   }
-  if (!sorted && sorted_)  // places in the tree are none among the sorted rows
+  if (!sorted && sorted_)  // the index proved damaged: places in the tree are not valid in the sorted rows
     return MakeLookup(column);
   lookup->Finish();
   return lookup;

@@ -1,4 +1,4 @@
-// What a Recordset and its Fields stand on: one table, a place in it, the row there.
+// A table, a position in it and the row there: the implementation of Recordset and Field.
 #pragma once
 
 #include <cstddef>
@@ -51,8 +51,7 @@ class TableCursor {
   const ColumnInfo& Column(int column) const { return table_->columns[Checked(column)]; }
   bool StoredTextIs(int column, std::string_view text) const;
 
-  /// Runs `work` and turns Damage into an EngineError that names file and table. What was read from a file
-  /// that has been cut short meanwhile is not delivered either.
+  /// DatabaseState::Guarded for this table.
   template <class Work>
   auto Guarded(Work&& work) const {
     return database_->Guarded(table_->name, work);
@@ -91,14 +90,14 @@ class TableCursor {
   bool noMatch_ = false;
   Row row_;
 
-  RowWalk walk_;                         ///< the place in stored order
-  const PhysicalIndex* tree_ = nullptr;  ///< the chosen index; null = stored order
-  IndexCursor index_;                    ///< the place in its order
-  std::unique_ptr<SortedRows> sorted_;   ///< instead of index_, once the index has proved damaged
-  RecordPointer pointer_;                ///< the row that the index led to
-  DataPage page_;                        ///< and its page
+  RowWalk walk_;                         ///< the position in stored order
+  const PhysicalIndex* tree_ = nullptr;  ///< the selected index; null = stored order
+  IndexCursor index_;                    ///< the position in its order
+  std::unique_ptr<SortedRows> sorted_;   ///< replaces index_ once the index has proved damaged
+  RecordPointer pointer_;                ///< the row of the index entry
+  DataPage page_;                        ///< the page of that row
   SeekKey seekKey_;
-  std::unique_ptr<TextLookup> lookup_;  ///< where keys cannot be computed; made when first needed
+  std::unique_ptr<TextLookup> lookup_;  ///< for keys that cannot be computed; made when first needed
 };
 
 }  // namespace zerbal::jet

@@ -11,11 +11,11 @@
 namespace zerbal::jet {
 namespace {
 
-// More than kMaxColumns and kMaxIndexes: files from elsewhere may have more.
+// What is accepted; higher than kMaxColumns and kMaxIndexes, since other programs write more.
 constexpr unsigned kMostColumns = 1024;
 constexpr unsigned kMostIndexes = 1024;
 
-/// The pages of a definition put together, cut to its length.
+/// The bytes of a definition, joined when it has several pages.
 class Joined {
  public:
   Joined(const FilePages& pages, std::uint32_t first) {

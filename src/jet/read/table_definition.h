@@ -1,4 +1,4 @@
-// What a table definition in the file says: columns, indexes, where the rows are.
+// Reading the definition of a table: columns, indexes, where the rows are.
 #pragma once
 
 #include <cstddef>
@@ -13,9 +13,9 @@
 
 namespace zerbal::jet {
 
-/// Where a column's values are in a row. `ColumnInfo::fixed` tells which of the places counts.
+/// Where a column's values are in a row. `ColumnInfo::fixed` tells which of the two places applies.
 struct ColumnPlace {
-  std::uint16_t number = 0;         ///< its bit in the null mask; numbers of deleted columns are missing
+  std::uint16_t number = 0;         ///< its bit in the null mask; numbers of deleted columns are not reused
   std::uint16_t fixedOffset = 0;    ///< from the first byte of the fixed part
   std::uint16_t fixedLength = 0;    ///< bytes
   std::uint16_t variableIndex = 0;  ///< entry of the table of offsets
@@ -34,12 +34,12 @@ struct PhysicalIndex {
 };
 
 struct TableDefinition {
-  std::uint32_t page = 0;  ///< the definition's first page, by which data and index pages name their owner
+  std::uint32_t page = 0;  ///< of the definition; data and index pages name it as their owner
   std::string name;
   std::vector<ColumnInfo> columns;  ///< in the order of the column numbers
   std::vector<ColumnPlace> places;  ///< of the same columns
-  bool hasVariableColumns = false;  ///< deleted ones count; decides how a row is laid out
-  std::uint32_t notedRows = 0;      ///< a crash may have left another number than there are
+  bool hasVariableColumns = false;  ///< deleted ones included; determines the layout of rows
+  std::uint32_t notedRows = 0;      ///< as stored; wrong after a crash of the writing program
   RecordPointer ownedPages;
   std::vector<PhysicalIndex> trees;
   std::vector<IndexInfo> indexes;   ///< several may share one tree

@@ -14,7 +14,7 @@ void TextLookup::Add(std::string_view text, const IndexCursor::Place& place) {
 }
 
 void TextLookup::Finish() {
-  // Stable: among equal texts the index's order stays.
+  // Stable, so that equal texts stay in index order.
   std::stable_sort(entries_.begin(), entries_.end(),
                    [](const Entry& a, const Entry& b) { return a.hash < b.hash; });
 }

@@ -1,4 +1,4 @@
-// Finds rows by the text of their first index column where the index's own keys cannot be computed.
+// Finds rows by the text of their first index column when index keys cannot be computed.
 #pragma once
 
 #include <cstdint>
@@ -9,14 +9,14 @@
 
 namespace zerbal::jet {
 
-/// Hashes of texts and where they are in the index, sixteen bytes a row.
+/// Hashes of texts and their places in the index; sixteen bytes per row.
 class TextLookup {
  public:
-  /// To be called for every row in index order, then Finish.
+  /// Called for every row in index order; then Finish.
   void Add(std::string_view text, const IndexCursor::Place& place);
   void Finish();
 
-  /// Places of the texts that may equal `text`, in index order, are handed to `accept` until it returns true.
+  /// Calls `accept` with the places of texts that may equal `text`, in index order, until it returns true.
   template <class Accept>
   bool Find(std::string_view text, Accept&& accept) const {
     const std::uint64_t hash = HashOf(text);

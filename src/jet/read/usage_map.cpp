@@ -62,7 +62,7 @@ void UsageMap::Read(RecordPointer where) {
     end_ = std::min<std::uint64_t>(start_ + (row_.Size() - kInlineBitmapAt) * 8, pageCount);
   } else if (kind == static_cast<std::uint8_t>(UsageMapKind::kReference)) {
     kind_ = Kind::kReference;
-    // Pointers for pages behind the end of the file may hold anything.
+    // Pointers for pages after the end of the file may be invalid.
     end_ = std::min<std::uint64_t>((row_.Size() - kMapPagesAt) / kMapPageSize * perPage_, pageCount);
     std::uint64_t first = 0, end = 0;
     for (std::uint64_t page = 0; page < end_; page += perPage_)

@@ -1,4 +1,4 @@
-// Sets of pages, as the file stores them.
+// Reading usage maps.
 #pragma once
 
 #include <cstdint>
@@ -9,9 +9,8 @@
 
 namespace zerbal::jet {
 
-/// A set of page numbers that lies in the file: a bitmap in a row, or a row of pointers to bitmap pages.
-/// Pages that the file does not have are no members. Of a map that cannot be read every page is a member:
-/// each says itself whose it is.
+/// A set of page numbers in the file. Pages after the end of the file are not members. If the map cannot be
+/// read, every page is a member: callers check the owner that each page states.
 class UsageMap {
  public:
   UsageMap() = default;
@@ -26,15 +25,15 @@ class UsageMap {
   enum class Kind { kInline, kReference, kEveryPage };
 
   void Read(RecordPointer where);
-  /// The bitmap that holds `page`, if there is one; `first` and `end` become the range of pages it covers.
+  /// The bitmap with the bit of `page`, or an empty view; sets `first` and `end` to the pages that it covers.
   ByteView BitmapOf(std::uint64_t page, std::uint64_t& first, std::uint64_t& end) const;
 
   const FilePages* pages_ = nullptr;
   ByteView row_;
   Kind kind_ = Kind::kInline;
   std::uint64_t start_ = 0;    ///< first page covered
-  std::uint64_t end_ = 0;      ///< behind the last page covered that the file has
-  std::uint64_t perPage_ = 0;  ///< pages covered by one bitmap page
+  std::uint64_t end_ = 0;      ///< after the last page that is covered and in the file
+  std::uint64_t perPage_ = 0;  ///< pages that one bitmap page covers
 };
 
 }  // namespace zerbal::jet

@@ -1,4 +1,4 @@
-// The value of a column in the current row of a TableCursor, as bytes and as text.
+// The value of a column in the current row of a TableCursor as text.
 #pragma once
 
 #include <string>

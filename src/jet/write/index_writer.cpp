@@ -15,10 +15,10 @@ using Bytes = std::span<const std::uint8_t>;
 constexpr IndexPageLayout kLayout = IndexPageLayoutOf(Format::kJet4);
 constexpr std::size_t kCapacity = kPageSize - kLayout.entries;
 
-// A page of the tree: the entries below it that it names, by their numbers in the order of the index.
+// A page of the tree. Entries are numbered in the order of the index.
 struct Node {
   std::size_t first = 0;      ///< leaf: its first entry; otherwise its first child in the level below
-  std::size_t end = 0;        ///< behind the last of them
+  std::size_t end = 0;        ///< after the last of them
   std::size_t lastEntry = 0;  ///< the last leaf entry below the node
   std::uint32_t page = 0;
 };
@@ -94,13 +94,13 @@ class Tree {
     return leaves;
   }
 
-  // Every child but a node's last has an entry there; the last one is the node's tail.
+  // Every child of a node but the last has an entry; the last one is the node's tail child.
   Level Parents() const {
     Level parents(1);
     std::size_t used = 0;
     for (std::size_t child = 0; child < below_.size(); ++child) {
       if (used > kCapacity) {
-        // The child before is the last of its node and needs no entry.
+        // The previous child is the last of its node and needs no entry.
         parents.push_back({child, child, 0, 0});
         used = 0;
       }
@@ -109,15 +109,15 @@ class Tree {
       used += keys_.Entry(below_[child].lastEntry).size() + kEntryChildSize;
     }
     if (parents.size() > 1 && parents.back().end - parents.back().first == 1)
-      LendChild(parents[parents.size() - 2], parents.back());
+      MoveChild(parents[parents.size() - 2], parents.back());
     return parents;
   }
 
-  // No node has a single child.
-  void LendChild(Node& rich, Node& poor) const {
-    --rich.end;
-    --poor.first;
-    rich.lastEntry = below_[rich.end - 1].lastEntry;
+  // Every node has at least two children.
+  void MoveChild(Node& from, Node& to) const {
+    --from.end;
+    --to.first;
+    from.lastEntry = below_[from.end - 1].lastEntry;
   }
 
   void WriteNode(const Level& level, std::size_t i, std::uint8_t height) {

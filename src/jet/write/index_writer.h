@@ -1,4 +1,4 @@
-// The tree of pages made of the keys of an index.
+// Writing the tree of pages of an index.
 #pragma once
 
 #include <cstdint>
@@ -9,9 +9,9 @@
 
 namespace zerbal::jet {
 
-/// Writes the tree with its root on page `root`, for the table whose definition is on page `owner`, and
-/// returns all its pages. Entries stand in full on their pages: compressing common prefixes would save little
-/// beside the rows and make every reader's search slower.
+/// Writes the tree with its root on page `root`, for the table whose definition is on page `owner`. Returns
+/// its pages. Entries are not compressed: common prefixes are small next to the rows, and searching
+/// compressed pages is slower.
 PageList WriteIndexTree(OutputFile& file, const IndexKeys& keys, std::uint32_t root, std::uint32_t owner);
 
 }  // namespace zerbal::jet

@@ -43,7 +43,7 @@ struct PageBytes {
   }
 };
 
-/// A page of rows, filled from its end downwards.
+/// A data page that is filled with rows from its end downwards.
 class DataPageBuilder {
  public:
   static constexpr std::size_t kMaxRows = 255;  ///< a row's number is one byte
@@ -52,7 +52,7 @@ class DataPageBuilder {
 
   bool Fits(std::size_t size) const { return rows_ < kMaxRows && size + DirectoryEntry(rows_ + 1) <= start_; }
 
-  /// Adds a row that fits and returns its number.
+  /// Adds a row, which fits, and returns its number.
   std::uint8_t Add(std::span<const std::uint8_t> row) {
     ZERBAL_ASSERT(Fits(row.size()));
     start_ -= row.size();
@@ -63,7 +63,7 @@ class DataPageBuilder {
 
   bool Empty() const { return rows_ == 0; }
   std::size_t Free() const { return start_ - DirectoryEntry(rows_); }
-  /// Worth trying when another row is to be put somewhere.
+  /// Whether the page is listed among those with room for another row.
   bool HasUsefulRoom() const { return rows_ < kMaxRows && Free() >= 64; }
 
   const PageBytes& Finished() {

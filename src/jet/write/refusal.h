@@ -1,5 +1,5 @@
-// Why something cannot be written. Thrown by everything below DatabaseWriter, which knows the names of file
-// and table and makes an EngineError of it.
+// Why something cannot be written. Thrown inside the writer; DatabaseWriter turns it into an EngineError that
+// names file and table.
 #pragma once
 
 #include <stdexcept>

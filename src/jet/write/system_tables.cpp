@@ -21,10 +21,10 @@
 namespace zerbal::jet {
 namespace {
 
-// The date in the header also says how users' ids in the catalog are masked; the two belong together.
+// The mask of user ids in the catalog depends on the date in the header.
 constexpr std::array<std::uint8_t, 8> kHeaderDate = {0x3E, 0x85, 0xD3, 0x3B, 0x3E, 0xAB, 0xE4, 0x40};
 constexpr std::array<std::uint8_t, 2> kIdMask = {0x67, 0x8A};
-// The date of every object. It is not the time of writing, so that the same input gives the same file.
+// The date of every object: constant, so that the same input gives the same file.
 constexpr std::uint64_t kObjectDate = 0x40E4AB3E3BD3FB4E;
 
 // User ids before masking.
@@ -34,7 +34,7 @@ constexpr UserId kUsers = {2, 1};
 constexpr UserId kEngine = {2, 3};
 constexpr UserId kCreators = {2, 4};
 
-// Ids of objects that are no tables; the id of a table is its definition's page.
+// Ids of objects other than tables. The id of a table is the page of its definition.
 constexpr std::uint32_t kRoot = 0x0F000000;
 constexpr std::uint32_t kTables = 0x0F000001;
 constexpr std::uint32_t kDatabases = 0x0F000002;
@@ -265,7 +265,7 @@ void AddRights(TableWriter& rights, const std::vector<WrittenTable>& tables) {
 
 void WriteSystemTables(OutputFile& file, const std::vector<WrittenTable>& tables) {
   UsageMapPages maps(file, kMapCount, {kMapPage});
-  // Lay-outs first: they take their maps in the order of the tables.
+  // All layouts first: the maps are reserved in the order of the tables.
   const auto writer = [&](const SystemTable& table) {
     return TableWriter(file, LayOut(table, maps), table.dataPage);
   };

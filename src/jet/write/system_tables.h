@@ -1,4 +1,4 @@
-// What every database has: header and the engine's own four tables.
+// Writing what every database has: the header and the four system tables.
 #pragma once
 
 #include <cstdint>
@@ -9,15 +9,14 @@
 
 namespace zerbal::jet {
 
-/// Pages with fixed places.
-inline constexpr std::uint32_t kSystemPages = 16;  ///< the first page for users' tables
+inline constexpr std::uint32_t kSystemPages = 16;  ///< reserved for header and system tables
 
 struct WrittenTable {
   std::string name;
   std::uint32_t page = 0;  ///< of the table's definition
 };
 
-/// Writes the four system tables with the catalog of `tables`. The system pages have been allocated.
+/// Writes the system tables, with `tables` in the catalog. The first kSystemPages pages are allocated.
 void WriteSystemTables(OutputFile& file, const std::vector<WrittenTable>& tables);
 
 void WriteHeader(OutputFile& file);

@@ -40,7 +40,7 @@ bool IsStoredFixed(ColumnType type) {
          type != ColumnType::kOle;
 }
 
-// Names that are the same but for letter case and trailing blanks have the same key.
+// The same for names that differ only in letter case and trailing blanks.
 std::vector<std::uint8_t> NameKey(const std::string& name) {
   std::vector<std::uint8_t> key;
   const std::u16string text = ToUtf16Strictly(name);
@@ -98,7 +98,7 @@ void CheckColumn(const ColumnInfo& column) {
     throw Refusal("column '" + column.name + "': only a Long column can count by itself");
 }
 
-// The catalog has an index of names.
+// The name is a key in an index of the catalog.
 void CheckTableName(const std::string& name) {
   CheckName("table", name);
   std::vector<std::uint8_t> key;
@@ -150,7 +150,7 @@ IndexLayout LayOutIndex(const TableLayout& table, const IndexInfo& index) {
 constexpr std::uint32_t kDefinitionMark = 0x659;
 constexpr std::uint32_t kIndexMark = 0x783;
 
-// The definition under construction. Put16 and the like write into the record begun last.
+// A definition being built. Begin adds a record of zeros, into which Put8, Put16 and Put32 write.
 class Definition {
  public:
   void Begin(std::size_t size) {

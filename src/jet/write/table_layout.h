@@ -1,4 +1,4 @@
-// A table to be written: where its columns go in a row, and its definition in bytes.
+// The layout of a table to be written, and its definition in bytes.
 #pragma once
 
 #include <cstddef>
@@ -21,7 +21,7 @@ struct ColumnLayout {
   std::uint16_t storedLength = 0;   ///< bytes
   std::uint8_t flags = 0;
   std::uint16_t displayPosition = 0;
-  // Where the maps of the pages of long values are; memo and OLE only.
+  // Usage maps of the pages of long values: all, and those with room. Memo and OLE only.
   RecordPointer ownedLongMap{};
   RecordPointer freeLongMap{};
 
@@ -43,36 +43,37 @@ struct IndexLayout {
   bool Has(std::uint8_t flag) const { return (flags & flag) != 0; }
 };
 
-/// What a definition says that is not known before the last row.
+/// The parts of a definition that depend on the rows.
 struct TableCounts {
   std::uint32_t rows = 0;
   std::uint32_t lastAutonumber = 0;
-  std::vector<std::uint32_t> distinctKeys;  ///< one an index
+  std::vector<std::uint32_t> distinctKeys;  ///< per index
 };
 
 struct TableLayout {
   std::string name;
   std::uint32_t page = 0;  ///< of the definition
-  bool system = false;     ///< one of the engine's own four tables
+  bool system = false;     ///< one of the four system tables
   std::vector<ColumnLayout> columns;
-  std::vector<std::size_t> recordOrder;  ///< in which the definition lists the columns
+  std::vector<std::size_t> recordOrder;  ///< the order of the columns in the definition
   std::vector<IndexLayout> indexes;
   std::uint16_t fixedSize = 0;  ///< bytes of the fixed part of a row
   std::uint16_t variableCount = 0;
   RecordPointer ownedMap{};
   RecordPointer freeMap{};
 
-  std::size_t MapCount() const;  ///< how many usage maps the table has
+  std::size_t MapCount() const;  ///< the number of usage maps of the table
 };
 
-/// Lays out a user's table; pages and maps are still to be given. A Refusal when it is no proper table: bad
-/// or double names, too many or too long columns, an index on nothing or on what cannot be indexed.
+/// Lays out a user table, without its pages and maps. Throws Refusal when the specification is invalid: names
+/// (characters, length, duplicates), number and length of columns, indexes without or with unsuitable
+/// columns.
 TableLayout LayOutTable(const TableSpec& table);
 
-/// Whether two names of tables, columns or indexes are the same: letter case does not matter.
+/// Whether two names of tables, columns or indexes are the same, ignoring letter case and trailing blanks.
 bool IsSameName(const std::string& a, const std::string& b);
 
-/// The lay-out of columns that need no check, in order: numbers, offsets, lengths, flags.
+/// Sets numbers, offsets, lengths and flags of the columns, in order. They are valid.
 void PlaceColumns(TableLayout& layout);
 
 /// The definition in bytes, not yet cut into pages; the head of its first page is zero.

@@ -19,7 +19,7 @@ namespace {
 constexpr std::size_t kMaxRow = 4060;
 constexpr std::size_t kRowHead = RowHeadSize(Format::kJet4);
 
-// Long values: how long the content may be to stand in the row, alone on a page, on one page of a chain.
+// The largest sizes of a long value, in bytes: inline, in one row of a page, per piece of a chain.
 constexpr std::size_t kInlineLongValue = 64;
 constexpr std::size_t kSinglePieceLongValue = 4076;
 constexpr std::size_t kChainPiece = 4072;
@@ -181,7 +181,7 @@ void TableWriter::BuildKey(const IndexLayout& index, std::vector<std::uint8_t>& 
 }
 
 std::string TableWriter::StoreChain(RowPages& pages, std::string_view content) {
-  // Each piece names the next one, so the last is written first.
+  // Each piece begins with the pointer to the next, so the last piece is written first.
   RecordPointer next;
   for (std::size_t start = (content.size() - 1) / kChainPiece * kChainPiece;; start -= kChainPiece) {
     std::string piece;
@@ -243,7 +243,7 @@ void TableWriter::CommitRow() {
   for (std::size_t i = 0; i < values_.size(); ++i) {
     if (layout_.columns[i].info.autonumber && !values_[i].isNull) {
       const std::uint32_t number = LoadU32(AsBytes(values_[i].stored).data());
-      if (static_cast<std::int32_t>(number) > 0)  // negative numbers were not counted
+      if (static_cast<std::int32_t>(number) > 0)  // negative numbers were not generated
         counts_.lastAutonumber = std::max(counts_.lastAutonumber, number);
     }
   }
@@ -252,7 +252,7 @@ void TableWriter::CommitRow() {
 void TableWriter::CheckUnique(std::size_t index) const {
   const IndexLayout& layout = layout_.indexes[index];
   const IndexKeys& keys = keys_[index];
-  // The key that is Null in every column may be there any number of times.
+  // Keys that are Null in every column may repeat.
   std::vector<std::uint8_t> allNull;
   for (const IndexLayout::Part& part : layout.parts)
     AppendNullKey(part.ascending, allNull);
@@ -286,7 +286,7 @@ void TableWriter::WriteIndexes(UsageMapPages& maps) {
       CheckUnique(i);
     counts_.distinctKeys.push_back(keys_[i].DistinctKeys());
     maps.Set(index.map, WriteIndexTree(file_, keys_[i], index.rootPage, layout_.page));
-    keys_[i] = IndexKeys();  // its memory is no longer needed
+    keys_[i] = IndexKeys();  // frees its memory
   }
 }
 

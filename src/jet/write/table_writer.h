@@ -1,4 +1,4 @@
-// One table on its way to the file.
+// Writing one table.
 #pragma once
 
 #include <cstddef>
@@ -20,21 +20,21 @@
 
 namespace zerbal::jet {
 
-/// Pages of rows that belong together: a table's rows, or the long values of one column.
+/// Data pages of one owner: the rows of a table, or the long values of one column.
 class RowPages {
  public:
-  /// `firstPage` is where the first page goes when that is settled beforehand.
+  /// The first page is `firstPage` if given; otherwise all pages are allocated.
   RowPages(OutputFile& file, std::uint32_t owner, std::optional<std::uint32_t> firstPage = std::nullopt);
 
-  /// Adds a row to the page at hand, or to a new one when it does not fit.
+  /// Adds a row to the current page, or to a new one when it does not fit.
   RecordPointer Add(std::span<const std::uint8_t> row);
   /// Adds a row on a page of its own.
   RecordPointer AddAlone(std::span<const std::uint8_t> row);
-  /// Writes the page at hand. Nothing may be added afterwards.
+  /// Writes the current page. Nothing is added afterwards.
   void End();
 
   const PageList& Owned() const { return owned_; }
-  const PageList& WithRoom() const { return withRoom_; }  ///< known after End
+  const PageList& WithRoom() const { return withRoom_; }  ///< valid after End
 
  private:
   std::uint32_t NewPage();
@@ -49,19 +49,19 @@ class RowPages {
   PageList withRoom_;
 };
 
-/// Takes the rows of a table one by one and writes them, its indexes and its definition.
+/// Writes the rows of a table as they come, and at the end its indexes, usage maps and definition.
 class TableWriter {
  public:
-  /// `layout` has its pages and the places of its maps.
+  /// `layout` is complete, including pages and usage maps.
   TableWriter(OutputFile& file, TableLayout layout,
               std::optional<std::uint32_t> firstDataPage = std::nullopt);
 
-  /// Adds a row. A Refusal, which names the row and the column, leaves the table as it was.
+  /// Adds a row. Throws Refusal, which names row and column; the table is then unchanged.
   void AddRow(std::span<const Value> row);
   void AddPair(std::int32_t first, std::int32_t second);
 
-  /// Writes what is left, the indexes, and the maps into `maps`; then, with Write of the maps still to come,
-  /// the definition. A Refusal names the rows of a duplicate.
+  /// Writes remaining pages, indexes and definition, and sets the table's usage maps in `maps`, which the
+  /// caller writes. Throws Refusal for a duplicate in a unique index.
   void End(UsageMapPages& maps);
 
   const TableLayout& Layout() const { return layout_; }
@@ -85,13 +85,13 @@ class TableWriter {
   TableLayout layout_;
   TableCounts counts_;
   RowPages rows_;
-  std::vector<std::optional<RowPages>> longValues_;  ///< one a column; memo and OLE only
-  std::vector<IndexKeys> keys_;                      ///< one an index
+  std::vector<std::optional<RowPages>> longValues_;  ///< per column; memo and OLE only
+  std::vector<IndexKeys> keys_;                      ///< per index
   bool isPairTable_;
 
-  // Of the row at hand; kept for their room.
+  // Of the current row; reused from row to row.
   std::vector<EncodedValue> values_;
-  std::vector<std::vector<std::uint8_t>> rowKeys_;  ///< one an index; empty = the row is not in it
+  std::vector<std::vector<std::uint8_t>> rowKeys_;  ///< per index; empty = no entry for this row
   std::string row_;
 };
 

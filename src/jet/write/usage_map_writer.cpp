@@ -72,7 +72,7 @@ Row InlineGlobalMap(std::size_t pageCount) {
 }
 
 Row ReferenceGlobalMap(OutputFile& file) {
-  // The bitmap pages are pages of the file, too.
+  // The bitmap pages are themselves pages of the file.
   PageList bitmaps;
   while (bitmaps.size() * kPagesPerBitmap < file.PageCount())
     bitmaps.push_back(file.Allocate());

@@ -1,4 +1,4 @@
-// Sets of pages, written: a row each, on pages of their own.
+// Writing usage maps.
 #pragma once
 
 #include <cstddef>
@@ -12,15 +12,15 @@ namespace zerbal::jet {
 
 using PageList = std::vector<std::uint32_t>;  ///< page numbers, ascending
 
-/// The pages that hold the usage maps of one table, or of all system tables together.
+/// The data pages with the usage maps of one table, or of all system tables.
 class UsageMapPages {
  public:
-  /// Room for `count` maps on `pages`; further pages are allocated as they are needed.
+  /// Room for `count` maps, on `pages` and as many newly allocated pages as are needed.
   UsageMapPages(OutputFile& file, std::size_t count, PageList pages = {});
 
   /// The place of the next map. At most `count` are reserved.
   RecordPointer Reserve();
-  /// Sets the map that Reserve gave; one never set is empty.
+  /// Sets a reserved map. A map that is never set is empty.
   void Set(RecordPointer place, const PageList& members);
   void Write();
 
@@ -33,8 +33,8 @@ class UsageMapPages {
   std::size_t reserved_ = 0;
 };
 
-/// Writes page 1, the map of the pages of the file that are free (none is). Allocates pages for it when the
-/// file is large; none may be allocated afterwards.
+/// Writes page 1, the usage map of the file's free pages, which is empty. Allocates pages for it when the
+/// file is large. No page is allocated afterwards.
 void WriteGlobalMap(OutputFile& file);
 
 }  // namespace zerbal::jet

@@ -20,9 +20,9 @@ namespace zerbal::jet {
 namespace {
 
 constexpr std::int64_t kCurrencyUnit = 10000;
-// The first day is 1 January 100. Before day 0 the time of day counts downwards: its evening is -657434.99.
+// 1 January 100 is day -657434. Its times of day are -657434.0 to -657434.99, so this is the limit.
 constexpr double kBeforeFirstDay = -657435;
-constexpr double kBehindLastDay = 2958466;  // 1 January 10000
+constexpr double kAfterLastDay = 2958466;  // 1 January 10000
 
 [[noreturn]] void ThrowWrongType(const char* wanted) {
   throw Refusal(std::string("the value is not of the column's type, which is ") + wanted);
@@ -54,7 +54,7 @@ void EncodeInteger(const Value& value, const char* type, std::string& out) {
   AppendLittleEndian(out, sizeof(Integer), static_cast<std::uint64_t>(*number));
 }
 
-// Real numbers are rounded to the column's type; whole ones must be exact in it.
+// Real numbers are rounded to the type; whole numbers must be exact in it.
 template <class Real>
 Real ToReal(const Value& value, const char* type) {
   if (const std::optional<double> number = RealNumber(value)) {
@@ -73,7 +73,7 @@ Real ToReal(const Value& value, const char* type) {
 
 void EncodeDateTime(const Value& value, std::string& out) {
   const auto days = ToReal<double>(value, "DateTime");
-  if (days <= kBeforeFirstDay || days >= kBehindLastDay)
+  if (days <= kBeforeFirstDay || days >= kAfterLastDay)
     throw Refusal("the date " + std::to_string(days) + " lies outside the years 100 to 9999");
   AppendLittleEndian(out, 8, std::bit_cast<std::uint64_t>(days));
 }
@@ -84,7 +84,7 @@ std::int64_t ToCurrency(const Value& value) {
     if (*number >= -kMost && *number <= kMost)
       return *number * kCurrencyUnit;
   } else if (const std::optional<double> real = RealNumber(value)) {
-    if (std::abs(*real) < static_cast<double>(kMost))  // false for what is no number
+    if (std::abs(*real) < static_cast<double>(kMost))  // false for NaN
       return static_cast<std::int64_t>(std::nearbyint(*real * double{kCurrencyUnit}));
   } else {
     ThrowWrongType("Currency");
@@ -95,7 +95,7 @@ std::int64_t ToCurrency(const Value& value) {
 // The digits of a decimal number without its point: "-12.5" with two decimals is "1250".
 std::string ScaledDigits(std::string_view text, const ColumnInfo& column) {
   std::string digits;
-  int decimals = -1;  // digits seen behind the point; -1 before it
+  int decimals = -1;  // digits after the point so far; -1 = no point yet
   for (char character : text) {
     if (character == '.' && decimals < 0) {
       decimals = 0;
@@ -117,7 +117,7 @@ std::string ScaledDigits(std::string_view text, const ColumnInfo& column) {
   return digits;
 }
 
-// One byte for the sign, then the magnitude as four words, the highest first.
+// One byte for the sign, then the magnitude as four 32-bit words, the highest first.
 void EncodeNumeric(const ColumnInfo& column, const Value& value, std::string& out) {
   std::string text;
   if (const std::optional<std::int64_t> number = WholeNumber(value))

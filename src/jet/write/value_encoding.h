@@ -1,4 +1,4 @@
-// Values in the bytes that a column stores.
+// Encoding values for their columns.
 #pragma once
 
 #include <cstdint>
@@ -13,15 +13,15 @@ namespace zerbal::jet {
 /// One value of a row, checked and encoded.
 struct EncodedValue {
   bool isNull = false;
-  std::string stored;  ///< as the column stores it; of memo and OLE the content; of a boolean one byte 0 or 1
-  std::u16string text;  ///< text columns only: for their keys
+  std::string stored;   ///< in stored form; memo and OLE: the content; boolean: one byte, 0 or 1
+  std::u16string text;  ///< text columns only: for index keys
 };
 
-/// Checks that `value` fits `column` and encodes it. A Refusal says what does not fit, without naming the
-/// column. Null booleans do not fit: the format has no place for them.
+/// Encodes `value` for `column`. Throws Refusal, which does not name the column, when it does not fit. A
+/// boolean cannot be Null: the format has no representation for it.
 void EncodeValue(const ColumnInfo& column, const Value& value, EncodedValue& out);
 
-/// Appends the key of a value to an index key. A Refusal when the key is not known.
+/// Appends the key of a value to an index key. Throws Refusal when the key is not known.
 void AppendValueKey(const ColumnInfo& column, const EncodedValue& value, bool ascending,
                     std::vector<std::uint8_t>& key);
 
