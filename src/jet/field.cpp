@@ -53,7 +53,7 @@ Number ReadNumber(const TableCursor& cursor, int column) {
   if (!value)
     Refuse(cursor, column, ConversionError::Cause::kNull, "is Null");
   const std::optional<Number> number =
-      IsTextColumn(info.type) ? NumberInText(cursor, column) : NumberOf(info, *value);
+      IsTextType(info.type) ? NumberInText(cursor, column) : NumberOf(info, *value);
   if (!number)
     Refuse(cursor, column, ConversionError::Cause::kNotANumber, "holds no number");
   return *number;
@@ -86,7 +86,7 @@ bool Field::IsNull() const {
 }
 
 bool Field::HoldsText() const {
-  return IsTextColumn(Column().type) && !IsNull();
+  return IsTextType(Column().type) && !IsNull();
 }
 
 std::string Field::AsText() const {
@@ -101,7 +101,7 @@ void Field::AppendText(std::string& out) const {
 
 bool Field::EqualsText(std::string_view text) const {
   return cursor_->Guarded([&] {
-    if (IsTextColumn(Column().type))
+    if (IsTextType(Column().type))
       return cursor_->StoredTextIs(column_, text);
     std::string own;
     jet::AppendText(*cursor_, column_, own);
@@ -148,8 +148,9 @@ std::vector<std::uint8_t> Field::AsBytes() const {
     if (Column().type == ColumnType::kBoolean)
       return copy;
     if (const std::optional<ByteView> value = cursor_->Value(column_)) {
-      WithBytes(*cursor_, column_, *value,
-                [&copy](ByteView bytes) { copy.assign(bytes.Data(), bytes.Data() + bytes.Size()); });
+      cursor_->SharedDatabase()->WithBytes(Column().type, *value, [&copy](ByteView bytes) {
+        copy.assign(bytes.Data(), bytes.Data() + bytes.Size());
+      });
     }
     return copy;
   });

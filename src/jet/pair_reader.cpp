@@ -106,9 +106,8 @@ void PairReader::State::ReadRowsOfPage(std::span<LongPair> out, std::size_t& cou
         const ByteView moved = FollowRow(database->pages, page, nextRow, table->page);
         out[count] = ReadRow(moved.Data(), moved.Size());
       } else {
-        if (start < directoryEnd || start > end || end > bytes.Size())
-          throw Damage("a row does not lie within its page");
-        out[count] = ReadRow(bytes.Data() + start, end - start);
+        const ByteView row = DataPage::Slice(bytes, directoryEnd, start, end);
+        out[count] = ReadRow(row.Data(), row.Size());
       }
       ++count;
     }

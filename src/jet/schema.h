@@ -13,7 +13,7 @@ enum class ColumnType : std::uint8_t {
   kByte = 0x02,
   kInteger = 0x03,   ///< 16 bits
   kLong = 0x04,      ///< 32 bits
-  kCurrency = 0x05,  ///< 64 bits, ten-thousandths
+  kCurrency = 0x05,  ///< 64 bits, in units of 1/kCurrencyUnit
   kSingle = 0x06,
   kDouble = 0x07,
   kDateTime = 0x08,  ///< days since 1899-12-30
@@ -49,6 +49,18 @@ constexpr int SizeOfType(ColumnType type) {
       return 0;
   }
 }
+
+/// Whether values of the type are texts.
+constexpr bool IsTextType(ColumnType type) {
+  return type == ColumnType::kText || type == ColumnType::kMemo;
+}
+/// Whether values of the type are stored apart from the row when they are large.
+constexpr bool IsLongValueType(ColumnType type) {
+  return type == ColumnType::kMemo || type == ColumnType::kOle;
+}
+
+inline constexpr int kCurrencyDecimals = 4;
+inline constexpr std::int64_t kCurrencyUnit = 10000;  ///< what 1 is stored as
 
 struct ColumnInfo {
   std::string name;  ///< UTF-8

@@ -19,18 +19,12 @@ namespace {
 UsageMapPages AssignPages(OutputFile& file, TableLayout& layout) {
   layout.page = file.Allocate();
   UsageMapPages maps(file, layout.MapCount());
-  layout.ownedMap = maps.Reserve();
-  layout.freeMap = maps.Reserve();
+  ReserveRowMaps(layout, maps);
   for (IndexLayout& index : layout.indexes) {
     index.rootPage = file.Allocate();
     index.map = maps.Reserve();
   }
-  for (ColumnLayout& column : layout.columns) {
-    if (!column.IsLong())
-      continue;
-    column.ownedLongMap = maps.Reserve();
-    column.freeLongMap = maps.Reserve();
-  }
+  ReserveLongValueMaps(layout, maps);
   return maps;
 }
 

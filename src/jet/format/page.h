@@ -31,6 +31,10 @@ inline constexpr std::size_t kPageKindAt = 0;
 inline constexpr std::size_t kFreeBytesAt = 2;  ///< 16 bits; on data, index and definition pages
 inline constexpr std::size_t kOwnerAt = 4;  ///< 32 bits: the table's definition page; on data and index pages
 
+constexpr bool IsOfKind(const std::uint8_t* page, PageKind kind) {
+  return page[kPageKindAt] == static_cast<std::uint8_t>(kind);
+}
+
 /// Names one row of the file.
 struct RecordPointer {
   std::uint32_t page = 0;

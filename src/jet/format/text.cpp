@@ -110,7 +110,7 @@ void AppendStoredText(ByteView bytes, const CodePage* codePage, std::string& out
 bool StoredTextEquals(ByteView bytes, const CodePage* codePage, std::string_view text) {
   // Most texts are ASCII with one byte per character; their bytes can be compared directly.
   const std::string_view narrow = codePage != nullptr   ? bytes.Chars()
-                                  : IsCompressed(bytes) ? bytes.From(2).Chars()
+                                  : IsCompressed(bytes) ? bytes.From(kCompressedMark.size()).Chars()
                                                         : "";
   if (!narrow.empty() && narrow == text && IsAscii(text))
     return true;

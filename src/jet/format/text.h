@@ -38,9 +38,10 @@ bool DecodeUtf16(ByteView bytes, Sink&& sink) {
   return true;
 }
 
-/// A 2000-format text that is not compressed is plain UTF-16; a compressed one begins with FF FE.
+/// With it begins a compressed text of the 2000 format; others are UTF-16.
+inline constexpr std::string_view kCompressedMark = "\xFF\xFE";
 inline bool IsCompressed(ByteView bytes) {
-  return bytes.Size() >= 2 && bytes.Data()[0] == 0xFF && bytes.Data()[1] == 0xFE;
+  return bytes.Chars().starts_with(kCompressedMark);
 }
 
 /// Expands a compressed text: one byte per character; a zero byte switches to UTF-16 and back.
@@ -54,7 +55,7 @@ bool DecodeText(ByteView bytes, const CodePage* codePage, Sink&& sink) {
     return codePage->Decode(bytes, sink);
   if (!IsCompressed(bytes))
     return DecodeUtf16(bytes, sink);
-  const ByteView packed = bytes.From(2);
+  const ByteView packed = bytes.From(kCompressedMark.size());
   if (packed.Chars().find('\0') != std::string_view::npos) {
     const std::string unpacked = UnpackToUtf16(packed);
     return DecodeUtf16({reinterpret_cast<const std::uint8_t*>(unpacked.data()), unpacked.size()}, sink);

@@ -18,9 +18,11 @@ ByteView DataPage::Row(unsigned row) const {
     throw Damage("a pointer names a row that its page does not have");
   const std::size_t start = Entry(row) & kRowStartMask;
   const std::size_t end = row == 0 ? page_.Size() : Entry(row - 1) & kRowStartMask;
-  if (start < DirectoryEnd() || start > end || end > page_.Size())
-    throw Damage("a row does not lie within its page");
-  return {page_.Data() + start, end - start};
+  return Slice(page_, DirectoryEnd(), start, end);
+}
+
+void DataPage::ThrowOffPage() {
+  throw Damage("a row does not lie within its page");
 }
 
 ByteView FollowRow(const FilePages& pages, const DataPage& page, unsigned row, std::uint32_t owner) {

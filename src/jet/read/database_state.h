@@ -11,6 +11,8 @@
 #include "jet/database.h"
 #include "jet/error.h"
 #include "jet/read/file_pages.h"
+#include "jet/read/long_value.h"
+#include "jet/schema.h"
 
 namespace zerbal::jet {
 
@@ -46,6 +48,12 @@ struct DatabaseState {
       CheckWhole(table);
       throw;
     }
+  }
+
+  /// Calls `use` with the bytes of a value, of which the row holds `stored`. Throws Damage.
+  template <class Use>
+  auto WithBytes(ColumnType type, ByteView stored, Use&& use) const {
+    return IsLongValueType(type) ? LongValue(pages, stored, options.maxLongValue).With(use) : use(stored);
   }
 
   void CheckWhole(const std::string& table) const {

@@ -52,7 +52,7 @@ void AppendNumeric(const ColumnInfo& column, ByteView value, std::string& out) {
 void AppendCurrency(ByteView value, std::string& out) {
   const std::uint64_t bits = Sized(value, 8).U64(0);
   const bool negative = bits >> 63 != 0;
-  AppendScaled(negative, std::to_string(negative ? 0 - bits : bits), 4, out);
+  AppendScaled(negative, std::to_string(negative ? 0 - bits : bits), kCurrencyDecimals, out);
 }
 
 void AppendGuid(ByteView value, std::string& out) {
@@ -117,7 +117,8 @@ std::optional<Number> NumberOf(const ColumnInfo& column, ByteView value) {
     case ColumnType::kLong:
       return Number::Of(std::int64_t{static_cast<std::int32_t>(Sized(value, 4).U32(0))});
     case ColumnType::kCurrency:
-      return Number::Of(static_cast<double>(static_cast<std::int64_t>(Sized(value, 8).U64(0))) / 10000.0);
+      return Number::Of(static_cast<double>(static_cast<std::int64_t>(Sized(value, 8).U64(0))) /
+                        static_cast<double>(kCurrencyUnit));
     case ColumnType::kSingle:
       return Number::Of(double{Single(value)});
     case ColumnType::kDouble:

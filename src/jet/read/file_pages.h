@@ -39,7 +39,7 @@ class FilePages {
   /// The same; throws Damage also when the page is not of this kind.
   ByteView Page(std::uint32_t number, PageKind kind) const {
     const ByteView page = Page(number);
-    if (page.Data()[kPageKindAt] != static_cast<std::uint8_t>(kind))
+    if (!IsOfKind(page.Data(), kind))
       ThrowWrongKind(number, kind);
     return page;
   }

@@ -5,7 +5,7 @@ namespace {
 
 constexpr int kMaxDepth = 16;  // levels; three hold two million rows
 
-[[noreturn]] void ThrowTooDeep() {
+[[noreturn]] void ThrowCircle() {
   throw Damage("the pages of an index form a circle");
 }
 
@@ -34,34 +34,24 @@ IndexPage IndexCursor::Child(const IndexPage& node, unsigned entry) {
   return Load(node.Entry(node.Last()).Tail());
 }
 
-IndexPage IndexCursor::FirstLeaf() {
+/// The leaf below the entries that `choose` selects, from the root downwards.
+template <class Choose>
+IndexPage IndexCursor::Descend(Choose&& choose) {
   IndexPage page = Load(rootPage_);
   for (int depth = 0; !page.IsLeaf(); ++depth) {
     if (depth == kMaxDepth)
-      ThrowTooDeep();
-    page = Child(page, 0);
+      ThrowCircle();
+    page = Child(page, choose(page));
   }
   return page;
+}
+
+IndexPage IndexCursor::FirstLeaf() {
+  return Descend([](const IndexPage&) { return 0u; });
 }
 
 IndexPage IndexCursor::LastLeaf() {
-  IndexPage page = Load(rootPage_);
-  for (int depth = 0; !page.IsLeaf(); ++depth) {
-    if (depth == kMaxDepth)
-      ThrowTooDeep();
-    page = Child(page, page.End());
-  }
-  return page;
-}
-
-IndexPage IndexCursor::LeafFor(std::span<const std::uint8_t> key) {
-  IndexPage page = Load(rootPage_);
-  for (int depth = 0; !page.IsLeaf(); ++depth) {
-    if (depth == kMaxDepth)
-      ThrowTooDeep();
-    page = Child(page, page.LowerBound(key));
-  }
-  return page;
+  return Descend([](const IndexPage& node) { return node.End(); });
 }
 
 /// Replaces `leaf` by the next leaf in this direction that has entries; false when there is none. Checks the
@@ -89,7 +79,7 @@ bool IndexCursor::Neighbour(IndexPage& leaf, bool forward) {
     leaf = page;
     return true;
   }
-  ThrowTooDeep();
+  ThrowCircle();
 }
 
 /// Throws Damage unless the chain of leaves ends at `end` rightly: the last (first) leaf that the tree names
@@ -146,7 +136,7 @@ bool IndexCursor::MovePrevious() {
 }
 
 bool IndexCursor::MoveTo(std::span<const std::uint8_t> key) {
-  IndexPage leaf = LeafFor(key);
+  IndexPage leaf = Descend([key](const IndexPage& node) { return node.LowerBound(key); });
   unsigned entry = leaf.LowerBound(key);
   while (entry == leaf.End()) {
     if (!Neighbour(leaf, true))

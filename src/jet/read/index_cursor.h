@@ -46,9 +46,10 @@ class IndexCursor {
  private:
   IndexPage Load(std::uint32_t number);
   IndexPage Child(const IndexPage& node, unsigned entry);
+  template <class Choose>
+  IndexPage Descend(Choose&& choose);
   IndexPage FirstLeaf();
   IndexPage LastLeaf();
-  IndexPage LeafFor(std::span<const std::uint8_t> key);
   bool Neighbour(IndexPage& leaf, bool forward);
   void CheckEnd(const IndexPage& end, bool forward);
   void StandOn(const IndexPage& page, unsigned entry);

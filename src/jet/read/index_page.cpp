@@ -55,9 +55,7 @@ int Compare(const IndexEntry& a, const IndexEntry& b) {
 
 IndexPage::IndexPage(const FilePages& pages, std::uint32_t number, std::uint32_t owner)
     : page_(pages.Page(number)), number_(number) {
-  const std::uint8_t kind = page_.Data()[kPageKindAt];
-  if (kind != static_cast<std::uint8_t>(PageKind::kIndexNode) &&
-      kind != static_cast<std::uint8_t>(PageKind::kIndexLeaf))
+  if (!IsLeaf() && !IsOfKind(page_.Data(), PageKind::kIndexNode))
     throw Damage("page " + std::to_string(number) + " is not an index page");
   if (page_.U32(kOwnerAt) != owner)
     throw Damage("index page " + std::to_string(number) + " belongs to another table");

@@ -43,7 +43,7 @@ class IndexPage {
   void CheckEntries() const;
 
   std::uint32_t Number() const { return number_; }
-  bool IsLeaf() const { return page_.Data()[kPageKindAt] == static_cast<std::uint8_t>(PageKind::kIndexLeaf); }
+  bool IsLeaf() const { return IsOfKind(page_.Data(), PageKind::kIndexLeaf); }
   std::uint32_t PreviousPage() const { return page_.U32(links_ + kPreviousPage); }
   std::uint32_t NextPage() const { return page_.U32(links_ + kNextPage); }
   std::uint32_t TailChild() const { return page_.U32(links_ + kTailChild); }

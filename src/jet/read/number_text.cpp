@@ -20,7 +20,7 @@ struct Decimal {
   std::string_view fraction;
 };
 
-/// Splits "-12.50" into its parts, without idle zeros; nothing when `text` is no plain decimal number.
+/// Splits "-12.50" into its parts, without superfluous zeros; nullopt when `text` is not a decimal number.
 std::optional<Decimal> SplitDecimal(std::string_view text) {
   Decimal decimal;
   if (!text.empty() && (text.front() == '-' || text.front() == '+')) {
@@ -46,7 +46,7 @@ void AppendReal(Real value, std::string& out) {
     out += std::isnan(value) ? "nan" : value < 0 ? "-inf" : "inf";
     return;
   }
-  // Shortest digits first, "-d.ddde-XX"; then the point is put where people expect it.
+  // Gets the shortest digits as "-d.ddde-XX", then moves the decimal point.
   std::array<char, 40> buffer = {};
   const auto end =
       std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::scientific).ptr;
@@ -102,12 +102,12 @@ std::optional<Number> ParseNumber(std::string_view text) {
   return Number::Of(real);
 }
 
-std::optional<std::int64_t> ParseCurrency(std::string_view text) {
+std::optional<std::int64_t> ParseScaled(std::string_view text, std::size_t decimals) {
   const std::optional<Decimal> decimal = SplitDecimal(text);
-  if (!decimal || decimal->fraction.size() > 4)
+  if (!decimal || decimal->fraction.size() > decimals)
     return std::nullopt;
   std::string digits = decimal->negative ? "-" : "";
-  digits.append(decimal->whole).append(decimal->fraction).append(4 - decimal->fraction.size(), '0');
+  digits.append(decimal->whole).append(decimal->fraction).append(decimals - decimal->fraction.size(), '0');
   std::int64_t value = 0;
   const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), value);
   if (read.ec != std::errc())

@@ -6,7 +6,7 @@ std::optional<DataPage> TablePage(const FilePages& pages, std::uint32_t number, 
   if (number == 0 || number >= pages.PageCount())
     return std::nullopt;
   const std::uint8_t* head = pages.Page(number).Data();
-  if (head[kPageKindAt] != static_cast<std::uint8_t>(PageKind::kData) || LoadU32(head + kOwnerAt) != owner)
+  if (!IsOfKind(head, PageKind::kData) || LoadU32(head + kOwnerAt) != owner)
     return std::nullopt;
   return DataPage(pages, number);
 }

@@ -18,7 +18,7 @@ class StoredNumber {
  public:
   static std::optional<StoredNumber> From(std::string_view text, ColumnType type) {
     if (type == ColumnType::kCurrency) {
-      const std::optional<std::int64_t> value = ParseCurrency(text);
+      const std::optional<std::int64_t> value = ParseScaled(text, kCurrencyDecimals);
       return value ? std::optional(StoredNumber(static_cast<std::uint64_t>(*value), 8)) : std::nullopt;
     }
     const std::optional<Number> number = ParseNumber(text);

@@ -11,7 +11,6 @@
 #include "jet/format/table_definition_layout.h"
 #include "jet/format/text.h"
 #include "jet/read/field_value.h"
-#include "jet/read/long_value.h"
 #include "jet/read/row.h"
 #include "jet/read/row_walk.h"
 #include "jet/read/seek_key.h"
@@ -60,12 +59,9 @@ class RowKey {
       AppendNullKey(part.ascending, key_);
       return false;
     }
-    if (column.type == ColumnType::kText)
-      AppendText(*value, column, place, part.ascending);
-    else if (column.type == ColumnType::kMemo)
-      LongValue(database_.pages, *value, database_.options.maxLongValue).With([&](ByteView bytes) {
-        AppendText(bytes, column, place, part.ascending);
-      });
+    if (IsTextType(column.type))
+      database_.WithBytes(column.type, *value,
+                          [&](ByteView bytes) { AppendText(bytes, column, place, part.ascending); });
     else if (column.type == ColumnType::kNumeric)
       AppendNumber(*value, column, part.ascending);
     else if (!AppendFixedKey(column.type, value->Chars(), part.ascending, key_))

@@ -9,7 +9,6 @@
 #include "jet/format/text.h"
 #include "jet/read/data_page.h"
 #include "jet/read/field_value.h"
-#include "jet/read/long_value.h"
 #include "jet/read/value_text.h"
 
 namespace zerbal::jet {
@@ -182,8 +181,7 @@ void TableCursor::Seek(std::string_view key) {
 /// Keys ignore letter case and trailing blanks, so the texts of the rows are compared too.
 bool TableCursor::SeekByKey(std::string_view key) {
   const int column = tree_->parts.front().column;
-  const ColumnType type = Column(column).type;
-  const bool exact = type != ColumnType::kText && type != ColumnType::kMemo;
+  const bool exact = !IsTextType(Column(column).type);
   const std::span<const std::uint8_t> bytes = seekKey_.Bytes();
   if (!Settle(InOrder([bytes](auto& order) { return order.MoveTo(bytes); }), true))
     return false;
@@ -238,10 +236,9 @@ bool TableCursor::StoredTextIs(int column, std::string_view text) const {
   const std::optional<ByteView> value = Value(column);
   if (!value)
     return false;
-  const auto equals = [&](ByteView bytes) { return StoredTextEquals(bytes, Pages().TextCodePage(), text); };
-  if (Column(column).type != ColumnType::kMemo)
-    return equals(*value);
-  return LongValue(Pages(), *value, database_->options.maxLongValue).With(equals);
+  return database_->WithBytes(Column(column).type, *value, [&](ByteView bytes) {
+    return StoredTextEquals(bytes, Pages().TextCodePage(), text);
+  });
 }
 
 }  // namespace zerbal::jet

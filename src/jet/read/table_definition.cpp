@@ -138,7 +138,7 @@ class Parser {
     info.length = typeSize != 0 ? typeSize : length;
     if (info.type == ColumnType::kText && !jet3_)
       info.length = length / 2;
-    if (info.type == ColumnType::kText || info.type == ColumnType::kMemo)
+    if (IsTextType(info.type))
       info.compressed = !jet3_ && (record.U8(kColumnTextFlagsAt) & kColumnCompressed) != 0;
     if (info.type == ColumnType::kNumeric && !jet3_) {
       info.precision = record.U8(kColumnPrecisionAt);

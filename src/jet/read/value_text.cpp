@@ -5,6 +5,7 @@
 
 #include "jet/format/text.h"
 #include "jet/read/field_value.h"
+#include "jet/read/table_cursor.h"
 #include "jet/schema.h"
 
 namespace zerbal::jet {
@@ -24,8 +25,8 @@ void AppendText(const TableCursor& cursor, int column, std::string& out) {
   const std::optional<ByteView> value = cursor.Value(column);
   if (!value)
     return;
-  WithBytes(cursor, column, *value, [&](ByteView bytes) {
-    if (IsTextColumn(info.type))
+  cursor.SharedDatabase()->WithBytes(info.type, *value, [&](ByteView bytes) {
+    if (IsTextType(info.type))
       AppendStoredText(bytes, cursor.Pages().TextCodePage(), out);
     else
       AppendValue(info, bytes, out);

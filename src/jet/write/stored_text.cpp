@@ -10,7 +10,7 @@
 namespace zerbal::jet {
 namespace {
 
-constexpr char16_t kMark = 0xFEFF;  // stored as FF FE
+constexpr char16_t kMark = 0xFEFF;  // stored as kCompressedMark
 constexpr std::size_t kShortestCompressed = 3;
 
 bool Compressible(std::u16string_view text) {
@@ -37,7 +37,7 @@ std::string StoredText(std::u16string_view text, bool compress) {
     throw Refusal("a text that begins with the character U+FEFF cannot be stored");
   std::string stored;
   if (compress && Compressible(text)) {
-    stored = "\xFF\xFE";
+    stored = kCompressedMark;
     for (char16_t unit : text)
       stored += static_cast<char>(unit);
     return stored;

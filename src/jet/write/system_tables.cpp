@@ -173,14 +173,8 @@ TableLayout LayOut(const SystemTable& table, UsageMapPages& maps) {
   for (const SystemTable::Column& column : table.columns)
     layout.columns.push_back(LayOutColumn(column));
   PlaceColumns(layout);
-  layout.ownedMap = maps.Reserve();
-  layout.freeMap = maps.Reserve();
-  for (ColumnLayout& column : layout.columns) {
-    if (!column.IsLong())
-      continue;
-    column.ownedLongMap = maps.Reserve();
-    column.freeLongMap = maps.Reserve();
-  }
+  ReserveRowMaps(layout, maps);
+  ReserveLongValueMaps(layout, maps);
   for (const SystemIndex& index : table.indexes) {
     IndexLayout out;
     out.name = index.name;

@@ -35,11 +35,6 @@ std::uint16_t StoredLength(const ColumnInfo& column) {
   throw Refusal("column '" + column.name + "' is of an unknown type");
 }
 
-bool IsStoredFixed(ColumnType type) {
-  return type != ColumnType::kText && type != ColumnType::kBinary && type != ColumnType::kMemo &&
-         type != ColumnType::kOle;
-}
-
 // The same for names that differ only in letter case and trailing blanks.
 std::vector<std::uint8_t> NameKey(const std::string& name) {
   std::vector<std::uint8_t> key;
@@ -111,7 +106,7 @@ void CheckTableName(const std::string& name) {
 }
 
 bool CanBeIndexed(ColumnType type) {
-  return type != ColumnType::kMemo && type != ColumnType::kOle && type != ColumnType::kNumeric;
+  return !IsLongValueType(type) && type != ColumnType::kNumeric;
 }
 
 IndexLayout::Part LayOutPart(const TableLayout& table, const IndexInfo& index, const IndexColumn& part) {
@@ -292,7 +287,7 @@ void PlaceColumns(TableLayout& layout) {
   for (std::size_t i = 0; i < layout.columns.size(); ++i) {
     ColumnLayout& column = layout.columns[i];
     column.number = static_cast<std::uint16_t>(i);
-    column.info.fixed = IsStoredFixed(column.info.type);
+    column.info.fixed = SizeOfType(column.info.type) != 0;
     column.variableIndex = layout.variableCount;
     column.storedLength = StoredLength(column.info);
     column.displayPosition = layout.system ? std::uint16_t{0} : column.number;

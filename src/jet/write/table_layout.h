@@ -25,7 +25,7 @@ struct ColumnLayout {
   RecordPointer ownedLongMap{};
   RecordPointer freeLongMap{};
 
-  bool IsLong() const { return info.type == ColumnType::kMemo || info.type == ColumnType::kOle; }
+  bool IsLong() const { return IsLongValueType(info.type); }
 };
 
 struct IndexLayout {

@@ -79,6 +79,20 @@ void RowPages::End() {
   WriteCurrent();
 }
 
+void ReserveRowMaps(TableLayout& table, UsageMapPages& maps) {
+  table.ownedMap = maps.Reserve();
+  table.freeMap = maps.Reserve();
+}
+
+void ReserveLongValueMaps(TableLayout& table, UsageMapPages& maps) {
+  for (ColumnLayout& column : table.columns) {
+    if (!column.IsLong())
+      continue;
+    column.ownedLongMap = maps.Reserve();
+    column.freeLongMap = maps.Reserve();
+  }
+}
+
 TableWriter::TableWriter(OutputFile& file, TableLayout layout, std::optional<std::uint32_t> firstDataPage)
     : file_(file),
       layout_(std::move(layout)),

@@ -49,6 +49,11 @@ class RowPages {
   PageList withRoom_;
 };
 
+/// Reserves the usage maps of a table's rows.
+void ReserveRowMaps(TableLayout& table, UsageMapPages& maps);
+/// Reserves those of its long values.
+void ReserveLongValueMaps(TableLayout& table, UsageMapPages& maps);
+
 /// Writes the rows of a table as they come, and at the end its indexes, usage maps and definition.
 class TableWriter {
  public:

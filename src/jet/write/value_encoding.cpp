@@ -19,7 +19,6 @@
 namespace zerbal::jet {
 namespace {
 
-constexpr std::int64_t kCurrencyUnit = 10000;
 // 1 January 100 is day -657434. Its times of day are -657434.0 to -657434.99, so this is the limit.
 constexpr double kBeforeFirstDay = -657435;
 constexpr double kAfterLastDay = 2958466;  // 1 January 10000

@@ -59,14 +59,14 @@ TEST(NumberTextTest, ParsesOnlyWholeNumbersTexts) {
 }
 
 TEST(NumberTextTest, ParsesCurrencyExactly) {
-  EXPECT_EQ(ParseCurrency("12.5"), 125000);
-  EXPECT_EQ(ParseCurrency("-0.0001"), -1);
-  EXPECT_EQ(ParseCurrency("922337203685477.5807"), std::numeric_limits<std::int64_t>::max());
-  EXPECT_EQ(ParseCurrency("1.50000"), 15000);
-  EXPECT_FALSE(ParseCurrency("1.00001"));
-  EXPECT_FALSE(ParseCurrency("922337203685477.5808"));
-  EXPECT_FALSE(ParseCurrency("1e3"));
-  EXPECT_FALSE(ParseCurrency(""));
+  EXPECT_EQ(ParseScaled("12.5", 4), 125000);
+  EXPECT_EQ(ParseScaled("-0.0001", 4), -1);
+  EXPECT_EQ(ParseScaled("922337203685477.5807", 4), std::numeric_limits<std::int64_t>::max());
+  EXPECT_EQ(ParseScaled("1.50000", 4), 15000);
+  EXPECT_FALSE(ParseScaled("1.00001", 4));
+  EXPECT_FALSE(ParseScaled("922337203685477.5808", 4));
+  EXPECT_FALSE(ParseScaled("1e3", 4));
+  EXPECT_FALSE(ParseScaled("", 4));
 }
 
 TEST(NumberTextTest, PutsTheDecimalPoint) {
