@@ -1,4 +1,4 @@
-// Every kind of mistake in a planner's files, each with the message that tells of it.
+// Every kind of error in a planner's files with its message.
 #include <ostream>
 #include <sstream>
 #include <string>
@@ -56,7 +56,7 @@ TEST_P(BadRows, AreReported) {
 }
 
 const BadRow kBadRows[] = {
-    // Form
+    // Format
     {"EmptyFile", 'f', "", "f.csv: is empty; its first line must name the columns\n"},
     {"Semicolons", 'f', "Service;Flight;Key;From;To\n",
      "f.csv:1: the columns are separated by semicolons; commas are needed\n"},
@@ -165,7 +165,7 @@ const BadRow kBadRows[] = {
      "d.csv:5: column 'Name': 'a?z' holds a control character\n"},
     {"SortTooLarge", 's', "Service,Sort,Line,Name,Red,Green,Blue\nEUR,2147483648,1,x,0,0,0\n",
      "s.csv:2: column 'Sort': '2147483648' is not within -2147483648 to 2147483647\n"},
-    // Several at once, in the order of the lines
+    // Several errors in the order of the lines
     {"SeveralInOneRow", 'd', kAirports + "AAAA,x,y,999,x,1,1,1,2\n",
      "d.csv:5: column 'Longitude': '999' is not within -180 to 180\n"
      "d.csv:5: column 'Latitude': 'x' is not a number\n"
@@ -187,7 +187,7 @@ TEST(GoodRows, AreNotReported) {
   EXPECT_EQ(MessagesFor(kServices, kAirports, kFlights), "");
 }
 
-TEST(GoodRows, MayReferToARowThatIsBadOtherwise) {
+TEST(GoodRows, MayReferToARowWithAnotherError) {
   EXPECT_EQ(MessagesFor(kServices, kAirports + "AAAA,x,y,1,1,sea,1,1,0\n",
                         kFlights + "EUR,QV103,QV103,AAAA,,,,EGLL\n"),
             "d.csv:5: column 'Elevation': 'sea' is not a whole number\n");
@@ -200,13 +200,13 @@ std::string ManyServices(int count) {
   return services;
 }
 
-TEST(GoodRows, MayBeAsManyAsTheProgramCounts) {
+TEST(GoodRows, MayReachTheLimitsOfTheProgram) {
   EXPECT_EQ(MessagesFor(ManyServices(32767), kAirports, kFlights), "");
   EXPECT_EQ(MessagesFor(ManyServices(32768), kAirports, kFlights),
             "s.csv: there are 32768 flight services; the program counts up to 32767\n");
 }
 
-TEST(BadFiles, DoNotDrownInUnknownReferences) {
+TEST(BadFiles, ReportNoReferencesToTheirMissingRows) {
   EXPECT_EQ(MessagesFor(kServices, "Code\nLPPT\n", kFlights).find("unknown airport"), std::string::npos);
 }
 

@@ -23,7 +23,7 @@ using zerbal::test::ReadBytes;
 using zerbal::test::TempFolder;
 using zerbal::test::WriteBytes;
 
-/// A map of one cell, made in no time.
+/// A map of one tile, which is built quickly.
 std::vector<TableSize> SmallMap(const fs::path& parent, const std::function<void(double)>& progress) {
   WritePoints(parent / "app_map" / "coast.mdb", {"wcl", "IEwdb2"});
   progress(0.5);
@@ -35,7 +35,7 @@ std::vector<TableSize> SmallMap(const fs::path& parent, const std::function<void
 
 void NoProgress(double, const std::string&) {}
 
-/// A copy of the sample data's sources with few airports, so that building is quick.
+/// A copy of the sources of the sample data with few airports, which is built quickly.
 fs::path SmallSources(const TempFolder& folder) {
   fs::path sources = folder / "pack";
   fs::create_directory(sources);
@@ -46,7 +46,7 @@ fs::path SmallSources(const TempFolder& folder) {
   return sources;
 }
 
-TEST(BuildFolder, MakesEveryFileAndPassesItsOwnCheck) {
+TEST(BuildFolder, WritesFilesThatPassTheCheck) {
   const TempFolder folder;
   Problems problems;
   const std::vector<TableSize> sizes =
@@ -70,7 +70,7 @@ TEST(BuildFolder, MakesEveryFileAndPassesItsOwnCheck) {
   EXPECT_TRUE(check.AllIsWell()) << report.str();
 }
 
-TEST(BuildFolder, GivesTheSameBytesTwice) {
+TEST(BuildFolder, WritesTheSameBytesAgain) {
   const TempFolder folder;
   const fs::path sources = SmallSources(folder);
   Problems problems;
@@ -79,7 +79,7 @@ TEST(BuildFolder, GivesTheSameBytesTwice) {
   EXPECT_TRUE(FolderContent(folder / "one") == FolderContent(folder / "two"));
 }
 
-TEST(BuildFolder, GivesTheSameBytesFromItsOwnExport) {
+TEST(BuildFolder, WritesTheSameBytesFromItsExport) {
   const TempFolder folder;
   const fs::path sources = SmallSources(folder);
   Problems problems;
@@ -104,7 +104,7 @@ TEST(BuildFolder, GivesTheSameBytesFromItsOwnExport) {
             std::string::npos);
 }
 
-TEST(BuildFolder, WritesNothingWhenASourceIsBad) {
+TEST(BuildFolder, WritesNothingWhenASourceHasAnError) {
   const TempFolder folder;
   const fs::path sources = SmallSources(folder);
   WriteBytes(sources / "fonts.csv", "Code,Font,Size,Entry\nLORES,x,99,e\n");
@@ -122,7 +122,7 @@ TEST(BuildFolder, WritesNothingWhenASourceIsBad) {
   EXPECT_EQ(more.List()[3].reason, "cannot be read or has no section [RevZBL]");
 }
 
-TEST(BuildFolder, LeavesEverythingAsItWasWhenTheMapFails) {
+TEST(BuildFolder, ChangesNothingWhenTheMapFails) {
   const TempFolder folder;
   const fs::path sources = SmallSources(folder);
   Problems problems;
@@ -139,7 +139,7 @@ TEST(BuildFolder, LeavesEverythingAsItWasWhenTheMapFails) {
   EXPECT_FALSE(fs::exists(folder / "new"));
 }
 
-TEST(BuildFolder, ReplacesWhatItMadeAndKeepsOtherFiles) {
+TEST(BuildFolder, ReplacesItsOwnFoldersAndKeepsOtherFiles) {
   const TempFolder folder;
   const fs::path sources = SmallSources(folder);
   Problems problems;
@@ -153,7 +153,7 @@ TEST(BuildFolder, ReplacesWhatItMadeAndKeepsOtherFiles) {
   EXPECT_NE(content.at("app_data/qavdata.mdb"), "old");
 }
 
-TEST(BuildFolder, NeverReplacesAnAirlinesOwnData) {
+TEST(BuildFolder, NeverReplacesOtherData) {
   const TempFolder folder;
   const fs::path sources = SmallSources(folder);
   Problems problems;
@@ -165,14 +165,14 @@ TEST(BuildFolder, NeverReplacesAnAirlinesOwnData) {
     EXPECT_THROW(BuildFolder({out, sources}, SmallMap, NoProgress, problems), BuildRefused);
     EXPECT_EQ(ReadBytes(out / name / "own.mdb"), "own");
     fs::remove(out / name / "own.mdb");
-    BuildFolder({out, sources}, SmallMap, NoProgress, problems);  // empty folders are in nobody's way
+    BuildFolder({out, sources}, SmallMap, NoProgress, problems);  // replaces empty folders
     EXPECT_EQ(FolderContent(out).size(), 7U);
   }
   WriteBytes(folder / "file", "own");
   EXPECT_THROW(BuildFolder({folder / "file", sources}, SmallMap, NoProgress, problems), BuildRefused);
 }
 
-TEST(BuildFolder, TellsHowFarItIs) {
+TEST(BuildFolder, ReportsItsProgress) {
   const TempFolder folder;
   const fs::path sources = SmallSources(folder);
   Problems problems;
@@ -189,7 +189,7 @@ TEST(BuildFolder, TellsHowFarItIs) {
   EXPECT_EQ(steps.back(), 1);
 }
 
-TEST(BuildFolder, WritesTheRevisionFileForWindows) {
+TEST(BuildFolder, WritesTheRevisionFileWithCrLf) {
   const TempFolder folder;
   const fs::path sources = SmallSources(folder);
   WriteBytes(sources / "zblrev.ini", "[RevZBL]\nRevZBLAll=7\r\n");

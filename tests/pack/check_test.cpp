@@ -48,7 +48,7 @@ Row Flight(const char* service, const char* key, const std::vector<const char*>&
   return row;
 }
 
-/// A small but faultless set of files, to be spoilt.
+/// A small set of correct files, which tests damage.
 struct Files {
   Files() {
     for (const char* code :
@@ -102,20 +102,20 @@ std::string Report(const fs::path& folder) {
   return out.str();
 }
 
-/// What the check says of files that were spoilt, without the last two lines.
+/// The report of the check on damaged files without its last two lines.
 std::string FindingsAfter(
-    const std::function<void(Files&)>& spoil,
-    const std::function<void(const fs::path&)>& spoilFolder = [](const fs::path&) {}) {
+    const std::function<void(Files&)>& damage,
+    const std::function<void(const fs::path&)>& damageFolder = [](const fs::path&) {}) {
   const TempFolder folder;
   Files files;
-  spoil(files);
+  damage(files);
   files.Write(folder.Path());
-  spoilFolder(folder.Path());
+  damageFolder(folder.Path());
   const std::string report = Report(folder.Path());
   return report.substr(0, report.find("Found "));
 }
 
-TEST(CheckFolder, FindsNothingWrongWithGoodFiles) {
+TEST(CheckFolder, ReportsNothingForCorrectFiles) {
   const TempFolder folder;
   Files().Write(folder.Path());
   EXPECT_EQ(Report(folder.Path()),
@@ -123,7 +123,7 @@ TEST(CheckFolder, FindsNothingWrongWithGoodFiles) {
             "1 cell in river.mdb, 1 cell in ibound.mdb.\nAll is well.\n");
 }
 
-TEST(CheckFolder, FindsFilesWhateverTheirLetterCase) {
+TEST(CheckFolder, FindsFilesInAnyLetterCase) {
   EXPECT_EQ(FindingsAfter([](Files&) {},
                           [](const fs::path& folder) {
                             fs::rename(folder / "app_data" / "zbldata.mdb",
@@ -133,7 +133,7 @@ TEST(CheckFolder, FindsFilesWhateverTheirLetterCase) {
             "");
 }
 
-TEST(CheckFolder, NamesMissingFiles) {
+TEST(CheckFolder, ReportsMissingFiles) {
   EXPECT_EQ(FindingsAfter([](Files&) {},
                           [](const fs::path& folder) {
                             fs::remove(folder / "app_data" / "allaprt.mdb");
@@ -145,21 +145,21 @@ TEST(CheckFolder, NamesMissingFiles) {
             "Note: app_data/zblrev.ini: is missing; revision numbers show as Unknown\n");
 }
 
-TEST(CheckFolder, ReportsAFolderWithoutAnything) {
+TEST(CheckFolder, ReportsAnEmptyFolder) {
   const TempFolder folder;
   const std::string report = Report(folder.Path());
   EXPECT_NE(report.find("app_data/zbldata.mdb: the file is missing"), std::string::npos);
   EXPECT_TRUE(report.ends_with("4 things are wrong.\n")) << report;
 }
 
-TEST(CheckFolder, ReportsFilesThatAreNoDatabases) {
+TEST(CheckFolder, ReportsFilesThatAreNotDatabases) {
   const std::string findings = FindingsAfter(
       [](Files&) {},
       [](const fs::path& folder) { WriteBytes(folder / "app_map" / "ibound.mdb", "no database"); });
   EXPECT_TRUE(findings.starts_with("app_map/ibound.mdb: cannot be opened: ")) << findings;
 }
 
-TEST(CheckFolder, NamesMissingTablesFieldsAndIndexes) {
+TEST(CheckFolder, ReportsMissingTablesFieldsAndIndexes) {
   EXPECT_EQ(FindingsAfter([](Files& files) { files.fonts.spec.name = "fonts"; }),
             "app_data/zbldata.mdb: table 'fon': the table is missing\n");
   EXPECT_EQ(FindingsAfter([](Files& files) { files.services.spec.columns[3].name = "Title"; }),
@@ -173,7 +173,7 @@ TEST(CheckFolder, NamesMissingTablesFieldsAndIndexes) {
             "app_data/qavdata.mdb: table 'flit': index 'flituni' is not on the one field 'Flit_2015'\n");
 }
 
-TEST(CheckFolder, DoesNotAskForFieldsThatNothingReads) {
+TEST(CheckFolder, AllowsMissingFieldsThatTheProgramDoesNotRead) {
   EXPECT_EQ(FindingsAfter([](Files& files) {
               files.colours.spec.columns[0].name = "Code";
               files.colours.spec.indexes[0].columns[0].name = "Code";
@@ -183,7 +183,7 @@ TEST(CheckFolder, DoesNotAskForFieldsThatNothingReads) {
             "");
 }
 
-TEST(CheckFolder, NamesMissingCodesAndRows) {
+TEST(CheckFolder, ReportsMissingCodesAndRows) {
   EXPECT_EQ(FindingsAfter([](Files& files) {
               files.colours.rows.pop_back();
               files.fonts.rows.clear();
@@ -201,14 +201,14 @@ TEST(CheckFolder, NamesMissingCodesAndRows) {
       "app_data/qavdata.mdb: table 'fsrv': there is no flight service; the program needs at least one\n");
 }
 
-/// Changes the leaves of all indexes of a file: `spoil` is given each one's page.
-void SpoilLeaves(const fs::path& file, const std::function<void(std::span<char> page)>& spoil) {
+/// Changes the leaves of all indexes of a file: calls `damage` with the page of each leaf.
+void SpoilLeaves(const fs::path& file, const std::function<void(std::span<char> page)>& damage) {
   constexpr std::size_t kPage = 4096;
   constexpr char kLeaf = 4;
   std::string bytes = ReadBytes(file);
   for (std::size_t at = 0; at < bytes.size(); at += kPage) {
     if (bytes[at] == kLeaf)
-      spoil({bytes.data() + at, kPage});
+      damage({bytes.data() + at, kPage});
   }
   WriteBytes(file, bytes);
 }
@@ -230,7 +230,7 @@ TEST(CheckFolder, ReportsDamagedIndexes) {
       "it is used\n");
 }
 
-TEST(CheckFolder, ReportsIndexesThatDoNotLeadToAllRows) {
+TEST(CheckFolder, ReportsIndexesThatLackRows) {
   EXPECT_EQ(FindingsAfter([](Files&) {},
                           [](const fs::path& folder) {
                             SpoilLeaves(folder / "app_data" / "allaprt.mdb", [](std::span<char> page) {
@@ -242,7 +242,7 @@ TEST(CheckFolder, ReportsIndexesThatDoNotLeadToAllRows) {
             "app_data/allaprt.mdb: table 'allaprt': index 'aprt' leads to 1 of 2 rows\n");
 }
 
-TEST(CheckFolder, NotesRowsThatMayBeLost) {
+TEST(CheckFolder, ReportsRowsThatMayBeLost) {
   constexpr char kForeignPage = 99;
   EXPECT_EQ(FindingsAfter([](Files&) {},
                           [](const fs::path& folder) {
@@ -316,7 +316,8 @@ TEST(CheckFolder, ReportsMapPointsOutsideTheMapFrame) {
                             writer.AddPair(360'000'001, 1);
                             writer.AddPair(1, -1);
                             writer.EndTable();
-                            writer.BeginTable(test::PointTable("BBwdb2"));  // no cell: never read
+                            writer.BeginTable(
+                                test::PointTable("BBwdb2"));  // the name of no tile, so it is not read
                             writer.AddPair(-5, -5);
                             writer.EndTable();
                             writer.Finish();
@@ -326,7 +327,7 @@ TEST(CheckFolder, ReportsMapPointsOutsideTheMapFrame) {
             "app_map/coast.mdb: table 'IEwdb2': row 5: the point 1, -1 is outside the map frame\n");
 }
 
-TEST(CheckFolder, ReportsMapTablesThatAreNone) {
+TEST(CheckFolder, ReportsMapTablesWithOtherFields) {
   EXPECT_EQ(FindingsAfter([](Files&) {},
                           [](const fs::path& folder) {
                             jet::DatabaseWriter writer(folder / "app_map" / "river.mdb");
@@ -341,7 +342,7 @@ TEST(CheckFolder, ReportsMapTablesThatAreNone) {
             "app_map/ibound.mdb: there is no table of a grid cell; close views show no lines\n");
 }
 
-TEST(CheckFolder, ReportsValuesThatDoNotFit) {
+TEST(CheckFolder, ReportsInvalidValues) {
   EXPECT_EQ(FindingsAfter([](Files& files) {
               for (std::size_t i = 4; i < 7; ++i) {
                 files.services.spec.columns[i].type = jet::ColumnType::kLong;
@@ -359,7 +360,7 @@ TEST(CheckFolder, ReportsValuesThatDoNotFit) {
             "app_data/allaprt.mdb: table 'allaprt': airport 'B': AP_ILS is empty\n");
 }
 
-TEST(CheckFolder, ReportsKeysThatTheSettingsFileCannotHold) {
+TEST(CheckFolder, ReportsKeysThatTheSettingsFileCannotStore) {
   EXPECT_EQ(
       FindingsAfter([](Files& files) {
         files.colours.rows[0][5] = Null{};
@@ -373,7 +374,7 @@ TEST(CheckFolder, ReportsKeysThatTheSettingsFileCannotHold) {
       "file\n");
 }
 
-TEST(CheckFolder, ReportsMoreServicesThanTheProgramCounts) {
+TEST(CheckFolder, ReportsTooManyServices) {
   EXPECT_EQ(FindingsAfter([](Files& files) {
               for (int i = 1; i < 32768; ++i)
                 files.services.rows.push_back(
@@ -383,7 +384,7 @@ TEST(CheckFolder, ReportsMoreServicesThanTheProgramCounts) {
             "32767\n");
 }
 
-TEST(CheckFolder, CountsWhatIsWrongManyTimes) {
+TEST(CheckFolder, CountsFindingsAfterTheFirst20OfAKind) {
   const TempFolder folder;
   Files files;
   files.airports.rows.clear();

@@ -16,7 +16,7 @@ std::string UsageFault(const std::vector<std::string>& words) {
   return "none";
 }
 
-TEST(ParseCommandLine, TakesOptionsAnywhere) {
+TEST(ParseCommandLine, AcceptsOptionsAnywhere) {
   const CommandLine line = ParseCommandLine({"--out", "o", "file", "--schema", "dir", "--table=t"}, kSyntax);
   EXPECT_EQ(line.operands, (std::vector<std::string>{"file", "dir"}));
   EXPECT_EQ(line.Value("--out"), "o");
@@ -24,7 +24,7 @@ TEST(ParseCommandLine, TakesOptionsAnywhere) {
   EXPECT_TRUE(line.Has("--schema"));
 }
 
-TEST(ParseCommandLine, LeavesOutWhatIsNotNeeded) {
+TEST(ParseCommandLine, OmitsOptionsThatAreNotGiven) {
   const CommandLine line = ParseCommandLine({"file", "dir", "--out=a=b"}, kSyntax);
   EXPECT_EQ(line.Value("--out"), "a=b");
   EXPECT_FALSE(line.Has("--table"));
@@ -32,13 +32,13 @@ TEST(ParseCommandLine, LeavesOutWhatIsNotNeeded) {
   EXPECT_FALSE(line.Has("--schema"));
 }
 
-TEST(ParseCommandLine, TakesEverythingBehindTwoDashesAsOperands) {
+TEST(ParseCommandLine, TreatsEverythingAfterTwoDashesAsOperands) {
   const CommandLine line = ParseCommandLine({"--out", "-o", "--", "-file", "--schema"}, kSyntax);
   EXPECT_EQ(line.Value("--out"), "-o");
   EXPECT_EQ(line.operands, (std::vector<std::string>{"-file", "--schema"}));
 }
 
-TEST(ParseCommandLine, SaysWhatIsWrong) {
+TEST(ParseCommandLine, ReportsErrors) {
   EXPECT_EQ(UsageFault({"a", "b"}), "option '--out' is missing");
   EXPECT_EQ(UsageFault({"a", "--out", "o"}), "DIR is missing");
   EXPECT_EQ(UsageFault({"--out", "o"}), "FILE is missing");

@@ -18,7 +18,7 @@ std::vector<CsvRecord> ReadAll(std::string_view text) {
   return records;
 }
 
-/// Fields in brackets, quoted ones with a leading q, records on lines of their own; faults as "!line.field".
+/// One line per record: fields in brackets, quoted ones with a leading q, errors as "!line.field".
 std::string Shown(std::string_view text) {
   std::ostringstream shown;
   for (const CsvRecord& record : ReadAll(text)) {
@@ -41,7 +41,7 @@ TEST(CsvReader, SplitsFieldsAndLines) {
   EXPECT_EQ(Shown("a b , c\n"), "1:[a b ][ c]\n");
 }
 
-TEST(CsvReader, TellsNullFromEmptyText) {
+TEST(CsvReader, DistinguishesNullFromEmptyText) {
   EXPECT_EQ(Shown(",\"\",\n"), "1:[]q[][]\n");
   const std::vector<CsvRecord> records = ReadAll(",\"\"\n");
   ASSERT_EQ(records.size(), 1U);
@@ -49,7 +49,7 @@ TEST(CsvReader, TellsNullFromEmptyText) {
   EXPECT_FALSE(records[0].fields[1].IsNull());
 }
 
-TEST(CsvReader, KnowsBlankLines) {
+TEST(CsvReader, RecognisesBlankLines) {
   const std::vector<CsvRecord> records = ReadAll("a\n\n\"\"\n,\n");
   ASSERT_EQ(records.size(), 4U);
   EXPECT_FALSE(records[0].IsBlank());
@@ -58,7 +58,7 @@ TEST(CsvReader, KnowsBlankLines) {
   EXPECT_FALSE(records[3].IsBlank());
 }
 
-TEST(CsvReader, ReadsNothingFromNothing) {
+TEST(CsvReader, ReadsNoRecordFromEmptyText) {
   EXPECT_EQ(Shown(""), "");
   EXPECT_EQ(Shown("\xEF\xBB\xBF"), "");
 }
@@ -77,13 +77,13 @@ TEST(CsvReader, CountsLinesInsideQuotes) {
   EXPECT_EQ(Shown("\"a\n\n\nb\"\nc\n"), "1:q[a\n\n\nb]\n5:[c]\n");
 }
 
-TEST(CsvReader, GoesOnAfterAFault) {
+TEST(CsvReader, ContinuesAfterAnError) {
   EXPECT_EQ(Shown("a,b\"c,d\ne,f\n"), "1:!1.2\n2:[e][f]\n");
   EXPECT_EQ(Shown("\"a\"b,c\nd\n"), "1:!1.1\n2:[d]\n");
   EXPECT_EQ(Shown("a,\"b\nc,d\ne\n"), "1:!1.2\n2:[c][d]\n3:[e]\n");
 }
 
-TEST(CsvReader, NamesTheLineOnWhichAnOpenFieldBegan) {
+TEST(CsvReader, ReportsTheLineWhereAnOpenFieldBegins) {
   const std::vector<CsvRecord> records = ReadAll("\"a,b\n\"c\",d\n");
   ASSERT_EQ(records.size(), 1U);
   ASSERT_TRUE(records[0].fault);
@@ -92,7 +92,7 @@ TEST(CsvReader, NamesTheLineOnWhichAnOpenFieldBegan) {
             "text after the closing quotation mark of a field that begins on line 1");
 }
 
-TEST(CsvReader, RefusesBytesThatAreNoUtf8) {
+TEST(CsvReader, RefusesInvalidUtf8) {
   for (const char* bad : {"\x80", "\xC3", "\xC0\xAF", "\xE0\x80\xAF", "\xED\xA0\x80", "\xF0\x80\x80\x80",
                           "\xF4\x90\x80\x80", "\xFF", "M\xFCnchen", "\xE2\x82"}) {
     EXPECT_EQ(Shown(std::string("a,") + bad + "\nb\n"), "1:!1.2\n2:[b]\n") << bad;
@@ -107,7 +107,7 @@ TEST(CsvReader, RefusesNul) {
   EXPECT_EQ(Shown(std::string_view("\"\0\"\nb\n", 6)), "1:!1.1\n2:[b]\n");
 }
 
-TEST(AppendCsvText, ReadsBackTheSame) {
+TEST(AppendCsvText, WritesTextsThatReadBackTheSame) {
   for (const std::string text : {"", "plain", "a,b", "say \"hi\"", "two\r\nlines", "\"", "\xC3\xA9"}) {
     std::string csv;
     AppendCsvText(text, csv);

@@ -67,7 +67,7 @@ std::string Repeated(const std::string& text, int times) {
   return all;
 }
 
-TEST(ExportTables, WritesEveryTypeInItsForm) {
+TEST(ExportTables, WritesEveryTypeInItsFormat) {
   const TempFolder folder;
   WriteEveryType(folder / "types.mdb");
   std::ostringstream err;
@@ -120,7 +120,7 @@ class ExportOptionsTest : public testing::Test {
   bool good = false;
 };
 
-TEST_F(ExportOptionsTest, KeepsStoredOrderAndFindsFileNames) {
+TEST_F(ExportOptionsTest, KeepsStoredOrderAndFormsFileNames) {
   EXPECT_EQ(Messages("", ""), "");
   EXPECT_TRUE(good);
   EXPECT_EQ(ReadBytes(folder / "csv" / "Cities.csv"),
@@ -129,7 +129,7 @@ TEST_F(ExportOptionsTest, KeepsStoredOrderAndFindsFileNames) {
   EXPECT_EQ(ReadBytes(folder / "csv" / "A_B_2.csv"), "\"y\"\r\n");
 }
 
-TEST_F(ExportOptionsTest, FollowsAnIndexWhateverItsLetterCase) {
+TEST_F(ExportOptionsTest, FindsAnIndexInAnyLetterCase) {
   EXPECT_EQ(Messages("cities", "BYSIZE"), "");
   EXPECT_TRUE(good);
   EXPECT_EQ(ReadBytes(folder / "csv" / "Cities.csv"),
@@ -140,7 +140,7 @@ TEST_F(ExportOptionsTest, FollowsAnIndexWhateverItsLetterCase) {
             "\"Code\",\"Size\"\r\n\"a\",2\r\n\"b\",1\r\n\"c\",3\r\n");
 }
 
-TEST_F(ExportOptionsTest, SaysWhatThereIsInsteadOfAWrongName) {
+TEST_F(ExportOptionsTest, ListsTheNamesInsteadOfAWrongOne) {
   EXPECT_EQ(Messages("Towns", ""),
             "zerbal-pack: two.mdb: there is no table 'Towns'; the tables are: Cities, a/b, A\\B\n");
   EXPECT_FALSE(good);
@@ -163,14 +163,14 @@ TEST_F(ExportOptionsTest, WritesTheSchema) {
             "\"Cities\",\"index\",\"BySize\",\"Size descending\",\"ignore nulls\"\r\n");
 }
 
-TEST_F(ExportOptionsTest, FailsWhereNothingCanBeWritten) {
+TEST_F(ExportOptionsTest, FailsWhenItCannotWrite) {
   WriteBytes(folder / "csv", "a file");
   std::ostringstream err;
   EXPECT_THROW(ExportTables({folder / "two.mdb", folder / "csv", "", "", false}, err),
                std::filesystem::filesystem_error);
 }
 
-TEST(ExportTables, RefusesWhatIsNoDatabase) {
+TEST(ExportTables, RefusesAFileThatIsNotADatabase) {
   const TempFolder folder;
   WriteBytes(folder / "x.mdb", "no database");
   std::ostringstream err;
@@ -179,13 +179,13 @@ TEST(ExportTables, RefusesWhatIsNoDatabase) {
   EXPECT_FALSE(std::filesystem::exists(folder / "csv"));
 }
 
-TEST(CsvFileName, ReplacesWhatFileSystemsMind) {
+TEST(CsvFileName, ReplacesCharactersThatFileSystemsRefuse) {
   EXPECT_EQ(CsvFileName("flit"), "flit");
   EXPECT_EQ(CsvFileName("Größe 2-a_b"), "Größe 2-a_b");
   EXPECT_EQ(CsvFileName("../x:y*?\"<>|\t.csv"), "___x_y________csv");
 }
 
-TEST(TypeText, NamesTypesWithTheirSizes) {
+TEST(TypeText, StatesTypesWithTheirSizes) {
   EXPECT_EQ(TypeText(TextColumn("x", 255)), "Text(255)");
   EXPECT_EQ(TypeText(NumberColumn("x", ColumnType::kSingle, 4)), "Single");
   jet::ColumnInfo numeric = NumberColumn("x", ColumnType::kNumeric, 17);

@@ -22,7 +22,7 @@ namespace {
 constexpr std::pair<MapTheme, const char*> kFiles[] = {
     {MapTheme::kCoast, "coast.mdb"}, {MapTheme::kRiver, "river.mdb"}, {MapTheme::kBoundary, "ibound.mdb"}};
 
-// One build of the installed low resolution data serves all tests that only look.
+// All tests that only read share one build of the installed low resolution data.
 struct Built {
   test::TempFolder folder;
   std::vector<double> progress;
@@ -103,7 +103,7 @@ TEST_F(MapBuild, HasTheTwoColumnsAsWholeNumbersAndNoIndex) {
   EXPECT_TRUE(world.Indexes().empty());
 }
 
-TEST_F(MapBuild, GivesTheSameBytesAgain) {
+TEST_F(MapBuild, WritesTheSameBytesAgain) {
   BuildMapDatabases({MapDetail::kLow, folder_.Path(), kMapSourceFolder}, {});
   for (const auto& [theme, file] : kFiles) {
     const std::string again = test::ReadBytes(folder_ / "app_map" / file);
@@ -112,7 +112,7 @@ TEST_F(MapBuild, GivesTheSameBytesAgain) {
   }
 }
 
-TEST_F(MapBuild, TellsHowFarItIs) {
+TEST_F(MapBuild, ReportsItsProgress) {
   const std::vector<double>& progress = Low().progress;
   EXPECT_GT(progress.size(), 50u);
   EXPECT_EQ(progress.front(), 0);
@@ -120,7 +120,7 @@ TEST_F(MapBuild, TellsHowFarItIs) {
   EXPECT_TRUE(std::is_sorted(progress.begin(), progress.end()));
 }
 
-TEST_F(MapBuild, NamesThePackageOfADetailThatIsNotInstalled) {
+TEST_F(MapBuild, NamesThePackageOfAMissingResolution) {
   const std::filesystem::path sources = folder_ / "sources";
   std::filesystem::create_directories(sources);
   const std::filesystem::path low = MapSourceFile(kMapSourceFolder, MapTheme::kCoast, MapDetail::kLow);
@@ -136,8 +136,9 @@ TEST_F(MapBuild, NamesThePackageOfADetailThatIsNotInstalled) {
   EXPECT_TRUE(std::filesystem::is_empty(folder_ / "app_map"));
 }
 
-TEST_F(MapBuild, FailsWithAMessageWhereItCannotWrite) {
-  std::filesystem::create_directories(folder_ / "app_map" / "coast.mdb");  // a folder is in the way
+TEST_F(MapBuild, FailsWithAMessageWhenItCannotWrite) {
+  std::filesystem::create_directories(folder_ / "app_map" /
+                                      "coast.mdb");  // a folder has the name of the file
   EXPECT_THROW(BuildMapDatabases({MapDetail::kLow, folder_.Path(), kMapSourceFolder}, {}), jet::EngineError);
 }
 

@@ -16,7 +16,7 @@ MapPoint At(double lon, double lat) {
   return {static_cast<std::int32_t>(lon * kDegree), static_cast<std::int32_t>(lat * kDegree)};
 }
 
-// The lines of one cell, by column and row.
+// The lines of one cell, which its column and row identify.
 std::vector<MapLine> LinesIn(CellCutter& cutter, int column, int row) {
   std::vector<MapLine> lines;
   for (const MapPiece& piece : cutter.Cells()[cutter.Grid().CellIndex(column, row)])
@@ -39,7 +39,7 @@ CellCutter Cut(const MapLine& line, CellGrid grid = kGrid) {
 
 using Lines = std::vector<MapLine>;
 
-TEST(CellCutter, KeepsAPieceInsideOneCellWhole) {
+TEST(CellCutter, DoesNotCutAPieceInsideOneCell) {
   const MapLine line{At(41, 21), At(50, 30), At(79, 39)};
   CellCutter cutter = Cut(line);
   EXPECT_EQ(LinesIn(cutter, 1, 1), Lines{line});
@@ -61,7 +61,7 @@ TEST(CellCutter, CutsALongSegmentAtEveryBorder) {
   EXPECT_EQ(LinesIn(cutter, 3, 1), (Lines{{At(120, 30), At(130, 30)}}));
 }
 
-TEST(CellCutter, CutsAtAPointThatLiesOnTheBorderAlready) {
+TEST(CellCutter, CutsAtAnExistingPointOnTheBorder) {
   CellCutter cutter = Cut({At(39, 30), At(40, 31), At(41, 31)});
   EXPECT_EQ(LinesIn(cutter, 0, 1), (Lines{{At(39, 30), At(40, 31)}}));
   EXPECT_EQ(LinesIn(cutter, 1, 1), (Lines{{At(40, 31), At(41, 31)}}));
@@ -74,7 +74,7 @@ TEST(CellCutter, DoesNotCutALineThatOnlyTouchesABorder) {
   EXPECT_EQ(PieceCount(cutter), 1u);
 }
 
-TEST(CellCutter, GivesALineAlongABorderToBothSides) {
+TEST(CellCutter, AddsALineAlongABorderToBothSides) {
   CellCutter cutter = Cut({At(39, 30), At(40, 31), At(40, 33), At(41, 34)});
   EXPECT_EQ(LinesIn(cutter, 0, 1), (Lines{{At(39, 30), At(40, 31), At(40, 33)}}));
   EXPECT_EQ(LinesIn(cutter, 1, 1), (Lines{{At(40, 31), At(40, 33), At(41, 34)}}));
@@ -101,7 +101,7 @@ TEST(CellCutter, PassesThroughACornerWithoutTouchingTheOtherTwoCells) {
   }
 }
 
-TEST(CellCutter, EndsAndBeginsInACorner) {
+TEST(CellCutter, CutsALineThatEndsOrBeginsInACorner) {
   CellCutter cutter = Cut({At(39, 39), At(40, 40), At(41, 39)});
   EXPECT_EQ(LinesIn(cutter, 0, 1), (Lines{{At(39, 39), At(40, 40)}}));
   EXPECT_EQ(LinesIn(cutter, 1, 1), (Lines{{At(40, 40), At(41, 39)}}));
@@ -128,7 +128,7 @@ TEST(CellCutter, CutsTheWholeFrameAtItsEdgeOnly) {
             (Lines{{At(300, 30), At(350, 30), At(360, 40)}, {At(0, 40), At(10, 50), At(40, 50)}}));
 }
 
-TEST(CellCutter, ShowsALineAlongTheFramesEdgeOnBothSides) {
+TEST(CellCutter, AddsALineAlongTheFramesEdgeToBothSides) {
   for (const double lon : {0.0, 360.0}) {
     CellCutter cutter = Cut({At(lon, 30), At(lon, 35)});
     EXPECT_EQ(LinesIn(cutter, 8, 1), (Lines{{At(360, 30), At(360, 35)}}));
@@ -137,7 +137,7 @@ TEST(CellCutter, ShowsALineAlongTheFramesEdgeOnBothSides) {
   }
 }
 
-TEST(CellCutter, HasOneCellAlongAPole) {
+TEST(CellCutter, AddsALineAlongAPoleToOneCell) {
   CellCutter cutter = Cut({At(10, 0), At(20, 0)});
   cutter.Add({{At(10, 180), At(20, 180)}, 0});
   EXPECT_EQ(LinesIn(cutter, 0, 0).size(), 1u);
@@ -145,7 +145,7 @@ TEST(CellCutter, HasOneCellAlongAPole) {
   EXPECT_EQ(PieceCount(cutter), 2u);
 }
 
-TEST(CellCutter, LeavesOutRepeatedPointsAndPiecesWithoutLength) {
+TEST(CellCutter, OmitsRepeatedPointsAndPiecesWithoutLength) {
   CellCutter cutter = Cut({At(1, 1), At(1, 1), At(2, 2), At(2, 2)});
   EXPECT_EQ(LinesIn(cutter, 0, 0), (Lines{{At(1, 1), At(2, 2)}}));
   cutter.Add({{At(5, 5), At(5, 5)}, 0});
@@ -154,7 +154,7 @@ TEST(CellCutter, LeavesOutRepeatedPointsAndPiecesWithoutLength) {
   EXPECT_EQ(PieceCount(cutter), 1u);
 }
 
-TEST(CellCutter, CutsTheSameWhicheverWayALineRuns) {
+TEST(CellCutter, CutsALineTheSameInBothDirections) {
   test::TestRandom random(20260503);
   std::uniform_int_distribution<std::int32_t> lon(0, 2 * kFrameWidth);
   std::uniform_int_distribution<std::int32_t> lat(0, kFrameHeight);
@@ -176,23 +176,23 @@ TEST(CellCutter, CutsTheSameWhicheverWayALineRuns) {
   }
 }
 
-// In how many cells a segment between two borders belongs.
+// The number of cells that a segment between two borders belongs to.
 int Owners(MapPoint a, MapPoint b) {
   const int columns = a.lon == b.lon && a.lon % (40 * kDegree) == 0 ? 2 : 1;
-  const bool inside = a.lat > 0 && a.lat < kFrameHeight;  // at a pole there is nothing on the other side
+  const bool inside = a.lat > 0 && a.lat < kFrameHeight;  // there are no cells beyond a pole
   const int rows = a.lat == b.lat && a.lat % (20 * kDegree) == 0 && inside ? 2 : 1;
   return columns * rows;
 }
 
-// Both coordinates change one way only along a segment, so cutting it leaves this measure as it is, exactly.
+// Both coordinates are monotonic along a segment, so cutting keeps this measure exactly.
 std::int64_t Length(MapPoint a, MapPoint b) {
   return std::abs(std::int64_t{a.lon} - b.lon) + std::abs(std::int64_t{a.lat} - b.lat);
 }
 
-// However a line runs, every part stays within its cell, and no stretch is lost or doubled.
+// Every part of a line lies within its cell, and no part is lost or doubled.
 TEST(CellCutter, CutsRandomLinesWithoutGaps) {
   test::TestRandom random(20260504);
-  // Coarse steps, so that points on borders, corners and the frame's edges are frequent.
+  // Coarse steps make points on borders, corners and the frame's edges frequent.
   std::uniform_int_distribution<std::int32_t> lon(0, 144);
   std::uniform_int_distribution<std::int32_t> lat(0, 36);
   for (int round = 0; round < 1000; ++round) {
@@ -203,7 +203,7 @@ TEST(CellCutter, CutsRandomLinesWithoutGaps) {
       length += i == 0 ? 0 : Length(line[line.size() - 2], line.back());
     }
     CellCutter cutter = Cut(line);
-    std::int64_t quarters = 0;  // a stretch along two borders has four owners
+    std::int64_t quarters = 0;  // a part along two borders belongs to four cells
     for (int column = 0; column < 9; ++column) {
       for (int row = 0; row < 9; ++row) {
         for (const MapLine& part : LinesIn(cutter, column, row)) {

@@ -30,7 +30,7 @@ TEST(JoinPieces, JoinsPiecesOfOneDirection) {
   EXPECT_EQ(JoinPieces({{{kC, kD}, 0}, {{kA, kB}, 0}, {{kB, kC}, 0}}), (Lines{{kD, kC, kB, kA}}));
 }
 
-TEST(JoinPieces, TurnsPiecesRound) {
+TEST(JoinPieces, ReversesPieces) {
   const Lines lines = JoinPieces({{{kA, kB}, 0}, {{kC, kB}, 0}, {{kC, kD, kE}, 0}});
   EXPECT_EQ(lines, (Lines{{kA, kB, kC, kD, kE}}));
 }
@@ -40,44 +40,44 @@ TEST(JoinPieces, ClosesARingFromPieces) {
   EXPECT_EQ(lines, (Lines{{kA, kB, kC, kD, kA}}));
 }
 
-TEST(JoinPieces, KeepsARingThatIsWhole) {
+TEST(JoinPieces, KeepsAClosedRing) {
   const Lines lines = JoinPieces({{{kA, kB, kC, kA}, 0}, {{kA, kD}, 0}});
   EXPECT_EQ(lines.size(), 2u);
   EXPECT_NE(std::find(lines.begin(), lines.end(), MapLine{kA, kB, kC, kA}), lines.end());
   EXPECT_EQ(SegmentsOf(lines), SegmentsOf({{kA, kB, kC, kA}, {kA, kD}}));
 }
 
-TEST(JoinPieces, KeepsPiecesThatMeetNobody) {
+TEST(JoinPieces, KeepsPiecesThatMeetNoOther) {
   EXPECT_EQ(JoinPieces({{{kA, kB}, 0}, {{kC, kD}, 0}}), (Lines{{kA, kB}, {kC, kD}}));
   EXPECT_TRUE(JoinPieces({}).empty());
 }
 
-TEST(JoinPieces, LeavesOneEndWhereThreeMeet) {
+TEST(JoinPieces, LeavesOneEndOpenWhereThreeMeet) {
   const Lines lines = JoinPieces({{{kA, kB}, 2}, {{kB, kC}, 1}, {{kD, kB}, 2}});
-  EXPECT_EQ(lines.size(), 2u);  // the two of one level go on into each other
+  EXPECT_EQ(lines.size(), 2u);  // joins the two of one level
   EXPECT_NE(std::find(lines.begin(), lines.end(), MapLine{kA, kB, kD}), lines.end());
   EXPECT_NE(std::find(lines.begin(), lines.end(), MapLine{kB, kC}), lines.end());
 }
 
-TEST(JoinPieces, JoinsDifferentGroupsWhereNothingElseMeets) {
+TEST(JoinPieces, JoinsDifferentGroupsWhereNoOtherPieceMeets) {
   EXPECT_EQ(JoinPieces({{{kA, kB}, 1}, {{kB, kC}, 2}}), (Lines{{kA, kB, kC}}));
 }
 
-TEST(JoinPieces, PairsWhatIsLeftOfSeveralGroups) {
+TEST(JoinPieces, PairsTheRemainingEndsOfSeveralGroups) {
   const Lines lines = JoinPieces({{{kA, kB}, 1}, {{kC, kB}, 2}, {{kD, kB}, 3}, {{kE, kB}, 3}, {{kF, kB}, 4}});
   EXPECT_EQ(lines.size(), 3u);
   EXPECT_NE(std::find(lines.begin(), lines.end(), MapLine{kD, kB, kE}), lines.end());
 }
 
-TEST(JoinPieces, MakesARingOfAPieceWhoseEndsMeetOthers) {
-  // Two loops through one point, each made of two pieces.
+TEST(JoinPieces, FormsARingOfAPieceWhoseEndsMeetOthers) {
+  // Two loops through one point, each of two pieces.
   const Lines lines = JoinPieces({{{kA, kB}, 1}, {{kB, kC, kA}, 1}, {{kA, kD}, 2}, {{kD, kE, kA}, 2}});
   EXPECT_EQ(lines.size(), 2u);
   for (const MapLine& line : lines)
     EXPECT_EQ(line.front(), line.back());
 }
 
-TEST(JoinPieces, MakesTheFewestLinesAndLosesNoSegment) {
+TEST(JoinPieces, FormsTheFewestLinesAndLosesNoSegment) {
   test::TestRandom random(20260501);
   std::uniform_int_distribution<std::int32_t> place(0, 4);
   std::uniform_int_distribution<std::int32_t> group(0, 2);
@@ -103,7 +103,7 @@ TEST(JoinPieces, MakesTheFewestLinesAndLosesNoSegment) {
     }
     const Lines after = JoinPieces(pieces);
     const auto isOpen = [](const MapLine& line) { return line.front() != line.back(); };
-    // No more loose ends than the places where an odd number of ends meets.
+    // An open end remains only where an odd number of ends meets.
     EXPECT_LE(2 * static_cast<std::size_t>(std::count_if(after.begin(), after.end(), isOpen)), oddPlaces);
     EXPECT_EQ(SegmentsOf(after), SegmentsOf(before));
   }
@@ -119,7 +119,7 @@ TEST(DropRepeatedSegments, KeepsTheFirstOfTwoInEitherDirection) {
   EXPECT_EQ(pieces[2].group, 2);
 }
 
-TEST(DropRepeatedSegments, RemovesAPieceThatIsAllRepeated) {
+TEST(DropRepeatedSegments, RemovesACompletelyRepeatedPiece) {
   std::vector<MapPiece> pieces{{{kA, kB, kC}, 1}, {{kC, kB, kA}, 2}, {{kA, kB}, 3}};
   DropRepeatedSegments(pieces);
   ASSERT_EQ(pieces.size(), 1u);
@@ -142,14 +142,14 @@ TEST(SubdivideLongSegments, InsertsEvenlySpacedPoints) {
   EXPECT_EQ(line, (MapLine{{0, 0}, {100, 10}, {200, 20}, {300, 30}, {310, 30}}));
 }
 
-TEST(SubdivideLongSegments, LeavesSegmentsOfTheLimitAlone) {
+TEST(SubdivideLongSegments, KeepsSegmentsOfTheLimit) {
   const MapLine line{{0, 0}, {100, 100}, {0, 0}};
   MapLine same = line;
   SubdivideLongSegments(same, 100);
   EXPECT_EQ(same, line);
 }
 
-TEST(SubdivideLongSegments, FindsTheSamePointsOnTheWayBack) {
+TEST(SubdivideLongSegments, InsertsTheSamePointsInBothDirections) {
   test::TestRandom random(20260502);
   std::uniform_int_distribution<std::int32_t> place(0, 5000);
   for (int round = 0; round < 500; ++round) {

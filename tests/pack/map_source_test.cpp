@@ -11,7 +11,7 @@
 namespace zerbal::pack {
 namespace {
 
-// A tiny file in the source's form: 90-degree bins, so four by two.
+// A small file in the format of the source: bins of 90 degrees, four by two.
 struct TinySource {
   std::map<std::string, std::vector<int>> ints;
   std::map<std::string, std::vector<double>> doubles;
@@ -31,7 +31,7 @@ struct TinySource {
       define(name, values.size(), NC_DOUBLE);
     ASSERT_EQ(nc_enddef(id), NC_NOERR);
     for (const auto& [name, values] : ints) {
-      // Offsets above 32767 are stored as the negative number of the same 16 bits.
+      // Offsets above 32767 are stored as negative numbers with the same 16 bits.
       std::vector<short> shorts;
       for (const int value : values)
         shorts.push_back(static_cast<short>(value));
@@ -49,8 +49,8 @@ int Packed(int points, int level) {
   return points << 9 | level << 6;
 }
 
-// One line from the bin north-east of Greenwich and the equator into the one east of it, and one in the
-// south-western bin of the frame's far side.
+// A line from the bin north-east of Greenwich and the equator into the bin east of it, and a line in the
+// south-western bin at the far side of the frame.
 TinySource Lines() {
   TinySource source;
   source.ints = {{"Bin_size_in_minutes", {90 * 60}},
@@ -66,7 +66,7 @@ TinySource Lines() {
   return source;
 }
 
-// Three shores in one bin: land, the banks of a wide river, an island in it, a pond on that.
+// Shores in one bin: land, the banks of a wide river, an island in the river, a pond on the island.
 TinySource Shores() {
   TinySource source = Lines();
   source.ints.erase("N_points_for_a_segment");
@@ -101,20 +101,20 @@ class MapSource : public testing::Test {
   test::TempFolder folder_;
 };
 
-TEST_F(MapSource, PutsPointsIntoTheMapFrame) {
+TEST_F(MapSource, ConvertsPointsToTheMapFrame) {
   const std::vector<SourcePiece> pieces = Read(Lines(), MapTheme::kRiver);
   ASSERT_EQ(pieces.size(), 3u);
   // 45 E on the equator, then 90 E 30 N on the edge between two bins.
   EXPECT_EQ(pieces[0].points, (MapLine{{225'000'687, 90'000'000}, {270'000'000, 60'000'000}}));
   EXPECT_EQ(pieces[1].points.front(), pieces[0].points.back());
   EXPECT_EQ(pieces[1].points.back(), (MapPoint{270'137'331, 0}));
-  // West of the frame's edge by a quarter of the world: beyond 360, not wrapped.
+  // 90 degrees beyond the edge of the frame: above 360, not wrapped.
   EXPECT_EQ(pieces[2].points,
             (MapLine{{360'000'000, 180'000'000}, {450'000'000, 180'000'000}, {450'000'000, 90'000'000}}));
   EXPECT_EQ(pieces[2].feature.level, 4);
 }
 
-TEST_F(MapSource, GivesOnlyWhatIsWanted) {
+TEST_F(MapSource, ReadsOnlyTheRequestedLines) {
   Lines().WriteTo(MapSourceFile(folder_.Path(), MapTheme::kBoundary, MapDetail::kFull));
   const auto pieces = ReadMapSource(folder_.Path(), MapTheme::kBoundary, MapDetail::kFull,
                                     [](const MapFeature& feature) { return feature.level == 4; });
@@ -122,14 +122,14 @@ TEST_F(MapSource, GivesOnlyWhatIsWanted) {
   EXPECT_EQ(pieces[0].points.size(), 3u);
 }
 
-TEST_F(MapSource, TellsShoresApart) {
+TEST_F(MapSource, DistinguishesShores) {
   const std::vector<SourcePiece> pieces = Read(Shores(), MapTheme::kCoast);
   ASSERT_EQ(pieces.size(), 4u);
   EXPECT_EQ(pieces[0].points.size(), 3u);
   for (int i = 0; i < 4; ++i) {
     EXPECT_EQ(pieces[static_cast<std::size_t>(i)].feature.level, i + 1);
     EXPECT_EQ(pieces[static_cast<std::size_t>(i)].feature.polygon, i);
-    // The river's banks, its island and what is on the island belong to the river.
+    // The banks, the island and its pond belong to the river.
     EXPECT_EQ(pieces[static_cast<std::size_t>(i)].feature.riverLake, i > 0);
   }
   EXPECT_EQ(pieces[1].feature.areaKm2, 250.5);
@@ -152,14 +152,14 @@ TEST_F(MapSource, NamesThePackageOfAMissingFile) {
   }
 }
 
-TEST_F(MapSource, RefusesAFileThatIsNoNetcdf) {
+TEST_F(MapSource, RefusesAFileThatIsNotNetcdf) {
   test::WriteBytes(MapSourceFile(folder_.Path(), MapTheme::kRiver, MapDetail::kLow), "nothing of the kind");
   EXPECT_THROW(ReadMapSource(folder_.Path(), MapTheme::kRiver, MapDetail::kLow,
                              [](const MapFeature&) { return true; }),
                MapSourceError);
 }
 
-TEST_F(MapSource, RefusesDamagedFilesInWords) {
+TEST_F(MapSource, RefusesDamagedFilesWithAMessage) {
   struct Damage {
     const char* variable;
     std::vector<int> values;

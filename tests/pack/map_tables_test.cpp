@@ -20,7 +20,7 @@ using Segment = std::pair<MapPoint, MapPoint>;
 constexpr MapTheme kThemes[] = {MapTheme::kCoast, MapTheme::kRiver, MapTheme::kBoundary};
 constexpr char kLetters[] = "ACEGIKMOQ";
 
-// Tests on the installed low resolution data.
+// Tests with the installed low resolution data.
 class MapTables : public testing::Test {
  protected:
   void SetUp() override {
@@ -38,7 +38,7 @@ class MapTables : public testing::Test {
   }
 
   static bool IsOverview(const MapTable& table) { return table.name == "wcl"; }
-  // Column and row of a detail table's cell.
+  // Column and row of the tile of a detail table.
   static int Column(const MapTable& table) {
     return static_cast<int>(std::string(kLetters).find(table.name[0]));
   }
@@ -49,7 +49,7 @@ class MapTables : public testing::Test {
 
 double Kilometres(MapPoint a, MapPoint b) {
   constexpr double kKmPerDegree = 111.2;
-  const double middle = (a.lat + b.lat) / 2.0 / kDegree;  // from the pole
+  const double middle = (a.lat + b.lat) / 2.0 / kDegree;  // degrees from the pole
   const double east = (b.lon - a.lon) * std::sin(middle * std::numbers::pi / 180);
   return std::hypot(east, b.lat - a.lat) / kDegree * kKmPerDegree;
 }
@@ -61,7 +61,7 @@ double TotalLength(const MapLine& line) {
   return length;
 }
 
-// A segment without regard to direction, longitudes 0 to 360.
+// A segment without direction, longitudes 0 to 360.
 Segment Normal(MapPoint a, MapPoint b) {
   if (std::max(a.lon, b.lon) > kFrameWidth) {
     a.lon -= kFrameWidth;
@@ -70,7 +70,7 @@ Segment Normal(MapPoint a, MapPoint b) {
   return std::minmax({a, b});
 }
 
-TEST_F(MapTables, AreNamedAfterTheirCells) {
+TEST_F(MapTables, HaveTheNamesOfTheirTiles) {
   std::size_t overviews = 0;
   for (const MapTheme theme : kThemes) {
     std::set<std::string> names;
@@ -92,7 +92,7 @@ TEST_F(MapTables, AreNamedAfterTheirCells) {
   EXPECT_EQ(Tables(MapTheme::kCoast).front().name, "wcl");
 }
 
-TEST_F(MapTables, HoldPointsOfTheirCellOnly) {
+TEST_F(MapTables, HavePointsOfTheirTileOnly) {
   for (const MapTheme theme : kThemes) {
     for (const MapTable& table : Tables(theme)) {
       const std::int32_t west = IsOverview(table) ? 0 : 40 * kDegree * Column(table);
@@ -135,7 +135,7 @@ TEST_F(MapTables, AreInDrawingOrder) {
   }
 }
 
-// Where a line ends on the border between two cells, it goes on from the same point in the next cell.
+// A line that ends on the border between two tiles continues from the same point in the next tile.
 TEST_F(MapTables, HaveThePointsOnABorderOnBothSides) {
   std::size_t checked = 0;
   for (const MapTheme theme : kThemes) {
@@ -164,7 +164,7 @@ TEST_F(MapTables, HaveThePointsOnABorderOnBothSides) {
           end.lon += column < 0 ? kFrameWidth : column > 8 ? -kFrameWidth : 0;
           column = (column + 9) % 9;
           const bool there = points[{column, row}].contains(end);
-          // A shore always goes on; a river or boundary may have its own end there.
+          // A shore always continues; a river or boundary may end there.
           if (theme == MapTheme::kCoast) {
             ASSERT_TRUE(there) << table.name << " " << end.lon << " " << end.lat;
           }
@@ -176,7 +176,7 @@ TEST_F(MapTables, HaveThePointsOnABorderOnBothSides) {
   EXPECT_GT(checked, 1000u);
 }
 
-TEST_F(MapTables, CloseEveryShoreOfTheOverviewOrEndItAtTheFramesEdge) {
+TEST_F(MapTables, CloseEachShoreOfTheOverviewOrEndItAtTheFramesEdge) {
   std::vector<std::int32_t> west;  // latitudes where lines end
   std::vector<std::int32_t> east;
   for (const MapLine& line : Tables(MapTheme::kCoast).front().lines) {
@@ -198,8 +198,8 @@ bool RunsAlongABorder(const Segment& segment) {
   return (a.lon == b.lon && a.lon % (40 * kDegree) == 0) || (a.lat == b.lat && a.lat % (20 * kDegree) == 0);
 }
 
-// Joining and cutting neither lose nor invent a single segment of the source.
-TEST_F(MapTables, DrawTheSourcesSegmentsAndNothingElse) {
+// Joining and cutting neither lose nor add a segment of the source.
+TEST_F(MapTables, HaveExactlyTheSegmentsOfTheSource) {
   for (const MapTheme theme : kThemes) {
     CellCutter cutter({9, 9});
     std::vector<Segment> source;
@@ -211,7 +211,7 @@ TEST_F(MapTables, DrawTheSourcesSegmentsAndNothingElse) {
           continue;
         source.push_back(Normal(piece.points[i - 1], piece.points[i]));
         if (RunsAlongABorder(source.back()))
-          source.push_back(Segment(source.back()));  // once for each side
+          source.push_back(Segment(source.back()));  // once per side
       }
     }
     std::vector<Segment> joined;
@@ -227,7 +227,7 @@ TEST_F(MapTables, DrawTheSourcesSegmentsAndNothingElse) {
   }
 }
 
-// A line drawn across the map by mistake would make the whole longer than what the source has.
+// A wrong line across the map would increase the total length.
 TEST_F(MapTables, AreAsLongAsTheSource) {
   double source = 0;
   for (const SourcePiece& piece : ReadMapSource(
@@ -242,10 +242,9 @@ TEST_F(MapTables, AreAsLongAsTheSource) {
   EXPECT_NEAR(tables / source, 1, 1e-5);
 }
 
-// The low resolution leaves out points within 5 km of a straight line, so that straight coasts have segments
-// of up to some hundred kilometres; anything longer would be a stray line. Inserted points are taken out
-// first.
-TEST_F(MapTables, HaveNoStrayLines) {
+// The low resolution omits points within 5 km of a straight line, so that straight coasts have segments of up
+// to several hundred kilometres. A longer segment would be an error. Inserted points are removed first.
+TEST_F(MapTables, HaveNoSegmentsThatAreTooLong) {
   constexpr double kLongestKm = 330;
   for (const MapTheme theme : {MapTheme::kCoast, MapTheme::kRiver}) {
     double longest = 0;
@@ -259,7 +258,7 @@ TEST_F(MapTables, HaveNoStrayLines) {
               return false;
             const double ax = line[i].lon - line[i - 1].lon, ay = line[i].lat - line[i - 1].lat;
             const double bx = line[i + 1].lon - line[i].lon, by = line[i + 1].lat - line[i].lat;
-            // Inserted points are at most half a unit off the straight line.
+            // Inserted points are at most half a unit away from the straight line.
             return std::abs(ax * by - ay * bx) <= 2 * std::max(std::hypot(ax, ay), std::hypot(bx, by)) &&
                    ax * bx + ay * by > 0;
           }();
@@ -269,12 +268,12 @@ TEST_F(MapTables, HaveNoStrayLines) {
       }
     }
     EXPECT_LT(longest, kLongestKm);
-    EXPECT_GT(longest, 50);  // the measure works
+    EXPECT_GT(longest, 50);  // the measurement works
   }
 }
 
-TEST_F(MapTables, ShowAntarcticaOnce) {
-  // South of 75 S at 0 E there is the ice front alone, and no line on the pole or along the frame's edge.
+TEST_F(MapTables, HaveAntarcticaOnce) {
+  // South of 75 S at 0 E there is only the ice front, and no line on the pole or along the frame's edge.
   std::size_t crossings = 0;
   for (const MapLine& line : Tables(MapTheme::kCoast).front().lines) {
     for (std::size_t i = 1; i < line.size(); ++i) {

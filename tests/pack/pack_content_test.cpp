@@ -1,4 +1,4 @@
-// The sample data itself: whole, consistent, and rich enough to try every feature of the program on.
+// The sample data is complete and consistent and has data for every feature of the program.
 #include <cmath>
 #include <cstdint>
 #include <map>
@@ -88,11 +88,11 @@ ProgramData* PackContent::program = nullptr;
 CsvTable* PackContent::airports = nullptr;
 std::string* PackContent::faults = nullptr;
 
-TEST_F(PackContent, HasNoFaults) {
+TEST_F(PackContent, HasNoErrors) {
   EXPECT_EQ(*faults, "");
 }
 
-TEST_F(PackContent, IsRichEnough) {
+TEST_F(PackContent, HasEnoughRows) {
   EXPECT_EQ(airports->rows.size(), 14705U);
   EXPECT_GE(schedule->services.rows.size(), 12U);
   EXPECT_GE(schedule->destinations.rows.size(), 90U);
@@ -110,7 +110,7 @@ TEST_F(PackContent, HasRoutesOfEveryLength) {
     EXPECT_TRUE(stops.contains(count)) << count << " stopovers";
 }
 
-TEST_F(PackContent, CrossesTheDateLineBothWays) {
+TEST_F(PackContent, CrossesTheDateLineInBothDirections) {
   const std::map<std::string, float> longitudes = Longitudes();
   int eastwards = 0;
   int westwards = 0;
@@ -125,7 +125,7 @@ TEST_F(PackContent, CrossesTheDateLineBothWays) {
   EXPECT_GE(westwards, 10);
 }
 
-/// Counts as the program does: flights that follow each other and come back to where the first one began.
+/// Counts as the program does: connecting flights that return to the origin of the first one.
 TEST_F(PackContent, HasRoundTripsInEveryService) {
   std::map<std::string, int> roundTrips;
   std::string service, from, to;
@@ -182,7 +182,7 @@ int Distance(const std::vector<std::int32_t>& a, const std::vector<std::int32_t>
   return sum;
 }
 
-TEST_F(PackContent, GivesServicesColoursThatDifferAndStandOut) {
+TEST_F(PackContent, HasServiceColoursThatDifferFromEachOtherAndTheMap) {
   const auto rgb = [](const CsvTable& table, const CsvRow& row, const std::string& prefix) {
     std::vector<std::int32_t> components;
     for (const char* component : {"_R", "_G", "_B"})

@@ -1,4 +1,4 @@
-// Small files for the tests of this folder.
+// Small files for the tests of zerbal-pack.
 #pragma once
 
 #include <filesystem>
@@ -14,7 +14,7 @@ namespace zerbal::pack::test {
 
 inline const std::filesystem::path kPackFolder = std::filesystem::path(ZERBAL_SOURCE_DIR) / "pack";
 
-/// Every file below a folder by its name relative to it, with what it holds.
+/// The contents of every file below a folder, by relative name.
 inline std::map<std::string, std::string> FolderContent(const std::filesystem::path& folder) {
   std::map<std::string, std::string> content;
   for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {

@@ -16,7 +16,7 @@ TEST(ProgressBar, IsSilentWhenNotShown) {
   EXPECT_EQ(out.str(), "");
 }
 
-TEST(ProgressBar, DrawsOverItselfAndGoesAway) {
+TEST(ProgressBar, OverwritesItselfAndDisappears) {
   std::ostringstream out;
   {
     ProgressBar bar(out, true);
@@ -28,7 +28,7 @@ TEST(ProgressBar, DrawsOverItselfAndGoesAway) {
   EXPECT_EQ(out.str(), "\r" + half + "\r" + full + "\r" + std::string(half.size() - 4, ' ') + "\r");
 }
 
-TEST(ProgressBar, DrawsNothingTwice) {
+TEST(ProgressBar, DrawsOnlyChanges) {
   std::ostringstream out;
   ProgressBar bar(out, true);
   bar.Show(0.100, "x");

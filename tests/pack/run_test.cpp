@@ -1,4 +1,4 @@
-// The commands as a user gives them, from the words to the exit status.
+// The commands from their arguments to the exit status.
 #include "zerbal-pack/run.h"
 
 #include <sstream>
@@ -31,7 +31,7 @@ class RunPackTest : public testing::Test {
 
   std::string Name(const fs::path& name) const { return (folder / name).string(); }
 
-  /// Replaces the folder's name in a message.
+  /// Replaces the name of the folder in a message.
   std::string Err() const {
     std::string text = err.str();
     const std::string name = folder.Path().string() + "/";
@@ -60,7 +60,7 @@ class RunPackTest : public testing::Test {
   std::ostringstream err;
 };
 
-TEST_F(RunPackTest, HelpsOnStandardOutput) {
+TEST_F(RunPackTest, PrintsHelpOnStandardOutput) {
   for (const std::vector<std::string>& words :
        {std::vector<std::string>{"--help"}, {"-h"}, {"build", "--help"}, {"export", "x", "-h"}}) {
     EXPECT_EQ(Run(words), 0);
@@ -69,12 +69,12 @@ TEST_F(RunPackTest, HelpsOnStandardOutput) {
   }
 }
 
-TEST_F(RunPackTest, TellsItsVersion) {
+TEST_F(RunPackTest, PrintsItsVersion) {
   EXPECT_EQ(Run({"--version"}), 0);
   EXPECT_EQ(out.str(), "zerbal-pack 1.100\n");
 }
 
-TEST_F(RunPackTest, RefusesWhatMakesNoSense) {
+TEST_F(RunPackTest, RefusesInvalidCommandLines) {
   const auto usage = [this](const std::vector<std::string>& words) {
     EXPECT_EQ(Run(words), 2);
     EXPECT_EQ(out.str(), "");
@@ -97,7 +97,7 @@ TEST_F(RunPackTest, RefusesWhatMakesNoSense) {
             "zerbal-pack: the sources of the sample data are not found; name their folder with --pack");
 }
 
-TEST_F(RunPackTest, FindsTheSourcesFromWhereItIs) {
+TEST_F(RunPackTest, FindsTheSourcesFromItsOwnLocation) {
   EXPECT_EQ(FindSources(executable), kPackFolder);
   fs::create_directories(folder / "usr" / "share" / "zerbal" / "pack");
   WriteBytes(folder / "usr" / "share" / "zerbal" / "pack" / "airports.csv", "");
@@ -117,14 +117,14 @@ TEST_F(RunPackTest, BuildsAndChecksTheSampleData) {
   EXPECT_EQ(out.str().find("Note"), std::string::npos) << out.str();
 }
 
-TEST_F(RunPackTest, LeavesNothingWhenInterrupted) {
+TEST_F(RunPackTest, WritesNothingWhenInterrupted) {
   interrupted = true;
   EXPECT_EQ(Run({"build", "--out", Name("data"), "--detail", "low"}), 1);
   EXPECT_EQ(Err(), "zerbal-pack: interrupted; nothing was written\n");
   EXPECT_TRUE(fs::is_empty(folder.Path()));
 }
 
-TEST_F(RunPackTest, RefusesToReplaceOthersData) {
+TEST_F(RunPackTest, RefusesToReplaceOtherData) {
   fs::create_directories(folder / "app_data");
   WriteBytes(folder / "app_data" / "qavdata.mdb", "own");
   EXPECT_EQ(Run({"build", "--out", folder.Path().string(), "--detail", "low"}), 1);
@@ -133,7 +133,7 @@ TEST_F(RunPackTest, RefusesToReplaceOthersData) {
   EXPECT_EQ(ReadBytes(folder / "app_data" / "qavdata.mdb"), "own");
 }
 
-TEST_F(RunPackTest, ExportsWhatTheScheduleWasMadeOf) {
+TEST_F(RunPackTest, ExportsTheSourcesOfTheSchedule) {
   ASSERT_EQ(MakeSampleSchedule(Name("a.mdb")), 0) << err.str();
   ASSERT_EQ(Run({"export", Name("a.mdb"), Name("a"), "--schema"}), 0) << err.str();
   ASSERT_EQ(MakeSchedule(Name("b.mdb"), folder / "a"), 0) << err.str();
@@ -143,7 +143,7 @@ TEST_F(RunPackTest, ExportsWhatTheScheduleWasMadeOf) {
   EXPECT_EQ(ReadBytes(folder / "a.mdb"), ReadBytes(folder / "b.mdb"));
 }
 
-TEST_F(RunPackTest, TakesAPlannersChange) {
+TEST_F(RunPackTest, AppliesAPlannersChange) {
   ASSERT_EQ(MakeSampleSchedule(Name("a.mdb")), 0) << err.str();
   ASSERT_EQ(Run({"export", Name("a.mdb"), Name("plan")}), 0) << err.str();
   std::string flights = ReadBytes(folder / "plan" / "flit.csv");
@@ -166,7 +166,7 @@ TEST_F(RunPackTest, TakesAPlannersChange) {
   EXPECT_TRUE(rows["Flit_Stop2"].IsNull());
 }
 
-TEST_F(RunPackTest, WritesNoScheduleFromBadRows) {
+TEST_F(RunPackTest, WritesNoScheduleFromInvalidRows) {
   ASSERT_EQ(MakeSampleSchedule(Name("a.mdb")), 0) << err.str();
   const std::string before = ReadBytes(folder / "a.mdb");
   WriteBytes(folder / "fsrv.csv", "Service,Line,Name,Red,Green,Blue\nEUR,1,Europe,0,0,256\n");
@@ -204,7 +204,7 @@ TEST_F(RunPackTest, KeepsTheOrderOfManyServicesWithoutSort) {
   EXPECT_EQ(last, "S1");
 }
 
-TEST_F(RunPackTest, SaysWhichFileIsMissing) {
+TEST_F(RunPackTest, NamesTheMissingFile) {
   EXPECT_EQ(MakeSchedule(Name("a.mdb"), folder.Path()), 1);
   EXPECT_EQ(Err(),
             "fsrv.csv: cannot be read\ndest.csv: cannot be read\nflit.csv: cannot be read\n"

@@ -22,7 +22,7 @@ std::set<std::string> Names(const fs::path& folder) {
   return names;
 }
 
-TEST(StagedFolders, MakeANewFolderAtOnce) {
+TEST(StagedFolders, CreateANewFolderAtTheCommit) {
   const TempFolder folder;
   const fs::path target = folder / "new" / "data";
   {
@@ -36,13 +36,13 @@ TEST(StagedFolders, MakeANewFolderAtOnce) {
   EXPECT_EQ(ReadBytes(target / "a" / "x"), "1");
 }
 
-TEST(StagedFolders, LeaveNothingWithoutCommit) {
+TEST(StagedFolders, LeaveNothingWithoutACommit) {
   const TempFolder folder;
   { const StagedFolders staged(folder / "data", {"a"}); }
   EXPECT_EQ(Names(folder.Path()), std::set<std::string>{});
 }
 
-TEST(StagedFolders, ReplaceOldOnesAndKeepTheRest) {
+TEST(StagedFolders, ReplaceOldFoldersAndKeepTheOthers) {
   const TempFolder folder;
   fs::create_directories(folder / "a");
   WriteBytes(folder / "a" / "old", "0");
@@ -58,7 +58,7 @@ TEST(StagedFolders, ReplaceOldOnesAndKeepTheRest) {
   EXPECT_EQ(ReadBytes(folder / "settings"), "kept");
 }
 
-TEST(StagedFolders, PutEverythingBackWhenOneCannotBeReplaced) {
+TEST(StagedFolders, RestoreEverythingWhenOneCannotBeReplaced) {
   const TempFolder folder;
   fs::create_directories(folder / "a");
   WriteBytes(folder / "a" / "old", "0");
@@ -72,7 +72,7 @@ TEST(StagedFolders, PutEverythingBackWhenOneCannotBeReplaced) {
   EXPECT_EQ(Names(folder / "a"), std::set<std::string>{"old"});
 }
 
-TEST(StagedFolders, TakeATargetWithASlashAtItsEnd) {
+TEST(StagedFolders, AcceptATargetThatEndsWithASlash) {
   const TempFolder folder;
   {
     StagedFolders staged((folder / "data").string() + "/", {"a"});
