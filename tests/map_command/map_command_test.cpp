@@ -1,5 +1,5 @@
-// The command on a small world: the same pixels as the map window, drawings that another renderer draws
-// alike, and nothing written but its output.
+// The command on a small world: its pixels equal those of the map window, another renderer draws its SVG in
+// the same way, and it writes only its output.
 #include <QFile>
 #include <QImage>
 #include <QProcess>
@@ -45,7 +45,7 @@ class MapCommandTest : public testing::Test {
   std::ostringstream errors;
 };
 
-/// What the map window shows of the same data: regions and options are set as its user would.
+/// The picture of the map window for the same data; a user's commands set region and options.
 class MapWindow {
  public:
   explicit MapWindow(const fs::path& folder)
@@ -83,7 +83,7 @@ class MapWindow {
   data::FlightSelection flights_;
 };
 
-TEST_F(MapCommandTest, TenViewsAreTheMapWindowsPixelByPixel) {
+TEST_F(MapCommandTest, TenViewsEqualTheMapWindowPixelByPixel) {
   MapWindow window(folder.Path());
   window.options = {.centreOfMap = true,
                     .rivers = true,
@@ -111,7 +111,7 @@ TEST_F(MapCommandTest, TenViewsAreTheMapWindowsPixelByPixel) {
   }
 }
 
-TEST_F(MapCommandTest, SvgIsWellFormedAndHoldsItsTexts) {
+TEST_F(MapCommandTest, SvgIsWellFormedAndContainsItsTexts) {
   ASSERT_EQ(Run({"--region", "NOR", "--services", "all", "--out", File("map.svg")}), 0) << errors.str();
   QFile file(File("map.svg"));
   ASSERT_TRUE(file.open(QIODevice::ReadOnly));
@@ -126,7 +126,7 @@ TEST_F(MapCommandTest, SvgIsWellFormedAndHoldsItsTexts) {
   EXPECT_TRUE(texts.contains("OSL"));
 }
 
-/// Mean difference of two pictures' colour components after a slight blur, 0..255.
+/// The mean difference of the colour components of two pictures after a slight blur, 0 to 255.
 double MeanDifference(const QImage& a, const QImage& b) {
   const QSize coarse(a.width() / 8, a.height() / 8);
   const QImage x =
@@ -143,7 +143,7 @@ double MeanDifference(const QImage& a, const QImage& b) {
   return sum / (3.0 * coarse.width() * coarse.height());
 }
 
-TEST_F(MapCommandTest, AnotherRendererDrawsTheSvgAlike) {
+TEST_F(MapCommandTest, AnotherRendererDrawsTheSvgInTheSameWay) {
   const QStringList view{"--region", "NOR", "--size", "640x480", "--services", "all"};
   ASSERT_EQ(Run(QStringList(view) << "--out" << File("map.svg")), 0) << errors.str();
   ASSERT_EQ(
@@ -152,20 +152,20 @@ TEST_F(MapCommandTest, AnotherRendererDrawsTheSvgAlike) {
   const QImage picture = Picture(view);
   const QImage other(File("svg.png"));
   ASSERT_EQ(other.size(), picture.size());
-  // Letters and line ends differ between renderers; another map differs far more.
+  // Letters and line ends differ between renderers. Another map differs much more.
   const double another = MeanDifference(picture, Picture({"--region", "NOR", "--size", "640x480"}));
   EXPECT_GT(another, 2.5);
   EXPECT_LT(MeanDifference(picture, other), another * 0.7);
 }
 
-TEST_F(MapCommandTest, APageIsAPdfOfItsPaper) {
+TEST_F(MapCommandTest, APdfHasThePaperSize) {
   ASSERT_EQ(Run({"--paper", "A5", "--services", "all", "--out", File("map.pdf")}), 0) << errors.str();
   const std::string bytes = ReadBytes(folder / "map.pdf");
   EXPECT_EQ(bytes.substr(0, 5), "%PDF-");
   EXPECT_NE(bytes.find("/MediaBox [0 0 595"), std::string::npos);
 }
 
-TEST_F(MapCommandTest, WidthsAndLabelsGrowWithTheResolution) {
+TEST_F(MapCommandTest, WidthsAndLabelsScaleWithTheResolution) {
   const QImage once = Picture({"--region", "NOR", "--size", "400x300"});
   const QImage twice = Picture({"--region", "NOR", "--size", "800x600", "--dpi", "192"});
   EXPECT_LT(MeanDifference(once, twice.scaled(once.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation)),
@@ -173,7 +173,7 @@ TEST_F(MapCommandTest, WidthsAndLabelsGrowWithTheResolution) {
   EXPECT_EQ(twice.dotsPerMeterX(), 7559);
 }
 
-TEST_F(MapCommandTest, TouchingAndFlightsAreTheSelectedOnes) {
+TEST_F(MapCommandTest, TouchingAndFlightsSelectFlights) {
   const QImage none = Picture({"--region", "NOR"});
   EXPECT_NE(Picture({"--region", "NOR", "--touching", "kkn"}), none);
   const QImage one = Picture({"--region", "NOR", "--flights", "K1040"});
@@ -181,7 +181,7 @@ TEST_F(MapCommandTest, TouchingAndFlightsAreTheSelectedOnes) {
   EXPECT_NE(one, Picture({"--region", "NOR", "--flights", "K1040,K1015"}));
 }
 
-TEST_F(MapCommandTest, SettingsGiveColoursAndAreNotWrittenTo) {
+TEST_F(MapCommandTest, SettingsGiveColoursAndAreNotChanged) {
   const std::string settings = "[Colors]\r\nBackground=1,2,3\r\n";
   WriteBytes(folder / "zerbal.ini", settings);
   EXPECT_EQ(Picture({}).pixelColor(0, 0), QColor(230, 240, 250));
@@ -189,7 +189,7 @@ TEST_F(MapCommandTest, SettingsGiveColoursAndAreNotWrittenTo) {
   EXPECT_EQ(ReadBytes(folder / "zerbal.ini"), settings);
 }
 
-TEST_F(MapCommandTest, NothingButTheOutputIsWritten) {
+TEST_F(MapCommandTest, OnlyTheOutputIsWritten) {
   const auto files = [this] {
     std::vector<std::pair<std::string, fs::file_time_type>> found;
     for (const auto& entry : fs::recursive_directory_iterator(folder.Path())) {
@@ -201,11 +201,11 @@ TEST_F(MapCommandTest, NothingButTheOutputIsWritten) {
   };
   const auto before = files();
   Picture({"--services", "all"});
-  // The folder itself changes with its new file.
+  // The new file changes the time stamp of its folder.
   EXPECT_EQ(files(), before);
 }
 
-TEST_F(MapCommandTest, WhatTheDataDoesNotKnowIsNamedWithWhatThereIs) {
+TEST_F(MapCommandTest, AnUnknownNameIsReportedWithTheKnownOnes) {
   const std::pair<QStringList, const char*> cases[] = {
       {{"--region", "Atlantis"},
        "there is no region 'Atlantis'; possible are Date line, near (wraps), Fjords"},
@@ -223,7 +223,7 @@ TEST_F(MapCommandTest, WhatTheDataDoesNotKnowIsNamedWithWhatThereIs) {
   }
 }
 
-TEST_F(MapCommandTest, BadDataAndBadFilesEndWith1) {
+TEST_F(MapCommandTest, InvalidDataAndFilesEndWith1) {
   EXPECT_EQ(Run({"--out", File("no such folder/map.png")}), 1);
   EXPECT_NE(errors.str().find("cannot be written"), std::string::npos) << errors.str();
   EXPECT_EQ(Run({"--settings", File("none.ini"), "--out", File("map.png")}), 1);
@@ -236,7 +236,7 @@ TEST_F(MapCommandTest, BadDataAndBadFilesEndWith1) {
   EXPECT_NE(errors.str().find("coast.mdb' could not be found"), std::string::npos) << errors.str();
 }
 
-TEST_F(MapCommandTest, HelpAndVersionAreAnswered) {
+TEST_F(MapCommandTest, HelpAndVersionArePrinted) {
   EXPECT_EQ(Run({"--help"}), 0);
   EXPECT_NE(output.str().find("Usage: zerbal-map"), std::string::npos);
   EXPECT_EQ(Run({"--version"}), 0);

@@ -29,7 +29,7 @@ TEST(MapOptions, DefaultsAreTheWorldOn1280By900) {
   EXPECT_EQ(options.display, data::DisplayOptions());
 }
 
-TEST(MapOptions, TheSuffixSaysTheKind) {
+TEST(MapOptions, TheSuffixSelectsTheFormat) {
   EXPECT_EQ(Parse("--out a.PNG")->kind, OutputKind::kPng);
   EXPECT_EQ(Parse("--out a.svg")->kind, OutputKind::kSvg);
   EXPECT_EQ(Parse("--out a.pdf")->kind, OutputKind::kPdf);
@@ -41,13 +41,13 @@ TEST(MapOptions, DotsPerInchDivideTheDrawingArea) {
   EXPECT_EQ(options.LogicalSize(), QSizeF(1280, 900));
 }
 
-TEST(MapOptions, PaperIsWiderThanHigh) {
+TEST(MapOptions, PaperHasLandscapeOrientation) {
   const Options options = Parse("--out a.png --paper a3 --dpi 600").value();
   EXPECT_NEAR(options.PixelSize().width(), 420 / 25.4 * 600, 5);
   EXPECT_NEAR(options.PixelSize().height(), 297 / 25.4 * 600, 5);
 }
 
-TEST(MapOptions, HemisphereLettersStandBeforeOrBehind) {
+TEST(MapOptions, HemisphereLettersStandBeforeOrAfterTheNumber) {
   const Options options = Parse("--out a.png --view 10W,n60.5,30e,-20").value();
   EXPECT_EQ(options.bounds->west, -10);
   EXPECT_EQ(options.bounds->north, 60.5);
@@ -61,7 +61,7 @@ TEST(MapOptions, ACentreMayLieNearTheDateLine) {
   EXPECT_EQ(options.bounds->east, -176);
 }
 
-TEST(MapOptions, LabelsAndLayersAreJustThoseNamed) {
+TEST(MapOptions, OnlyTheNamedLabelsAndLayersAreOn) {
   const Options options = Parse("--out a.png --labels symbols,LEGS --show rivers").value();
   EXPECT_FALSE(options.display.flightAirports);
   EXPECT_FALSE(options.display.flightNumbers);
@@ -80,7 +80,7 @@ TEST(MapOptions, LimitsHaveFourForms) {
   EXPECT_EQ(limit("7"), (data::NumericCriterion{true, data::Limit::kBetween, 7, 7, 0, 0}));
 }
 
-TEST(MapOptions, EveryWrongValueIsNamed) {
+TEST(MapOptions, EachInvalidValueIsReported) {
   const std::pair<const char*, const char*> cases[] = {
       {"", "--out FILE is missing"},
       {"--out a.gif", "'a.gif' ends neither in .png nor in .svg nor in .pdf"},

@@ -109,7 +109,7 @@ class FailingFileSteps : public FileSteps {
   std::string failedStep_;
 };
 
-/// Runs `action` in a process of its own; its exit code, or minus the signal that ended it.
+/// Runs `action` in a child process. Returns its exit code, or minus the signal that ended it.
 template <typename Action>
 int InChild(Action action) {
   const pid_t child = ::fork();
@@ -143,7 +143,7 @@ std::vector<std::string> NamesIn(const fs::path& folder) {
   return names;
 }
 
-/// A settings file that is reached through a symbolic link from another folder.
+/// A settings file and a symbolic link to it in another folder.
 struct LinkedFile {
   LinkedFile() {
     fs::create_directory(folder / "home");
@@ -157,7 +157,7 @@ struct LinkedFile {
   fs::path link = folder / "work" / "zerbal.ini";
 };
 
-TEST(SettingsUnderFaults, KilledAtEveryStepOfAWrite) {
+TEST(SettingsUnderFaults, AKilledWriteLeavesTheOldOrTheNewContents) {
   int trials = 0;
   int oldKept = 0;
   int newInPlace = 0;
@@ -169,7 +169,7 @@ TEST(SettingsUnderFaults, KilledAtEveryStepOfAWrite) {
         return WriteProfileString(world.link, "s", "k", "new", steps) ? 0 : 1;
       });
       if (end == 0)
-        break;  // there were fewer steps than that
+        break;  // the write has fewer steps
       ASSERT_EQ(end, -SIGKILL);
       ++trials;
       const std::string bytes = test::ReadBytes(world.file);
@@ -191,7 +191,7 @@ TEST(SettingsUnderFaults, KilledAtEveryStepOfAWrite) {
   EXPECT_GT(newInPlace, 0);
 }
 
-TEST(SettingsUnderFaults, KilledWhileTheFileIsCreated) {
+TEST(SettingsUnderFaults, AKilledCreationLeavesNoFileOrTheCompleteFile) {
   int trials = 0;
   for (int at = 1;; ++at) {
     const test::TempFolder folder;
@@ -213,7 +213,7 @@ TEST(SettingsUnderFaults, KilledWhileTheFileIsCreated) {
   EXPECT_GE(trials, 8);
 }
 
-TEST(SettingsUnderFaults, EveryStepFails) {
+TEST(SettingsUnderFaults, AFailedStepKeepsTheOldContents) {
   int trials = 0;
   std::vector<std::string> fatal;
   for (const int error : {EIO, ENOSPC, EDQUOT, EACCES}) {
@@ -243,7 +243,7 @@ TEST(SettingsUnderFaults, EveryStepFails) {
     EXPECT_NE(std::find(fatal.begin(), fatal.end(), step), fatal.end()) << step << " was not noticed";
 }
 
-TEST(SettingsUnderFaults, TheDiskIsFullAfterSoManyBytes) {
+TEST(SettingsUnderFaults, AFullDiskKeepsTheOldContents) {
   int trials = 0;
   for (rlim_t room = 0; room < kNew.size(); ++room, ++trials) {
     const LinkedFile world;
@@ -284,7 +284,7 @@ TEST(SettingsUnderFaults, SlowAndInterruptedCallsAreRepeated) {
   EXPECT_EQ(test::ReadBytes(world.file), kNew);
 }
 
-TEST(SettingsUnderFaults, AWriteProtectedFileOrFolderStaysForTheSuperuserToo) {
+TEST(SettingsUnderFaults, AWriteProtectedFileOrFolderStaysUnchangedForRootToo) {
   const LinkedFile world;
   ::chmod(world.file.c_str(), 0444);
   EXPECT_FALSE(WriteProfileString(world.link, "s", "k", "new"));
@@ -316,28 +316,28 @@ class OrdinaryUser : public testing::Test {
   fs::path file_ = folder_ / "zerbal.ini";
 };
 
-TEST_F(OrdinaryUser, MayNotWriteTheFile) {
-  ::chmod(file_.c_str(), ::geteuid() == 0 ? 0644 : 0444);  // root's own file, or one of ours protected
+TEST_F(OrdinaryUser, CannotChangeAFileWithoutWritePermission) {
+  ::chmod(file_.c_str(), ::geteuid() == 0 ? 0644 : 0444);  // a file of root, or a protected file of this user
   EXPECT_EQ(WriteAsNobody(), 1);
   EXPECT_EQ(test::ReadBytes(file_), kOld);
   EXPECT_EQ(NamesIn(folder_.Path()), std::vector<std::string>{"zerbal.ini"});
 }
 
-TEST_F(OrdinaryUser, MayNotReadTheFile) {
+TEST_F(OrdinaryUser, CannotChangeAFileWithoutReadPermission) {
   ::chmod(file_.c_str(), 0222);
-  EXPECT_EQ(WriteAsNobody(), 1) << "what cannot be read is not empty";
+  EXPECT_EQ(WriteAsNobody(), 1) << "a file that cannot be read is not empty";
   ::chmod(file_.c_str(), 0644);
   EXPECT_EQ(test::ReadBytes(file_), kOld);
 }
 
-TEST_F(OrdinaryUser, MayNotMakeFilesInTheFolder) {
+TEST_F(OrdinaryUser, CannotChangeAFileInAFolderWithoutWritePermission) {
   ::chmod(file_.c_str(), 0666);
   ::chmod(folder_.Path().c_str(), ::geteuid() == 0 ? 0755 : 0555);
   EXPECT_EQ(WriteAsNobody(), 1);
   EXPECT_EQ(test::ReadBytes(file_), kOld);
 }
 
-TEST_F(OrdinaryUser, MayNotListTheFolderButMakeFilesInIt) {
+TEST_F(OrdinaryUser, ChangesAFileInAFolderThatCannotBeListed) {
   ::chmod(file_.c_str(), 0666);
   ::chmod(folder_.Path().c_str(), 0333);
   EXPECT_EQ(WriteAsNobody(), 0);
@@ -345,7 +345,7 @@ TEST_F(OrdinaryUser, MayNotListTheFolderButMakeFilesInIt) {
   EXPECT_EQ(test::ReadBytes(file_), kNew);
 }
 
-TEST_F(OrdinaryUser, KeepsThePermissionsOfAFileThatIsNotHis) {
+TEST_F(OrdinaryUser, KeepsThePermissionsOfAnotherUsersFile) {
   ::chmod(file_.c_str(), 0666);
   EXPECT_EQ(WriteAsNobody(), 0);
   EXPECT_EQ(test::ReadBytes(file_), kNew);
@@ -366,7 +366,7 @@ TEST(ChangeWholeFile, KeepsOwnerGroupAndPermissions) {
   EXPECT_EQ(status.st_mode & 07777, mode_t{04750});
 }
 
-TEST(ChangeWholeFile, GivesANewFileWhatTheProcessGivesNewFiles) {
+TEST(ChangeWholeFile, GivesANewFileThePermissionsOfTheUmask) {
   const test::TempFolder folder;
   const mode_t before = ::umask(027);
   EXPECT_TRUE(WriteProfileString(folder / "zerbal.ini", "s", "k", "v"));
@@ -374,7 +374,7 @@ TEST(ChangeWholeFile, GivesANewFileWhatTheProcessGivesNewFiles) {
   EXPECT_EQ(ModeOf(folder / "zerbal.ini"), mode_t{0640});
 }
 
-TEST(ChangeWholeFile, FollowsChainsOfLinksAndLinksToNothingYet) {
+TEST(ChangeWholeFile, FollowsChainsOfLinksAndLinksToMissingFiles) {
   const LinkedFile world;
   fs::create_symlink("zerbal.ini", world.link.parent_path() / "second.ini");
   EXPECT_TRUE(WriteProfileString(world.link.parent_path() / "second.ini", "s", "k", "new"));
@@ -387,7 +387,7 @@ TEST(ChangeWholeFile, FollowsChainsOfLinksAndLinksToNothingYet) {
   EXPECT_FALSE(WriteProfileString(world.folder / "loop.ini", "s", "k", "v"));
 }
 
-TEST(ChangeWholeFile, ReplacesNothingThatIsNoFile) {
+TEST(ChangeWholeFile, ReplacesOnlyRegularFiles) {
   const test::TempFolder folder;
   fs::create_directory(folder / "folder.ini");
   EXPECT_FALSE(WriteProfileString(folder / "folder.ini", "s", "k", "v"));
@@ -418,7 +418,7 @@ std::string KeyName(int i) {
   return std::string("k").append(std::to_string(i));
 }
 
-TEST(ChangeWholeFile, TwoWritersLoseNothingAndReadersSeeWholeFiles) {
+TEST(ChangeWholeFile, TwoWritersLoseNothingAndReadersSeeCompleteFiles) {
   constexpr int kKeys = 60;
   const test::TempFolder folder;
   const fs::path file = folder / "zerbal.ini";
@@ -455,7 +455,7 @@ TEST(ChangeWholeFile, TwoWritersLoseNothingAndReadersSeeWholeFiles) {
   EXPECT_EQ(NamesIn(folder.Path()), std::vector<std::string>{"zerbal.ini"});
 }
 
-TEST(ChangeWholeFile, DoesNotWaitForeverForItsTurn) {
+TEST(ChangeWholeFile, DoesNotWaitForeverForTheLock) {
   const test::TempFolder folder;
   const int held = ::open(folder.Path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   ASSERT_GE(held, 0);

@@ -19,14 +19,14 @@ class IniValuesTest : public testing::Test {
   IniValues values_{boxes_};
 };
 
-TEST_F(IniValuesTest, AMissingKeyIsFilledWithItsDefault) {
+TEST_F(IniValuesTest, AMissingKeyIsWrittenWithItsDefault) {
   EXPECT_EQ(values_.ReadIniValue(file_, "Region", "CentreWorld", "1"), "1");
   EXPECT_EQ(test::ReadBytes(file_), "[Region]\r\nCentreWorld=1\r\n");
   EXPECT_EQ(values_.ReadIniValue(file_, "region", "centreworld", "2"), "1");
   EXPECT_TRUE(boxes_.shown.empty());
 }
 
-TEST_F(IniValuesTest, WithoutDefaultAMissingKeyIsNoErrorAndWritesNothing) {
+TEST_F(IniValuesTest, WithoutADefaultAMissingKeyIsNotAnErrorAndWritesNothing) {
   EXPECT_EQ(values_.ReadIniValue(file_, "Windows", "MapSettings"), std::nullopt);
   EXPECT_FALSE(std::filesystem::exists(file_));
   EXPECT_TRUE(boxes_.shown.empty());
@@ -87,7 +87,7 @@ TEST_F(IniValuesTest, AReadOnlyFileIsReadButEveryDefaultShowsItsBox) {
   EXPECT_EQ(test::ReadBytes(file_), "[a]\r\nk=1\r\n");
 }
 
-TEST_F(IniValuesTest, AnIniFileCarriesItsName) {
+TEST_F(IniValuesTest, AnIniFileHasAName) {
   IniFile ini(file_, values_);
   EXPECT_EQ(ini.Path(), file_);
   EXPECT_EQ(ini.Read("s", "k"), std::nullopt);

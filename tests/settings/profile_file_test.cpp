@@ -1,5 +1,5 @@
-// How settings files are read and written: tables of small files, what is asked of them and what they hold
-// afterwards. Letters outside ASCII are single bytes (code page 1252).
+// Reading and writing settings files: tables of small files, the calls, and the contents after them. Letters
+// outside of ASCII are single bytes (code page 1252).
 #include "settings/profile_file.h"
 
 #include <cstddef>
@@ -38,9 +38,9 @@ Step Write(std::string section, std::string key, std::string value) {
 
 struct Case {
   std::string name;
-  std::optional<std::string> file;  ///< nullopt: there is none
+  std::optional<std::string> file;  ///< nullopt: the file is missing
   std::vector<Step> steps;
-  std::optional<std::string> after;  ///< the bytes afterwards, where they matter
+  std::optional<std::string> after;  ///< the bytes after the calls; nullopt: not checked
 };
 
 void PrintTo(const Case& c, std::ostream* stream) {
@@ -49,7 +49,7 @@ void PrintTo(const Case& c, std::ostream* stream) {
 
 class ProfileFile : public testing::TestWithParam<Case> {};
 
-TEST_P(ProfileFile, AnswersAndBytes) {
+TEST_P(ProfileFile, GivesTheExpectedValuesAndBytes) {
   const Case& c = GetParam();
   const test::TempFolder folder;
   const std::filesystem::path file = folder / "zerbal.ini";
@@ -307,7 +307,7 @@ INSTANTIATE_TEST_SUITE_P(
                          "\xEF\xBB\xBF[s]\r\nk=1\r\n[s]\r\nk=2\r\n"}),
     CaseName);
 
-TEST(ReadProfileString, GivesAtMostSizeMinusOneCharacters) {
+TEST(ReadProfileString, ReturnsAtMostSizeMinusOneCharacters) {
   const test::TempFolder folder;
   test::WriteBytes(folder / "a.ini", "[s]\r\nk=value\r\n");
   EXPECT_EQ(ReadProfileString(folder / "a.ini", "s", "k", "", 6), "value");
@@ -317,7 +317,7 @@ TEST(ReadProfileString, GivesAtMostSizeMinusOneCharacters) {
   EXPECT_EQ(ReadProfileString(folder / "a.ini", "s", "j", "value", 3), "va");
 }
 
-TEST(ReadProfileString, CreatesNothingAndTakesAFolderForNoFile) {
+TEST(ReadProfileString, CreatesNothingAndTreatsAFolderAsMissing) {
   const test::TempFolder folder;
   EXPECT_EQ(ReadProfileString(folder / "none.ini", "s", "k", "d", kSize), "d");
   EXPECT_FALSE(std::filesystem::exists(folder / "none.ini"));
