@@ -1,5 +1,6 @@
 #include "dialogs/placed_dialog.h"
 
+#include <QMoveEvent>
 #include <utility>
 
 #include "base/numbers.h"
@@ -19,9 +20,25 @@ void PlacedDialog::setVisible(bool visible) {
   // Before the window system knows the window: a place that is given then is that of its frame.
   if (visible && !placed_) {
     placed_ = true;
-    RestorePosition();
+    adjustSize();
+    awaitsFrame_ = !RestorePosition();
+    // Most often the window system gives both windows the same frame.
+    if (awaitsFrame_)
+      Centre(size() + placement_.mainWindow.frameGeometry().size() - placement_.mainWindow.size());
   }
   QDialog::setVisible(visible);
+}
+
+void PlacedDialog::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  CentreOnceFramed();
+}
+
+void PlacedDialog::moveEvent(QMoveEvent* event) {
+  QDialog::moveEvent(event);
+  // A window manager frames a window after it is shown, and thereby moves its inside.
+  if (event->spontaneous())
+    CentreOnceFramed();
 }
 
 void PlacedDialog::done(int result) {
@@ -29,21 +46,31 @@ void PlacedDialog::done(int result) {
   QDialog::done(result);
 }
 
-void PlacedDialog::RestorePosition() {
-  adjustSize();
-  if (placement_.flags.windows) {
-    if (const auto value = placement_.ini.Read(kSection, key_)) {
-      const auto fields = settings::SplitList(*value, 2, ",");
-      move(base::LeadingInt32(fields[1]), base::LeadingInt32(fields[2]));
-      return;
-    }
-  }
-  // Both windows have the same frame, so the sizes within it give the same middle.
-  const QWidget& main = placement_.mainWindow;
-  const auto centred = [](int outer, int inner) {
+bool PlacedDialog::RestorePosition() {
+  if (!placement_.flags.windows)
+    return false;
+  const auto value = placement_.ini.Read(kSection, key_);
+  if (!value)
+    return false;
+  const auto fields = settings::SplitList(*value, 2, ",");
+  move(base::LeadingInt32(fields[1]), base::LeadingInt32(fields[2]));
+  return true;
+}
+
+void PlacedDialog::CentreOnceFramed() {
+  const bool framed = frameGeometry() != geometry() || windowFlags().testFlag(Qt::FramelessWindowHint);
+  if (!awaitsFrame_ || !framed)
+    return;
+  awaitsFrame_ = false;
+  Centre(frameGeometry().size());
+}
+
+void PlacedDialog::Centre(QSize frame) {
+  const QRect main = placement_.mainWindow.frameGeometry();
+  const auto middle = [](int outer, int inner) {
     return static_cast<int>(base::Int((outer - inner) / 2.0));
   };
-  move(centred(main.width(), width()) + main.x(), centred(main.height(), height()) + main.y());
+  move(middle(main.width(), frame.width()) + main.left(), middle(main.height(), frame.height()) + main.top());
 }
 
 void PlacedDialog::RememberPosition() {

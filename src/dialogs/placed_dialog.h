@@ -29,13 +29,22 @@ class PlacedDialog : public QDialog {
   void done(int result) override;
   void setVisible(bool visible) override;
 
+ protected:
+  void showEvent(QShowEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
+
  private:
-  void RestorePosition();
+  /// False when there is none to restore.
+  bool RestorePosition();
   void RememberPosition();
+  /// Moves the frame, of the given size, into the middle of the main window's frame.
+  void Centre(QSize frame);
+  void CentreOnceFramed();
 
   Placement placement_;
   std::string key_;
   bool placed_ = false;
+  bool awaitsFrame_ = false;  ///< stands in the middle by a guess of its frame
 };
 
 }  // namespace zerbal::dialogs

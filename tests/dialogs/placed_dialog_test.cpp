@@ -84,5 +84,47 @@ TEST_F(PlacedDialogTest, WithoutSavingEveryOpeningIsCentredAndNoKeyIsWritten) {
   }
 }
 
+/// Where a window of the size of `inner` stands in the middle of `outer`.
+QPoint Centred(const QRect& outer, const QRect& inner) {
+  const auto middle = [](int wide, int narrow) {
+    return static_cast<int>(std::floor((wide - narrow) / 2.0));
+  };
+  return outer.topLeft() +
+         QPoint(middle(outer.width(), inner.width()), middle(outer.height(), inner.height()));
+}
+
+TEST_F(PlacedDialogTest, AFramedDialogIsCentredOverAMainWindowWithoutAFrame) {
+  QMainWindow bare(nullptr, Qt::FramelessWindowHint);
+  bare.setGeometry(100, 80, 1000, 700);
+  bare.show();
+  ASSERT_EQ(bare.frameGeometry(), bare.geometry());
+  dialogs::PlacedDialog dialog({bare, ini, flags}, kKey);
+  dialog.show();
+  ASSERT_NE(dialog.frameGeometry(), dialog.geometry());
+  EXPECT_EQ(dialog.pos(), Centred(bare.geometry(), dialog.frameGeometry()));
+}
+
+TEST_F(PlacedDialogTest, ADialogWithoutAFrameIsCentredOverAFramedMainWindow) {
+  const auto dialog = NewDialog();
+  dialog->setWindowFlag(Qt::FramelessWindowHint);
+  dialog->show();
+  ASSERT_NE(mainWindow.frameGeometry(), mainWindow.geometry());
+  ASSERT_EQ(dialog->frameGeometry(), dialog->geometry());
+  EXPECT_EQ(dialog->pos(), Centred(mainWindow.frameGeometry(), dialog->geometry()));
+}
+
+TEST_F(PlacedDialogTest, ACentredDialogStaysWhereItIsMoved) {
+  const auto dialog = NewDialog();
+  dialog->show();
+  QApplication::processEvents();
+  dialog->move(40, 50);
+  QApplication::processEvents();
+  EXPECT_EQ(dialog->pos(), QPoint(40, 50));
+  dialog->hide();
+  dialog->show();
+  QApplication::processEvents();
+  EXPECT_EQ(dialog->pos(), QPoint(40, 50));
+}
+
 }  // namespace
 }  // namespace zerbal::test
