@@ -14,10 +14,9 @@ inline constexpr std::string_view kCatalogName = kSystemTableNames[0];
 inline constexpr std::uint32_t kCatalogPage = 2;
 
 // Columns of the catalog.
-inline constexpr std::string_view kObjectId =
-    "Id";  ///< Long; of a table the definition page in the low three bytes
-inline constexpr std::string_view kObjectName = "Name";    ///< Text
-inline constexpr std::string_view kObjectType = "Type";    ///< Integer
+inline constexpr std::string_view kObjectId = "Id";      ///< Long; low three bytes: a table's definition page
+inline constexpr std::string_view kObjectName = "Name";  ///< Text
+inline constexpr std::string_view kObjectType = "Type";  ///< Integer
 inline constexpr std::string_view kObjectFlags = "Flags";  ///< Long
 
 inline constexpr std::int16_t kTableObject = 1;  ///< among the object types: a table of this file

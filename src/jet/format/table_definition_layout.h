@@ -14,7 +14,7 @@ inline constexpr std::size_t kNextDefinitionPageAt = 4;  ///< 32 bits; 0 = this 
 inline constexpr std::size_t kDefinitionPageHead = 8;    ///< bytes
 inline constexpr std::size_t kDefinitionLengthAt = 8;    ///< 32 bits: of the whole definition
 
-/// Sizes of records, and offsets in them.
+/// Sizes of records, and offsets of their fields, in bytes.
 struct TableDefinitionLayout {
   struct Head {
     std::size_t size, rows, maxColumns, variableColumns, columns, logicalIndexes, physicalIndexes, ownedPages;
@@ -35,16 +35,46 @@ struct TableDefinitionLayout {
   LogicalIndex logical;
 };
 
-inline constexpr TableDefinitionLayout kJet3Definition = {{0x2B, 0x0C, 0x15, 0x17, 0x19, 0x1B, 0x1F, 0x23},
-                                                          8,
-                                                          {18, 0x00, 0x01, 0x03, 0x09, 0x0D, 0x0E, 0x10},
-                                                          {39, 0x00, 0x22, 0x26},
-                                                          {20, 0x04, 0x13}};
-inline constexpr TableDefinitionLayout kJet4Definition = {{0x3F, 0x10, 0x29, 0x2B, 0x2D, 0x2F, 0x33, 0x37},
-                                                          12,
-                                                          {25, 0x00, 0x05, 0x07, 0x0B, 0x0F, 0x15, 0x17},
-                                                          {52, 0x04, 0x26, 0x2E},
-                                                          {28, 0x08, 0x17}};
+inline constexpr TableDefinitionLayout kJet3Definition = {
+    .head = {.size = 0x2B,
+             .rows = 0x0C,
+             .maxColumns = 0x15,
+             .variableColumns = 0x17,
+             .columns = 0x19,
+             .logicalIndexes = 0x1B,
+             .physicalIndexes = 0x1F,
+             .ownedPages = 0x23},
+    .counterSize = 8,
+    .column = {.size = 18,
+               .type = 0x00,
+               .number = 0x01,
+               .variableIndex = 0x03,
+               .sortOrder = 0x09,
+               .flags = 0x0D,
+               .fixedOffset = 0x0E,
+               .length = 0x10},
+    .physical = {.size = 39, .parts = 0x00, .root = 0x22, .flags = 0x26},
+    .logical = {.size = 20, .physical = 0x04, .kind = 0x13}};
+inline constexpr TableDefinitionLayout kJet4Definition = {
+    .head = {.size = 0x3F,
+             .rows = 0x10,
+             .maxColumns = 0x29,
+             .variableColumns = 0x2B,
+             .columns = 0x2D,
+             .logicalIndexes = 0x2F,
+             .physicalIndexes = 0x33,
+             .ownedPages = 0x37},
+    .counterSize = 12,
+    .column = {.size = 25,
+               .type = 0x00,
+               .number = 0x05,
+               .variableIndex = 0x07,
+               .sortOrder = 0x0B,
+               .flags = 0x0F,
+               .fixedOffset = 0x15,
+               .length = 0x17},
+    .physical = {.size = 52, .parts = 0x04, .root = 0x26, .flags = 0x2E},
+    .logical = {.size = 28, .physical = 0x08, .kind = 0x17}};
 
 // Fields of the 2000 format only.
 inline constexpr std::size_t kColumnPrecisionAt = 0x0B;  ///< 8 bits; of numerics, which have no sort order
