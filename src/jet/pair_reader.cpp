@@ -106,8 +106,9 @@ void PairReader::State::ReadRowsOfPage(std::span<LongPair> out, std::size_t& cou
         const ByteView moved = FollowRow(database->pages, page, nextRow, table->page);
         out[count] = ReadRow(moved.Data(), moved.Size());
       } else {
-        const ByteView row = DataPage::Slice(bytes, directoryEnd, start, end);
-        out[count] = ReadRow(row.Data(), row.Size());
+        if (start < directoryEnd || start > end || end > bytes.Size())
+          DataPage::ThrowOffPage();
+        out[count] = ReadRow(bytes.Data() + start, end - start);
       }
       ++count;
     }

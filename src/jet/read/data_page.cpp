@@ -18,7 +18,9 @@ ByteView DataPage::Row(unsigned row) const {
     throw Damage("a pointer names a row that its page does not have");
   const std::size_t start = Entry(row) & kRowStartMask;
   const std::size_t end = row == 0 ? page_.Size() : Entry(row - 1) & kRowStartMask;
-  return Slice(page_, DirectoryEnd(), start, end);
+  if (start < DirectoryEnd() || start > end || end > page_.Size())
+    ThrowOffPage();
+  return {page_.Data() + start, end - start};
 }
 
 void DataPage::ThrowOffPage() {

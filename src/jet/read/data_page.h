@@ -23,19 +23,13 @@ class DataPage {
   /// The bytes of a row; throws Damage when there is no such row or it does not lie on the page.
   ByteView Row(unsigned row) const;
 
-  /// The bytes `start` to `end` of `page`, a row. Throws Damage unless they lie after the directory.
-  static ByteView Slice(ByteView page, std::size_t directoryEnd, std::size_t start, std::size_t end) {
-    if (start < directoryEnd || start > end || end > page.Size())
-      ThrowOffPage();
-    return {page.Data() + start, end - start};
-  }
+  [[noreturn]] static void ThrowOffPage();  ///< Damage: a row is not between the directory and the page's end
 
   const std::uint8_t* Directory() const { return page_.Data() + directory_; }
   std::size_t DirectoryEnd() const { return directory_ + kDirectoryEntrySize * rowCount_; }
   ByteView Bytes() const { return page_; }
 
  private:
-  [[noreturn]] static void ThrowOffPage();
   std::uint16_t Entry(unsigned row) const { return page_.U16(directory_ + kDirectoryEntrySize * row); }
 
   ByteView page_;
