@@ -3,7 +3,7 @@
 #include <exception>
 #include <optional>
 
-#include "settings/file_steps.h"
+#include "base/file_replacement.h"
 #include "settings/profile_text.h"
 
 namespace zerbal::settings {
@@ -23,7 +23,7 @@ std::string_view WithoutTrailingSpaces(std::string_view text) {
 std::string ReadProfileString(const std::filesystem::path& file, std::string_view section,
                               std::string_view key, std::string_view fallback, std::size_t size) {
   try {
-    if (const auto bytes = ReadWholeFile(file, SystemFileSteps())) {
+    if (const auto bytes = base::ReadFile(file)) {
       if (const auto value = FindProfileValue(*bytes, section, key))
         return Cut(*value, size);
     }
@@ -35,13 +35,13 @@ std::string ReadProfileString(const std::filesystem::path& file, std::string_vie
 
 bool WriteProfileString(const std::filesystem::path& file, std::string_view section, std::string_view key,
                         std::string_view value) {
-  return WriteProfileString(file, section, key, value, SystemFileSteps());
+  return WriteProfileString(file, section, key, value, base::SystemFileSteps());
 }
 
 bool WriteProfileString(const std::filesystem::path& file, std::string_view section, std::string_view key,
-                        std::string_view value, FileSteps& steps) {
+                        std::string_view value, base::FileSteps& steps) {
   try {
-    return ChangeWholeFile(
+    return base::ChangeFile(
         file, [&](const std::string& old) { return WithProfileValue(old, section, key, value); }, steps);
   } catch (const std::exception&) {
     return false;

@@ -8,9 +8,11 @@
 #include <string>
 #include <string_view>
 
-namespace zerbal::settings {
-
+namespace zerbal::base {
 class FileSteps;
+}
+
+namespace zerbal::settings {
 
 /// The value of `key` in `section`, at most `size` - 1 characters of it; `fallback` without its trailing
 /// spaces, cut likewise, when file, section or key is missing. Names match without regard to ASCII letter
@@ -23,8 +25,8 @@ std::string ReadProfileString(const std::filesystem::path& file, std::string_vie
 bool WriteProfileString(const std::filesystem::path& file, std::string_view section, std::string_view key,
                         std::string_view value);
 
-/// The same with the file calls in the caller's hand.
+/// The same with other file calls.
 bool WriteProfileString(const std::filesystem::path& file, std::string_view section, std::string_view key,
-                        std::string_view value, FileSteps& steps);
+                        std::string_view value, base::FileSteps& steps);
 
 }  // namespace zerbal::settings

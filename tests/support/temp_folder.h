@@ -1,12 +1,14 @@
 // A temporary folder for a test, removed afterwards.
 #pragma once
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include <stdlib.h>
 
@@ -35,6 +37,15 @@ class TempFolder {
  private:
   std::filesystem::path path_;
 };
+
+/// The names of the files and folders in `folder`, sorted.
+inline std::vector<std::string> NamesIn(const std::filesystem::path& folder) {
+  std::vector<std::string> names;
+  for (const auto& entry : std::filesystem::directory_iterator(folder))
+    names.push_back(entry.path().filename().string());
+  std::sort(names.begin(), names.end());
+  return names;
+}
 
 inline void WriteBytes(const std::filesystem::path& file, std::string_view bytes) {
   std::ofstream stream(file, std::ios::binary);

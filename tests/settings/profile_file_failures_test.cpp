@@ -1,14 +1,10 @@
 // Failures while a settings file is written: the process is killed, the disk is full, permissions are
 // missing, another program writes. After each of them the file holds its old or its new contents, complete.
-#include "settings/file_steps.h"
-
-#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <filesystem>
 #include <iostream>
 #include <string>
-#include <type_traits>
 #include <vector>
 
 #include <fcntl.h>
@@ -18,107 +14,22 @@
 #include <unistd.h>
 
 #include "settings/profile_file.h"
+#include "support/failing_file_steps.h"
 #include "support/temp_folder.h"
 
 namespace zerbal::settings {
 namespace {
 
 namespace fs = std::filesystem;
+using test::FailingFileSteps;
+using test::Failure;
+using test::InChild;
+using test::NamesIn;
 
 const std::string kOld = "; mine\r\n[s]\r\nk=old\r\n[t]\r\nlast=1";
 const std::string kNew = "; mine\r\n[s]\r\nk=new\r\n[t]\r\nlast=1";
 constexpr mode_t kMode = 0640;
 constexpr uid_t kNobody = 65534;
-
-/// What happens at the chosen step.
-enum class Failure { kReturnError, kKillBefore, kKillAfter, kKillMidway };
-
-/// Counts the file calls and fails at one of them.
-class FailingFileSteps : public FileSteps {
- public:
-  FailingFileSteps(Failure failure, int at, int error = EIO) : failure_(failure), at_(at), error_(error) {}
-
-  int Steps() const { return count_; }
-  /// The name of the step that failed; empty when none has.
-  const std::string& FailedStep() const { return failedStep_; }
-
-  int Open(const char* path, int flags, mode_t mode) override {
-    const char* name = (flags & O_CREAT) != 0       ? "create"
-                       : (flags & O_DIRECTORY) != 0 ? "open folder"
-                                                    : "open";
-    return Take(name, [&] { return FileSteps::Open(path, flags, mode); });
-  }
-  int Status(int file, struct stat& status) override {
-    return Take("status", [&] { return FileSteps::Status(file, status); });
-  }
-  ssize_t Read(int file, char* buffer, std::size_t size) override {
-    return Take("read", [&] { return FileSteps::Read(file, buffer, size); });
-  }
-  ssize_t Write(int file, const char* bytes, std::size_t size) override {
-    if (failure_ == Failure::kKillMidway && count_ + 1 == at_)
-      static_cast<void>(FileSteps::Write(file, bytes, size / 2));
-    return Take("write", [&] { return FileSteps::Write(file, bytes, size); });
-  }
-  int ChangeOwner(int file, uid_t owner, gid_t group) override {
-    return Take("owner", [&] { return FileSteps::ChangeOwner(file, owner, group); });
-  }
-  int ChangeMode(int file, mode_t mode) override {
-    return Take("mode", [&] { return FileSteps::ChangeMode(file, mode); });
-  }
-  int Flush(int file) override {
-    return Take(renamed_ ? "flush folder" : "flush", [&] { return FileSteps::Flush(file); });
-  }
-  int Close(int file) override {
-    FileSteps::Close(file);  // a failed close releases the descriptor, too
-    return Take("close", [] { return 0; });
-  }
-  int Rename(const char* from, const char* to) override {
-    return Take("rename", [&] {
-      renamed_ = true;
-      return FileSteps::Rename(from, to);
-    });
-  }
-  int Remove(const char* path) override {
-    return Take("remove", [&] { return FileSteps::Remove(path); });
-  }
-  int TryLock(int file) override {
-    return Take("lock", [&] { return FileSteps::TryLock(file); });
-  }
-
- private:
-  template <typename Action>
-  std::invoke_result_t<Action> Take(const char* name, Action action) {
-    if (++count_ != at_)
-      return action();
-    failedStep_ = name;
-    if (failure_ == Failure::kReturnError) {
-      errno = error_;
-      return -1;
-    }
-    if (failure_ == Failure::kKillAfter)
-      static_cast<void>(action());
-    ::raise(SIGKILL);
-    return action();  // not reached
-  }
-
-  Failure failure_;
-  int at_;
-  int error_;
-  int count_ = 0;
-  bool renamed_ = false;
-  std::string failedStep_;
-};
-
-/// Runs `action` in a child process. Returns its exit code, or minus the signal that ended it.
-template <typename Action>
-int InChild(Action action) {
-  const pid_t child = ::fork();
-  if (child == 0)
-    ::_exit(action());
-  int status = 0;
-  ::waitpid(child, &status, 0);
-  return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
-}
 
 template <typename Action>
 int AsNobody(Action action) {
@@ -135,15 +46,7 @@ mode_t ModeOf(const fs::path& file) {
   return status.st_mode & 07777;
 }
 
-std::vector<std::string> NamesIn(const fs::path& folder) {
-  std::vector<std::string> names;
-  for (const auto& entry : fs::directory_iterator(folder))
-    names.push_back(entry.path().filename().string());
-  std::sort(names.begin(), names.end());
-  return names;
-}
-
-/// A settings file and a symbolic link to it in another folder.
+/// A settings file that is reached through a symbolic link from another folder.
 struct LinkedFile {
   LinkedFile() {
     fs::create_directory(folder / "home");
@@ -262,13 +165,13 @@ TEST(SettingsUnderFaults, AFullDiskKeepsTheOldContents) {
 }
 
 TEST(SettingsUnderFaults, SlowAndInterruptedCallsAreRepeated) {
-  class SlowSteps : public FileSteps {
+  class SlowSteps : public base::FileSteps {
    public:
     ssize_t Read(int file, char* buffer, std::size_t) override {
       return Interrupted() ? -1 : FileSteps::Read(file, buffer, 3);
     }
-    ssize_t Write(int file, const char* bytes, std::size_t) override {
-      return Interrupted() ? -1 : FileSteps::Write(file, bytes, 1);
+    ssize_t WriteAt(int file, const char* bytes, std::size_t, off_t position) override {
+      return Interrupted() ? -1 : FileSteps::WriteAt(file, bytes, 1, position);
     }
 
    private:
@@ -352,7 +255,7 @@ TEST_F(OrdinaryUser, KeepsThePermissionsOfAnotherUsersFile) {
   EXPECT_EQ(ModeOf(file_), mode_t{0666});
 }
 
-TEST(ChangeWholeFile, KeepsOwnerGroupAndPermissions) {
+TEST(WriteProfileString, KeepsOwnerGroupAndPermissions) {
   if (::geteuid() != 0)
     GTEST_SKIP() << "only root can give files away";
   const LinkedFile world;
@@ -366,7 +269,7 @@ TEST(ChangeWholeFile, KeepsOwnerGroupAndPermissions) {
   EXPECT_EQ(status.st_mode & 07777, mode_t{04750});
 }
 
-TEST(ChangeWholeFile, GivesANewFileThePermissionsOfTheUmask) {
+TEST(WriteProfileString, GivesANewFileThePermissionsOfTheUmask) {
   const test::TempFolder folder;
   const mode_t before = ::umask(027);
   EXPECT_TRUE(WriteProfileString(folder / "zerbal.ini", "s", "k", "v"));
@@ -374,7 +277,7 @@ TEST(ChangeWholeFile, GivesANewFileThePermissionsOfTheUmask) {
   EXPECT_EQ(ModeOf(folder / "zerbal.ini"), mode_t{0640});
 }
 
-TEST(ChangeWholeFile, FollowsChainsOfLinksAndLinksToMissingFiles) {
+TEST(WriteProfileString, FollowsChainsOfLinksAndLinksToMissingFiles) {
   const LinkedFile world;
   fs::create_symlink("zerbal.ini", world.link.parent_path() / "second.ini");
   EXPECT_TRUE(WriteProfileString(world.link.parent_path() / "second.ini", "s", "k", "new"));
@@ -387,7 +290,7 @@ TEST(ChangeWholeFile, FollowsChainsOfLinksAndLinksToMissingFiles) {
   EXPECT_FALSE(WriteProfileString(world.folder / "loop.ini", "s", "k", "v"));
 }
 
-TEST(ChangeWholeFile, ReplacesOnlyRegularFiles) {
+TEST(WriteProfileString, ReplacesOnlyRegularFiles) {
   const test::TempFolder folder;
   fs::create_directory(folder / "folder.ini");
   EXPECT_FALSE(WriteProfileString(folder / "folder.ini", "s", "k", "v"));
@@ -402,7 +305,7 @@ TEST(ChangeWholeFile, ReplacesOnlyRegularFiles) {
   EXPECT_EQ(NamesIn(folder.Path()), (std::vector<std::string>{"device.ini", "folder.ini", "pipe.ini"}));
 }
 
-TEST(ChangeWholeFile, WorksForTheLongestNameAndInTheCurrentFolder) {
+TEST(WriteProfileString, WorksForTheLongestNameAndInTheCurrentFolder) {
   const test::TempFolder folder;
   const std::string name(255, 'n');
   EXPECT_TRUE(WriteProfileString(folder / name, "s", "k", "v"));
@@ -418,7 +321,7 @@ std::string KeyName(int i) {
   return std::string("k").append(std::to_string(i));
 }
 
-TEST(ChangeWholeFile, TwoWritersLoseNothingAndReadersSeeCompleteFiles) {
+TEST(WriteProfileString, TwoWritersLoseNothingAndReadersSeeCompleteFiles) {
   constexpr int kKeys = 60;
   const test::TempFolder folder;
   const fs::path file = folder / "zerbal.ini";
@@ -455,11 +358,11 @@ TEST(ChangeWholeFile, TwoWritersLoseNothingAndReadersSeeCompleteFiles) {
   EXPECT_EQ(NamesIn(folder.Path()), std::vector<std::string>{"zerbal.ini"});
 }
 
-TEST(ChangeWholeFile, DoesNotWaitForeverForTheLock) {
+TEST(WriteProfileString, DoesNotWaitForeverForTheLock) {
   const test::TempFolder folder;
   const int held = ::open(folder.Path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   ASSERT_GE(held, 0);
-  ASSERT_EQ(SystemFileSteps().TryLock(held), 0);
+  ASSERT_EQ(base::SystemFileSteps().TryLock(held), 0);
   EXPECT_TRUE(WriteProfileString(folder / "zerbal.ini", "s", "k", "v"));
   ::close(held);
 }

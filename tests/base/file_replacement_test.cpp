@@ -1,0 +1,112 @@
+// Files replaced as a whole. tests/settings/profile_file_failures_test.cpp has what concerns ChangeFile.
+#include "base/file_replacement.h"
+
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "base/error.h"
+#include "support/failing_file_steps.h"
+#include "support/temp_folder.h"
+
+namespace zerbal::base {
+namespace {
+
+namespace fs = std::filesystem;
+using test::FailingFileSteps;
+using test::Failure;
+
+/// Replaces `file` in three writes.
+void Replace(const fs::path& file, FileSteps& steps) {
+  FileReplacement replacement(file, steps);
+  replacement.Write("ne");
+  replacement.Write("w");
+  replacement.WriteAt(6, "end");
+  replacement.Commit();
+}
+
+const std::string kNew("new\0\0\0end", 9);
+
+TEST(FileReplacement, AppendsAndWritesAtPositions) {
+  const test::TempFolder folder;
+  Replace(folder / "file", SystemFileSteps());
+  EXPECT_EQ(test::ReadBytes(folder / "file"), kNew);
+  EXPECT_EQ(test::NamesIn(folder.Path()), std::vector<std::string>{"file"});
+}
+
+TEST(FileReplacement, LeavesNothingWithoutCommit) {
+  const test::TempFolder folder;
+  {
+    FileReplacement replacement(folder / "file");
+    replacement.Write("new");
+    EXPECT_FALSE(fs::exists(folder / "file"));
+  }
+  EXPECT_TRUE(fs::is_empty(folder.Path()));
+}
+
+TEST(FileReplacement, ReportsEveryFailedStepAndKeepsTheOldContents) {
+  std::vector<std::string> reported;
+  for (int at = 1;; ++at) {
+    const test::TempFolder folder;
+    test::WriteBytes(folder / "file", "old");
+    FailingFileSteps steps(Failure::kReturnError, at, ENOSPC);
+    bool isNew = true;
+    try {
+      Replace(folder / "file", steps);
+    } catch (const FileError& error) {
+      reported.push_back(steps.FailedStep());
+      isNew = steps.FailedStep() == "flush folder";  // the only step after the renaming that counts
+      EXPECT_EQ(error.File(), (folder / "file").string());
+      EXPECT_NE(error.Reason().find(": No space left on device"), std::string::npos) << error.Reason();
+    }
+    if (steps.Steps() < at)
+      break;
+    EXPECT_EQ(test::ReadBytes(folder / "file"), isNew ? kNew : "old");
+    EXPECT_EQ(test::NamesIn(folder.Path()), std::vector<std::string>{"file"}) << steps.FailedStep();
+  }
+  EXPECT_EQ(reported, (std::vector<std::string>{"open folder", "create", "write", "write", "write", "flush",
+                                                "close", "rename", "flush folder"}));
+}
+
+TEST(FileReplacement, HoldsTheOldOrTheNewContentsWhenKilled) {
+  for (const Failure failure : {Failure::kKillBefore, Failure::kKillAfter, Failure::kKillMidway}) {
+    for (int at = 1;; ++at) {
+      const test::TempFolder folder;
+      test::WriteBytes(folder / "file", "old");
+      const int end = test::InChild([&] {
+        FailingFileSteps steps(failure, at);
+        Replace(folder / "file", steps);
+        return 0;
+      });
+      if (end == 0)
+        break;
+      ASSERT_EQ(end, -SIGKILL);
+      const std::string bytes = test::ReadBytes(folder / "file");
+      EXPECT_TRUE(bytes == "old" || bytes == kNew) << "killed at step " << at << ": " << bytes;
+    }
+  }
+}
+
+TEST(FileReplacement, NamesTheFileThatCannotBeReplaced) {
+  const test::TempFolder folder;
+  const fs::path missing = folder / "missing" / "file";
+  try {
+    const FileReplacement replacement(missing);
+    ADD_FAILURE() << "there is no such folder";
+  } catch (const FileError& error) {
+    EXPECT_EQ(error.what(),
+              "File '" + missing.string() + "': cannot create the file: No such file or directory");
+  }
+}
+
+TEST(ReadFile, ReadsRegularFilesAlone) {
+  const test::TempFolder folder;
+  test::WriteBytes(folder / "file", "bytes");
+  EXPECT_EQ(ReadFile(folder / "file"), "bytes");
+  EXPECT_EQ(ReadFile(folder / "none"), std::nullopt);
+  EXPECT_EQ(ReadFile(folder.Path()), std::nullopt);
+}
+
+}  // namespace
+}  // namespace zerbal::base
