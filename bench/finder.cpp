@@ -38,7 +38,7 @@ struct LargeSchedule {
     dest.emplace(database->OpenTable("dest"));
     dest->SetIndex("aprt");
     auto fsrv = database->OpenTable("fsrv");
-    data::LoadFlightServices(fsrv, services, boxes);
+    services = data::LoadFlightServices(fsrv);
   }
   data::FlightSource Source() { return {*flit, *dest, services}; }
 

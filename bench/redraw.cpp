@@ -33,11 +33,6 @@ namespace fs = std::filesystem;
 constexpr int kWidth = 1280;
 constexpr int kHeight = 900;
 
-class ThrowingBoxes : public settings::MessageBoxes {
- public:
-  void Show(settings::BoxIcon, const std::string& text) override { throw std::runtime_error(text); }
-};
-
 data::DataFiles FilesOf(const fs::path& folder) {
   const data::FoundFiles found = data::FindDataFiles(folder);
   if (!found.missing.empty() || !found.files.river || !found.files.ibound)
@@ -47,9 +42,9 @@ data::DataFiles FilesOf(const fs::path& folder) {
 
 /// One folder's data and what a redraw takes from it.
 struct World {
-  explicit World(const data::DataFiles& files) : databases(data::OpenDatabases(files)) {
-    ThrowingBoxes boxes;
-    data::LoadReferenceTables(files.zbldata, databases.fsrv, tables, boxes);
+  explicit World(const data::DataFiles& files)
+      : databases(data::OpenDatabases(files)),
+        tables(data::LoadReferenceTables(files.zbldata, databases.fsrv)) {
     viewport.SetSize(kWidth * kTwipsPerPixel, kHeight * kTwipsPerPixel);
   }
 

@@ -93,8 +93,13 @@ bool Main::FindFiles() {
 }
 
 bool Main::LoadTables() {
-  return data::LoadReferenceTables(program_.files.zbldata, program_.databases->fsrv, program_.tables,
-                                   program_.environment.boxes);
+  try {
+    program_.tables = data::LoadReferenceTables(program_.files.zbldata, program_.databases->fsrv);
+    return true;
+  } catch (const data::LoadError& error) {
+    program_.environment.boxes.Show(BoxIcon::kCritical, error.what());
+    return false;
+  }
 }
 
 void Main::LoadMainWindow() {

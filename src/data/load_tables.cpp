@@ -6,6 +6,7 @@
 
 #include "data/counters.h"
 #include "jet/database.h"
+#include "settings/message_boxes.h"
 
 namespace zerbal::data {
 namespace {
@@ -18,11 +19,11 @@ jet::Recordset OpenWithIndex(const jet::Database& database, const char* table, c
   return recordset;
 }
 
-/// Fills the rows of a table by their codes, `fill` taking a row's values from the recordset; the codes that
-/// are missing go into one box under `heading`.
+/// Fills the rows of a table by their codes; `fill` reads the values of one row from the recordset. The codes
+/// that are missing are listed in one error under `heading`.
 template <typename Rows, typename Codes, typename Fill>
-bool LoadByCode(jet::Recordset& source, Rows& rows, const Codes& codes, const std::string& heading,
-                settings::MessageBoxes& boxes, Fill fill) {
+void LoadByCode(jet::Recordset& source, Rows& rows, const Codes& codes, const std::string& heading,
+                Fill fill) {
   bool ok = true;
   std::string message = heading + NL;
   for (std::size_t i = 0; i < rows.size(); ++i) {
@@ -36,34 +37,35 @@ bool LoadByCode(jet::Recordset& source, Rows& rows, const Codes& codes, const st
     }
   }
   if (!ok)
-    boxes.Show(settings::BoxIcon::kCritical, message + NL + "The program aborts.");
-  return ok;
+    throw LoadError(message + NL + "The program aborts.");
 }
 
 }  // namespace
 
-bool LoadColours(const std::filesystem::path& zbldata, ColourTable& colours, settings::MessageBoxes& boxes) {
+ColourTable LoadColours(const std::filesystem::path& zbldata) {
+  ColourTable colours;
   jet::Recordset col = OpenWithIndex(jet::Database::Open(zbldata), "col", "colcode");
-  return LoadByCode(
-      col, colours.rows, kColourCodes, "Colors are missing in the table for:", boxes, [&](Colour& row) {
-        row.rgb = ClampRgb(col["Col_R"].AsInteger(), col["Col_G"].AsInteger(), col["Col_B"].AsInteger());
-        row.entry = col["Col_Entry"].AsText();
-      });
+  LoadByCode(col, colours.rows, kColourCodes, "Colors are missing in the table for:", [&](Colour& row) {
+    row.rgb = ClampRgb(col["Col_R"].AsInteger(), col["Col_G"].AsInteger(), col["Col_B"].AsInteger());
+    row.entry = col["Col_Entry"].AsText();
+  });
+  return colours;
 }
 
-bool LoadFonts(const std::filesystem::path& zbldata, FontTable& fonts, settings::MessageBoxes& boxes) {
+FontTable LoadFonts(const std::filesystem::path& zbldata) {
+  FontTable fonts;
   jet::Recordset fon = OpenWithIndex(jet::Database::Open(zbldata), "fon", "foncode");
-  return LoadByCode(fon, fonts.rows, kFontCodes, "Fonts are missing in the table for:", boxes,
-                    [&](Font& row) {
-                      row.name = fon["Fon_Name"].AsText();
-                      row.size = fon["Fon_Size"].AsInteger();
-                      row.entry = fon["Fon_Entry"].AsText();
-                    });
+  LoadByCode(fon, fonts.rows, kFontCodes, "Fonts are missing in the table for:", [&](Font& row) {
+    row.name = fon["Fon_Name"].AsText();
+    row.size = fon["Fon_Size"].AsInteger();
+    row.entry = fon["Fon_Entry"].AsText();
+  });
+  return fonts;
 }
 
-void LoadRegions(const std::filesystem::path& zbldata, RegionTable& regions) {
+RegionTable LoadRegions(const std::filesystem::path& zbldata) {
+  RegionTable regions;
   jet::Recordset reg = OpenWithIndex(jet::Database::Open(zbldata), "reg", "sort");
-  regions.rows.clear();
   std::int16_t count = 0;
   for (reg.MoveFirst(); !reg.Eof(); reg.MoveNext()) {
     if (count == 0)
@@ -73,18 +75,17 @@ void LoadRegions(const std::filesystem::path& zbldata, RegionTable& regions) {
                             reg["Reg_FromLat"].AsDouble(), reg["Reg_ToLon"].AsDouble(),
                             reg["Reg_ToLat"].AsDouble()});
   }
+  return regions;
 }
 
-bool LoadFlightServices(jet::Recordset& fsrv, FlightServiceTable& services, settings::MessageBoxes& boxes) {
+FlightServiceTable LoadFlightServices(jet::Recordset& fsrv) {
   fsrv.SetIndex("sort");
-  services.clear();
+  FlightServiceTable services;
   std::int16_t count = 0;
   for (fsrv.MoveFirst(); !fsrv.Eof(); fsrv.MoveNext())
     CountUp(count);
-  if (count < 1) {
-    boxes.Show(settings::BoxIcon::kCritical, "No flightservices found. The program aborts.");
-    return false;
-  }
+  if (count < 1)
+    throw LoadError("No flightservices found. The program aborts.");
   services.reserve(static_cast<std::size_t>(count));
   for (fsrv.MoveFirst(); !fsrv.Eof(); fsrv.MoveNext()) {
     FlightService service;
@@ -93,16 +94,13 @@ bool LoadFlightServices(jet::Recordset& fsrv, FlightServiceTable& services, sett
     service.rgb = {fsrv["FSrv_R"].AsByte(), fsrv["FSrv_G"].AsByte(), fsrv["FSrv_B"].AsByte()};
     services.push_back(std::move(service));
   }
-  return true;
+  return services;
 }
 
-bool LoadReferenceTables(const std::filesystem::path& zbldata, jet::Recordset& fsrv, ReferenceTables& tables,
-                         settings::MessageBoxes& boxes) {
-  tables.bands = BuildGridBands();
-  if (!LoadColours(zbldata, tables.colours, boxes) || !LoadFonts(zbldata, tables.fonts, boxes))
-    return false;
-  LoadRegions(zbldata, tables.regions);
-  return LoadFlightServices(fsrv, tables.services, boxes);
+ReferenceTables LoadReferenceTables(const std::filesystem::path& zbldata, jet::Recordset& fsrv) {
+  // The parts of a braced list are made in their order.
+  return {LoadColours(zbldata), LoadFonts(zbldata), LoadRegions(zbldata), BuildGridBands(),
+          LoadFlightServices(fsrv)};
 }
 
 }  // namespace zerbal::data

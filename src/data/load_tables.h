@@ -1,39 +1,43 @@
-// Loading the reference tables from the databases at start-up. What a user can mend has its own message box
-// and the answer false; everything else is the engine's error and is not caught here.
+// Loading the reference tables from the databases at start-up. Errors of the engine are not caught here.
 #pragma once
 
 #include <array>
 #include <filesystem>
+#include <stdexcept>
 
 #include "data/reference_tables.h"
 #include "jet/recordset.h"
-#include "settings/message_boxes.h"
 
 namespace zerbal::data {
+
+/// The databases are sound, but rows are missing that the program cannot do without. what() is the message
+/// for the user, with settings::NL as line break.
+class LoadError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
 
 /// What the rows of ColourTable and FontTable are found by, in their order.
 inline constexpr std::array<const char*, kColourCount> kColourCodes = {
     "MAPBG", "ZOOM", "CENTRE", "COAST", "RIVER", "IBOUND", "APALL", "APDEST", "ACSYMB"};
 inline constexpr std::array<const char*, kFontCount> kFontCodes = {"LORES", "HIRES"};
 
-/// Loads ColourTable from table `col` of zbldata.mdb. When codes are missing shows one critical box that
-/// lists them and returns false. Components beyond 0..255 are limited.
-bool LoadColours(const std::filesystem::path& zbldata, ColourTable& colours, settings::MessageBoxes& boxes);
+/// Loads table `col` of zbldata.mdb. Components beyond 0..255 are limited. Throws LoadError, which lists all
+/// codes that are missing.
+ColourTable LoadColours(const std::filesystem::path& zbldata);
 
-/// The same for FontTable and table `fon`.
-bool LoadFonts(const std::filesystem::path& zbldata, FontTable& fonts, settings::MessageBoxes& boxes);
+/// Loads table `fon` of zbldata.mdb. Throws LoadError as LoadColours does.
+FontTable LoadFonts(const std::filesystem::path& zbldata);
 
-/// Loads rows 1..RegionCount from table `reg`; leaves `regions.rows` empty when the table is.
+/// Loads rows 1..RegionCount from table `reg` of zbldata.mdb; there is no row at all when the table is empty.
 /// Throws OverflowError beyond 32767 rows.
-void LoadRegions(const std::filesystem::path& zbldata, RegionTable& regions);
+RegionTable LoadRegions(const std::filesystem::path& zbldata);
 
-/// Loads FlightServiceTable from the open recordset. False, with a critical box, when there is no service.
-/// Throws jet::ConversionError for a colour component outside 0..255, OverflowError beyond 32767 services.
-bool LoadFlightServices(jet::Recordset& fsrv, FlightServiceTable& services, settings::MessageBoxes& boxes);
+/// Loads the flight services from the open recordset. Throws LoadError when there is none,
+/// jet::ConversionError for a colour component outside 0..255, OverflowError beyond 32767 services.
+FlightServiceTable LoadFlightServices(jet::Recordset& fsrv);
 
-/// Fills the whole of `tables`: the grid's bands, and the tables above in their order. False as soon as one
-/// of them has shown a box.
-bool LoadReferenceTables(const std::filesystem::path& zbldata, jet::Recordset& fsrv, ReferenceTables& tables,
-                         settings::MessageBoxes& boxes);
+/// Loads colours, fonts, regions and services, in this order, and adds the bands of the grid.
+ReferenceTables LoadReferenceTables(const std::filesystem::path& zbldata, jet::Recordset& fsrv);
 
 }  // namespace zerbal::data

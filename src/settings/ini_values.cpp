@@ -23,7 +23,7 @@ std::optional<std::string> IniValues::ReadIniValue(const std::filesystem::path& 
     return base::FromCodePage1252(answer);
   if (!fallback)
     return std::nullopt;
-  if (missingKeys_ == MissingKeys::kWriteBack && !WriteIniValue(file, section, key, *fallback))
+  if (boxes_ != nullptr && !WriteIniValue(file, section, key, *fallback))
     return std::nullopt;
   return std::string(*fallback);
 }
@@ -38,7 +38,7 @@ bool IniValues::WriteIniValue(const std::filesystem::path& file, std::string_vie
   text.append("Section = '").append(section).append("', ");
   text.append("Entry = '").append(key).append("', ");
   text.append("Value = '").append(value).append("'");
-  boxes_.Show(BoxIcon::kExclamation, text);
+  boxes_->Show(BoxIcon::kExclamation, text);
   return false;
 }
 

@@ -11,22 +11,18 @@
 
 namespace zerbal::settings {
 
-/// What reading does with a missing key for which there is a fallback.
-enum class MissingKeys {
-  kWriteBack,  ///< the file fills itself with every key on first use
-  kLeave       ///< for readers that write nothing
-};
-
 /// Single values of sectioned settings files. Texts are UTF-8 here and code page 1252 in the file (a
 /// character that the code page lacks is written as "?").
 class IniValues {
  public:
-  explicit IniValues(MessageBoxes& boxes, MissingKeys missingKeys = MissingKeys::kWriteBack)
-      : boxes_(boxes), missingKeys_(missingKeys) {}
+  /// For reading only: nothing may be written, and missing keys stay missing.
+  IniValues() = default;
+  /// The file fills itself with every key on first use. `boxes` outlives this.
+  explicit IniValues(MessageBoxes& boxes) : boxes_(&boxes) {}
 
   /// The value of a key. A missing key has the value `fallback` when one is given, which is written back
-  /// unless missing keys are left alone; nullopt when the key is missing and there is no fallback, or writing
-  /// it failed (the box has been shown).
+  /// unless this is for reading only; nullopt when the key is missing and there is no fallback, or writing it
+  /// failed (the box has been shown).
   std::optional<std::string> ReadIniValue(const std::filesystem::path& file, std::string_view section,
                                           std::string_view key,
                                           std::optional<std::string_view> fallback = std::nullopt);
@@ -36,8 +32,7 @@ class IniValues {
                      std::string_view value);
 
  private:
-  MessageBoxes& boxes_;
-  MissingKeys missingKeys_;
+  MessageBoxes* boxes_ = nullptr;  ///< null when only for reading
 };
 
 /// One settings file, so that callers need not carry its name about.

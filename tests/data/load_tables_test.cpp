@@ -8,13 +8,11 @@
 #include "data/counters.h"
 #include "jet/database.h"
 #include "sample_databases.h"
-#include "support/recorded_boxes.h"
 #include "support/temp_folder.h"
 
 namespace zerbal::data {
 namespace {
 
-using settings::BoxIcon;
 using test::Row;
 
 const std::vector<std::string> kCodes = {"MAPBG",  "ZOOM",  "CENTRE", "COAST", "RIVER",
@@ -36,85 +34,80 @@ std::vector<Row> AllColours() {
 class LoadTables : public testing::Test {
  protected:
   void Write(const std::vector<test::Table>& tables) { test::WriteDatabase(zbldata_, tables); }
-  bool LoadServices(std::vector<Row> rows) {
+  FlightServiceTable LoadServices(std::vector<Row> rows) {
     test::WriteDatabase(folder_ / "qavdata.mdb", {test::FsrvTable(std::move(rows))});
     jet::Recordset fsrv = jet::Database::Open(folder_ / "qavdata.mdb").OpenTable("fsrv");
-    return LoadFlightServices(fsrv, services_, boxes_);
+    return LoadFlightServices(fsrv);
   }
 
   test::TempFolder folder_;
   std::filesystem::path zbldata_ = folder_ / "zbldata.mdb";
-  test::RecordedBoxes boxes_;
-  ColourTable colours_;
-  FontTable fonts_;
-  RegionTable regions_;
-  FlightServiceTable services_;
 };
+
+/// The words of the LoadError that `load` throws; "none" when it throws none.
+template <typename Load>
+std::string WordsOf(const Load& load) {
+  try {
+    load();
+  } catch (const LoadError& error) {
+    return error.what();
+  }
+  return "none";
+}
 
 TEST_F(LoadTables, ColoursComeByTheirCodesInTheOrderOfTheTable) {
   Write({test::ColTable(AllColours())});
-  ASSERT_TRUE(LoadColours(zbldata_, colours_, boxes_));
-  EXPECT_TRUE(boxes_.shown.empty());
+  const ColourTable colours = LoadColours(zbldata_);
   for (std::size_t i = 0; i < kCodes.size(); ++i) {
-    EXPECT_EQ(colours_.rows[i].code, kCodes[i]);
-    EXPECT_EQ(colours_.rows[i].rgb, (Rgb{static_cast<std::uint8_t>(i), 100, 255}));
-    EXPECT_EQ(colours_.rows[i].entry, "Entry" + kCodes[i]);
+    EXPECT_EQ(colours.rows[i].code, kCodes[i]);
+    EXPECT_EQ(colours.rows[i].rgb, (Rgb{static_cast<std::uint8_t>(i), 100, 255}));
+    EXPECT_EQ(colours.rows[i].entry, "Entry" + kCodes[i]);
   }
 }
 
-TEST_F(LoadTables, MissingColoursAreListedInOneBox) {
+TEST_F(LoadTables, MissingColoursAreListedInOneError) {
   std::vector<Row> rows = AllColours();
   rows.erase(rows.begin());  // ACSYMB
   rows[6] = ColourRow("zoom", 1, 2, 3);
   Write({test::ColTable(rows)});
-  EXPECT_FALSE(LoadColours(zbldata_, colours_, boxes_));
-  ASSERT_EQ(boxes_.shown.size(), 1u);
-  EXPECT_EQ(boxes_.shown[0], (test::RecordedBox{BoxIcon::kCritical,
-                                                "Colors are missing in the table for:\r\nCode = ZOOM\r\n"
-                                                "Code = ACSYMB\r\n\r\nThe program aborts."}));
-  EXPECT_EQ(colours_.rows[0].entry, "EntryMAPBG");
+  EXPECT_EQ(
+      WordsOf([&] { LoadColours(zbldata_); }),
+      "Colors are missing in the table for:\r\nCode = ZOOM\r\nCode = ACSYMB\r\n\r\nThe program aborts.");
 }
 
 TEST_F(LoadTables, AnEmptyColourTableMissesAllCodes) {
   Write({test::ColTable({})});
-  EXPECT_FALSE(LoadColours(zbldata_, colours_, boxes_));
   std::string text = "Colors are missing in the table for:\r\n";
   for (const std::string& code : kCodes)
     text += "Code = " + code + "\r\n";
-  ASSERT_EQ(boxes_.shown.size(), 1u);
-  EXPECT_EQ(boxes_.shown[0].text, text + "\r\nThe program aborts.");
+  EXPECT_EQ(WordsOf([&] { LoadColours(zbldata_); }), text + "\r\nThe program aborts.");
 }
 
 TEST_F(LoadTables, ColourComponentsAreLimitedButMustBeNumbers) {
   std::vector<Row> rows = AllColours();
   rows[0] = ColourRow("ACSYMB", 300, -1, 12);
   Write({test::ColTable(rows)});
-  ASSERT_TRUE(LoadColours(zbldata_, colours_, boxes_));
-  EXPECT_EQ(colours_[ColourCode::kAcSymb], (Rgb{255, 0, 12}));
+  EXPECT_EQ(LoadColours(zbldata_)[ColourCode::kAcSymb], (Rgb{255, 0, 12}));
   rows[0][2] = jet::Null();
   Write({test::ColTable(rows)});
-  EXPECT_THROW(LoadColours(zbldata_, colours_, boxes_), jet::ConversionError);
+  EXPECT_THROW(LoadColours(zbldata_), jet::ConversionError);
 }
 
 TEST_F(LoadTables, FontsComeByTheirCodes) {
   Write({test::FonTable(
       {{"HIRES", "Arial", 8, "HighResolution"}, {"LORES", "Small Fonts", 7, "LowResolution"}})});
-  ASSERT_TRUE(LoadFonts(zbldata_, fonts_, boxes_));
-  EXPECT_EQ(fonts_[FontCode::kLoRes].code, "LORES");
-  EXPECT_EQ(fonts_[FontCode::kLoRes].name, "Small Fonts");
-  EXPECT_EQ(fonts_[FontCode::kLoRes].size, 7);
-  EXPECT_EQ(fonts_[FontCode::kLoRes].entry, "LowResolution");
-  EXPECT_EQ(fonts_[FontCode::kHiRes].name, "Arial");
-  EXPECT_TRUE(boxes_.shown.empty());
+  const FontTable fonts = LoadFonts(zbldata_);
+  EXPECT_EQ(fonts[FontCode::kLoRes].code, "LORES");
+  EXPECT_EQ(fonts[FontCode::kLoRes].name, "Small Fonts");
+  EXPECT_EQ(fonts[FontCode::kLoRes].size, 7);
+  EXPECT_EQ(fonts[FontCode::kLoRes].entry, "LowResolution");
+  EXPECT_EQ(fonts[FontCode::kHiRes].name, "Arial");
 }
 
-TEST_F(LoadTables, MissingFontsAreListedInOneBox) {
+TEST_F(LoadTables, MissingFontsAreListedInOneError) {
   Write({test::FonTable({})});
-  EXPECT_FALSE(LoadFonts(zbldata_, fonts_, boxes_));
-  ASSERT_EQ(boxes_.shown.size(), 1u);
-  EXPECT_EQ(boxes_.shown[0], (test::RecordedBox{BoxIcon::kCritical,
-                                                "Fonts are missing in the table for:\r\nCode = LORES\r\n"
-                                                "Code = HIRES\r\n\r\nThe program aborts."}));
+  EXPECT_EQ(WordsOf([&] { LoadFonts(zbldata_); }),
+            "Fonts are missing in the table for:\r\nCode = LORES\r\nCode = HIRES\r\n\r\nThe program aborts.");
 }
 
 Row RegionRow(int sort, const std::string& code, double fromLon) {
@@ -123,49 +116,45 @@ Row RegionRow(int sort, const std::string& code, double fromLon) {
 
 TEST_F(LoadTables, RegionsComeInTheOrderOfTheirSortValues) {
   Write({test::RegTable({RegionRow(3, "C", 300), RegionRow(-1, "A", 100.125), RegionRow(2, "B", 200)})});
-  LoadRegions(zbldata_, regions_);
-  ASSERT_EQ(regions_.RegionCount(), 3);
-  EXPECT_EQ(regions_.rows[1].code, "A");
-  EXPECT_EQ(regions_.rows[1].name, "Name of A");
-  EXPECT_EQ(regions_.rows[1].fromLon, 100.125);
-  EXPECT_EQ(regions_.rows[1].fromLat, 10.5);
-  EXPECT_EQ(regions_.rows[1].toLon, 230.25);
-  EXPECT_EQ(regions_.rows[1].toLat, 80);
-  EXPECT_EQ(regions_.rows[2].code, "B");
-  EXPECT_EQ(regions_.rows[3].code, "C");
+  const RegionTable regions = LoadRegions(zbldata_);
+  ASSERT_EQ(regions.RegionCount(), 3);
+  EXPECT_EQ(regions.rows[1].code, "A");
+  EXPECT_EQ(regions.rows[1].name, "Name of A");
+  EXPECT_EQ(regions.rows[1].fromLon, 100.125);
+  EXPECT_EQ(regions.rows[1].fromLat, 10.5);
+  EXPECT_EQ(regions.rows[1].toLon, 230.25);
+  EXPECT_EQ(regions.rows[1].toLat, 80);
+  EXPECT_EQ(regions.rows[2].code, "B");
+  EXPECT_EQ(regions.rows[3].code, "C");
 }
 
 TEST_F(LoadTables, AnEmptyRegionTableLeavesNoRowNotEvenTheWorlds) {
-  regions_.rows.resize(3);
   Write({test::RegTable({})});
-  LoadRegions(zbldata_, regions_);
-  EXPECT_TRUE(regions_.rows.empty());
+  EXPECT_TRUE(LoadRegions(zbldata_).rows.empty());
 }
 
 TEST_F(LoadTables, MoreRegionsThanACounterHoldsAreAnOverflow) {
   std::vector<Row> rows(32767, RegionRow(1, "R", 100));
   Write({test::RegTable(rows)});
-  LoadRegions(zbldata_, regions_);
-  EXPECT_EQ(regions_.RegionCount(), 32767);
+  EXPECT_EQ(LoadRegions(zbldata_).RegionCount(), 32767);
   rows.push_back(rows.back());
   Write({test::RegTable(rows)});
-  EXPECT_THROW(LoadRegions(zbldata_, regions_), OverflowError);
+  EXPECT_THROW(LoadRegions(zbldata_), OverflowError);
 }
 
-TEST_F(LoadTables, WhatTheEngineSaysIsNotCaught) {
-  EXPECT_THROW(LoadColours(zbldata_, colours_, boxes_), jet::EngineError) << "no file";
+TEST_F(LoadTables, ErrorsOfTheEngineAreNotCaught) {
+  EXPECT_THROW(LoadColours(zbldata_), jet::EngineError) << "no file";
   test::WriteBytes(zbldata_, "no database");
-  EXPECT_THROW(LoadRegions(zbldata_, regions_), jet::EngineError) << "foreign file";
+  EXPECT_THROW(LoadRegions(zbldata_), jet::EngineError) << "foreign file";
   test::Table col = test::ColTable(AllColours());
   col.indexes.clear();
   Write({col});
-  EXPECT_THROW(LoadColours(zbldata_, colours_, boxes_), jet::EngineError) << "no index";
-  EXPECT_THROW(LoadFonts(zbldata_, fonts_, boxes_), jet::EngineError) << "no table";
+  EXPECT_THROW(LoadColours(zbldata_), jet::EngineError) << "no index";
+  EXPECT_THROW(LoadFonts(zbldata_), jet::EngineError) << "no table";
   col = test::ColTable(AllColours());
   col.columns[4].name = "Entry";
   Write({col});
-  EXPECT_THROW(LoadColours(zbldata_, colours_, boxes_), jet::EngineError) << "no field";
-  EXPECT_TRUE(boxes_.shown.empty());
+  EXPECT_THROW(LoadColours(zbldata_), jet::EngineError) << "no field";
 }
 
 Row ServiceRow(int sort, const std::string& key, int red, int green, int blue) {
@@ -173,34 +162,30 @@ Row ServiceRow(int sort, const std::string& key, int red, int green, int blue) {
 }
 
 TEST_F(LoadTables, ServicesComeInTheOrderOfTheirSortValues) {
-  ASSERT_TRUE(LoadServices({ServiceRow(20, "Q2", 1, 2, 3), ServiceRow(10, "Q1", 0, 255, 128)}));
-  ASSERT_EQ(services_.size(), 2u);
-  EXPECT_EQ(services_[0].key, "Q1");
-  EXPECT_EQ(services_[0].displayText, "LQ1 - Name Q1");
-  EXPECT_EQ(services_[0].rgb, (Rgb{0, 255, 128}));
-  EXPECT_FALSE(services_[0].displayFlag);
-  EXPECT_TRUE(services_[0].randomPick);
-  EXPECT_EQ(services_[1].key, "Q2");
-  EXPECT_TRUE(boxes_.shown.empty());
+  const FlightServiceTable services =
+      LoadServices({ServiceRow(20, "Q2", 1, 2, 3), ServiceRow(10, "Q1", 0, 255, 128)});
+  ASSERT_EQ(services.size(), 2u);
+  EXPECT_EQ(services[0].key, "Q1");
+  EXPECT_EQ(services[0].displayText, "LQ1 - Name Q1");
+  EXPECT_EQ(services[0].rgb, (Rgb{0, 255, 128}));
+  EXPECT_FALSE(services[0].displayFlag);
+  EXPECT_TRUE(services[0].randomPick);
+  EXPECT_EQ(services[1].key, "Q2");
 }
 
 TEST_F(LoadTables, TwoServicesOfOneKeyAreTwoRows) {
-  ASSERT_TRUE(LoadServices({ServiceRow(1, "Q1", 1, 1, 1), ServiceRow(2, "Q1", 2, 2, 2)}));
-  EXPECT_EQ(services_.size(), 2u);
-  EXPECT_EQ(services_[1].rgb, (Rgb{2, 2, 2}));
+  const FlightServiceTable services =
+      LoadServices({ServiceRow(1, "Q1", 1, 1, 1), ServiceRow(2, "Q1", 2, 2, 2)});
+  ASSERT_EQ(services.size(), 2u);
+  EXPECT_EQ(services[1].rgb, (Rgb{2, 2, 2}));
 }
 
 TEST_F(LoadTables, OneServiceIsEnough) {
-  ASSERT_TRUE(LoadServices({ServiceRow(1, "Q1", 1, 1, 1)}));
-  EXPECT_EQ(services_.size(), 1u);
+  EXPECT_EQ(LoadServices({ServiceRow(1, "Q1", 1, 1, 1)}).size(), 1u);
 }
 
-TEST_F(LoadTables, NoServiceAborts) {
-  services_.resize(2);
-  EXPECT_FALSE(LoadServices({}));
-  ASSERT_EQ(boxes_.shown.size(), 1u);
-  EXPECT_EQ(boxes_.shown[0],
-            (test::RecordedBox{BoxIcon::kCritical, "No flightservices found. The program aborts."}));
+TEST_F(LoadTables, NoServiceIsAnError) {
+  EXPECT_EQ(WordsOf([&] { LoadServices({}); }), "No flightservices found. The program aborts.");
 }
 
 TEST_F(LoadTables, AServiceColourBeyondAByteIsAConversionError) {
@@ -215,8 +200,7 @@ TEST_F(LoadTables, AServiceColourBeyondAByteIsAConversionError) {
 
 TEST_F(LoadTables, MoreServicesThanACounterHoldsAreAnOverflow) {
   std::vector<Row> rows(32767, ServiceRow(1, "Q", 1, 1, 1));
-  EXPECT_TRUE(LoadServices(rows));
-  EXPECT_EQ(services_.size(), 32767u);
+  EXPECT_EQ(LoadServices(rows).size(), 32767u);
   rows.push_back(rows.back());
   EXPECT_THROW(LoadServices(rows), OverflowError);
 }

@@ -12,7 +12,6 @@
 #include "app/frm_map.h"
 #include "data/load_tables.h"
 #include "data/table_settings.h"
-#include "support/recorded_boxes.h"
 #include "support/small_world.h"
 #include "zerbal-map/map_job.h"
 #include "zerbal-map/options.h"
@@ -52,7 +51,7 @@ class MapWindow {
       : files_(data::FindDataFiles(folder).files),
         databases_(data::OpenDatabases(files_)),
         viewport_(tables_.bands) {
-    data::LoadReferenceTables(files_.zbldata, databases_.fsrv, tables_, boxes_);
+    tables_ = data::LoadReferenceTables(files_.zbldata, databases_.fsrv);
     const std::vector<std::string> none;
     data::CheckFonts(tables_.fonts, none);
     tables_.regions.centreWorld = "1";
@@ -74,7 +73,6 @@ class MapWindow {
   data::DisplayOptions options;
 
  private:
-  RecordedBoxes boxes_;
   data::DataFiles files_;
   data::Databases databases_;
   data::ReferenceTables tables_;

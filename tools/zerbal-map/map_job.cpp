@@ -13,12 +13,6 @@
 namespace zerbal::mapcommand {
 namespace {
 
-/// What the start-up of the program would say in a box ends this command with the same words.
-class ThrowingBoxes final : public settings::MessageBoxes {
- public:
-  void Show(settings::BoxIcon, const std::string& text) override { throw std::runtime_error(text); }
-};
-
 std::runtime_error NotFound(const std::string& file) {
   return std::runtime_error("File '" + file + "' could not be found.");
 }
@@ -86,13 +80,11 @@ void MapJob::LoadTables() {
   if (!missing.empty())
     throw NotFound(missing.front().string());
   databases_ = data::OpenDatabases(files);
-  ThrowingBoxes boxes;
-  data::LoadReferenceTables(files.zbldata, databases_->fsrv, tables_, boxes);
+  tables_ = data::LoadReferenceTables(files.zbldata, databases_->fsrv);
 }
 
 void MapJob::ReadSettings() {
-  ThrowingBoxes boxes;
-  settings::IniValues values(boxes, settings::MissingKeys::kLeave);
+  settings::IniValues values;
   if (options_.settingsFile && !std::filesystem::is_regular_file(*options_.settingsFile))
     throw NotFound(*options_.settingsFile);
   // Without a settings file every key is missing, and the defaults hold.
