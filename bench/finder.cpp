@@ -35,17 +35,17 @@ struct LargeSchedule {
     world.Write(folder.Path());
     database.emplace(jet::Database::Open(folder / "app_data" / "qavdata.mdb"));
     flit.emplace(database->OpenTable("flit"));
-    dest.emplace(database->OpenTable("dest"));
-    dest->SetIndex("aprt");
+    destinations.emplace(*database, "dest");
     auto fsrv = database->OpenTable("fsrv");
     services = data::LoadFlightServices(fsrv);
   }
-  data::FlightSource Source() { return {*flit, *dest, services}; }
+  data::FlightSource Source() { return {*flit, *destinations, services}; }
 
   test::TempFolder folder;
   test::RecordedBoxes boxes;
   std::optional<jet::Database> database;
-  std::optional<jet::Recordset> flit, dest;
+  std::optional<jet::Recordset> flit;
+  std::optional<data::Airports> destinations;
   data::FlightServiceTable services;
 };
 
@@ -64,8 +64,8 @@ void OpenSelection(benchmark::State& state) {
   std::vector<std::string> selected;
   const dialogs::Placement placement{mainWindow, ini, flags};
   for ([[maybe_unused]] auto _ : state) {
-    dialogs::frmSeleFlit dialog(
-        placement, {schedule.services, *schedule.flit, *schedule.dest, finder, selected, schedule.boxes});
+    dialogs::frmSeleFlit dialog(placement, {schedule.services, *schedule.flit, *schedule.destinations, finder,
+                                            selected, schedule.boxes});
     dialog.show();
     QApplication::processEvents();
   }

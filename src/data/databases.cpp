@@ -7,12 +7,6 @@
 namespace zerbal::data {
 namespace {
 
-jet::Recordset OpenByAirport(const jet::Database& database, const char* table) {
-  jet::Recordset recordset = database.OpenTable(table);
-  recordset.SetIndex("aprt");
-  return recordset;
-}
-
 std::optional<jet::Database> OpenIfPresent(const std::optional<std::filesystem::path>& file) {
   if (!file)
     return std::nullopt;
@@ -39,15 +33,11 @@ FoundFiles FindDataFiles(const std::filesystem::path& folder) {
 }
 
 Databases OpenDatabases(const DataFiles& files) {
-  jet::Database schedule = jet::Database::Open(files.qavdata);
-  jet::Recordset fsrv = schedule.OpenTable("fsrv");
-  jet::Recordset dest = OpenByAirport(schedule, "dest");
-  jet::Recordset flit = schedule.OpenTable("flit");
-  jet::Database allAirports = jet::Database::Open(files.allaprt);
-  jet::Recordset allaprt = OpenByAirport(allAirports, "allaprt");
-  jet::Database coast = jet::Database::Open(files.coast);
-  return {std::move(schedule),        std::move(fsrv),    std::move(dest),  std::move(flit),
-          std::move(allAirports),     std::move(allaprt), std::move(coast), OpenIfPresent(files.river),
+  // The parts of a braced list are made in their order.
+  const jet::Database schedule = jet::Database::Open(files.qavdata);
+  return {schedule.OpenTable("fsrv"),       Airports(schedule, "dest"),
+          schedule.OpenTable("flit"),       Airports(jet::Database::Open(files.allaprt), "allaprt"),
+          jet::Database::Open(files.coast), OpenIfPresent(files.river),
           OpenIfPresent(files.ibound)};
 }
 

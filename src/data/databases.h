@@ -5,6 +5,7 @@
 #include <optional>
 #include <vector>
 
+#include "data/airports.h"
 #include "jet/database.h"
 #include "jet/recordset.h"
 
@@ -28,12 +29,10 @@ FoundFiles FindDataFiles(const std::filesystem::path& folder);
 
 /// Everything that is open for the whole run. Destroying it closes it, in the reverse order of opening.
 struct Databases {
-  jet::Database schedule;
   jet::Recordset fsrv;
-  jet::Recordset dest;  ///< index "aprt"
-  jet::Recordset flit;  ///< index "fsrv" or "flituni", switched by the user of the moment
-  jet::Database allAirports;
-  jet::Recordset allaprt;  ///< index "aprt"
+  Airports destinations;
+  jet::Recordset flit;  ///< callers select the index that they need: "fsrv" or "flituni"
+  Airports allAirports;
   jet::Database coast;
   std::optional<jet::Database> river;   ///< only when the file exists
   std::optional<jet::Database> ibound;  ///< only when the file exists

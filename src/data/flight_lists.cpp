@@ -8,8 +8,8 @@
 namespace zerbal::data {
 namespace {
 
-void Append(FlightList& list, const Flight& flight, jet::Recordset& dest, bool citiesForStopovers) {
-  list.lines.push_back(FlightLine(flight, dest, citiesForStopovers));
+void Append(FlightList& list, const Flight& flight, const Airports& destinations, bool citiesForStopovers) {
+  list.lines.push_back(FlightLine(flight, destinations, citiesForStopovers));
   list.keys.push_back(flight.key);
 }
 
@@ -29,7 +29,7 @@ FlightList FlightsOfService(FlightSource source, std::int16_t position, bool cit
   const std::size_t end = position == 0 ? source.services.size() : first + 1;
   for (std::size_t i = first; i < end; ++i) {
     ForEachFlightOfService(source.flit, source.services.at(i).key, [&](const jet::Recordset& row) {
-      Append(list, reader.Read(row), source.dest, citiesForStopovers);
+      Append(list, reader.Read(row), source.destinations, citiesForStopovers);
       return true;
     });
   }
@@ -46,7 +46,7 @@ FlightList FlightsTouching(FlightSource source, std::string_view airport, Airpor
       const Flight& flight = reader.Read(row);
       if (Touches(flight, airport, roles)) {
         CountUp(found);
-        Append(list, flight, source.dest, citiesForStopovers);
+        Append(list, flight, source.destinations, citiesForStopovers);
       }
       return true;
     });

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "data/airports.h"
 #include "data/reference_tables.h"
 #include "jet/recordset.h"
 
@@ -24,10 +25,10 @@ struct AirportRoles {
   bool destination = true;
 };
 
-/// What the lists are read from: both recordsets are moved.
+/// What the lists are read from.
 struct FlightSource {
   jet::Recordset& flit;
-  jet::Recordset& dest;
+  const Airports& destinations;
   const FlightServiceTable& services;
 };
 

@@ -23,9 +23,9 @@ std::int16_t DrawService(const FlightServiceTable& services, RandomSource& rando
   return number;
 }
 
-DrawnFlight ReadDrawnFlight(const jet::Recordset& flit, jet::Recordset& dest) {
+DrawnFlight ReadDrawnFlight(const jet::Recordset& flit, const Airports& destinations) {
   const Flight flight = ReadFlight(flit);
-  return {flight.key, FlightLine(flight, dest, false), FlightLine(flight, dest, true)};
+  return {flight.key, FlightLine(flight, destinations, false), FlightLine(flight, destinations, true)};
 }
 
 /// Walks a service's flights until the `wanted`-th candidate, with the cursor left on its last flight, and
@@ -74,7 +74,7 @@ void DrawOneFlight(FlightSource source, const std::string& service, RandomSource
     return;
   const auto wanted = static_cast<std::int16_t>(random.Draw(candidates));
   WalkCandidates(source.flit, service, wanted, every);
-  state.drawnFlights.push_back(ReadDrawnFlight(source.flit, source.dest));
+  state.drawnFlights.push_back(ReadDrawnFlight(source.flit, source.destinations));
 }
 
 void DrawRoundTrip(FlightSource source, const std::string& service, RandomSource& random,
@@ -89,7 +89,7 @@ void DrawRoundTrip(FlightSource source, const std::string& service, RandomSource
   for (std::int16_t back = 1; back < chain.Length(); ++back)
     source.flit.MovePrevious();
   for (std::int16_t flight = 0; flight < chain.Length(); ++flight) {
-    state.drawnFlights.push_back(ReadDrawnFlight(source.flit, source.dest));
+    state.drawnFlights.push_back(ReadDrawnFlight(source.flit, source.destinations));
     source.flit.MoveNext();
   }
 }

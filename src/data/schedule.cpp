@@ -12,10 +12,9 @@ constexpr std::array<const char*, kMaxStopovers> kStopFields = {
 constexpr int kNotLookedUp = -1;
 
 /// Appends the code, with the city before it when the airport is one of the destinations.
-void AppendWithCity(std::string& line, const std::string& code, jet::Recordset& dest) {
-  dest.Seek(code);
-  if (!dest.NoMatch()) {
-    dest["AP_City"].AppendText(line);
+void AppendWithCity(std::string& line, const std::string& code, const Airports& destinations) {
+  if (const std::optional<Airport> airport = destinations.Find(code)) {
+    line += airport->City();
     line += ' ';
   }
   line += code;
@@ -77,7 +76,7 @@ void ForEachFlightOfService(jet::Recordset& flit, std::string_view service,
     flit.MoveNext();
 }
 
-std::string FlightLine(const Flight& flight, jet::Recordset& dest, bool citiesForStopovers) {
+std::string FlightLine(const Flight& flight, const Airports& destinations, bool citiesForStopovers) {
   constexpr std::string_view kArrow = " -> ";
   std::string line = flight.number;
   line += " - ";
@@ -86,7 +85,7 @@ std::string FlightLine(const Flight& flight, jet::Recordset& dest, bool citiesFo
     if (i > 0)
       line += kArrow;
     if (isEnd || citiesForStopovers)
-      AppendWithCity(line, flight.route[i], dest);
+      AppendWithCity(line, flight.route[i], destinations);
     else
       line += flight.route[i];
   }

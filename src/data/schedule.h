@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "data/airports.h"
 #include "jet/recordset.h"
 
 namespace zerbal::data {
@@ -57,7 +58,7 @@ void ForEachFlightOfService(jet::Recordset& flit, std::string_view service,
                             const std::function<bool(const jet::Recordset&)>& row);
 
 /// The line by which every flight list shows a flight: number, origin and destination with their cities where
-/// `dest` has them, and the stopovers, with their cities when `citiesForStopovers`.
-std::string FlightLine(const Flight& flight, jet::Recordset& dest, bool citiesForStopovers);
+/// they are among the destinations, and the stopovers, with their cities when `citiesForStopovers`.
+std::string FlightLine(const Flight& flight, const Airports& destinations, bool citiesForStopovers);
 
 }  // namespace zerbal::data

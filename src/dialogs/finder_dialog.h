@@ -19,12 +19,12 @@ namespace zerbal::dialogs {
 struct FinderContext {
   data::FlightServiceTable& services;
   jet::Recordset& flit;
-  jet::Recordset& dest;
+  const data::Airports& destinations;
   data::FlightFinderState& state;
   std::vector<std::string>& selectedFlights;  ///< written by "Display flights"
   settings::MessageBoxes& boxes;
 
-  data::FlightSource Source() const { return {flit, dest, services}; }
+  data::FlightSource Source() const { return {flit, destinations, services}; }
 };
 
 /// Accepted when flights were handed over.

@@ -30,16 +30,12 @@ frmSeleDest::frmSeleDest(const Placement& placement, const FinderContext& contex
 frmSeleDest::~frmSeleDest() = default;
 
 void frmSeleDest::ListAirports() {
-  jet::Recordset& dest = Context().dest;
-  const int code = dest.FieldIndex("AP");
-  const int name = dest.FieldIndex("AP_Name");
-  const int city = dest.FieldIndex("AP_City");
   QStringList entries;
-  for (dest.MoveFirst(); !dest.Eof(); dest.MoveNext()) {
-    codes_.push_back(dest.At(code).AsText());
-    entries.append(QString::fromStdString(codes_.back() + " - " + dest.At(name).AsText() + " (" +
-                                          dest.At(city).AsText() + ")"));
-  }
+  Context().destinations.Visit([&](const data::Airport& airport) {
+    std::string entry(codes_.emplace_back(airport.Code()));
+    entry.append(" - ").append(airport.Name()).append(" (").append(airport.City()).append(")");
+    entries.append(QString::fromStdString(entry));
+  });
   ui_->cboDest->addItems(entries);
   codeLines_->SetLines(codes_);
 }

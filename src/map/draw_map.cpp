@@ -93,12 +93,13 @@ void DrawMap(MapScene& scene, Surface& surface) {
   if (options.allAirports)
     Contained([&] {
       surface.BeginLayer(Layer::kAirports);
-      DrawAirportLayer(canvas, databases.allaprt, scene.allAirportCriteria, colours[ColourCode::kApAll]);
+      DrawAirportLayer(canvas, databases.allAirports, scene.allAirportCriteria, colours[ColourCode::kApAll]);
     });
   if (options.destinations)
     Contained([&] {
       surface.BeginLayer(Layer::kDestinations);
-      DrawAirportLayer(canvas, databases.dest, scene.destinationCriteria, colours[ColourCode::kApDest]);
+      DrawAirportLayer(canvas, databases.destinations, scene.destinationCriteria,
+                       colours[ColourCode::kApDest]);
     });
   Contained([&] {
     surface.BeginLayer(Layer::kFlights);

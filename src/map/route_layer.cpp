@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 #include <exception>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -19,7 +20,8 @@ constexpr std::size_t kMaxPoints = data::kMaxStopovers + 2;
 
 struct RoutePoint {
   MapPosition position;
-  AirportTexts texts;  ///< only when airports are drawn
+  std::string_view code;
+  std::string name, city;  ///< only when airports are drawn
 };
 
 /// Draws one flight after the other; keeps its buffers.
@@ -30,14 +32,7 @@ class FlightPainter {
         options_(scene.options),
         airportColour_(scene.tables.colours[data::ColourCode::kApDest]),
         symbolColour_(scene.tables.colours[data::ColourCode::kAcSymb]),
-        dest_(scene.databases.dest),
-        lonField_(dest_.FieldIndex("AP_Lon")),
-        latField_(dest_.FieldIndex("AP_Lat")) {
-    if (options_.flightAirports) {
-      nameField_ = dest_.FieldIndex("AP_Name");
-      cityField_ = dest_.FieldIndex("AP_City");
-    }
-  }
+        destinations_(scene.databases.destinations) {}
 
   void Draw(const data::Flight& flight, data::Rgb colour) {
     if (!ReadRoute(flight))
@@ -54,26 +49,21 @@ class FlightPainter {
     count_ = 0;
     secondPass_ = false;
     for (const std::string& code : flight.route) {
-      dest_.Seek(code);
-      if (dest_.NoMatch())
+      const std::optional<data::Airport> airport = destinations_.Find(code);
+      if (!airport)
         return false;
       RoutePoint& point = points_.at(count_++);
-      point.position = {dest_.At(lonField_).AsSingle(), dest_.At(latField_).AsSingle()};
+      point.position = airport->Position();
+      point.code = code;
       if (options_.flightAirports) {
-        point.texts.code = code;
-        Read(nameField_, point.texts.name);
-        Read(cityField_, point.texts.city);
+        point.name = airport->Name();
+        point.city = airport->City();
       }
       // West of a view that runs through 360: this end is seen one turn further east.
       if (canvas_.viewport.MapWrap() && point.position.lon < canvas_.viewport.MapLonMin())
         secondPass_ = true;
     }
     return true;
-  }
-
-  void Read(int field, std::string& text) {
-    text.clear();
-    dest_.At(field).AppendText(text);
   }
 
   void DrawPass(const data::Flight& flight, float offset) {
@@ -125,7 +115,8 @@ class FlightPainter {
     if (!options_.flightAirports)
       return;
     try {
-      DrawAirport(canvas_, point.texts, Shifted(point.position, offset), airportColour_);
+      DrawAirport(canvas_, {point.code, point.name, point.city}, Shifted(point.position, offset),
+                  airportColour_);
     } catch (const std::exception&) {
       // An airport that cannot be drawn costs neither its flight nor the others.
     }
@@ -135,11 +126,7 @@ class FlightPainter {
   const data::DisplayOptions& options_;
   data::Rgb airportColour_;
   data::Rgb symbolColour_;
-  jet::Recordset& dest_;
-  int lonField_;
-  int latField_;
-  int nameField_ = 0;
-  int cityField_ = 0;
+  const data::Airports& destinations_;
 
   data::Rgb colour_;
   std::array<RoutePoint, kMaxPoints> points_;

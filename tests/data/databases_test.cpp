@@ -62,11 +62,10 @@ TEST(FindDataFiles, NamesTheRequiredOnesThatAreMissing) {
 
 TEST_F(OpenDatabasesTest, OpensEverythingWithItsIndexes) {
   Databases databases = OpenDatabases(files_);
-  databases.dest.Seek("AAA");
-  ASSERT_FALSE(databases.dest.NoMatch());
-  EXPECT_EQ(databases.dest["AP_City"].AsText(), "Alpha");
-  databases.allaprt.Seek("ZZZ");
-  EXPECT_FALSE(databases.allaprt.NoMatch());
+  const auto alpha = databases.destinations.Find("AAA");
+  ASSERT_TRUE(alpha);
+  EXPECT_EQ(alpha->City(), "Alpha");
+  EXPECT_TRUE(databases.allAirports.Find("ZZZ"));
   databases.flit.SetIndex("flituni");
   databases.flit.SetIndex("fsrv");
   databases.fsrv.SetIndex("sort");

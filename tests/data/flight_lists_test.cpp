@@ -33,15 +33,14 @@ class FlightListsTest : public testing::Test {
     world.Write(folder.Path());
     database.emplace(jet::Database::Open(folder / "app_data" / "qavdata.mdb"));
     flit.emplace(database->OpenTable("flit"));
-    dest.emplace(database->OpenTable("dest"));
-    dest->SetIndex("aprt");
+    destinations.emplace(*database, "dest");
     for (const char* key : {"NEW", "NOR", "NORX", "OCE", "oce"}) {
       data::FlightService service;
       service.key = key;
       services.push_back(service);
     }
   }
-  data::FlightSource Source() { return {*flit, *dest, services}; }
+  data::FlightSource Source() { return {*flit, *destinations, services}; }
   void OfferOnly(std::size_t number) {
     for (std::size_t i = 0; i < services.size(); ++i)
       services[i].randomPick = i + 1 == number;
@@ -57,7 +56,7 @@ class FlightListsTest : public testing::Test {
   SmallWorld world;
   std::optional<jet::Database> database;
   std::optional<jet::Recordset> flit;
-  std::optional<jet::Recordset> dest;
+  std::optional<data::Airports> destinations;
   data::FlightServiceTable services;
   data::FlightFinderState state;
 };

@@ -25,8 +25,7 @@ class Schedule : public testing::Test {
     test::WriteDatabase(file, {flit, test::AirportTable("dest", std::move(airports))});
     const jet::Database database = jet::Database::Open(file);
     flit_.emplace(database.OpenTable("flit"));
-    dest_.emplace(database.OpenTable("dest"));
-    dest_->SetIndex("aprt");
+    destinations_.emplace(database, "dest");
   }
 
   Flight Find(std::string_view key) {
@@ -47,7 +46,7 @@ class Schedule : public testing::Test {
 
   test::TempFolder folder_;
   std::optional<jet::Recordset> flit_;
-  std::optional<jet::Recordset> dest_;
+  std::optional<Airports> destinations_;
 };
 
 TEST_F(Schedule, AFlightIsReadWithItsRoute) {
@@ -151,7 +150,7 @@ TEST_F(Schedule, AnEmptyScheduleHasNoFlights) {
 TEST_F(Schedule, AFlightLineNamesTheCitiesThatItKnows) {
   Open({}, {{"AAA", "Alpha"}, {"BBB", "Beta"}, {"CCC", "Gamma"}, {"NUL", jet::Null()}});
   const auto line = [&](Codes route, bool cities) {
-    return FlightLine({"key", "Q1", "123", std::move(route)}, *dest_, cities);
+    return FlightLine({"key", "Q1", "123", std::move(route)}, *destinations_, cities);
   };
   EXPECT_EQ(line({"AAA", "BBB", "CCC"}, false), "123 - Alpha AAA -> BBB -> Gamma CCC");
   EXPECT_EQ(line({"AAA", "BBB", "CCC"}, true), "123 - Alpha AAA -> Beta BBB -> Gamma CCC");
@@ -163,7 +162,7 @@ TEST_F(Schedule, AFlightLineNamesTheCitiesThatItKnows) {
 
 TEST_F(Schedule, EveryListUsesTheSameLineForAGap) {
   Open({test::Flight("Q1", "7", "AAA", {"-", "BBB"}, "CCC")}, {{"AAA", "Alpha"}});
-  EXPECT_EQ(FlightLine(Find("7"), *dest_, true), "QV7 - Alpha AAA -> CCC");
+  EXPECT_EQ(FlightLine(Find("7"), *destinations_, true), "QV7 - Alpha AAA -> CCC");
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "jet/database.h"
 #include "map/map_world.h"
 
 namespace zerbal::map {
@@ -269,7 +270,7 @@ TEST_F(AirportLayer, WithoutAColumnForAFilterItsValueIsZeroAndWithoutOneForThePl
   test::WriteDatabase(folder / "whole.mdb", {table("AP_Lat")});
   test::WriteDatabase(folder / "broken.mdb", {table("AP_Latitude")});
   const auto use = [&](const char* file) {
-    world_.Databases().allaprt = jet::Database::Open(folder / file).OpenTable("allaprt");
+    world_.Databases().allAirports = data::Airports(jet::Database::Open(folder / file), "allaprt");
   };
   use("whole.mdb");
   EXPECT_EQ(Shown(), Strings{"AAA"});

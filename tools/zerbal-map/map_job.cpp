@@ -47,14 +47,19 @@ const data::Region& FindRegion(const data::RegionTable& regions, const std::stri
 }
 
 /// The code as it stands in the table.
-std::string FindDestination(jet::Recordset& dest, const std::string& wanted) {
+std::string FindDestination(const data::Airports& destinations, const std::string& wanted) {
+  std::optional<std::string> found;
   QStringList codes;
-  for (dest.MoveFirst(); !dest.Eof(); dest.MoveNext()) {
-    std::string code = dest["AP"].AsText();
+  destinations.Visit([&](const data::Airport& airport) {
+    if (found)
+      return;
+    const std::string code(airport.Code());
     if (SameName(code, wanted))
-      return code;
+      found = code;
     codes.append(QString::fromStdString(code));
-  }
+  });
+  if (found)
+    return *found;
   throw UsageError(QString("--touching: there is no destination '%1'; possible are %2")
                        .arg(QString::fromStdString(wanted), Joined(codes)));
 }
@@ -143,7 +148,7 @@ void MapJob::ChooseFlights() {
   ShowServices();
   flights_.serviceMode = options_.flights.empty() && !options_.touching;
   jet::Recordset& flit = databases_->flit;
-  jet::Recordset& dest = databases_->dest;
+  const data::Airports& destinations = databases_->destinations;
   for (const std::string& key : options_.flights) {
     flit.SetIndex("flituni");
     flit.Seek(key);
@@ -154,8 +159,9 @@ void MapJob::ChooseFlights() {
   }
   if (!options_.touching)
     return;
-  const std::string airport = FindDestination(dest, *options_.touching);
-  flights_.selectedFlights = data::FlightsTouching({flit, dest, tables_.services}, airport, {}, false).keys;
+  const std::string airport = FindDestination(destinations, *options_.touching);
+  flights_.selectedFlights =
+      data::FlightsTouching({flit, destinations, tables_.services}, airport, {}, false).keys;
 }
 
 void MapJob::Draw(map::Surface& surface) {

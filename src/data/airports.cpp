@@ -1,0 +1,120 @@
+#include "data/airports.h"
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+#include "data/table_field.h"
+#include "jet/database.h"
+#include "jet/error.h"
+
+namespace zerbal::data {
+
+namespace {
+
+jet::Recordset OpenByCode(const jet::Database& database, const char* table) {
+  jet::Recordset rows = database.OpenTable(table);
+  rows.SetIndex("aprt");
+  return rows;
+}
+
+}  // namespace
+
+struct AirportTable {
+  AirportTable(const jet::Database& database, const char* table) : rows(OpenByCode(database, table)) {}
+
+  bool HasPlaceAndTexts() const {
+    return code.Exists() && name.Exists() && city.Exists() && lon.Exists() && lat.Exists();
+  }
+
+  bool Meets(const AirportCriteria& criteria) {
+    std::array<std::int32_t, 3> values{};
+    for (std::size_t n = 0; n < values.size(); ++n)
+      if (criteria.numeric[n].active)
+        values[n] = NumberOrZero(numbers[n]);
+    if (criteria.ilsActive)
+      ReadIls();
+    return AirportPassesCriteria(criteria, values[0], values[1], values[2], ilsText);
+  }
+
+  std::string_view Text(const TableField& field, std::string& text) const {
+    text.clear();
+    field.Of(rows).AppendText(text);
+    return text;
+  }
+
+  std::int32_t NumberOrZero(const TableField& field) const {
+    try {
+      if (field.Exists() && !field.Of(rows).IsNull())
+        return field.Of(rows).AsLong();
+    } catch (const jet::EngineError&) {
+      // Counts as if it had never been filled in.
+    }
+    return 0;
+  }
+
+  void ReadIls() {
+    ilsText.clear();
+    try {
+      if (ils.Exists())
+        ils.Of(rows).AppendText(ilsText);
+    } catch (const jet::EngineError&) {
+      ilsText.clear();
+    }
+  }
+
+  jet::Recordset rows;
+  TableField code{rows, "AP"}, name{rows, "AP_Name"}, city{rows, "AP_City"};
+  TableField lon{rows, "AP_Lon"}, lat{rows, "AP_Lat"}, ils{rows, "AP_ILS"};
+  /// In the order of AirportCriteria::numeric.
+  std::array<TableField, 3> numbers{TableField(rows, "AP_Elev"), TableField(rows, "AP_RwyNr"),
+                                    TableField(rows, "AP_RwyMaxL")};
+  std::string codeText, nameText, cityText, ilsText;  // keep their memory
+};
+
+MapPosition Airport::Position() const {
+  return {table_->lon.Of(table_->rows).AsSingle(), table_->lat.Of(table_->rows).AsSingle()};
+}
+
+std::string_view Airport::Code() const {
+  return table_->Text(table_->code, table_->codeText);
+}
+
+std::string_view Airport::Name() const {
+  return table_->Text(table_->name, table_->nameText);
+}
+
+std::string_view Airport::City() const {
+  return table_->Text(table_->city, table_->cityText);
+}
+
+Airports::Airports(const jet::Database& database, const char* table)
+    : table_(std::make_unique<AirportTable>(database, table)) {}
+
+Airports::Airports(Airports&&) noexcept = default;
+Airports& Airports::operator=(Airports&&) noexcept = default;
+Airports::~Airports() = default;
+
+void Airports::Visit(const Visitor& visit) const {
+  jet::Recordset& rows = table_->rows;
+  for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext())
+    visit(Airport(*table_));
+}
+
+void Airports::VisitMeeting(const AirportCriteria& criteria, const Visitor& visit) const {
+  if (!table_->HasPlaceAndTexts())
+    return;
+  Visit([&](const Airport& airport) {
+    if (table_->Meets(criteria))
+      visit(airport);
+  });
+}
+
+std::optional<Airport> Airports::Find(std::string_view code) const {
+  table_->rows.Seek(code);
+  if (table_->rows.NoMatch())
+    return std::nullopt;
+  return Airport(*table_);
+}
+
+}  // namespace zerbal::data

@@ -1,0 +1,61 @@
+// The airports of the world, and those among them that are the airline's destinations.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string_view>
+
+#include "base/coordinates.h"
+#include "data/airport_criteria.h"
+
+namespace zerbal::jet {
+class Database;
+}
+
+namespace zerbal::data {
+
+struct AirportTable;  // the open table and its fields
+
+/// The airport that a visit or a look-up has reached; valid until the next one of the same Airports. Each
+/// value is read when it is asked for, and throws an error of the engine when it cannot be read.
+class Airport {
+ public:
+  MapPosition Position() const;
+  // UTF-8; Null is empty. A text is valid until the same text is asked for again.
+  std::string_view Code() const;
+  std::string_view Name() const;
+  std::string_view City() const;
+
+ private:
+  friend class Airports;
+  explicit Airport(AirportTable& table) : table_(&table) {}
+  AirportTable* table_;
+};
+
+/// A table of airports in the order of their codes. Reading moves its cursor: an airport must not be visited
+/// or looked up while another one of the same table is in use.
+class Airports {
+ public:
+  using Visitor = std::function<void(const Airport&)>;
+
+  /// Throws an error of the engine when the table cannot be opened.
+  Airports(const jet::Database& database, const char* table);
+  Airports(Airports&&) noexcept;
+  Airports& operator=(Airports&&) noexcept;
+  ~Airports();
+
+  /// Visits every airport.
+  void Visit(const Visitor& visit) const;
+  /// Visits the airports that meet the criteria. A number that a criterion needs and that cannot be read
+  /// counts as 0, a text as empty. There are none to visit when the table lacks a field of position, code,
+  /// name or city.
+  void VisitMeeting(const AirportCriteria& criteria, const Visitor& visit) const;
+  /// The airport with exactly this code.
+  std::optional<Airport> Find(std::string_view code) const;
+
+ private:
+  std::unique_ptr<AirportTable> table_;
+};
+
+}  // namespace zerbal::data

@@ -1,0 +1,26 @@
+// A field of an open table. For data/ itself.
+#pragma once
+
+#include <optional>
+
+#include "jet/recordset.h"
+
+namespace zerbal::data {
+
+/// Looks a field up by name once. That a table lacks the field is an error only when the field is read.
+class TableField {
+ public:
+  TableField(const jet::Recordset& table, const char* name) : name_(name), index_(table.FindField(name)) {}
+
+  bool Exists() const { return index_.has_value(); }
+  /// The field of the current row. Throws jet::EngineError when there is no such row or field.
+  jet::Field Of(const jet::Recordset& table) const {
+    return table.At(index_ ? *index_ : table.FieldIndex(name_));
+  }
+
+ private:
+  const char* name_;
+  std::optional<int> index_;
+};
+
+}  // namespace zerbal::data
