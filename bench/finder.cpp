@@ -9,9 +9,8 @@
 
 #include <benchmark/benchmark.h>
 
-#include "data/load_tables.h"
+#include "data/databases.h"
 #include "dialogs/frm_sele_flit.h"
-#include "jet/database.h"
 #include "support/recorded_boxes.h"
 #include "support/small_world.h"
 
@@ -33,19 +32,14 @@ struct LargeSchedule {
                           {airports[(i + 3) % 10], airports[(i + 5) % 10]}, airports[(i + 7) % 10]));
     }
     world.Write(folder.Path());
-    database.emplace(jet::Database::Open(folder / "app_data" / "qavdata.mdb"));
-    flit.emplace(database->OpenTable("flit"));
-    destinations.emplace(*database, "dest");
-    auto fsrv = database->OpenTable("fsrv");
-    services = data::LoadFlightServices(fsrv);
+    databases.emplace(data::OpenDatabases(data::FindDataFiles(folder.Path()).files));
+    services = databases->schedule.LoadServices();
   }
-  data::FlightSource Source() { return {*flit, *destinations, services}; }
+  data::FlightSource Source() { return {databases->schedule, databases->destinations, services}; }
 
   test::TempFolder folder;
   test::RecordedBoxes boxes;
-  std::optional<jet::Database> database;
-  std::optional<jet::Recordset> flit;
-  std::optional<data::Airports> destinations;
+  std::optional<data::Databases> databases;
   data::FlightServiceTable services;
 };
 
@@ -64,8 +58,9 @@ void OpenSelection(benchmark::State& state) {
   std::vector<std::string> selected;
   const dialogs::Placement placement{mainWindow, ini, flags};
   for ([[maybe_unused]] auto _ : state) {
-    dialogs::frmSeleFlit dialog(placement, {schedule.services, *schedule.flit, *schedule.destinations, finder,
-                                            selected, schedule.boxes});
+    dialogs::frmSeleFlit dialog(
+        placement, {schedule.services, schedule.databases->schedule, schedule.databases->destinations, finder,
+                    selected, schedule.boxes});
     dialog.show();
     QApplication::processEvents();
   }

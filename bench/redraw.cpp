@@ -18,8 +18,8 @@
 #include <string>
 #include <vector>
 
+#include "data/flight.h"
 #include "data/load_tables.h"
-#include "data/schedule.h"
 #include "map/draw_map.h"
 #include "map/recorder.h"
 #include "mdb_scan.h"
@@ -44,7 +44,7 @@ data::DataFiles FilesOf(const fs::path& folder) {
 struct World {
   explicit World(const data::DataFiles& files)
       : databases(data::OpenDatabases(files)),
-        tables(data::LoadReferenceTables(files.zbldata, databases.fsrv)) {
+        tables(data::LoadReferenceTables(files.zbldata, databases.schedule)) {
     viewport.SetSize(kWidth * kTwipsPerPixel, kHeight * kTwipsPerPixel);
   }
 

@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-#include "data/schedule.h"
+#include "data/flight.h"
 #include "map/map_world.h"
 #include "map/tee_surface.h"
 #include "paint/picture_surface.h"

@@ -31,7 +31,7 @@ std::filesystem::path RevisionFile(const data::DataFiles& files) {
 }
 
 dialogs::FinderContext Finder(Program& program) {
-  return {program.tables.services, program.databases->flit,         program.databases->destinations,
+  return {program.tables.services, program.databases->schedule,     program.databases->destinations,
           program.finder,          program.flights.selectedFlights, program.environment.boxes};
 }
 

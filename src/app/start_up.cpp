@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "base/numbers.h"
+#include "data/load_error.h"
 #include "data/load_tables.h"
 #include "data/table_settings.h"
 
@@ -94,7 +95,7 @@ bool Main::FindFiles() {
 
 bool Main::LoadTables() {
   try {
-    program_.tables = data::LoadReferenceTables(program_.files.zbldata, program_.databases->fsrv);
+    program_.tables = data::LoadReferenceTables(program_.files.zbldata, program_.databases->schedule);
     return true;
   } catch (const data::LoadError& error) {
     program_.environment.boxes.Show(BoxIcon::kCritical, error.what());

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "base/find_file.h"
+#include "jet/recordset.h"
 
 namespace zerbal::data {
 namespace {
@@ -33,11 +34,15 @@ FoundFiles FindDataFiles(const std::filesystem::path& folder) {
 }
 
 Databases OpenDatabases(const DataFiles& files) {
-  // The parts of a braced list are made in their order.
   const jet::Database schedule = jet::Database::Open(files.qavdata);
-  return {schedule.OpenTable("fsrv"),       Airports(schedule, "dest"),
-          schedule.OpenTable("flit"),       Airports(jet::Database::Open(files.allaprt), "allaprt"),
-          jet::Database::Open(files.coast), OpenIfPresent(files.river),
+  jet::Recordset services = schedule.OpenTable("fsrv");
+  Airports destinations(schedule, "dest");
+  // The parts of a braced list are made in their order.
+  return {Schedule(std::move(services), schedule.OpenTable("flit")),
+          std::move(destinations),
+          Airports(jet::Database::Open(files.allaprt), "allaprt"),
+          jet::Database::Open(files.coast),
+          OpenIfPresent(files.river),
           OpenIfPresent(files.ibound)};
 }
 

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "data/airports.h"
+#include "data/schedule.h"
 #include "jet/database.h"
-#include "jet/recordset.h"
 
 namespace zerbal::data {
 
@@ -29,9 +29,8 @@ FoundFiles FindDataFiles(const std::filesystem::path& folder);
 
 /// Everything that is open for the whole run. Destroying it closes it, in the reverse order of opening.
 struct Databases {
-  jet::Recordset fsrv;
+  Schedule schedule;
   Airports destinations;
-  jet::Recordset flit;  ///< callers select the index that they need: "fsrv" or "flituni"
   Airports allAirports;
   jet::Database coast;
   std::optional<jet::Database> river;   ///< only when the file exists

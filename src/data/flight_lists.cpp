@@ -1,12 +1,21 @@
 #include "data/flight_lists.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "data/counters.h"
-#include "data/schedule.h"
 
 namespace zerbal::data {
 namespace {
+
+/// Appends the code, with the city before it when the airport is one of the destinations.
+void AppendWithCity(std::string& line, const std::string& code, const Airports& destinations) {
+  if (const std::optional<Airport> airport = destinations.Find(code)) {
+    line += airport->City();
+    line += ' ';
+  }
+  line += code;
+}
 
 void Append(FlightList& list, const Flight& flight, const Airports& destinations, bool citiesForStopovers) {
   list.lines.push_back(FlightLine(flight, destinations, citiesForStopovers));
@@ -22,14 +31,29 @@ bool Touches(const Flight& flight, std::string_view airport, AirportRoles roles)
 
 }  // namespace
 
+std::string FlightLine(const Flight& flight, const Airports& destinations, bool citiesForStopovers) {
+  constexpr std::string_view kArrow = " -> ";
+  std::string line = flight.number;
+  line += " - ";
+  for (std::size_t i = 0; i < flight.route.size(); ++i) {
+    const bool isEnd = i == 0 || i + 1 == flight.route.size();
+    if (i > 0)
+      line += kArrow;
+    if (isEnd || citiesForStopovers)
+      AppendWithCity(line, flight.route[i], destinations);
+    else
+      line += flight.route[i];
+  }
+  return line;
+}
+
 FlightList FlightsOfService(FlightSource source, std::int16_t position, bool citiesForStopovers) {
   FlightList list;
-  FlightReader reader(source.flit);
   const std::size_t first = position == 0 ? 0 : static_cast<std::size_t>(position - 1);
   const std::size_t end = position == 0 ? source.services.size() : first + 1;
   for (std::size_t i = first; i < end; ++i) {
-    ForEachFlightOfService(source.flit, source.services.at(i).key, [&](const jet::Recordset& row) {
-      Append(list, reader.Read(row), source.destinations, citiesForStopovers);
+    source.schedule.VisitFlights(source.services.at(i).key, [&](const FlightRow& row) {
+      Append(list, row.Read(), source.destinations, citiesForStopovers);
       return true;
     });
   }
@@ -39,11 +63,10 @@ FlightList FlightsOfService(FlightSource source, std::int16_t position, bool cit
 FlightList FlightsTouching(FlightSource source, std::string_view airport, AirportRoles roles,
                            bool citiesForStopovers) {
   FlightList list;
-  FlightReader reader(source.flit);
   std::int16_t found = 0;
   for (const FlightService& service : source.services) {
-    ForEachFlightOfService(source.flit, service.key, [&](const jet::Recordset& row) {
-      const Flight& flight = reader.Read(row);
+    source.schedule.VisitFlights(service.key, [&](const FlightRow& row) {
+      const Flight& flight = row.Read();
       if (Touches(flight, airport, roles)) {
         CountUp(found);
         Append(list, flight, source.destinations, citiesForStopovers);

@@ -8,7 +8,7 @@
 
 #include "data/airports.h"
 #include "data/reference_tables.h"
-#include "jet/recordset.h"
+#include "data/schedule.h"
 
 namespace zerbal::data {
 
@@ -27,13 +27,17 @@ struct AirportRoles {
 
 /// What the lists are read from.
 struct FlightSource {
-  jet::Recordset& flit;
+  const Schedule& schedule;
   const Airports& destinations;
   const FlightServiceTable& services;
 };
 
+/// The line by which every flight list shows a flight: number, origin and destination with their cities where
+/// they are among the destinations, and the stopovers, with their cities when `citiesForStopovers`.
+std::string FlightLine(const Flight& flight, const Airports& destinations, bool citiesForStopovers);
+
 /// All flights of service `position` (1-based), or of every service in table order when it is 0. Within a
-/// service the order is that of index "fsrv".
+/// service they come in the order of the schedule.
 FlightList FlightsOfService(FlightSource source, std::int16_t position, bool citiesForStopovers);
 
 /// All flights of all services that touch the airport in one of the roles, each once. Throws OverflowError

@@ -2,10 +2,11 @@
 
 #include <cstdint>
 #include <string>
-#include <utility>
 
 #include "data/counters.h"
+#include "data/load_error.h"
 #include "jet/database.h"
+#include "jet/recordset.h"
 #include "settings/message_boxes.h"
 
 namespace zerbal::data {
@@ -78,29 +79,10 @@ RegionTable LoadRegions(const std::filesystem::path& zbldata) {
   return regions;
 }
 
-FlightServiceTable LoadFlightServices(jet::Recordset& fsrv) {
-  fsrv.SetIndex("sort");
-  FlightServiceTable services;
-  std::int16_t count = 0;
-  for (fsrv.MoveFirst(); !fsrv.Eof(); fsrv.MoveNext())
-    CountUp(count);
-  if (count < 1)
-    throw LoadError("No flightservices found. The program aborts.");
-  services.reserve(static_cast<std::size_t>(count));
-  for (fsrv.MoveFirst(); !fsrv.Eof(); fsrv.MoveNext()) {
-    FlightService service;
-    service.key = fsrv["FSrv"].AsText();
-    service.displayText = fsrv["FSrv_LiNr"].AsText() + " - " + fsrv["FSrv_Name"].AsText();
-    service.rgb = {fsrv["FSrv_R"].AsByte(), fsrv["FSrv_G"].AsByte(), fsrv["FSrv_B"].AsByte()};
-    services.push_back(std::move(service));
-  }
-  return services;
-}
-
-ReferenceTables LoadReferenceTables(const std::filesystem::path& zbldata, jet::Recordset& fsrv) {
+ReferenceTables LoadReferenceTables(const std::filesystem::path& zbldata, const Schedule& schedule) {
   // The parts of a braced list are made in their order.
   return {LoadColours(zbldata), LoadFonts(zbldata), LoadRegions(zbldata), BuildGridBands(),
-          LoadFlightServices(fsrv)};
+          schedule.LoadServices()};
 }
 
 }  // namespace zerbal::data

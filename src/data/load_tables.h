@@ -3,19 +3,11 @@
 
 #include <array>
 #include <filesystem>
-#include <stdexcept>
 
 #include "data/reference_tables.h"
-#include "jet/recordset.h"
+#include "data/schedule.h"
 
 namespace zerbal::data {
-
-/// The databases are sound, but rows are missing that the program cannot do without. what() is the message
-/// for the user, with settings::NL as line break.
-class LoadError : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
 
 /// What the rows of ColourTable and FontTable are found by, in their order.
 inline constexpr std::array<const char*, kColourCount> kColourCodes = {
@@ -33,11 +25,7 @@ FontTable LoadFonts(const std::filesystem::path& zbldata);
 /// Throws OverflowError beyond 32767 rows.
 RegionTable LoadRegions(const std::filesystem::path& zbldata);
 
-/// Loads the flight services from the open recordset. Throws LoadError when there is none,
-/// jet::ConversionError for a colour component outside 0..255, OverflowError beyond 32767 services.
-FlightServiceTable LoadFlightServices(jet::Recordset& fsrv);
-
 /// Loads colours, fonts, regions and services, in this order, and adds the bands of the grid.
-ReferenceTables LoadReferenceTables(const std::filesystem::path& zbldata, jet::Recordset& fsrv);
+ReferenceTables LoadReferenceTables(const std::filesystem::path& zbldata, const Schedule& schedule);
 
 }  // namespace zerbal::data

@@ -1,9 +1,9 @@
 #include "data/random_flights.h"
 
 #include <algorithm>
+#include <vector>
 
 #include "data/counters.h"
-#include "data/schedule.h"
 
 namespace zerbal::data {
 namespace {
@@ -23,75 +23,65 @@ std::int16_t DrawService(const FlightServiceTable& services, RandomSource& rando
   return number;
 }
 
-DrawnFlight ReadDrawnFlight(const jet::Recordset& flit, const Airports& destinations) {
-  const Flight flight = ReadFlight(flit);
+DrawnFlight Drawn(const Flight& flight, const Airports& destinations) {
   return {flight.key, FlightLine(flight, destinations, false), FlightLine(flight, destinations, true)};
 }
 
-/// Walks a service's flights until the `wanted`-th candidate, with the cursor left on its last flight, and
-/// returns how many were met; 0 for `wanted` walks them all. `closes` tells of each row whether a candidate
-/// ends with it.
-template <class Closes>
-std::int16_t WalkCandidates(jet::Recordset& flit, const std::string& service, std::int16_t wanted,
-                            Closes closes) {
-  std::int16_t count = 0;
-  ForEachFlightOfService(flit, service, [&](const jet::Recordset& row) {
-    if (closes(row))
-      CountUp(count);
-    return wanted == 0 || count < wanted;
+/// The flights from `begin` up to but not including `end`, counted from the service's first.
+void AppendFlights(FlightSource source, const std::string& service, int begin, int end,
+                   std::vector<DrawnFlight>& flights) {
+  int position = 0;
+  source.schedule.VisitFlights(service, [&](const FlightRow& row) {
+    if (position++ >= begin)
+      flights.push_back(Drawn(row.Read(), source.destinations));
+    return position < end;
   });
-  return count;
 }
-
-/// Feeds rows to a chain without building flights.
-class ChainReader {
- public:
-  explicit ChainReader(const jet::Recordset& flit)
-      : originField_(flit.FieldIndex("Flit_Dep")), destinationField_(flit.FieldIndex("Flit_Arr")) {}
-
-  bool operator()(const jet::Recordset& row) {
-    origin_.clear();
-    destination_.clear();
-    row.At(originField_).AppendText(origin_);
-    row.At(destinationField_).AppendText(destination_);
-    return chain_.Add(origin_, destination_);
-  }
-  std::int16_t Length() const { return chain_.Length(); }
-
- private:
-  int originField_;
-  int destinationField_;
-  RoundTripChain chain_;
-  std::string origin_;
-  std::string destination_;
-};
 
 void DrawOneFlight(FlightSource source, const std::string& service, RandomSource& random,
                    FlightFinderState& state) {
-  const auto every = [](const jet::Recordset&) { return true; };
-  const std::int16_t candidates = WalkCandidates(source.flit, service, 0, every);
+  std::int16_t candidates = 0;
+  source.schedule.VisitFlights(service, [&](const FlightRow&) {
+    CountUp(candidates);
+    return true;
+  });
   if (candidates == 0)
     return;
-  const auto wanted = static_cast<std::int16_t>(random.Draw(candidates));
-  WalkCandidates(source.flit, service, wanted, every);
-  state.drawnFlights.push_back(ReadDrawnFlight(source.flit, source.destinations));
+  const int wanted = random.Draw(candidates);
+  AppendFlights(source, service, wanted - 1, wanted, state.drawnFlights);
+}
+
+/// Where a round trip stands among the flights of its service.
+struct RoundTripPlace {
+  int count = 0;  ///< round trips met so far, this one included
+  int begin = 0;
+  int end = 0;
+};
+
+/// Walks through the flights of a service up to the end of its `wanted`-th round trip; through all of them
+/// when that is 0.
+RoundTripPlace FindRoundTrip(const Schedule& schedule, const std::string& service, int wanted) {
+  RoundTripPlace place;
+  RoundTripChain chain;
+  std::int16_t count = 0;
+  schedule.VisitFlights(service, [&](const FlightRow& row) {
+    ++place.end;
+    if (chain.Add(row.Origin(), row.Destination()))
+      CountUp(count);
+    return wanted == 0 || count < wanted;
+  });
+  place.count = count;
+  place.begin = place.end - chain.Length();
+  return place;
 }
 
 void DrawRoundTrip(FlightSource source, const std::string& service, RandomSource& random,
                    FlightFinderState& state) {
-  const std::int16_t candidates = WalkCandidates(source.flit, service, 0, ChainReader(source.flit));
+  const int candidates = FindRoundTrip(source.schedule, service, 0).count;
   if (candidates == 0)
     return;
-  const auto wanted = static_cast<std::int16_t>(random.Draw(candidates));
-  ChainReader chain(source.flit);
-  WalkCandidates(source.flit, service, wanted, [&chain](const jet::Recordset& row) { return chain(row); });
-  // The cursor stands on the last flight of the round trip.
-  for (std::int16_t back = 1; back < chain.Length(); ++back)
-    source.flit.MovePrevious();
-  for (std::int16_t flight = 0; flight < chain.Length(); ++flight) {
-    state.drawnFlights.push_back(ReadDrawnFlight(source.flit, source.destinations));
-    source.flit.MoveNext();
-  }
+  const RoundTripPlace place = FindRoundTrip(source.schedule, service, random.Draw(candidates));
+  AppendFlights(source, service, place.begin, place.end, state.drawnFlights);
 }
 
 }  // namespace

@@ -1,95 +1,100 @@
 #include "data/schedule.h"
 
-#include <array>
-#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <utility>
+
+#include "data/counters.h"
+#include "data/flight_reader.h"
+#include "data/load_error.h"
 
 namespace zerbal::data {
-namespace {
 
-constexpr std::array<const char*, kMaxStopovers> kStopFields = {
-    "Flit_Stop1", "Flit_Stop2", "Flit_Stop3", "Flit_Stop4", "Flit_Stop5",
-    "Flit_Stop6", "Flit_Stop7", "Flit_Stop8", "Flit_Stop9", "Flit_Stop10"};
-constexpr int kNotLookedUp = -1;
+struct ScheduleTables {
+  ScheduleTables(jet::Recordset openServices, jet::Recordset openFlights)
+      : services(std::move(openServices)), flights(std::move(openFlights)) {}
 
-/// Appends the code, with the city before it when the airport is one of the destinations.
-void AppendWithCity(std::string& line, const std::string& code, const Airports& destinations) {
-  if (const std::optional<Airport> airport = destinations.Find(code)) {
-    line += airport->City();
-    line += ' ';
+  void SelectByService() {
+    byKey = false;
+    flights.SetIndex("fsrv");
   }
-  line += code;
-}
-
-}  // namespace
-
-FlightReader::FlightReader(const jet::Recordset& flit)
-    : key_(flit.FieldIndex("Flit_2015")),
-      service_(flit.FieldIndex("Flit_FSrv")),
-      number_(flit.FieldIndex("Flit")),
-      origin_(flit.FieldIndex("Flit_Dep")),
-      destination_(flit.FieldIndex("Flit_Arr")) {
-  stops_.fill(kNotLookedUp);
-}
-
-const Flight& FlightReader::Read(const jet::Recordset& flit) {
-  const auto set = [&flit](std::string& text, int field) {
+  void SelectByKey() {
+    if (!byKey)
+      flights.SetIndex("flituni");
+    byKey = true;
+  }
+  std::string_view Text(const TableField& field, std::string& text) const {
     text.clear();
-    flit.At(field).AppendText(text);
-  };
-  set(flight_.key, key_);
-  set(flight_.service, service_);
-  set(flight_.number, number_);
-  std::size_t points = 0;
-  AppendToRoute(flit.At(origin_), points++);
-  for (std::size_t i = 0; i < stops_.size(); ++i) {
-    if (stops_[i] == kNotLookedUp)
-      stops_[i] = flit.FieldIndex(kStopFields[i]);
-    const jet::Field stop = flit.At(stops_[i]);
-    if (!stop.HoldsText())
-      break;  // what follows the first gap does not count
-    AppendToRoute(stop, points++);
+    field.Of(flights).AppendText(text);
+    return text;
   }
-  AppendToRoute(flit.At(destination_), points++);
-  flight_.route.resize(points);
-  return flight_;
+
+  jet::Recordset services;
+  jet::Recordset flights;
+  FlightFields fields{flights};
+  bool byKey = false;  ///< the index of keys is selected
+  // Keep their memory.
+  Flight flight;
+  std::string origin, destination;
+};
+
+const Flight& FlightRow::Read() const {
+  ReadFlight(tables_->flights, tables_->fields, tables_->flight);
+  return tables_->flight;
 }
 
-void FlightReader::AppendToRoute(const jet::Field& airport, std::size_t position) {
-  if (position == flight_.route.size())
-    flight_.route.emplace_back();
-  flight_.route[position].clear();
-  airport.AppendText(flight_.route[position]);
+std::string_view FlightRow::Origin() const {
+  return tables_->Text(tables_->fields.origin, tables_->origin);
 }
 
-Flight ReadFlight(const jet::Recordset& flit) {
-  return FlightReader(flit).Read(flit);
+std::string_view FlightRow::Destination() const {
+  return tables_->Text(tables_->fields.destination, tables_->destination);
 }
 
-void ForEachFlightOfService(jet::Recordset& flit, std::string_view service,
-                            const std::function<bool(const jet::Recordset&)>& row) {
-  flit.SetIndex("fsrv");
-  flit.Seek(service);
-  if (flit.NoMatch())
+Schedule::Schedule(jet::Recordset services, jet::Recordset flights)
+    : tables_(std::make_unique<ScheduleTables>(std::move(services), std::move(flights))) {}
+
+Schedule::Schedule(Schedule&&) noexcept = default;
+Schedule& Schedule::operator=(Schedule&&) noexcept = default;
+Schedule::~Schedule() = default;
+
+FlightServiceTable Schedule::LoadServices() const {
+  jet::Recordset& rows = tables_->services;
+  rows.SetIndex("sort");
+  std::int16_t count = 0;
+  for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext())
+    CountUp(count);
+  if (count < 1)
+    throw LoadError("No flightservices found. The program aborts.");
+  FlightServiceTable services;
+  services.reserve(static_cast<std::size_t>(count));
+  for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
+    FlightService service;
+    service.key = rows["FSrv"].AsText();
+    service.displayText = rows["FSrv_LiNr"].AsText() + " - " + rows["FSrv_Name"].AsText();
+    service.rgb = {rows["FSrv_R"].AsByte(), rows["FSrv_G"].AsByte(), rows["FSrv_B"].AsByte()};
+    services.push_back(std::move(service));
+  }
+  return services;
+}
+
+void Schedule::VisitFlights(std::string_view service, const Visitor& visit) const {
+  tables_->SelectByService();
+  jet::Recordset& flights = tables_->flights;
+  flights.Seek(service);
+  if (flights.NoMatch())
     return;
-  const int key = flit.FieldIndex("Flit_FSrv");
-  while (!flit.Eof() && flit.At(key).EqualsText(service) && row(flit))
-    flit.MoveNext();
+  const TableField& key = tables_->fields.service;
+  while (!flights.Eof() && key.Of(flights).EqualsText(service) && visit(FlightRow(*tables_)))
+    flights.MoveNext();
 }
 
-std::string FlightLine(const Flight& flight, const Airports& destinations, bool citiesForStopovers) {
-  constexpr std::string_view kArrow = " -> ";
-  std::string line = flight.number;
-  line += " - ";
-  for (std::size_t i = 0; i < flight.route.size(); ++i) {
-    const bool isEnd = i == 0 || i + 1 == flight.route.size();
-    if (i > 0)
-      line += kArrow;
-    if (isEnd || citiesForStopovers)
-      AppendWithCity(line, flight.route[i], destinations);
-    else
-      line += flight.route[i];
-  }
-  return line;
+std::optional<FlightRow> Schedule::Find(std::string_view key) const {
+  tables_->SelectByKey();
+  tables_->flights.Seek(key);
+  if (tables_->flights.NoMatch())
+    return std::nullopt;
+  return FlightRow(*tables_);
 }
 
 }  // namespace zerbal::data

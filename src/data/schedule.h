@@ -1,64 +1,62 @@
-// Reading the schedule: the rows of one flight service, a flight by its key, an airport by its code. Drawing
-// and the flight finding dialogs all go through here, so that a rule such as "the first Null ends the
-// stopovers" stands once.
+// The airline's schedule: its flight services and their flights.
 #pragma once
 
-#include <array>
-#include <cstddef>
 #include <functional>
-#include <string>
+#include <memory>
+#include <optional>
 #include <string_view>
-#include <vector>
 
-#include "data/airports.h"
-#include "jet/recordset.h"
+#include "data/flight.h"
+#include "data/reference_tables.h"
+
+namespace zerbal::jet {
+class Recordset;
+}
 
 namespace zerbal::data {
 
-inline constexpr int kMaxStopovers = 10;
+struct ScheduleTables;  // the open tables
 
-/// One row of `flit`. Route holds origin, stopovers in order up to the first that holds no text, destination.
-struct Flight {
-  std::string key;                 ///< Flit_2015
-  std::string service;             ///< Flit_FSrv
-  std::string number;              ///< Flit
-  std::vector<std::string> route;  ///< 2 to 12 airport codes
-
-  const std::string& Origin() const { return route.front(); }
-  const std::string& Destination() const { return route.back(); }
-};
-
-/// Reads rows of `flit` into a flight whose memory is used again and again, for those who read thousands; the
-/// fields are looked up by name once.
-class FlightReader {
+/// The flight that a visit or a look-up has reached; valid until the next one. Reading throws an error of the
+/// engine when a field is missing or cannot be read.
+class FlightRow {
  public:
-  explicit FlightReader(const jet::Recordset& flit);
-  /// Reads the current row of the same recordset. The result lasts until the next reading.
-  const Flight& Read(const jet::Recordset& flit);
+  /// The whole flight. Valid until the next flight is read.
+  const Flight& Read() const;
+  // Origin and destination alone, which takes a fraction of the time. Each is valid until it is asked for
+  // again.
+  std::string_view Origin() const;
+  std::string_view Destination() const;
 
  private:
-  void AppendToRoute(const jet::Field& airport, std::size_t position);
-
-  int key_;
-  int service_;
-  int number_;
-  int origin_;
-  int destination_;
-  std::array<int, kMaxStopovers> stops_;  ///< looked up when a flight first gets that far
-  Flight flight_;
+  friend class Schedule;
+  explicit FlightRow(ScheduleTables& tables) : tables_(&tables) {}
+  ScheduleTables* tables_;
 };
 
-/// Reads the current row of `flit`.
-Flight ReadFlight(const jet::Recordset& flit);
+/// Reading moves a cursor: flights must not be visited or looked up while a visit is going on.
+class Schedule {
+ public:
+  using Visitor = std::function<bool(const FlightRow&)>;
 
-/// Calls `row` for each flight of a service, with `flit` standing on it, in the order of index "fsrv" (which
-/// it selects): from the first row with that key as long as Flit_FSrv equals it. Nothing happens when there
-/// is none. `row` returns false to stop.
-void ForEachFlightOfService(jet::Recordset& flit, std::string_view service,
-                            const std::function<bool(const jet::Recordset&)>& row);
+  /// Takes the open tables of services and flights.
+  Schedule(jet::Recordset services, jet::Recordset flights);
+  Schedule(Schedule&&) noexcept;
+  Schedule& operator=(Schedule&&) noexcept;
+  ~Schedule();
 
-/// The line by which every flight list shows a flight: number, origin and destination with their cities where
-/// they are among the destinations, and the stopovers, with their cities when `citiesForStopovers`.
-std::string FlightLine(const Flight& flight, const Airports& destinations, bool citiesForStopovers);
+  /// All services in display order. Throws LoadError when there is none, an error of the engine for a colour
+  /// component outside 0..255, OverflowError beyond 32767 services.
+  FlightServiceTable LoadServices() const;
+
+  /// Visits the flights of a service, from the first one with that key as long as they have it, until `visit`
+  /// returns false.
+  void VisitFlights(std::string_view service, const Visitor& visit) const;
+  /// The flight with exactly this key.
+  std::optional<FlightRow> Find(std::string_view key) const;
+
+ private:
+  std::unique_ptr<ScheduleTables> tables_;
+};
 
 }  // namespace zerbal::data

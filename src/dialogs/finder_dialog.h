@@ -18,13 +18,13 @@ namespace zerbal::dialogs {
 /// What the dialogs read and write beyond their own controls; all of it outlives them.
 struct FinderContext {
   data::FlightServiceTable& services;
-  jet::Recordset& flit;
+  const data::Schedule& schedule;
   const data::Airports& destinations;
   data::FlightFinderState& state;
   std::vector<std::string>& selectedFlights;  ///< written by "Display flights"
   settings::MessageBoxes& boxes;
 
-  data::FlightSource Source() const { return {flit, destinations, services}; }
+  data::FlightSource Source() const { return {schedule, destinations, services}; }
 };
 
 /// Accepted when flights were handed over.

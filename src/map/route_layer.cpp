@@ -148,25 +148,21 @@ data::Rgb ServiceColour(const data::FlightServiceTable& services, std::string_vi
 
 void DrawServiceFlights(Canvas& canvas, MapScene& scene) {
   FlightPainter painter(canvas, scene);
-  data::FlightReader reader(scene.databases.flit);
   for (const data::FlightService& service : scene.tables.services)
     if (service.displayFlag)
-      data::ForEachFlightOfService(scene.databases.flit, service.key, [&](const jet::Recordset& flit) {
-        painter.Draw(reader.Read(flit), service.rgb);
+      scene.databases.schedule.VisitFlights(service.key, [&](const data::FlightRow& row) {
+        painter.Draw(row.Read(), service.rgb);
         return true;
       });
 }
 
 void DrawSelectedFlights(Canvas& canvas, MapScene& scene) {
   FlightPainter painter(canvas, scene);
-  jet::Recordset& flit = scene.databases.flit;
-  data::FlightReader reader(flit);
-  flit.SetIndex("flituni");
   for (const std::string& key : scene.flights.selectedFlights) {
-    flit.Seek(key);
-    if (flit.NoMatch())
+    const std::optional<data::FlightRow> row = scene.databases.schedule.Find(key);
+    if (!row)
       continue;
-    const data::Flight& flight = reader.Read(flit);
+    const data::Flight& flight = row->Read();
     painter.Draw(flight, ServiceColour(scene.tables.services, flight.service));
   }
 }

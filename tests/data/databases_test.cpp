@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include "jet/error.h"
 #include "sample_databases.h"
 #include "support/temp_folder.h"
 
@@ -66,9 +67,8 @@ TEST_F(OpenDatabasesTest, OpensEverythingWithItsIndexes) {
   ASSERT_TRUE(alpha);
   EXPECT_EQ(alpha->City(), "Alpha");
   EXPECT_TRUE(databases.allAirports.Find("ZZZ"));
-  databases.flit.SetIndex("flituni");
-  databases.flit.SetIndex("fsrv");
-  databases.fsrv.SetIndex("sort");
+  EXPECT_TRUE(databases.schedule.Find("1"));
+  EXPECT_EQ(databases.schedule.LoadServices().size(), 1u);
   EXPECT_TRUE(databases.coast.HasTable("WCL"));
   ASSERT_TRUE(databases.river && databases.ibound);
   EXPECT_TRUE(databases.river->HasTable("wcl"));
@@ -86,9 +86,8 @@ TEST_F(OpenDatabasesTest, LeavesTheFilesAsTheyAre) {
   const std::string before = test::ReadBytes(files_.qavdata);
   const auto time = fs::last_write_time(files_.qavdata);
   {
-    Databases databases = OpenDatabases(files_);
-    databases.flit.SetIndex("fsrv");
-    databases.flit.Seek("Q1");
+    const Databases databases = OpenDatabases(files_);
+    databases.schedule.VisitFlights("Q1", [](const FlightRow&) { return true; });
   }
   EXPECT_EQ(test::ReadBytes(files_.qavdata), before);
   EXPECT_EQ(fs::last_write_time(files_.qavdata), time);

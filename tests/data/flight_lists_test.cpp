@@ -7,6 +7,7 @@
 #include "data/counters.h"
 #include "data/random_flights.h"
 #include "jet/database.h"
+#include "jet/recordset.h"
 #include "support/small_world.h"
 
 namespace zerbal::test {
@@ -31,16 +32,16 @@ class FlightListsTest : public testing::Test {
   /// Writes the world's schedule and opens it.
   void Open() {
     world.Write(folder.Path());
-    database.emplace(jet::Database::Open(folder / "app_data" / "qavdata.mdb"));
-    flit.emplace(database->OpenTable("flit"));
-    destinations.emplace(*database, "dest");
+    const jet::Database database = jet::Database::Open(folder / "app_data" / "qavdata.mdb");
+    schedule.emplace(database.OpenTable("fsrv"), database.OpenTable("flit"));
+    destinations.emplace(database, "dest");
     for (const char* key : {"NEW", "NOR", "NORX", "OCE", "oce"}) {
       data::FlightService service;
       service.key = key;
       services.push_back(service);
     }
   }
-  data::FlightSource Source() { return {*flit, *destinations, services}; }
+  data::FlightSource Source() { return {*schedule, *destinations, services}; }
   void OfferOnly(std::size_t number) {
     for (std::size_t i = 0; i < services.size(); ++i)
       services[i].randomPick = i + 1 == number;
@@ -54,8 +55,7 @@ class FlightListsTest : public testing::Test {
 
   TempFolder folder;
   SmallWorld world;
-  std::optional<jet::Database> database;
-  std::optional<jet::Recordset> flit;
+  std::optional<data::Schedule> schedule;
   std::optional<data::Airports> destinations;
   data::FlightServiceTable services;
   data::FlightFinderState state;

@@ -6,7 +6,10 @@
 #include <gtest/gtest.h>
 
 #include "data/counters.h"
+#include "data/load_error.h"
 #include "jet/database.h"
+#include "jet/error.h"
+#include "jet/recordset.h"
 #include "sample_databases.h"
 #include "support/temp_folder.h"
 
@@ -35,9 +38,9 @@ class LoadTables : public testing::Test {
  protected:
   void Write(const std::vector<test::Table>& tables) { test::WriteDatabase(zbldata_, tables); }
   FlightServiceTable LoadServices(std::vector<Row> rows) {
-    test::WriteDatabase(folder_ / "qavdata.mdb", {test::FsrvTable(std::move(rows))});
-    jet::Recordset fsrv = jet::Database::Open(folder_ / "qavdata.mdb").OpenTable("fsrv");
-    return LoadFlightServices(fsrv);
+    test::WriteDatabase(folder_ / "qavdata.mdb", {test::FsrvTable(std::move(rows)), test::FlitTable({})});
+    const jet::Database database = jet::Database::Open(folder_ / "qavdata.mdb");
+    return Schedule(database.OpenTable("fsrv"), database.OpenTable("flit")).LoadServices();
   }
 
   test::TempFolder folder_;

@@ -6,7 +6,10 @@
 
 #include <gtest/gtest.h>
 
+#include "data/airports.h"
+#include "data/flight_lists.h"
 #include "jet/database.h"
+#include "jet/recordset.h"
 #include "sample_databases.h"
 #include "support/temp_folder.h"
 
@@ -15,41 +18,41 @@ namespace {
 
 using Codes = std::vector<std::string>;
 
-class Schedule : public testing::Test {
+class ScheduleTest : public testing::Test {
  protected:
   void Open(std::vector<test::Row> flights, std::vector<test::Row> airports = {}) {
     OpenTable(test::FlitTable(std::move(flights)), std::move(airports));
   }
   void OpenTable(const test::Table& flit, std::vector<test::Row> airports = {}) {
     const std::filesystem::path file = folder_ / "qavdata.mdb";
-    test::WriteDatabase(file, {flit, test::AirportTable("dest", std::move(airports))});
+    test::WriteDatabase(file,
+                        {test::FsrvTable({}), flit, test::AirportTable("dest", std::move(airports))});
     const jet::Database database = jet::Database::Open(file);
-    flit_.emplace(database.OpenTable("flit"));
+    schedule_.emplace(database.OpenTable("fsrv"), database.OpenTable("flit"));
     destinations_.emplace(database, "dest");
   }
 
   Flight Find(std::string_view key) {
-    flit_->SetIndex("flituni");
-    flit_->Seek(key);
-    EXPECT_FALSE(flit_->NoMatch()) << key;
-    return ReadFlight(*flit_);
+    const std::optional<FlightRow> row = schedule_->Find(key);
+    EXPECT_TRUE(row) << key;
+    return row ? row->Read() : Flight();
   }
 
   Codes KeysOf(std::string_view service) {
     Codes keys;
-    ForEachFlightOfService(*flit_, service, [&](const jet::Recordset& row) {
-      keys.push_back(row["Flit_2015"].AsText());
+    schedule_->VisitFlights(service, [&](const FlightRow& row) {
+      keys.push_back(row.Read().key);
       return true;
     });
     return keys;
   }
 
   test::TempFolder folder_;
-  std::optional<jet::Recordset> flit_;
+  std::optional<Schedule> schedule_;
   std::optional<Airports> destinations_;
 };
 
-TEST_F(Schedule, AFlightIsReadWithItsRoute) {
+TEST_F(ScheduleTest, AFlightIsReadWithItsRoute) {
   Open({test::Flight("Q1", "11", "AAA", {"BBB", "CCC"}, "DDD")});
   const Flight flight = Find("11");
   EXPECT_EQ(flight.key, "11");
@@ -60,7 +63,7 @@ TEST_F(Schedule, AFlightIsReadWithItsRoute) {
   EXPECT_EQ(flight.Destination(), "DDD");
 }
 
-TEST_F(Schedule, TheFirstNullEndsTheStopovers) {
+TEST_F(ScheduleTest, TheFirstNullEndsTheStopovers) {
   Open({test::Flight("Q1", "1", "AAA", {}, "ZZZ"), test::Flight("Q1", "2", "AAA", {"-", "CCC"}, "ZZZ"),
         test::Flight("Q1", "3", "AAA", {"BBB", "-", "DDD", "EEE"}, "ZZZ"),
         test::Flight("Q1", "4", "AAA", {"B1", "B2", "B3", "B4", "B5", "B6", "B7", "B8", "B9", "BX"}, "ZZZ"),
@@ -75,7 +78,7 @@ TEST_F(Schedule, TheFirstNullEndsTheStopovers) {
   EXPECT_EQ(Find("6").route, (Codes{"AAA", "", "CCC", "ZZZ"})) << "an empty text is a text";
 }
 
-TEST_F(Schedule, AStopColumnThatIsNotTextEndsTheStopovers) {
+TEST_F(ScheduleTest, AStopColumnThatIsNotTextEndsTheStopovers) {
   test::Table table = test::FlitTable({test::Flight("Q1", "1", "AAA", {"BBB", "CCC", "DDD"}, "ZZZ")});
   constexpr std::size_t kStop2 = 5;
   const std::vector<std::pair<jet::ColumnInfo, test::Cell>> others = {{test::Long("Flit_Stop2"), 7},
@@ -97,24 +100,24 @@ TEST_F(Schedule, AStopColumnThatIsNotTextEndsTheStopovers) {
   EXPECT_EQ(Find("1").route, (Codes{"AAA", "BBB", "ZZZ"}));
 }
 
-TEST_F(Schedule, AReaderGivesEveryFlightAfterAnotherTheSame) {
+TEST_F(ScheduleTest, NothingOfAFlightIsLeftInTheNextOne) {
   Open({test::Flight("Q1", "4", "AAA", {"B1", "B2", "B3"}, "ZZZ"), test::Flight("Q1", "1", "AAA", {}, "ZZZ"),
         test::Flight("Q1", "2", "AAA", {"LONGERCODETHANFITSINPLACE", "CCC"}, "ZZZ"),
         test::Flight("Q1", "3", "X", {"Y"}, "Z")});
-  FlightReader reader(*flit_);
-  int rows = 0;
-  for (flit_->MoveFirst(); !flit_->Eof(); flit_->MoveNext(), ++rows) {
-    const Flight expected = ReadFlight(*flit_);
-    const Flight& flight = reader.Read(*flit_);
-    EXPECT_EQ(flight.key, expected.key);
-    EXPECT_EQ(flight.service, expected.service);
-    EXPECT_EQ(flight.number, expected.number);
-    EXPECT_EQ(flight.route, expected.route);
-  }
-  EXPECT_EQ(rows, 4);
+  std::vector<Codes> routes;
+  schedule_->VisitFlights("Q1", [&](const FlightRow& row) {
+    routes.push_back(row.Read().route);
+    EXPECT_EQ(row.Origin(), routes.back().front());
+    EXPECT_EQ(row.Destination(), routes.back().back());
+    return true;
+  });
+  EXPECT_EQ(routes, (std::vector<Codes>{{"AAA", "B1", "B2", "B3", "ZZZ"},
+                                        {"AAA", "ZZZ"},
+                                        {"AAA", "LONGERCODETHANFITSINPLACE", "CCC", "ZZZ"},
+                                        {"X", "Y", "Z"}}));
 }
 
-TEST_F(Schedule, TheFlightsOfAServiceStandTogetherInItsIndex) {
+TEST_F(ScheduleTest, TheFlightsOfAServiceStandTogetherInItsIndex) {
   Open({test::Flight("Q2", "1", "A", {}, "B"), test::Flight("Q1", "2", "A", {}, "B"),
         test::Flight("Q2X", "3", "A", {}, "B"), test::Flight("Q2", "4", "A", {}, "B"),
         test::Flight("Q3", "5", "A", {}, "B")});
@@ -125,7 +128,7 @@ TEST_F(Schedule, TheFlightsOfAServiceStandTogetherInItsIndex) {
   EXPECT_EQ(KeysOf(""), Codes{});
 }
 
-TEST_F(Schedule, ServiceKeysAreComparedExactly) {
+TEST_F(ScheduleTest, ServiceKeysAreComparedExactly) {
   Open({test::Flight("PAC", "1", "A", {}, "B"), test::Flight("PAC", "2", "A", {}, "B"),
         test::Flight("pac", "3", "A", {}, "B")});
   EXPECT_EQ(KeysOf("PAC"), (Codes{"1", "2"}));
@@ -133,21 +136,30 @@ TEST_F(Schedule, ServiceKeysAreComparedExactly) {
   EXPECT_EQ(KeysOf("Pac"), Codes{});
 }
 
-TEST_F(Schedule, AWalkThatIsStoppedLeavesTheCursorThere) {
+TEST_F(ScheduleTest, AVisitEndsWhenTheVisitorSaysSo) {
   Open({test::Flight("Q1", "1", "A", {}, "B"), test::Flight("Q1", "2", "A", {}, "B"),
         test::Flight("Q1", "3", "A", {}, "B")});
   int rows = 0;
-  ForEachFlightOfService(*flit_, "Q1", [&](const jet::Recordset&) { return ++rows < 2; });
+  schedule_->VisitFlights("Q1", [&](const FlightRow&) { return ++rows < 2; });
   EXPECT_EQ(rows, 2);
-  EXPECT_EQ((*flit_)["Flit_2015"].AsText(), "2");
 }
 
-TEST_F(Schedule, AnEmptyScheduleHasNoFlights) {
+TEST_F(ScheduleTest, VisitsAndLookUpsTakeTurns) {
+  Open({test::Flight("Q2", "1", "A", {}, "B"), test::Flight("Q1", "2", "A", {}, "B")});
+  EXPECT_EQ(Find("1").service, "Q2");
+  EXPECT_EQ(KeysOf("Q1"), Codes{"2"});
+  EXPECT_EQ(Find("2").service, "Q1");
+  EXPECT_EQ(Find("1").service, "Q2");
+  EXPECT_EQ(KeysOf("Q2"), Codes{"1"});
+  EXPECT_FALSE(schedule_->Find("3"));
+}
+
+TEST_F(ScheduleTest, AnEmptyScheduleHasNoFlights) {
   Open({});
   EXPECT_EQ(KeysOf("Q1"), Codes{});
 }
 
-TEST_F(Schedule, AFlightLineNamesTheCitiesThatItKnows) {
+TEST_F(ScheduleTest, AFlightLineNamesTheCitiesThatItKnows) {
   Open({}, {{"AAA", "Alpha"}, {"BBB", "Beta"}, {"CCC", "Gamma"}, {"NUL", jet::Null()}});
   const auto line = [&](Codes route, bool cities) {
     return FlightLine({"key", "Q1", "123", std::move(route)}, *destinations_, cities);
@@ -160,7 +172,7 @@ TEST_F(Schedule, AFlightLineNamesTheCitiesThatItKnows) {
   EXPECT_EQ(line({"NUL", "AAA"}, false), "123 -  NUL -> Alpha AAA");
 }
 
-TEST_F(Schedule, EveryListUsesTheSameLineForAGap) {
+TEST_F(ScheduleTest, EveryListUsesTheSameLineForAGap) {
   Open({test::Flight("Q1", "7", "AAA", {"-", "BBB"}, "CCC")}, {{"AAA", "Alpha"}});
   EXPECT_EQ(FlightLine(Find("7"), *destinations_, true), "QV7 - Alpha AAA -> CCC");
 }

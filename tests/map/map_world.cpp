@@ -7,7 +7,7 @@
 #include <ostream>
 #include <utility>
 
-#include "data/schedule.h"
+#include "data/flight.h"
 #include "map/views.h"
 
 namespace zerbal::map {

@@ -51,7 +51,7 @@ class MapWindow {
       : files_(data::FindDataFiles(folder).files),
         databases_(data::OpenDatabases(files_)),
         viewport_(tables_.bands) {
-    tables_ = data::LoadReferenceTables(files_.zbldata, databases_.fsrv);
+    tables_ = data::LoadReferenceTables(files_.zbldata, databases_.schedule);
     const std::vector<std::string> none;
     data::CheckFonts(tables_.fonts, none);
     tables_.regions.centreWorld = "1";

@@ -85,7 +85,7 @@ void MapJob::LoadTables() {
   if (!missing.empty())
     throw NotFound(missing.front().string());
   databases_ = data::OpenDatabases(files);
-  tables_ = data::LoadReferenceTables(files.zbldata, databases_->fsrv);
+  tables_ = data::LoadReferenceTables(files.zbldata, databases_->schedule);
 }
 
 void MapJob::ReadSettings() {
@@ -147,21 +147,17 @@ void MapJob::ShowServices() {
 void MapJob::ChooseFlights() {
   ShowServices();
   flights_.serviceMode = options_.flights.empty() && !options_.touching;
-  jet::Recordset& flit = databases_->flit;
-  const data::Airports& destinations = databases_->destinations;
   for (const std::string& key : options_.flights) {
-    flit.SetIndex("flituni");
-    flit.Seek(key);
-    if (flit.NoMatch())
+    if (!databases_->schedule.Find(key))
       throw UsageError(
           QString("--flights: there is no flight with the key '%1'").arg(QString::fromStdString(key)));
     flights_.selectedFlights.push_back(key);
   }
   if (!options_.touching)
     return;
-  const std::string airport = FindDestination(destinations, *options_.touching);
-  flights_.selectedFlights =
-      data::FlightsTouching({flit, destinations, tables_.services}, airport, {}, false).keys;
+  const std::string airport = FindDestination(databases_->destinations, *options_.touching);
+  const data::FlightSource source{databases_->schedule, databases_->destinations, tables_.services};
+  flights_.selectedFlights = data::FlightsTouching(source, airport, {}, false).keys;
 }
 
 void MapJob::Draw(map::Surface& surface) {

@@ -9,8 +9,8 @@
 #include <utility>
 #include <variant>
 
+#include "data/flight.h"
 #include "data/load_tables.h"
-#include "data/schedule.h"
 #include "jet/writer.h"
 #include "zerbal-pack/csv_value.h"
 #include "zerbal-pack/text.h"

@@ -8,8 +8,8 @@
 #include <string_view>
 
 #include "base/find_file.h"
+#include "data/flight_reader.h"
 #include "data/load_tables.h"
-#include "data/schedule.h"
 #include "jet/database.h"
 #include "jet/error.h"
 #include "jet/pair_reader.h"
@@ -178,7 +178,8 @@ class FolderCheck {
 
   void CheckFlight(const jet::Recordset& row) {
     const std::string where = "app_data/qavdata.mdb: table 'flit'";
-    const data::Flight flight = data::ReadFlight(row);
+    data::Flight flight;
+    data::ReadFlight(row, data::FlightFields(row), flight);
     const std::string name = "flight " + Quoted(flight.number) + " (key " + Quoted(flight.key) + ")";
     if (!flights_.insert(flight.key).second)
       report_.Add(where, "twice", name + ": another flight has the same key");

@@ -7,7 +7,7 @@
 #include <utility>
 #include <variant>
 
-#include "data/schedule.h"
+#include "data/flight.h"
 #include "zerbal-pack/csv.h"
 #include "zerbal-pack/csv_value.h"
 #include "zerbal-pack/text.h"

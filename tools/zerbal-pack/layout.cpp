@@ -5,7 +5,7 @@
 #include <limits>
 #include <utility>
 
-#include "data/schedule.h"
+#include "data/flight.h"
 
 namespace zerbal::pack {
 
