@@ -3,19 +3,10 @@
 #include <utility>
 
 #include "base/find_file.h"
+#include "jet/database.h"
 #include "jet/recordset.h"
 
 namespace zerbal::data {
-namespace {
-
-std::optional<jet::Database> OpenIfPresent(const std::optional<std::filesystem::path>& file) {
-  if (!file)
-    return std::nullopt;
-  return jet::Database::Open(*file);
-}
-
-}  // namespace
-
 FoundFiles FindDataFiles(const std::filesystem::path& folder) {
   FoundFiles found;
   const auto require = [&](const char* name) -> std::filesystem::path {
@@ -38,12 +29,9 @@ Databases OpenDatabases(const DataFiles& files) {
   jet::Recordset services = schedule.OpenTable("fsrv");
   Airports destinations(schedule, "dest");
   // The parts of a braced list are made in their order.
-  return {Schedule(std::move(services), schedule.OpenTable("flit")),
-          std::move(destinations),
+  return {Schedule(std::move(services), schedule.OpenTable("flit")), std::move(destinations),
           Airports(jet::Database::Open(files.allaprt), "allaprt"),
-          jet::Database::Open(files.coast),
-          OpenIfPresent(files.river),
-          OpenIfPresent(files.ibound)};
+          BaseMap(files.coast, files.river, files.ibound)};
 }
 
 }  // namespace zerbal::data

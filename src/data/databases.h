@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "data/airports.h"
+#include "data/base_map.h"
 #include "data/schedule.h"
-#include "jet/database.h"
 
 namespace zerbal::data {
 
@@ -32,12 +32,10 @@ struct Databases {
   Schedule schedule;
   Airports destinations;
   Airports allAirports;
-  jet::Database coast;
-  std::optional<jet::Database> river;   ///< only when the file exists
-  std::optional<jet::Database> ibound;  ///< only when the file exists
+  BaseMap baseMap;
 };
 
-/// Opens all of them. Throws jet::EngineError when one cannot be opened.
+/// Opens all of them. Throws an error of the engine when one cannot be opened.
 Databases OpenDatabases(const DataFiles& files);
 
 }  // namespace zerbal::data

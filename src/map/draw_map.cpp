@@ -1,8 +1,9 @@
 #include "map/draw_map.h"
 
 #include <exception>
+#include <span>
+#include <string>
 
-#include "jet/database.h"
 #include "map/airport_layer.h"
 #include "map/canvas.h"
 #include "map/line_layer.h"
@@ -35,35 +36,20 @@ void DrawCentreMark(const Viewport& viewport, Surface& surface, data::Rgb colour
   surface.Line(centre, {centre.x, centre.y - kRadius}, pen);
 }
 
-/// A table that is not there or cannot be opened is an empty one.
-void DrawTable(const jet::Database& database, const std::string& table, data::Rgb colour,
-               const Viewport& viewport, Surface& surface) {
-  Contained([&] {
-    if (database.HasTable(table))
-      DrawLineLayer(database.OpenTable(table), colour, viewport, surface);
-  });
-}
-
-void DrawTiles(const jet::Database& database, data::Rgb colour, const Viewport& viewport, Surface& surface) {
-  for (const std::string& tile : viewport.DetailTiles())
-    DrawTable(database, tile + "wdb2", colour, viewport, surface);
-}
-
-void DrawCoast(const MapScene& scene, Surface& surface) {
-  const data::Rgb colour = scene.tables.colours[ColourCode::kCoast];
-  surface.BeginLayer(Layer::kCoast);
-  if (scene.viewport.DetailMode())
-    DrawTiles(scene.databases.coast, colour, scene.viewport, surface);
-  else
-    DrawTable(scene.databases.coast, "wcl", colour, scene.viewport, surface);
-}
-
-/// Rivers and boundaries are drawn in detail mode only; in overview mode the view has no tiles.
-void DrawDetailLayer(Layer layer, const std::optional<jet::Database>& database, ColourCode colour,
-                     const MapScene& scene, Surface& surface) {
+/// Each table of lines is a step of its own.
+void DrawLines(data::LineKind kind, Layer layer, ColourCode colour, const MapScene& scene, Surface& surface) {
+  const Viewport& viewport = scene.viewport;
+  const data::BaseMap& baseMap = scene.databases.baseMap;
   surface.BeginLayer(layer);
-  if (database)
-    DrawTiles(*database, scene.tables.colours[colour], scene.viewport, surface);
+  LinePainter painter(viewport, surface, scene.tables.colours[colour]);
+  const data::BaseMap::Visitor draw = [&](std::span<const data::StoredPoint> points) {
+    painter.Draw(points);
+  };
+  if (!viewport.DetailMode() && kind == data::LineKind::kCoast)
+    Contained([&] { baseMap.VisitOverview(painter.Bounds(), draw); });
+  // Rivers and boundaries are drawn in detail mode only; in overview mode the view has no tiles.
+  for (const std::string& tile : viewport.DetailTiles())
+    Contained([&] { baseMap.VisitTile(kind, tile, painter.Bounds(), draw); });
 }
 
 }  // namespace
@@ -82,12 +68,14 @@ void DrawMap(MapScene& scene, Surface& surface) {
   if (options.centreOfMap)
     DrawCentreMark(viewport, surface, colours[ColourCode::kCentre]);
 
-  Contained([&] { DrawCoast(scene, surface); });
+  const auto drawLines = [&](data::LineKind kind, Layer layer, ColourCode colour) {
+    Contained([&] { DrawLines(kind, layer, colour, scene, surface); });
+  };
+  drawLines(data::LineKind::kCoast, Layer::kCoast, ColourCode::kCoast);
   if (options.rivers)
-    Contained([&] { DrawDetailLayer(Layer::kRiver, databases.river, ColourCode::kRiver, scene, surface); });
+    drawLines(data::LineKind::kRiver, Layer::kRiver, ColourCode::kRiver);
   if (options.boundaries)
-    Contained(
-        [&] { DrawDetailLayer(Layer::kBoundary, databases.ibound, ColourCode::kIBound, scene, surface); });
+    drawLines(data::LineKind::kBoundary, Layer::kBoundary, ColourCode::kIBound);
 
   Canvas canvas{scene.viewport, surface, MapFont(viewport, scene.tables.fonts)};
   if (options.allAirports)

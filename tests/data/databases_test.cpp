@@ -15,7 +15,7 @@ namespace {
 namespace fs = std::filesystem;
 
 test::Table LineTable(const std::string& name) {
-  return test::MapTable(name, {{1000000, 2000000}});
+  return test::MapTable(name, {{1000000, 2000000}, {1000001, 2000000}});
 }
 
 class OpenDatabasesTest : public testing::Test {
@@ -26,7 +26,13 @@ class OpenDatabasesTest : public testing::Test {
                                          test::FlitTable({test::Flight("Q1", "1", "AAA", {}, "BBB")})});
     test::WriteDatabase(files_.allaprt, {test::AirportTable("allaprt", {{"ZZZ", "Omega"}})});
     for (const fs::path& file : {files_.coast, *files_.river, *files_.ibound})
-      test::WriteDatabase(file, {LineTable("wcl")});
+      test::WriteDatabase(file, {LineTable("CEwdb2")});
+  }
+  static int RunsOfTile(const BaseMap& baseMap) {
+    int runs = 0;
+    for (const LineKind kind : {LineKind::kCoast, LineKind::kRiver, LineKind::kBoundary})
+      baseMap.VisitTile(kind, "CE", {{0, 2'000'000}, {0, 3'000'000}}, [&](auto) { ++runs; });
+    return runs;
   }
 
   test::TempFolder folder_;
@@ -62,24 +68,20 @@ TEST(FindDataFiles, NamesTheRequiredOnesThatAreMissing) {
 }
 
 TEST_F(OpenDatabasesTest, OpensEverythingWithItsIndexes) {
-  Databases databases = OpenDatabases(files_);
+  const Databases databases = OpenDatabases(files_);
   const auto alpha = databases.destinations.Find("AAA");
   ASSERT_TRUE(alpha);
   EXPECT_EQ(alpha->City(), "Alpha");
   EXPECT_TRUE(databases.allAirports.Find("ZZZ"));
   EXPECT_TRUE(databases.schedule.Find("1"));
   EXPECT_EQ(databases.schedule.LoadServices().size(), 1u);
-  EXPECT_TRUE(databases.coast.HasTable("WCL"));
-  ASSERT_TRUE(databases.river && databases.ibound);
-  EXPECT_TRUE(databases.river->HasTable("wcl"));
+  EXPECT_EQ(RunsOfTile(databases.baseMap), 3);
 }
 
 TEST_F(OpenDatabasesTest, GoesWithoutRiversAndBoundaries) {
   files_.river.reset();
   files_.ibound.reset();
-  const Databases databases = OpenDatabases(files_);
-  EXPECT_FALSE(databases.river);
-  EXPECT_FALSE(databases.ibound);
+  EXPECT_EQ(RunsOfTile(OpenDatabases(files_).baseMap), 1);
 }
 
 TEST_F(OpenDatabasesTest, LeavesTheFilesAsTheyAre) {

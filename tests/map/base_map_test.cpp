@@ -158,8 +158,8 @@ Strings Drawn(Rows rows) {
   return Short(world.Draw(Layer::kCoast));
 }
 
-const jet::LongPair kA = At(110, 45), kB = At(111, 45), kC = At(112, 46), kD = At(113, 46);
-const jet::LongPair kOutside = At(90, 45);
+const data::StoredPoint kA = At(110, 45), kB = At(111, 45), kC = At(112, 46), kD = At(113, 46);
+const data::StoredPoint kOutside = At(90, 45);
 const std::string kAB = "1000,500-1100,500", kBC = "1100,500-1200,600", kCD = "1200,600-1300,600";
 
 TEST(LineLayer, JoinsThePointsOfARun) {
@@ -308,7 +308,7 @@ TEST(Containment, ATableWithoutItsColumnsIsSkipped) {
                                              test::MapTable("CEwdb2", {test::At(41, 58), test::At(42, 58)})});
   MapWorld world;
   world.Show(30, 55, 50, 65);
-  world.Databases().coast = jet::Database::Open(folder / "coast.mdb");
+  world.Databases().baseMap = data::BaseMap(folder / "coast.mdb", std::nullopt, std::nullopt);
   EXPECT_EQ(world.Draw(Layer::kCoast).size(), 1U);
 }
 
@@ -326,7 +326,7 @@ TEST(Containment, WhatCameBeforeABadRowStays) {
                                              test::MapTable("CEwdb2", {test::At(41, 58), test::At(42, 58)})});
   MapWorld world;
   world.Show(30, 55, 50, 65);
-  world.Databases().coast = jet::Database::Open(folder / "coast.mdb");
+  world.Databases().baseMap = data::BaseMap(folder / "coast.mdb", std::nullopt, std::nullopt);
   EXPECT_EQ(Short(world.Draw(Layer::kCoast)), (Strings{"800,300-900,300", "1100,300-1200,300"}));
 }
 
@@ -349,41 +349,39 @@ TEST(StoredProjection, SaysWhatProjectPointSays) {
     const double bounds[] = {view.MapLonMin(), view.MapLonMax(), view.MapLonMax() - 360.0, uniform(0, 360)};
     for (int j = 0; j < 200; ++j) {
       // On the bounds' millionths, some beside, some inside and some anywhere.
-      jet::LongPair row = At(j % 3 == 0 ? uniform(view.MapLonMin(), view.MapLonMax()) : bounds[random() % 4],
-                             j % 2 == 0 ? uniform(view.MapLatMin(), view.MapLatMax())
-                                        : (random() % 2 == 0 ? view.MapLatMin() : view.MapLatMax()));
-      row.first += std::uniform_int_distribution<int>(-20, 20)(random);
-      row.second += std::uniform_int_distribution<int>(-20, 20)(random);
+      data::StoredPoint point =
+          At(j % 3 == 0 ? uniform(view.MapLonMin(), view.MapLonMax()) : bounds[random() % 4],
+             j % 2 == 0 ? uniform(view.MapLatMin(), view.MapLatMax())
+                        : (random() % 2 == 0 ? view.MapLatMin() : view.MapLatMax()));
+      point.lon += std::uniform_int_distribution<int>(-20, 20)(random);
+      point.lat += std::uniform_int_distribution<int>(-20, 20)(random);
       const std::optional<TwipPoint> at =
-          view.ProjectPoint({StoredDegrees(row.first), StoredDegrees(row.second)});
-      ASSERT_EQ(projection.InView(row), at.has_value()) << row.first << " " << row.second;
+          view.ProjectPoint({data::StoredDegrees(point.lon), data::StoredDegrees(point.lat)});
+      ASSERT_EQ(projection.Bounds().Contain(point), at.has_value()) << point.lon << " " << point.lat;
       if (!at)
         continue;
       ++inView;
-      ASSERT_EQ(projection.Project(row), *at) << row.first << " " << row.second;
+      ASSERT_EQ(projection.Project(point), *at) << point.lon << " " << point.lat;
     }
   }
   EXPECT_GT(inView, 10'000);
 }
 
-TEST(StoredProjection, OnlyTheMarkerItselfIsPenUp) {
-  for (int off = -3; off <= 3; ++off) {
-    const jet::LongPair row{-1'000'000 + off, 0};
-    EXPECT_EQ(StoredProjection::IsPenUp(row), off == 0);
-    EXPECT_EQ(StoredDegrees(row.first) == kPenUpLon, off == 0);
-  }
+TEST(StoredProjection, OnlyTheEndOfALineIsPenUp) {
+  for (int off = -3; off <= 3; ++off)
+    EXPECT_EQ(data::StoredDegrees(data::kEndOfLine + off) == kPenUpLon, off == 0);
 }
 
 TEST(StoredProjection, WithoutAUsableViewNothingIsInView) {
   constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
   constexpr float kInf = std::numeric_limits<float>::infinity();
-  const auto holds = [](float west, float bottom, float east) {
+  const auto contains = [](float west, float bottom, float east) {
     const Viewport view = View(6'000, 3'000, west, 40, east, bottom);
-    return StoredProjection(view).InView(kA);
+    return StoredProjection(view).Bounds().Contain(kA);
   };
-  EXPECT_FALSE(holds(kNaN, 70, 160));
-  EXPECT_FALSE(holds(100, kNaN, 160));
-  EXPECT_TRUE(holds(100, 70, kInf));
+  EXPECT_FALSE(contains(kNaN, 70, 160));
+  EXPECT_FALSE(contains(100, kNaN, 160));
+  EXPECT_TRUE(contains(100, 70, kInf));
 }
 
 }  // namespace

@@ -18,8 +18,8 @@ void WriteLines(const std::filesystem::path& file, const std::map<std::string, R
   std::vector<test::Table> lineTables;
   for (const auto& [name, rows] : lines) {
     std::vector<test::Point> points;
-    for (const jet::LongPair& row : rows)
-      points.push_back({row.first, row.second});
+    for (const data::StoredPoint& row : rows)
+      points.push_back({row.lon, row.lat});
     lineTables.push_back(test::MapTable(name, points));
   }
   test::WriteDatabase(file, lineTables);
@@ -70,7 +70,7 @@ std::string ShortOf(const Operation& operation) {
 
 }  // namespace
 
-jet::LongPair At(double lon, double lat) {
+data::StoredPoint At(double lon, double lat) {
   return {static_cast<std::int32_t>(std::lround(lon * 1e6)),
           static_cast<std::int32_t>(std::lround(lat * 1e6))};
 }

@@ -10,7 +10,6 @@
 #include <vector>
 
 #include "data/databases.h"
-#include "jet/pair_reader.h"
 #include "map/draw_map.h"
 #include "map/recorder.h"
 #include "support/database_builder.h"
@@ -18,13 +17,13 @@
 
 namespace zerbal::map {
 
-using Rows = std::vector<jet::LongPair>;
+using Rows = std::vector<data::StoredPoint>;
 using Strings = std::vector<std::string>;
 
 /// A stored point; degrees of the map frame.
-jet::LongPair At(double lon, double lat);
+data::StoredPoint At(double lon, double lat);
 /// The marker that ends a polyline.
-inline constexpr jet::LongPair kPenUp{-1'000'000, 0};
+inline constexpr data::StoredPoint kPenUp{data::kEndOfLine, 0};
 
 struct AirportRow {
   test::Cell code = "";

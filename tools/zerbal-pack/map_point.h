@@ -5,12 +5,14 @@
 #include <cstdint>
 #include <vector>
 
+#include "data/base_map.h"
+
 namespace zerbal::pack {
 
-inline constexpr std::int32_t kDegree = 1'000'000;           ///< whole numbers are millionths of a degree
+inline constexpr std::int32_t kDegree = data::kStoredDegree;
 inline constexpr std::int32_t kFrameWidth = 360 * kDegree;   ///< map longitude 0 and 360 are both 180 W
 inline constexpr std::int32_t kFrameHeight = 180 * kDegree;  ///< map latitude 0 is the North Pole
-inline constexpr std::int32_t kPenUp = -kDegree;             ///< this `Lon` ends a polyline
+inline constexpr std::int32_t kPenUp = data::kEndOfLine;
 
 /// A position in the map frame: map longitude grows eastwards from 180 W, map latitude southwards from the
 /// North Pole. Tables hold longitudes 0 to 360 degrees; on the way there a line may run on beyond 360.

@@ -1,0 +1,88 @@
+#include "data/base_map.h"
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "jet/database.h"
+#include "jet/error.h"
+#include "jet/pair_reader.h"
+#include "jet/recordset.h"
+
+namespace zerbal::data {
+
+struct BaseMapFiles {
+  jet::Database coast;
+  std::optional<jet::Database> river, boundary;
+};
+
+namespace {
+
+constexpr std::size_t kBatch = 2048;
+
+std::optional<jet::Database> OpenIfPresent(const std::optional<std::filesystem::path>& file) {
+  if (!file)
+    return std::nullopt;
+  return jet::Database::Open(*file);
+}
+
+void VisitLines(jet::PairReader reader, StoredBounds bounds, const BaseMap::Visitor& visit) {
+  std::vector<StoredPoint> run;
+  const auto end = [&] {
+    if (run.size() > 1)
+      visit(run);
+    run.clear();
+  };
+  // The end of a line and a point outside have the same effect: the next point within begins a new run.
+  bool joined = false;
+  std::array<jet::LongPair, kBatch> rows;
+  try {
+    while (const std::size_t count = reader.Read(rows)) {
+      for (const auto [lon, lat] : std::span(rows).first(count)) {
+        if (!bounds.Contain({lon, lat}) || lon == kEndOfLine) {
+          joined = false;
+          continue;
+        }
+        if (!joined)
+          end();
+        joined = true;
+        run.push_back({lon, lat});
+      }
+    }
+  } catch (const jet::EngineError&) {
+    end();
+    throw;
+  }
+  end();
+}
+
+void VisitTable(const jet::Database& database, const std::string& table, const StoredBounds& bounds,
+                const BaseMap::Visitor& visit) {
+  if (database.HasTable(table))
+    VisitLines(jet::PairReader(database.OpenTable(table), "Lon", "Lat"), bounds, visit);
+}
+
+}  // namespace
+
+BaseMap::BaseMap(const std::filesystem::path& coast, const std::optional<std::filesystem::path>& river,
+                 const std::optional<std::filesystem::path>& boundary)
+    : files_(new BaseMapFiles{jet::Database::Open(coast), OpenIfPresent(river), OpenIfPresent(boundary)}) {}
+
+BaseMap::BaseMap(BaseMap&&) noexcept = default;
+BaseMap& BaseMap::operator=(BaseMap&&) noexcept = default;
+BaseMap::~BaseMap() = default;
+
+void BaseMap::VisitOverview(const StoredBounds& bounds, const Visitor& visit) const {
+  VisitTable(files_->coast, "wcl", bounds, visit);
+}
+
+void BaseMap::VisitTile(LineKind kind, std::string_view tile, const StoredBounds& bounds,
+                        const Visitor& visit) const {
+  const std::string table = std::string(tile) + "wdb2";
+  if (kind == LineKind::kCoast)
+    VisitTable(files_->coast, table, bounds, visit);
+  else if (const auto& database = kind == LineKind::kRiver ? files_->river : files_->boundary)
+    VisitTable(*database, table, bounds, visit);
+}
+
+}  // namespace zerbal::data

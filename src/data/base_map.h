@@ -1,0 +1,78 @@
+// The base map: coastlines, rivers and boundaries.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string_view>
+
+namespace zerbal::data {
+
+/// What a degree is in stored numbers.
+inline constexpr std::int32_t kStoredDegree = 1'000'000;
+/// A row with this longitude ends a line; its latitude has no meaning.
+inline constexpr std::int32_t kEndOfLine = -kStoredDegree;
+
+/// A point of a line as it is stored: map frame, in units of 1 / kStoredDegree degrees.
+struct StoredPoint {
+  std::int32_t lon = 0;
+  std::int32_t lat = 0;
+};
+
+/// Degrees of a stored number.
+inline float StoredDegrees(std::int32_t number) {
+  return static_cast<float>(number / double{kStoredDegree});
+}
+
+/// The `count` numbers from `lowest` upwards; one comparison finds whether a number is among them.
+struct StoredRange {
+  std::uint32_t lowest = 0;
+  std::uint32_t count = 0;
+  bool Contains(std::int32_t number) const { return static_cast<std::uint32_t>(number) - lowest < count; }
+};
+
+/// Which points a reader wants.
+struct StoredBounds {
+  StoredRange lons;
+  StoredRange lats;
+  bool lonsExcluded = false;  ///< `lons` are the longitudes that are not wanted
+  bool Contain(StoredPoint point) const {
+    return lons.Contains(point.lon) != lonsExcluded && lats.Contains(point.lat);
+  }
+};
+
+enum class LineKind { kCoast, kRiver, kBoundary };
+
+struct BaseMapFiles;  // the open databases
+
+/// Tables are opened for each visit. A table that does not exist has no lines, nor has a kind without a file.
+class BaseMap {
+ public:
+  /// Is given neighbouring points of one line, two or more, all of them within the bounds.
+  using Visitor = std::function<void(std::span<const StoredPoint>)>;
+
+  /// The map may do without rivers and boundaries. Throws an error of the engine when a file cannot be
+  /// opened.
+  BaseMap(const std::filesystem::path& coast, const std::optional<std::filesystem::path>& river,
+          const std::optional<std::filesystem::path>& boundary);
+  BaseMap(BaseMap&&) noexcept;
+  BaseMap& operator=(BaseMap&&) noexcept;
+  ~BaseMap();
+
+  // Both visit lines in stored order. A line that leaves the bounds and comes back is visited part by part.
+  // An error of the engine is thrown after the points before it have been visited.
+
+  /// The coast of the whole world, in low detail.
+  void VisitOverview(const StoredBounds& bounds, const Visitor& visit) const;
+  /// The lines of one tile.
+  void VisitTile(LineKind kind, std::string_view tile, const StoredBounds& bounds,
+                 const Visitor& visit) const;
+
+ private:
+  std::unique_ptr<const BaseMapFiles> files_;
+};
+
+}  // namespace zerbal::data
