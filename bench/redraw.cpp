@@ -19,7 +19,7 @@
 #include <vector>
 
 #include "data/flight.h"
-#include "data/load_tables.h"
+#include "data/map_style.h"
 #include "map/draw_map.h"
 #include "map/recorder.h"
 #include "mdb_scan.h"
@@ -44,17 +44,19 @@ data::DataFiles FilesOf(const fs::path& folder) {
 struct World {
   explicit World(const data::DataFiles& files)
       : databases(data::OpenDatabases(files)),
-        tables(data::LoadReferenceTables(files.zbldata, databases.schedule)) {
+        style(data::LoadMapStyle(files.zbldata)),
+        services(databases.schedule.LoadServices()) {
     viewport.SetSize(kWidth * kTwipsPerPixel, kHeight * kTwipsPerPixel);
   }
 
   map::MapScene Scene() {
-    return {viewport, options, tables, databases, allAirportCriteria, destinationCriteria, flights};
+    return {viewport, options, style, services, databases, allAirportCriteria, destinationCriteria, flights};
   }
 
   data::Databases databases;
-  data::ReferenceTables tables;
-  map::Viewport viewport{tables.bands};
+  data::MapStyle style;
+  data::FlightServiceTable services;
+  map::Viewport viewport{data::kGridBands};
   data::DisplayOptions options;
   data::AirportCriteria allAirportCriteria;
   data::AirportCriteria destinationCriteria;
@@ -255,7 +257,7 @@ void Run(const View& view, const fs::path& folder, const Options& options) {
   const data::DataFiles files = FilesOf(folder);
   World world(files);
   world.options = view.options;
-  for (data::FlightService& service : world.tables.services)
+  for (data::FlightService& service : world.services)
     service.displayFlag = view.flights;
   world.viewport.SelectRegion({"", "", view.west, view.top, view.east, view.bottom});
   world.viewport.ComputeViewport();

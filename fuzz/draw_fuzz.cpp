@@ -138,8 +138,8 @@ void ChooseOptions(Bytes& bytes, map::MapWorld& world) {
                        &options.legNumbers, &options.aircraftSymbols})
     *option = bytes.Below(4) != 0;
   world.flights.serviceMode = bytes.Flag();
-  for (data::Font& font : world.tables.fonts.rows)
-    font.size = static_cast<std::int16_t>(6 + bytes.Below(9));
+  for (data::Font& font : world.style.fonts.rows)
+    font.size = 6 + bytes.Below(9);
   for (data::NumericCriterion& criterion : world.allAirportCriteria.numeric) {
     criterion.active = bytes.Below(8) == 0;
     criterion.limit = static_cast<data::Limit>(bytes.Below(3));

@@ -25,7 +25,7 @@ void Commands::UserSettings() {
 }
 
 void Commands::MapSettings() {
-  const auto mapFont = [this] { return map::MapFont(program_.viewport, program_.tables.fonts); };
+  const auto mapFont = [this] { return map::MapFont(program_.viewport, program_.style.fonts); };
   const map::TextFont before = mapFont();
   Confirmed(DialogKind::kMapSettings);
   if (mapFont() != before)
@@ -98,12 +98,12 @@ void Commands::ShowWorld() {
 
 void Commands::ShowRegion(int region) {
   const auto row = static_cast<std::size_t>(region);
-  ViewChanged(program_.viewport.SelectRegion(program_.tables.regions.rows.at(row)));
+  ViewChanged(program_.viewport.SelectRegion(program_.style.regions.rows.at(row)));
 }
 
 bool Commands::SetAllServices(bool display) {
   bool changed = false;
-  for (data::FlightService& service : program_.tables.services) {
+  for (data::FlightService& service : program_.services) {
     changed = changed || service.displayFlag != display;
     service.displayFlag = display;
   }
@@ -122,7 +122,7 @@ void Commands::ShowAllFlights() {
 }
 
 void Commands::ToggleService(int service) {
-  data::FlightService& row = program_.tables.services.at(static_cast<std::size_t>(service) - 1);
+  data::FlightService& row = program_.services.at(static_cast<std::size_t>(service) - 1);
   row.displayFlag = !row.displayFlag;
   ShowFlights(true);
 }

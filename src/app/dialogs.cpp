@@ -31,7 +31,7 @@ std::filesystem::path RevisionFile(const data::DataFiles& files) {
 }
 
 dialogs::FinderContext Finder(Program& program) {
-  return {program.tables.services, program.databases->schedule,     program.databases->destinations,
+  return {program.services, program.databases->schedule,     program.databases->destinations,
           program.finder,          program.flights.selectedFlights, program.environment.boxes};
 }
 
@@ -44,10 +44,10 @@ bool ProgramDialogs::Confirmed(DialogKind kind, const dialogs::Placement& placem
     case DialogKind::kUserSettings:
       return Accepted<dialogs::frmUserSett>(placement, program.saveFlags);
     case DialogKind::kMapSettings:
-      return Accepted<dialogs::frmMapSett>(placement, program.tables.regions, program.tables.fonts,
+      return Accepted<dialogs::frmMapSett>(placement, program.style.regions, program.style.fonts,
                                            QFontDatabase::families(), boxes);
     case DialogKind::kColourSettings:
-      return Accepted<dialogs::frmColoSett>(placement, program.tables.colours, program.tables.services);
+      return Accepted<dialogs::frmColoSett>(placement, program.style.colours, program.services);
     case DialogKind::kDelimitAllAirports:
       return Accepted<frmDeli>(placement, frmDeli::Layer::kAllAirports, program.allAirportCriteria, boxes);
     case DialogKind::kDelimitDestinations:

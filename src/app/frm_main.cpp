@@ -132,7 +132,7 @@ void frmMain::LoadSettings() {
 }
 
 void frmMain::MakeMapWindow() {
-  scene_.emplace(map::MapScene{program_.viewport, program_.display, program_.tables, *program_.databases,
+  scene_.emplace(map::MapScene{program_.viewport, program_.display, program_.style, program_.services, *program_.databases,
                                program_.allAirportCriteria, program_.destinationCriteria, program_.flights});
   map_ = std::make_unique<frmMap>(*scene_, client_);
   map_->SetObserver(program_.environment.mapObserver);
@@ -148,8 +148,8 @@ void frmMain::MakeMapWindow() {
 }
 
 void frmMain::MakeIndexedEntries() {
-  menu_->AddRegions(program_.tables.regions, [this](int region) { commands_->ShowRegion(region); });
-  menu_->AddServices(program_.tables.services, [this](int service) { commands_->ToggleService(service); });
+  menu_->AddRegions(program_.style.regions, [this](int region) { commands_->ShowRegion(region); });
+  menu_->AddServices(program_.services, [this](int service) { commands_->ToggleService(service); });
 }
 
 void frmMain::ConnectLayerBoxes() {
@@ -172,7 +172,7 @@ void frmMain::Run(const Command& command) {
 
 void frmMain::ShowState() {
   const data::DisplayOptions& options = program_.display;
-  menu_->Show({options, program_.tables.services, commands_->SelectionAvailable()});
+  menu_->Show({options, program_.services, commands_->SelectionAvailable()});
   picTool_->ShowLayers(options.allAirports, options.destinations);
 }
 

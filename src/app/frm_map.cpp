@@ -65,11 +65,11 @@ void frmMap::Redraw() {
 
 /// The window's own font and colour are those of its map, for whoever asks the window.
 void frmMap::TakeLooks() {
-  const map::TextFont mapFont = map::MapFont(scene_.viewport, scene_.tables.fonts);
+  const map::TextFont mapFont = map::MapFont(scene_.viewport, scene_.style.fonts);
   const QFont wanted(QString::fromStdString(mapFont.name), mapFont.size);
   if (font() != wanted)
     setFont(wanted);
-  const data::Rgb background = scene_.tables.colours[data::ColourCode::kMapBg];
+  const data::Rgb background = scene_.style.colours[data::ColourCode::kMapBg];
   background_ = QColor(background.red, background.green, background.blue);
 }
 
@@ -103,7 +103,7 @@ void frmMap::paintEvent(QPaintEvent* event) {
   if (!picture_.isNull() && picture_.devicePixelRatio() != devicePixelRatioF())
     Redraw();  // the window has come to a screen of another resolution
   QPainter painter(this);
-  const data::Rgb& margin = scene_.tables.colours[data::ColourCode::kMapBg];
+  const data::Rgb& margin = scene_.style.colours[data::ColourCode::kMapBg];
   const double ratio = devicePixelRatioF();
   if (picture_.width() < std::floor(width() * ratio) || picture_.height() < std::floor(height() * ratio))
     painter.fillRect(event->rect(), QColor(margin.red, margin.green, margin.blue));
@@ -157,7 +157,7 @@ void frmMap::InvertZoomBox() {
   DrawOnPicture([this](map::Surface& surface) {
     surface.BeginLayer(map::Layer::kZoomBox);
     surface.Rectangle(Whole(zoomBox_.press), Whole(zoomBox_.corner),
-                      {.colour = scene_.tables.colours[data::ColourCode::kZoom],
+                      {.colour = scene_.style.colours[data::ColourCode::kZoom],
                        .style = map::LineStyle::kDotted,
                        .mode = map::PenMode::kXor});
   });

@@ -8,7 +8,8 @@
 #include <vector>
 
 #include "app/commands.h"
-#include "data/reference_tables.h"
+#include "data/flight_services.h"
+#include "data/regions.h"
 
 namespace zerbal::app {
 

@@ -18,7 +18,7 @@ Program::Program(const Environment& outside)
     : environment(outside),
       iniValues(environment.boxes),
       iniFile(IniPath(environment.appPath), iniValues),
-      viewport(tables.bands) {}
+      viewport(data::kGridBands) {}
 
 std::filesystem::path WithSeparator(const std::filesystem::path& folder) {
   return folder / "";

@@ -12,7 +12,8 @@
 #include "data/display_options.h"
 #include "data/flight_finder.h"
 #include "data/flight_selection.h"
-#include "data/reference_tables.h"
+#include "data/flight_services.h"
+#include "data/map_style.h"
 #include "map/surface.h"
 #include "map/viewport.h"
 #include "settings/ini_values.h"
@@ -46,7 +47,8 @@ struct Program {
   bool boundaryAvailable = false;
 
   std::optional<data::Databases> databases;  ///< open from OpenDatabases to CloseDatabases
-  data::ReferenceTables tables;
+  data::MapStyle style;
+  data::FlightServiceTable services;
   settings::SaveFlags saveFlags;
   map::Viewport viewport;
   data::DisplayOptions display;

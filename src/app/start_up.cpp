@@ -10,8 +10,6 @@
 
 #include "base/numbers.h"
 #include "data/load_error.h"
-#include "data/load_tables.h"
-#include "data/table_settings.h"
 
 namespace zerbal::app {
 namespace {
@@ -62,7 +60,7 @@ bool Main::RunSteps() {
   if (!ReadSettings())
     return false;
   SetWorldView();
-  mainWindow_->SetBackground(program_.tables.colours[data::ColourCode::kMapBg]);
+  mainWindow_->SetBackground(program_.style.colours[data::ColourCode::kMapBg]);
   // In milliseconds, so that two starts within one second draw other flights.
   program_.environment.random.Seed(
       static_cast<std::uint32_t>(program_.environment.clock.SecondsSinceMidnight() * 1000));
@@ -95,7 +93,8 @@ bool Main::FindFiles() {
 
 bool Main::LoadTables() {
   try {
-    program_.tables = data::LoadReferenceTables(program_.files.zbldata, program_.databases->schedule);
+    program_.style = data::LoadMapStyle(program_.files.zbldata);
+    program_.services = program_.databases->schedule.LoadServices();
     return true;
   } catch (const data::LoadError& error) {
     program_.environment.boxes.Show(BoxIcon::kCritical, error.what());
@@ -117,18 +116,18 @@ int Main::SplashSeconds() {
 
 bool Main::ReadSettings() {
   settings::IniFile& ini = program_.iniFile;
-  data::ReferenceTables& tables = program_.tables;
-  const bool read = data::ReadFontSettings(ini, tables.fonts, InstalledFonts()) &&
-                    data::ReadColourSettings(ini, tables.colours) &&
-                    data::ReadFlightColourSettings(ini, tables.services) &&
-                    data::ReadRegionSettings(ini, tables.regions);
+  data::MapStyle& style = program_.style;
+  const bool read = data::ReadFontSettings(ini, style.fonts, InstalledFonts()) &&
+                    data::ReadColourSettings(ini, style.colours) &&
+                    data::ReadFlightColourSettings(ini, program_.services) &&
+                    data::ReadRegionSettings(ini, style.regions);
   if (read)
     data::ReadFlightFinderSettings(ini, program_.finder);
   return read;
 }
 
 void Main::SetWorldView() {
-  program_.viewport.SelectRegion(program_.tables.regions.rows.front());
+  program_.viewport.SelectRegion(program_.style.regions.rows.front());
 }
 
 void Main::ResetRunState() {

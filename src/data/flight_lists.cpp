@@ -47,7 +47,7 @@ std::string FlightLine(const Flight& flight, const Airports& destinations, bool 
   return line;
 }
 
-FlightList FlightsOfService(FlightSource source, std::int16_t position, bool citiesForStopovers) {
+FlightList FlightsOfService(FlightSource source, int position, bool citiesForStopovers) {
   FlightList list;
   const std::size_t first = position == 0 ? 0 : static_cast<std::size_t>(position - 1);
   const std::size_t end = position == 0 ? source.services.size() : first + 1;
@@ -63,7 +63,7 @@ FlightList FlightsOfService(FlightSource source, std::int16_t position, bool cit
 FlightList FlightsTouching(FlightSource source, std::string_view airport, AirportRoles roles,
                            bool citiesForStopovers) {
   FlightList list;
-  std::int16_t found = 0;
+  int found = 0;
   for (const FlightService& service : source.services) {
     source.schedule.VisitFlights(service.key, [&](const FlightRow& row) {
       const Flight& flight = row.Read();

@@ -1,13 +1,12 @@
 // The flight lists of the flight finding dialogs: which flights, in which order, by which line and key.
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "data/airports.h"
-#include "data/reference_tables.h"
+#include "data/flight_services.h"
 #include "data/schedule.h"
 
 namespace zerbal::data {
@@ -38,7 +37,7 @@ std::string FlightLine(const Flight& flight, const Airports& destinations, bool 
 
 /// All flights of service `position` (1-based), or of every service in table order when it is 0. Within a
 /// service they come in the order of the schedule.
-FlightList FlightsOfService(FlightSource source, std::int16_t position, bool citiesForStopovers);
+FlightList FlightsOfService(FlightSource source, int position, bool citiesForStopovers);
 
 /// All flights of all services that touch the airport in one of the roles, each once. Throws OverflowError
 /// beyond 32767 flights.

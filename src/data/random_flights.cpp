@@ -9,12 +9,12 @@ namespace zerbal::data {
 namespace {
 
 /// The drawn service's number, 1-based.
-std::int16_t DrawService(const FlightServiceTable& services, RandomSource& random) {
+int DrawService(const FlightServiceTable& services, RandomSource& random) {
   const auto offered = std::count_if(services.begin(), services.end(),
                                      [](const FlightService& service) { return service.randomPick; });
   const int wanted = random.Draw(static_cast<int>(offered));
   int counted = 0;
-  std::int16_t number = 0;
+  int number = 0;
   for (const FlightService& service : services) {
     ++number;
     if (service.randomPick && ++counted == wanted)
@@ -40,7 +40,7 @@ void AppendFlights(FlightSource source, const std::string& service, int begin, i
 
 void DrawOneFlight(FlightSource source, const std::string& service, RandomSource& random,
                    FlightFinderState& state) {
-  std::int16_t candidates = 0;
+  int candidates = 0;
   source.schedule.VisitFlights(service, [&](const FlightRow&) {
     CountUp(candidates);
     return true;
@@ -63,14 +63,12 @@ struct RoundTripPlace {
 RoundTripPlace FindRoundTrip(const Schedule& schedule, const std::string& service, int wanted) {
   RoundTripPlace place;
   RoundTripChain chain;
-  std::int16_t count = 0;
   schedule.VisitFlights(service, [&](const FlightRow& row) {
     ++place.end;
     if (chain.Add(row.Origin(), row.Destination()))
-      CountUp(count);
-    return wanted == 0 || count < wanted;
+      CountUp(place.count);
+    return wanted == 0 || place.count < wanted;
   });
-  place.count = count;
   place.begin = place.end - chain.Length();
   return place;
 }

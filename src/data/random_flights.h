@@ -1,7 +1,6 @@
 // Drawing one flight, or one round trip, by lot.
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -20,7 +19,7 @@ class RoundTripChain {
   bool Add(std::string_view origin, std::string_view destination);
   /// Flights in the chain so far, or in the round trip that closed last. Adding beyond 32767 throws
   /// OverflowError.
-  std::int16_t Length() const { return length_; }
+  int Length() const { return length_; }
 
  private:
   void Begin(std::string_view origin, std::string_view destination);
@@ -28,7 +27,7 @@ class RoundTripChain {
   bool open_ = false;
   std::string start_;
   std::string end_;
-  std::int16_t length_ = 0;
+  int length_ = 0;
 };
 
 /// Draws a service among those whose random-pick flag is set (there must be one), then, as `state.howMany`

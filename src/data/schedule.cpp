@@ -1,6 +1,5 @@
 #include "data/schedule.h"
 
-#include <cstdint>
 #include <string>
 #include <utility>
 
@@ -61,7 +60,7 @@ Schedule::~Schedule() = default;
 FlightServiceTable Schedule::LoadServices() const {
   jet::Recordset& rows = tables_->services;
   rows.SetIndex("sort");
-  std::int16_t count = 0;
+  int count = 0;
   for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext())
     CountUp(count);
   if (count < 1)

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "data/flight.h"
-#include "data/reference_tables.h"
+#include "data/flight_services.h"
 
 namespace zerbal::jet {
 class Recordset;

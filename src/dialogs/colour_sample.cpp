@@ -35,34 +35,27 @@ Shape* NewShape(QWidget& parent, const QString& name, Shape::Kind kind, QSize si
   return shape;
 }
 
-}  // namespace
-
-std::vector<QString> ColourSample::ObjectCaptions() {
-  return {"Zoombox (XOR'ed with map backcolor)",
-          "Centre of map",
-          "Coastlines",
-          "Rivers",
-          "International boundaries",
-          "All airports",
-          "QAV destinations",
-          "Aircraft symbol"};
+QString CaptionOf(data::ColourCode colour) {
+  return data::kColourRules[static_cast<std::size_t>(colour)].caption;
 }
+
+}  // namespace
 
 ColourSample::ColourSample(QWidget& map, const data::FlightServiceTable& services)
     : map_(map), grid_(new QGridLayout(&map)) {
   grid_->setSizeConstraint(QLayout::SetNoConstraint);
   grid_->setColumnStretch(2, 1);
   grid_->setHorizontalSpacing(kGap);
-  const std::vector<QString> captions = ObjectCaptions();
+  using data::ColourCode;
   rows_.emplace_back();  // the background has no figure of its own
-  zoomBox_ = AddRow("shpMapZoomB", Shape::Kind::kInvertedFrame, "lblMapZoomB", captions[0]);
-  AddRow("shpMapCentr", Shape::Kind::kCentreMark, "lblMapCentr", captions[1]);
-  AddRow("linMapCoast", Shape::Kind::kLine, "lblMapCoast", captions[2]);
-  AddRow("linMapRiver", Shape::Kind::kLine, "lblMapRiver", captions[3]);
-  AddRow("linMapIBoun", Shape::Kind::kLine, "lblMapIBoun", captions[4]);
-  AddAirportRow("APAll", "lblMapAPAll", captions[5]);
-  AddAirportRow("APDst", "lblMapAPDst", captions[6]);
-  AddAircraftRow(captions[7]);
+  zoomBox_ = AddRow("shpMapZoomB", Shape::Kind::kInvertedFrame, "lblMapZoomB", ColourCode::kZoom);
+  AddRow("shpMapCentr", Shape::Kind::kCentreMark, "lblMapCentr", ColourCode::kCentre);
+  AddRow("linMapCoast", Shape::Kind::kLine, "lblMapCoast", ColourCode::kCoast);
+  AddRow("linMapRiver", Shape::Kind::kLine, "lblMapRiver", ColourCode::kRiver);
+  AddRow("linMapIBoun", Shape::Kind::kLine, "lblMapIBoun", ColourCode::kIBound);
+  AddAirportRow("APAll", ColourCode::kApAll);
+  AddAirportRow("APDst", ColourCode::kApDest);
+  AddAircraftRow();
   for (std::size_t i = 1; i <= services.size(); ++i) {
     AddRow(QString("linMapFSrv(%1)").arg(i), Shape::Kind::kLine, QString("lblMapFSrv(%1)").arg(i),
            QString::fromStdString(services[i - 1].displayText));
@@ -81,8 +74,13 @@ Shape* ColourSample::AddRow(const QString& shapeName, Shape::Kind kind, const QS
   return shape;
 }
 
-void ColourSample::AddAirportRow(const QString& layer, const QString& labelName, const QString& caption) {
-  AddRow("shpMap" + layer, Shape::Kind::kDisc, labelName, caption);
+Shape* ColourSample::AddRow(const QString& shapeName, Shape::Kind kind, const QString& labelName,
+                            data::ColourCode colour) {
+  return AddRow(shapeName, kind, labelName, CaptionOf(colour));
+}
+
+void ColourSample::AddAirportRow(const QString& layer, data::ColourCode colour) {
+  AddRow("shpMap" + layer, Shape::Kind::kDisc, "lblMap" + layer, colour);
   // The label that the map would put beside the marker stands in the same line.
   QLabel* name = rows_.back().labels.front();
   grid_->removeWidget(name);
@@ -92,7 +90,7 @@ void ColourSample::AddAirportRow(const QString& layer, const QString& labelName,
   rows_.back().labels.push_back(description);
 }
 
-void ColourSample::AddAircraftRow(const QString& caption) {
+void ColourSample::AddAircraftRow() {
   const int row = static_cast<int>(rows_.size());
   auto* figure = new QWidget(&map_);
   figure->setFixedSize(kFigureWidth, kFigureHeight);
@@ -108,7 +106,7 @@ void ColourSample::AddAircraftRow(const QString& caption) {
   wing->move(kLeft + 8, kMiddle - 7);
   tail->SetLineWidth(2);
   tail->move(kLeft, kMiddle - 3);
-  QLabel* label = NewLabel(map_, "lblMapACSym", caption);
+  QLabel* label = NewLabel(map_, "lblMapACSym", CaptionOf(data::ColourCode::kAcSymb));
   grid_->addWidget(figure, row, 0);
   grid_->addWidget(label, row, 1);
   rows_.push_back({{fuselage, wing, tail}, {label}});

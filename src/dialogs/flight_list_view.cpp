@@ -81,7 +81,7 @@ bool FlightListView::HandOver(std::vector<std::string>& selectedFlights,
   }
   std::vector<std::string> chosen;
   chosen.reserve(rows.size());
-  std::int16_t count = 0;
+  int count = 0;
   for (const int row : rows) {
     data::CountUp(count);
     chosen.push_back(keys_.at(static_cast<std::size_t>(row)));

@@ -3,7 +3,6 @@
 #include <QSignalBlocker>
 #include <algorithm>
 
-#include "data/table_settings.h"
 #include "ui_frm_colo_sett.h"
 
 namespace zerbal::dialogs {
@@ -16,9 +15,8 @@ frmColoSett::frmColoSett(const Placement& placement, data::ColourTable& colours,
       colours_(colours),
       services_(services) {
   ui_->setupUi(this);
-  ui_->cboSelObj->addItem("Map backcolor");
-  for (const QString& caption : ColourSample::ObjectCaptions())
-    ui_->cboSelObj->addItem(caption);
+  for (const data::ColourRule& rule : data::kColourRules)
+    ui_->cboSelObj->addItem(rule.caption);
   for (const data::Colour& colour : colours_.rows)
     working_.push_back(colour.rgb);
   for (const data::FlightService& service : services_) {
@@ -96,10 +94,8 @@ void frmColoSett::Confirm() {
     colours_.rows[i].rgb = working_[i];
   for (std::size_t i = 0; i < services_.size(); ++i)
     services_[i].rgb = working_[colours_.rows.size() + i];
-  for (const data::Colour& colour : colours_.rows)
-    ini_.Write("Colors", colour.entry, data::ColourText(colour.rgb));
-  for (const data::FlightService& service : services_)
-    ini_.Write("FlightColors", service.key, data::ColourText(service.rgb));
+  data::WriteColourSettings(ini_, colours_);
+  data::WriteFlightColourSettings(ini_, services_);
   accept();
 }
 

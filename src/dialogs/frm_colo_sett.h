@@ -4,7 +4,8 @@
 #include <memory>
 #include <vector>
 
-#include "data/reference_tables.h"
+#include "data/colours.h"
+#include "data/flight_services.h"
 #include "dialogs/colour_sample.h"
 #include "dialogs/placed_dialog.h"
 

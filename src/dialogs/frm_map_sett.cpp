@@ -4,15 +4,11 @@
 #include <cmath>
 
 #include "base/numbers.h"
-#include "data/table_settings.h"
 #include "ui_frm_map_sett.h"
 
 namespace zerbal::dialogs {
 namespace {
 
-constexpr double kFarthestMeridian = 180;
-constexpr int kSmallestFont = 6;
-constexpr int kLargestFont = 14;
 constexpr int kWest = 0;
 constexpr int kEast = 1;
 
@@ -39,13 +35,13 @@ frmMapSett::frmMapSett(const Placement& placement, data::RegionTable& regions, d
 frmMapSett::~frmMapSett() = default;
 
 void frmMapSett::FillCentre() {
-  ui_->lblCentGrw->setText(QStringLiteral("East 0°"));
-  ui_->lblCentCar->setText(QStringLiteral("West 75°"));
+  ui_->lblCentGrw->setText(RuleOf(data::WorldCentre::kGreenwich).caption);
+  ui_->lblCentCar->setText(RuleOf(data::WorldCentre::kWest75).caption);
   ui_->cboCentOth->addItems({"West", "East"});
   ui_->cboCentOth->setCurrentIndex(kEast);
-  if (regions_.centreWorld == "0") {
+  if (regions_.centreWorld == data::WorldCentre::kGreenwich) {
     ui_->optCentGrw->setChecked(true);
-  } else if (regions_.centreWorld == "1") {
+  } else if (regions_.centreWorld == data::WorldCentre::kWest75) {
     ui_->optCentCar->setChecked(true);
   } else {
     ui_->optCentOth->setChecked(true);
@@ -60,9 +56,9 @@ void frmMapSett::FillFont(const FontRow& row, const QStringList& installedFonts)
   row.family->addItems(installedFonts);
   int family = row.family->findText(QString::fromStdString(font.name), Qt::MatchFixedString);
   if (family < 0)
-    family = row.family->findText("Arial", Qt::MatchFixedString);
+    family = row.family->findText(data::kFallbackFont, Qt::MatchFixedString);
   row.family->setCurrentIndex(std::max(family, 0));
-  for (int size = kSmallestFont; size <= kLargestFont; ++size)
+  for (int size = data::kSmallestFontSize; size <= data::kLargestFontSize; ++size)
     row.size->addItem(QString::number(size));
   row.size->setCurrentText(QString::number(font.size));
   UpdatePreview(row);
@@ -81,26 +77,23 @@ double frmMapSett::TypedMeridian() const {
 }
 
 void frmMapSett::StoreCentre() {
-  regions_.centreWorld = ui_->optCentGrw->isChecked() ? "0" : ui_->optCentCar->isChecked() ? "1" : "2";
-  ini_.Write("Region", "CentreWorld", regions_.centreWorld);
-  if (regions_.centreWorld == "2") {
-    const double meridian = TypedMeridian();
-    const double centre = ui_->cboCentOth->currentIndex() == kWest && meridian != 0 ? -meridian : meridian;
-    regions_.centreWorldAtLon = static_cast<float>(centre);
-    ini_.Write("Region", "CentreWorldAtLON", base::DecimalText(centre));
-  }
-  regions_.ComputeWorldRow();
+  const auto centre = ui_->optCentGrw->isChecked()   ? data::WorldCentre::kGreenwich
+                      : ui_->optCentCar->isChecked() ? data::WorldCentre::kWest75
+                                                     : data::WorldCentre::kChosen;
+  const double meridian = TypedMeridian();
+  const bool west = ui_->cboCentOth->currentIndex() == kWest && meridian != 0;
+  data::ChooseWorldCentre(ini_, regions_, centre, west ? -meridian : meridian);
 }
 
 void frmMapSett::StoreFont(const FontRow& row) {
   data::Font& font = fonts_[row.code];
   font.name = row.family->currentText().toStdString();
   font.size = base::LeadingInt16(row.size->currentText().toStdString());
-  ini_.Write("Fonts", font.entry, data::FontText(font));
+  data::WriteFontSetting(ini_, font);
 }
 
 void frmMapSett::Confirm() {
-  if (ui_->optCentOth->isChecked() && TypedMeridian() > kFarthestMeridian) {
+  if (ui_->optCentOth->isChecked() && TypedMeridian() > data::kFarthestMeridian) {
     boxes_.Show(settings::BoxIcon::kExclamation, "The value cannot be larger than 180");
     ui_->txtCentOth->AskAgain();
     return;

@@ -5,7 +5,8 @@
 #include <array>
 #include <memory>
 
-#include "data/reference_tables.h"
+#include "data/fonts.h"
+#include "data/regions.h"
 #include "dialogs/placed_dialog.h"
 
 class QComboBox;
@@ -50,7 +51,7 @@ class frmMapSett final : public PlacedDialog {
   data::RegionTable& regions_;
   data::FontTable& fonts_;
   settings::MessageBoxes& boxes_;
-  std::array<FontRow, data::kFontCount> fontRows_;
+  std::array<FontRow, data::kFontRules.size()> fontRows_;
 };
 
 }  // namespace zerbal::dialogs

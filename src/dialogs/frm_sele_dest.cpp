@@ -68,7 +68,7 @@ void frmSeleDest::Search() {
   data::FlightList list;
   // Without any destination there is no entry to look for.
   if (const int position = ui_->cboDest->currentIndex(); position >= 0) {
-    state.chosenAirport = static_cast<std::int16_t>(position);
+    state.chosenAirport = position;
     list = data::FlightsTouching(Context().Source(), codes_.at(static_cast<std::size_t>(position)), roles,
                                  ui_->chkCity4Stop->isChecked());
   }

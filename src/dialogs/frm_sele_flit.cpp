@@ -22,7 +22,7 @@ frmSeleFlit::frmSeleFlit(const Placement& placement, const FinderContext& contex
 frmSeleFlit::~frmSeleFlit() = default;
 
 void frmSeleFlit::ListFlights() {
-  const auto position = static_cast<std::int16_t>(ui_->cboFSrv->currentIndex());
+  const int position = ui_->cboFSrv->currentIndex();
   // With all services listed the colour of the one chosen last stays.
   if (position > 0) {
     const data::Rgb rgb = Context().services.at(static_cast<std::size_t>(position - 1)).rgb;

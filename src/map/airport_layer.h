@@ -6,7 +6,7 @@
 
 #include "data/airport_criteria.h"
 #include "data/airports.h"
-#include "data/reference_tables.h"
+#include "data/rgb.h"
 #include "map/canvas.h"
 
 namespace zerbal::map {

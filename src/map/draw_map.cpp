@@ -41,7 +41,7 @@ void DrawLines(data::LineKind kind, Layer layer, ColourCode colour, const MapSce
   const Viewport& viewport = scene.viewport;
   const data::BaseMap& baseMap = scene.databases.baseMap;
   surface.BeginLayer(layer);
-  LinePainter painter(viewport, surface, scene.tables.colours[colour]);
+  LinePainter painter(viewport, surface, scene.style.colours[colour]);
   const data::BaseMap::Visitor draw = [&](std::span<const data::StoredPoint> points) {
     painter.Draw(points);
   };
@@ -57,7 +57,7 @@ void DrawLines(data::LineKind kind, Layer layer, ColourCode colour, const MapSce
 void DrawMap(MapScene& scene, Surface& surface) {
   const Viewport& viewport = scene.viewport;
   const data::DisplayOptions& options = scene.options;
-  const data::ColourTable& colours = scene.tables.colours;
+  const data::ColourTable& colours = scene.style.colours;
   data::Databases& databases = scene.databases;
   if (!viewport.HasArea())
     return;
@@ -77,7 +77,7 @@ void DrawMap(MapScene& scene, Surface& surface) {
   if (options.boundaries)
     drawLines(data::LineKind::kBoundary, Layer::kBoundary, ColourCode::kIBound);
 
-  Canvas canvas{scene.viewport, surface, MapFont(viewport, scene.tables.fonts)};
+  Canvas canvas{scene.viewport, surface, MapFont(viewport, scene.style.fonts)};
   if (options.allAirports)
     Contained([&] {
       surface.BeginLayer(Layer::kAirports);

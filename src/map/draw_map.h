@@ -1,11 +1,12 @@
-// One complete redraw of the map: a function of viewport, options, tables and databases onto a surface.
+// One complete redraw of the map: a function of viewport, options, style and databases onto a surface.
 #pragma once
 
 #include "data/airport_criteria.h"
 #include "data/databases.h"
 #include "data/display_options.h"
 #include "data/flight_selection.h"
-#include "data/reference_tables.h"
+#include "data/flight_services.h"
+#include "data/map_style.h"
 #include "map/surface.h"
 #include "map/viewport.h"
 
@@ -15,7 +16,8 @@ namespace zerbal::map {
 struct MapScene {
   Viewport& viewport;
   const data::DisplayOptions& options;
-  const data::ReferenceTables& tables;
+  const data::MapStyle& style;
+  const data::FlightServiceTable& services;
   data::Databases& databases;
   const data::AirportCriteria& allAirportCriteria;
   const data::AirportCriteria& destinationCriteria;

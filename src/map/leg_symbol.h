@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "data/reference_tables.h"
+#include "data/rgb.h"
 #include "map/canvas.h"
 
 namespace zerbal::map {

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "data/base_map.h"
-#include "data/reference_tables.h"
+#include "data/rgb.h"
 #include "map/surface.h"
 #include "map/viewport.h"
 

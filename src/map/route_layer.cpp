@@ -30,8 +30,8 @@ class FlightPainter {
   FlightPainter(Canvas& canvas, MapScene& scene)
       : canvas_(canvas),
         options_(scene.options),
-        airportColour_(scene.tables.colours[data::ColourCode::kApDest]),
-        symbolColour_(scene.tables.colours[data::ColourCode::kAcSymb]),
+        airportColour_(scene.style.colours[data::ColourCode::kApDest]),
+        symbolColour_(scene.style.colours[data::ColourCode::kAcSymb]),
         destinations_(scene.databases.destinations) {}
 
   void Draw(const data::Flight& flight, data::Rgb colour) {
@@ -148,7 +148,7 @@ data::Rgb ServiceColour(const data::FlightServiceTable& services, std::string_vi
 
 void DrawServiceFlights(Canvas& canvas, MapScene& scene) {
   FlightPainter painter(canvas, scene);
-  for (const data::FlightService& service : scene.tables.services)
+  for (const data::FlightService& service : scene.services)
     if (service.displayFlag)
       scene.databases.schedule.VisitFlights(service.key, [&](const data::FlightRow& row) {
         painter.Draw(row.Read(), service.rgb);
@@ -163,7 +163,7 @@ void DrawSelectedFlights(Canvas& canvas, MapScene& scene) {
     if (!row)
       continue;
     const data::Flight& flight = row->Read();
-    painter.Draw(flight, ServiceColour(scene.tables.services, flight.service));
+    painter.Draw(flight, ServiceColour(scene.services, flight.service));
   }
 }
 

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "base/coordinates.h"
-#include "data/reference_tables.h"
+#include "data/rgb.h"
 
 namespace zerbal::map {
 

@@ -10,7 +10,8 @@
 #include <vector>
 
 #include "base/coordinates.h"
-#include "data/reference_tables.h"
+#include "data/grid.h"
+#include "data/regions.h"
 
 namespace zerbal::map {
 

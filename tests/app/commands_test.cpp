@@ -13,8 +13,8 @@ class CommandTest : public test::RunningTest {
   /// Which services are checked, in the menu bar and in the pop-up menu, and flagged in the table.
   std::vector<int> Shown() {
     std::vector<int> shown;
-    for (int i = 1; i <= static_cast<int>(State().tables.services.size()); ++i) {
-      const bool flag = State().tables.services[static_cast<std::size_t>(i) - 1].displayFlag;
+    for (int i = 1; i <= static_cast<int>(State().services.size()); ++i) {
+      const bool flag = State().services[static_cast<std::size_t>(i) - 1].displayFlag;
       for (const char* array : {"mnuFlitFSrv(%1)", "mnuPopFlitFSrv(%1)"})
         EXPECT_EQ(IsChecked(QString(array).arg(i).toUtf8().constData()), flag) << i;
       if (flag)
@@ -221,7 +221,7 @@ TEST_F(CommandTest, ColoursAreDrawnWhenConfirmed) {
 }
 
 TEST_F(CommandTest, OnlyAnotherFontOfTheCurrentModeIsDrawn) {
-  data::FontTable& fonts = State().tables.fonts;
+  data::FontTable& fonts = State().style.fonts;
   dialogs.whileOpen = [&] { fonts[data::FontCode::kHiRes].size = 12; };
   EXPECT_EQ(DrawsOf("mnuFileMapSett"), 0) << "the overview does not use it";
   dialogs.whileOpen = [&] { fonts[data::FontCode::kLoRes].size = 13; };

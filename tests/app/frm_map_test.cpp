@@ -173,9 +173,9 @@ TEST_F(FrmMapTest, ObserverIsGivenTheWholeRedraw) {
 }
 
 TEST_F(FrmMapTest, TheWindowsOwnFontAndColourAreTheMaps) {
-  world_.tables.fonts[data::FontCode::kLoRes].name = "DejaVu Sans";
-  world_.tables.fonts[data::FontCode::kLoRes].size = 13;
-  world_.tables.colours.rows[0].rgb = {1, 2, 3};
+  world_.style.fonts[data::FontCode::kLoRes].name = "DejaVu Sans";
+  world_.style.fonts[data::FontCode::kLoRes].size = 13;
+  world_.style.colours.rows[0].rgb = {1, 2, 3};
   map_.Redraw();
   EXPECT_EQ(map_.font().family(), "DejaVu Sans");
   EXPECT_EQ(map_.font().pointSize(), 13);

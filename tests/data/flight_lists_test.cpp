@@ -65,7 +65,7 @@ TEST_F(FlightListsTest, AllServicesAreListedInTableOrder) {
   Open();
   const data::FlightList all = data::FlightsOfService(Source(), 0, false);
   data::FlightList joined;
-  for (std::int16_t service = 1; service <= 5; ++service) {
+  for (int service = 1; service <= 5; ++service) {
     const data::FlightList part = data::FlightsOfService(Source(), service, false);
     joined.lines.insert(joined.lines.end(), part.lines.begin(), part.lines.end());
     joined.keys.insert(joined.keys.end(), part.keys.begin(), part.keys.end());

@@ -17,8 +17,8 @@ class FrmMapSettTest : public DialogTest {
     regions.rows.resize(1);
     regions.ComputeWorldRow();
     family = installed.last();
-    fonts.rows[0] = {"LORES", family.toStdString(), 7, "LowResolution"};
-    fonts.rows[1] = {"HIRES", "No Such Font", 9, "HighResolution"};
+    fonts.rows[0] = {family.toStdString(), 7, "LowResolution"};
+    fonts.rows[1] = {"No Such Font", 9, "HighResolution"};
   }
   std::unique_ptr<dialogs::frmMapSett> NewDialog() {
     return std::make_unique<dialogs::frmMapSett>(placement, regions, fonts, installed, boxes);
@@ -55,7 +55,7 @@ TEST_F(FrmMapSettTest, ShowsTheFixedMeridiansAndTheChosenOne) {
 }
 
 TEST_F(FrmMapSettTest, ShowsAnotherMeridianBySideAndDegrees) {
-  regions.centreWorld = "2";
+  regions.centreWorld = data::WorldCentre::kChosen;
   regions.centreWorldAtLon = -30;
   const auto dialog = NewDialog();
   EXPECT_TRUE(Child<QRadioButton>(*dialog, "optCentOth")->isChecked());
@@ -64,7 +64,7 @@ TEST_F(FrmMapSettTest, ShowsAnotherMeridianBySideAndDegrees) {
 }
 
 TEST_F(FrmMapSettTest, AStoredFractionComesThroughUntouched) {
-  regions.centreWorld = "2";
+  regions.centreWorld = data::WorldCentre::kChosen;
   for (const float stored : {12.3F, -0.00001F}) {
     regions.centreWorldAtLon = stored;
     const auto dialog = NewDialog();
@@ -84,7 +84,7 @@ TEST_F(FrmMapSettTest, GreenwichGivesTheWorldFrom5To355) {
 }
 
 TEST_F(FrmMapSettTest, CaribbeanGivesTheWorldFrom290To280) {
-  regions.centreWorld = "0";
+  regions.centreWorld = data::WorldCentre::kGreenwich;
   const auto dialog = NewDialog();
   Child<QRadioButton>(*dialog, "optCentCar")->click();
   Child<QPushButton>(*dialog, "cmdOK")->click();
@@ -116,7 +116,7 @@ TEST_F(FrmMapSettTest, AValueAbove180IsRefusedAndTheDialogStaysOpen) {
   ASSERT_EQ(boxes.shown.size(), 1u);
   EXPECT_EQ(boxes.shown[0].text, "The value cannot be larger than 180");
   EXPECT_TRUE(dialog->isVisible());
-  EXPECT_EQ(regions.centreWorld, "1");
+  EXPECT_EQ(regions.centreWorld, data::WorldCentre::kWest75);
   EXPECT_EQ(Stored("Region", "CentreWorld"), "(none)");
 }
 
@@ -197,7 +197,7 @@ TEST_F(FrmMapSettTest, AbortChangesNothing) {
   Child<QRadioButton>(*dialog, "optCentGrw")->click();
   Child<QComboBox>(*dialog, "cboSizeLoRes")->setCurrentText("12");
   Child<QPushButton>(*dialog, "cmdESC")->click();
-  EXPECT_EQ(regions.centreWorld, "1");
+  EXPECT_EQ(regions.centreWorld, data::WorldCentre::kWest75);
   EXPECT_EQ(fonts.rows[0].size, 7);
   EXPECT_EQ(Stored("Fonts", "LowResolution"), "(none)");
 }

@@ -6,7 +6,7 @@
 #include <QString>
 #include <string>
 
-#include "data/reference_tables.h"
+#include "data/rgb.h"
 #include "map/recorder.h"
 
 namespace zerbal::drive {

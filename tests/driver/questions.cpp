@@ -119,25 +119,30 @@ void DrawsCommand(const Arguments&, Context& context) {
 
 void ColoursCommand(const Arguments&, Context& context) {
   QJsonArray rows;
-  for (const data::Colour& row : context.program.State().tables.colours.rows)
-    rows.append(QJsonArray{Utf8(row.code), row.rgb.red, row.rgb.green, row.rgb.blue, Utf8(row.entry)});
+  const data::ColourTable& colours = context.program.State().style.colours;
+  for (const data::ColourRule& rule : data::kColourRules) {
+    const data::Colour& row = colours.rows[static_cast<std::size_t>(rule.colour)];
+    rows.append(QJsonArray{rule.code, row.rgb.red, row.rgb.green, row.rgb.blue, Utf8(row.entry)});
+  }
   context.answer({{"colours", rows}});
 }
 
 void FontsCommand(const Arguments&, Context& context) {
   QJsonArray rows;
-  for (const data::Font& row : context.program.State().tables.fonts.rows)
-    rows.append(QJsonArray{Utf8(row.code), Utf8(row.name), row.size, Utf8(row.entry)});
+  for (const data::FontRule& rule : data::kFontRules) {
+    const data::Font& row = context.program.State().style.fonts[rule.font];
+    rows.append(QJsonArray{rule.code, Utf8(row.name), row.size, Utf8(row.entry)});
+  }
   context.answer({{"fonts", rows}});
 }
 
 void RegionsCommand(const Arguments&, Context& context) {
-  const data::RegionTable& table = context.program.State().tables.regions;
+  const data::RegionTable& table = context.program.State().style.regions;
   QJsonArray rows;
   for (const data::Region& row : table.rows) {
     // Row 0 is the world view. It has the choice of its centre instead of a code and a name.
     const bool world = rows.isEmpty();
-    rows.append(QJsonArray{world ? Utf8(table.centreWorld) : Utf8(row.code),
+    rows.append(QJsonArray{world ? QJsonValue(RuleOf(table.centreWorld).setting) : Utf8(row.code),
                            world ? SingleValue(table.centreWorldAtLon) : QJsonValue(Utf8(row.name)),
                            row.fromLon, row.fromLat, row.toLon, row.toLat});
   }
@@ -146,7 +151,7 @@ void RegionsCommand(const Arguments&, Context& context) {
 
 void ServicesCommand(const Arguments&, Context& context) {
   QJsonArray rows;
-  for (const data::FlightService& row : context.program.State().tables.services)
+  for (const data::FlightService& row : context.program.State().services)
     rows.append(QJsonArray{Utf8(row.key), Utf8(row.displayText), row.displayFlag, row.rgb.red, row.rgb.green,
                            row.rgb.blue, row.randomPick});
   context.answer({{"services", rows}});

@@ -94,11 +94,11 @@ FlightRow Flight(std::string key, std::string service, std::vector<std::string> 
   return row;
 }
 
-MapWorld::MapWorld() : viewport((tables.bands = data::BuildGridBands(), tables.bands)) {
-  for (std::size_t i = 0; i < tables.colours.rows.size(); ++i)
-    tables.colours.rows[i].rgb = ColourOf(static_cast<data::ColourCode>(i));
-  tables.fonts[data::FontCode::kLoRes] = {"LORES", "Small", 7, "LoRes"};
-  tables.fonts[data::FontCode::kHiRes] = {"HIRES", "Large", 10, "HiRes"};
+MapWorld::MapWorld() {
+  for (std::size_t i = 0; i < style.colours.rows.size(); ++i)
+    style.colours.rows[i].rgb = ColourOf(static_cast<data::ColourCode>(i));
+  style.fonts[data::FontCode::kLoRes] = {"Small", 7, "LoRes"};
+  style.fonts[data::FontCode::kHiRes] = {"Large", 10, "HiRes"};
   options.flightAirports = false;
   options.flightNumbers = false;
   Show(100, 40, 160, 70);
@@ -113,7 +113,7 @@ void MapWorld::AddService(std::string key, data::Rgb colour, bool shown) {
   service.key = std::move(key);
   service.displayFlag = shown;
   service.rgb = colour;
-  tables.services.push_back(std::move(service));
+  services.push_back(std::move(service));
 }
 
 test::Table MapWorld::AirportTable(const char* name, const std::vector<AirportRow>& rows) const {
@@ -180,7 +180,7 @@ data::Databases& MapWorld::Databases() {
 }
 
 MapScene MapWorld::Scene() {
-  return {viewport, options, tables, Databases(), allAirportCriteria, destinationCriteria, flights};
+  return {viewport, options, style, services, Databases(), allAirportCriteria, destinationCriteria, flights};
 }
 
 void MapWorld::DrawOn(Surface& surface) {

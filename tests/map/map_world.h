@@ -69,11 +69,12 @@ class MapWorld {
   std::vector<std::pair<float, float>> storedSingles;
 
   // What a redraw reads besides.
-  data::ReferenceTables tables;
+  data::MapStyle style;
+  data::FlightServiceTable services;
   data::DisplayOptions options;
   data::AirportCriteria allAirportCriteria, destinationCriteria;
   data::FlightSelection flights;
-  Viewport viewport;
+  Viewport viewport{data::kGridBands};
 
   /// A view of exactly these bounds at 100 twips a degree.
   void Show(float west, float top, float east, float bottom);

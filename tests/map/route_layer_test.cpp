@@ -44,12 +44,12 @@ TEST_F(Routes, ServiceModeDrawsTheServicesWhoseFlagIsSet) {
   world_.flit = {Flight("1", "GREEN", {"BBB", "CCC"}), Flight("2", "RED", {"AAA", "BBB"}),
                  Flight("3", "BLUE", {"CCC", "AAA"})};
   EXPECT_EQ(Draw(), (std::vector{LineOp(Layer::kFlights, {1'000, 1'000}, {2'000, 1'000}, kRed)}));
-  world_.tables.services[1].displayFlag = true;
+  world_.services[1].displayFlag = true;
   EXPECT_EQ(Draw(), (std::vector{LineOp(Layer::kFlights, {1'000, 1'000}, {2'000, 1'000}, kRed),
                                  LineOp(Layer::kFlights, {2'000, 1'000}, {3'000, 1'000}, kGreen)}));
-  world_.tables.services[0].displayFlag = false;
+  world_.services[0].displayFlag = false;
   EXPECT_EQ(DrawShort(), Strings{kBC});
-  world_.tables.services[1].displayFlag = false;
+  world_.services[1].displayFlag = false;
   EXPECT_EQ(DrawShort(), Strings{});
 }
 
@@ -64,7 +64,7 @@ TEST_F(Routes, ServicesComeInTableOrderAndOneTwice) {
 }
 
 TEST_F(Routes, AServiceWithoutFlightsIsSkipped) {
-  world_.tables.services.clear();
+  world_.services.clear();
   world_.AddService("NIL", kGreen);
   world_.AddService("RE", kGreen);  // only the beginning of another one's name
   world_.AddService("red", kGreen);

@@ -5,7 +5,7 @@
 
 namespace zerbal::map {
 
-inline const data::GridBands kBands = data::BuildGridBands();
+inline const data::GridBands& kBands = data::kGridBands;
 
 /// Makes `view` show these bounds on a drawing area of their own shape, so that nothing is widened: 100 twips
 /// a degree.

@@ -10,8 +10,7 @@
 #include <gtest/gtest.h>
 
 #include "app/frm_map.h"
-#include "data/load_tables.h"
-#include "data/table_settings.h"
+#include "data/map_style.h"
 #include "support/small_world.h"
 #include "zerbal-map/map_job.h"
 #include "zerbal-map/options.h"
@@ -50,32 +49,34 @@ class MapWindow {
   explicit MapWindow(const fs::path& folder)
       : files_(data::FindDataFiles(folder).files),
         databases_(data::OpenDatabases(files_)),
-        viewport_(tables_.bands) {
-    tables_ = data::LoadReferenceTables(files_.zbldata, databases_.schedule);
+        viewport_(data::kGridBands) {
+    style_ = data::LoadMapStyle(files_.zbldata);
+    services_ = databases_.schedule.LoadServices();
     const std::vector<std::string> none;
-    data::CheckFonts(tables_.fonts, none);
-    tables_.regions.centreWorld = "1";
-    tables_.regions.ComputeWorldRow();
+    data::CheckFonts(style_.fonts, none);
+    style_.regions.centreWorld = data::WorldCentre::kWest75;
+    style_.regions.ComputeWorldRow();
   }
 
   QImage Show(const data::Region& view, QSize size) {
-    for (data::FlightService& service : tables_.services)
+    for (data::FlightService& service : services_)
       service.displayFlag = true;
     viewport_.SelectRegion(view);
-    map::MapScene scene{viewport_, options, tables_, databases_, criteria_, criteria_, flights_};
+    map::MapScene scene{viewport_, options, style_, services_, databases_, criteria_, criteria_, flights_};
     app::frmMap window(scene);
     window.resize(size);
     window.show();
     return window.Picture().copy();
   }
-  const data::RegionTable& Regions() const { return tables_.regions; }
+  const data::RegionTable& Regions() const { return style_.regions; }
 
   data::DisplayOptions options;
 
  private:
   data::DataFiles files_;
   data::Databases databases_;
-  data::ReferenceTables tables_;
+  data::MapStyle style_;
+  data::FlightServiceTable services_;
   map::Viewport viewport_;
   data::AirportCriteria criteria_;
   data::FlightSelection flights_;

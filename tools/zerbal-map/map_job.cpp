@@ -6,8 +6,6 @@
 #include <stdexcept>
 
 #include "data/flight_lists.h"
-#include "data/load_tables.h"
-#include "data/table_settings.h"
 #include "settings/ini_values.h"
 
 namespace zerbal::mapcommand {
@@ -85,7 +83,8 @@ void MapJob::LoadTables() {
   if (!missing.empty())
     throw NotFound(missing.front().string());
   databases_ = data::OpenDatabases(files);
-  tables_ = data::LoadReferenceTables(files.zbldata, databases_->schedule);
+  style_ = data::LoadMapStyle(files.zbldata);
+  services_ = databases_->schedule.LoadServices();
 }
 
 void MapJob::ReadSettings() {
@@ -97,14 +96,14 @@ void MapJob::ReadSettings() {
   std::vector<std::string> fonts;
   for (const QString& family : QFontDatabase::families())
     fonts.push_back(family.toStdString());
-  data::ReadFontSettings(ini, tables_.fonts, fonts);
-  data::ReadColourSettings(ini, tables_.colours);
-  data::ReadFlightColourSettings(ini, tables_.services);
-  data::ReadRegionSettings(ini, tables_.regions);
+  data::ReadFontSettings(ini, style_.fonts, fonts);
+  data::ReadColourSettings(ini, style_.colours);
+  data::ReadFlightColourSettings(ini, services_);
+  data::ReadRegionSettings(ini, style_.regions);
 }
 
 void MapJob::ChooseView() {
-  viewport_.emplace(tables_.bands);
+  viewport_.emplace(data::kGridBands);
   const QSizeF size = options_.LogicalSize();
   viewport_->SetSize(size.width() * kTwipsPerPixel, size.height() * kTwipsPerPixel);
   data::Region view;
@@ -116,7 +115,7 @@ void MapJob::ChooseView() {
     view.toLon = southEast.lon;
     view.toLat = southEast.lat;
   } else {
-    view = FindRegion(tables_.regions, options_.region.value_or("World"));
+    view = FindRegion(style_.regions, options_.region.value_or("World"));
   }
   const bool hasExtent = viewport_->SelectRegion(view);
   viewport_->ComputeViewport();
@@ -131,7 +130,7 @@ void MapJob::ShowServices() {
   for (const std::string& wanted : options_.services) {
     bool found = false;
     QStringList names{"all"};
-    for (data::FlightService& service : tables_.services) {
+    for (data::FlightService& service : services_) {
       names.append(QString::fromStdString(NameOf(service)));
       if (SameName(wanted, "all") || SameName(wanted, NameOf(service)) || SameName(wanted, service.key)) {
         service.displayFlag = true;
@@ -156,12 +155,12 @@ void MapJob::ChooseFlights() {
   if (!options_.touching)
     return;
   const std::string airport = FindDestination(databases_->destinations, *options_.touching);
-  const data::FlightSource source{databases_->schedule, databases_->destinations, tables_.services};
+  const data::FlightSource source{databases_->schedule, databases_->destinations, services_};
   flights_.selectedFlights = data::FlightsTouching(source, airport, {}, false).keys;
 }
 
 void MapJob::Draw(map::Surface& surface) {
-  map::MapScene scene{*viewport_,        options_.display,  tables_, *databases_,
+  map::MapScene scene{*viewport_,        options_.display, style_, services_, *databases_,
                       options_.criteria, options_.criteria, flights_};
   map::DrawMap(scene, surface);
 }

@@ -4,7 +4,8 @@
 #include <optional>
 
 #include "data/databases.h"
-#include "data/reference_tables.h"
+#include "data/flight_services.h"
+#include "data/map_style.h"
 #include "map/draw_map.h"
 #include "zerbal-map/options.h"
 
@@ -13,7 +14,7 @@ namespace zerbal::mapcommand {
 class MapJob {
  public:
   /// Opens the data. Throws UsageError for a value that the data does not know (region, service, flight,
-  /// airport), jet::EngineError or std::runtime_error when the data cannot be used. Writes nothing.
+  /// airport), another std::exception when the data cannot be used. Writes nothing.
   explicit MapJob(const Options& options);
 
   /// Draws the map as the map window does; the surface's area has the options' logical size.
@@ -28,7 +29,8 @@ class MapJob {
 
   const Options options_;
   std::optional<data::Databases> databases_;
-  data::ReferenceTables tables_;
+  data::MapStyle style_;
+  data::FlightServiceTable services_;
   std::optional<map::Viewport> viewport_;
   data::FlightSelection flights_;
 };

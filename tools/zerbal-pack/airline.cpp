@@ -3,14 +3,13 @@
 #include <cstddef>
 #include <map>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <variant>
 
 #include "data/flight.h"
-#include "data/load_tables.h"
+#include "data/map_style.h"
 #include "jet/writer.h"
 #include "zerbal-pack/csv_value.h"
 #include "zerbal-pack/text.h"
@@ -80,12 +79,13 @@ void CheckFlight(const CsvTable& flights, const CsvRow& row, const KeySet& servi
   CheckStopGaps(flights, row, problems);
 }
 
-void CheckCodes(const CsvTable& table, std::string_view field, std::span<const char* const> codes,
-                Problems& problems) {
+template <typename Rules>
+void CheckCodes(const CsvTable& table, std::string_view field, const Rules& rules, Problems& problems) {
   if (!table.headerRead)
     return;
   const std::size_t column = table.layout->ColumnIndex(field);
-  for (const std::string_view code : codes) {
+  for (const auto& rule : rules) {
+    const std::string_view code = rule.code;
     bool found = false;
     for (const CsvRow& row : table.rows)
       found = found || row.Text(column) == code;
@@ -151,8 +151,8 @@ void CheckSchedule(const Schedule& schedule, Problems& problems) {
 }
 
 void CheckProgramData(const ProgramData& program, Problems& problems) {
-  CheckCodes(program.colours, "Col", data::kColourCodes, problems);
-  CheckCodes(program.fonts, "Fon", data::kFontCodes, problems);
+  CheckCodes(program.colours, "Col", data::kColourRules, problems);
+  CheckCodes(program.fonts, "Fon", data::kFontRules, problems);
   CheckCount(program.regions, problems);
   CheckRegionBounds(program.regions, problems);
 }

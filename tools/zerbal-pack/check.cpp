@@ -4,12 +4,11 @@
 #include <functional>
 #include <optional>
 #include <set>
-#include <span>
 #include <string_view>
 
 #include "base/find_file.h"
 #include "data/flight_reader.h"
-#include "data/load_tables.h"
+#include "data/map_style.h"
 #include "jet/database.h"
 #include "jet/error.h"
 #include "jet/pair_reader.h"
@@ -90,9 +89,9 @@ class FolderCheck {
     if (!database)
       return;
     Check(*database, file, ColourLayout(), [](const jet::Recordset&) {});
-    CheckCodes(*database, file, "col", "colcode", data::kColourCodes);
+    CheckCodes(*database, file, "col", "colcode", data::kColourRules);
     Check(*database, file, FontLayout(), [](const jet::Recordset&) {});
-    CheckCodes(*database, file, "fon", "foncode", data::kFontCodes);
+    CheckCodes(*database, file, "fon", "foncode", data::kFontRules);
     const auto regions =
         Check(*database, file, RegionLayout(), [&](const jet::Recordset& row) { CheckRegion(row); });
     if (regions)
@@ -108,18 +107,19 @@ class FolderCheck {
   }
 
   /// Seeks as the program does.
+  template <typename Rules>
   void CheckCodes(const jet::Database& database, const std::string& file, const std::string& table,
-                  const std::string& index, std::span<const char* const> codes) {
+                  const std::string& index, const Rules& rules) {
     const std::string where = TableOf(file, table);
     try {
       if (!database.HasTable(table))
         return;
       jet::Recordset rows = database.OpenTable(table);
       rows.SetIndex(index);
-      for (const char* code : codes) {
-        rows.Seek(code);
+      for (const auto& rule : rules) {
+        rows.Seek(rule.code);
         if (rows.NoMatch())
-          report_.Add(where, "code", "there is no row with code " + Quoted(code));
+          report_.Add(where, "code", "there is no row with code " + Quoted(rule.code));
       }
     } catch (const jet::EngineError& error) {
       if (HasIndexFor(database, table, index))

@@ -5,6 +5,7 @@
 #include <limits>
 #include <utility>
 
+#include "data/counters.h"
 #include "data/flight.h"
 
 namespace zerbal::pack {
@@ -177,10 +178,9 @@ jet::TableSpec TableLayout::Spec() const {
 std::optional<std::string> CountFault(const TableLayout& layout, std::size_t rows) {
   if (rows == 0)
     return "there is no " + layout.rowName + "; the program needs at least one";
-  constexpr std::size_t kMost = std::numeric_limits<std::int16_t>::max();  // see data/counters.h
-  if (rows > kMost)
+  if (rows > std::size_t{data::kLargestCount})
     return "there are " + std::to_string(rows) + " " + layout.rowName + "s; the program counts up to " +
-           std::to_string(kMost);
+           std::to_string(data::kLargestCount);
   return std::nullopt;
 }
 

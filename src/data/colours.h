@@ -1,0 +1,60 @@
+// The colours of the map.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+#include "data/rgb.h"
+#include "settings/ini_values.h"
+
+namespace zerbal::data {
+
+enum class ColourCode { kMapBg, kZoom, kCentre, kCoast, kRiver, kIBound, kApAll, kApDest, kAcSymb };
+
+/// What is the same in every installation.
+struct ColourRule {
+  ColourCode colour;
+  const char* code;     ///< of its row in the database
+  const char* caption;  ///< in the colour settings
+};
+
+/// In the order of ColourCode, which is also that of the colour settings.
+inline constexpr std::array kColourRules = {
+    ColourRule{ColourCode::kMapBg, "MAPBG", "Map backcolor"},
+    ColourRule{ColourCode::kZoom, "ZOOM", "Zoombox (XOR'ed with map backcolor)"},
+    ColourRule{ColourCode::kCentre, "CENTRE", "Centre of map"},
+    ColourRule{ColourCode::kCoast, "COAST", "Coastlines"},
+    ColourRule{ColourCode::kRiver, "RIVER", "Rivers"},
+    ColourRule{ColourCode::kIBound, "IBOUND", "International boundaries"},
+    ColourRule{ColourCode::kApAll, "APALL", "All airports"},
+    ColourRule{ColourCode::kApDest, "APDEST", "QAV destinations"},
+    ColourRule{ColourCode::kAcSymb, "ACSYMB", "Aircraft symbol"},
+};
+
+struct Colour {
+  Rgb rgb;
+  std::string entry;  ///< key in section "Colors" of the settings file
+};
+
+struct ColourTable {
+  std::array<Colour, kColourRules.size()> rows;  ///< in the order of kColourRules
+  const Rgb& operator[](ColourCode colour) const { return rows[static_cast<std::size_t>(colour)].rgb; }
+};
+
+/// Loads the colours from zbldata.mdb. Components beyond 0..255 are limited. Throws LoadError, which lists all codes
+/// that are missing.
+ColourTable LoadColours(const std::filesystem::path& zbldata);
+
+/// Section "Colors". A missing key is written with the colour of the table. False when that fails.
+bool ReadColourSettings(settings::IniFile& ini, ColourTable& colours);
+void WriteColourSettings(settings::IniFile& ini, const ColourTable& colours);
+
+/// One colour as a setting: "red,green,blue". Components are limited to 0..255, what is no number counts as 0. A
+/// missing key is written with the value of `rgb`; false when that fails.
+bool ReadColourSetting(settings::IniFile& ini, std::string_view section, std::string_view key, Rgb& rgb);
+void WriteColourSetting(settings::IniFile& ini, std::string_view section, std::string_view key, Rgb rgb);
+
+}  // namespace zerbal::data

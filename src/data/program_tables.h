@@ -1,0 +1,39 @@
+// The tables of the program's own database, zbldata.mdb. For data/ itself.
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <string>
+
+#include "data/load_error.h"
+#include "jet/database.h"
+#include "jet/recordset.h"
+#include "settings/message_boxes.h"
+
+namespace zerbal::data {
+
+inline jet::Recordset OpenProgramTable(const std::filesystem::path& zbldata, const char* table,
+                                       const char* index) {
+  jet::Recordset rows = jet::Database::Open(zbldata).OpenTable(table);
+  rows.SetIndex(index);
+  return rows;
+}
+
+/// Finds the row of each rule by its code, in the order of the rules, and calls `fill` with the number of the rule
+/// while `source` stands on the row. Throws LoadError, which lists the codes that are missing under `heading`.
+template <typename Rules, typename Fill>
+void LoadByCode(jet::Recordset& source, const Rules& rules, const std::string& heading, Fill fill) {
+  using settings::NL;
+  std::string missing;
+  for (std::size_t i = 0; i < rules.size(); ++i) {
+    source.Seek(rules[i].code);
+    if (source.NoMatch())
+      missing.append("Code = ").append(rules[i].code).append(NL);
+    else
+      fill(i);
+  }
+  if (!missing.empty())
+    throw LoadError(heading + NL + missing + NL + "The program aborts.");
+}
+
+}  // namespace zerbal::data

@@ -1,0 +1,17 @@
+#include "data/counters.h"
+
+#include <gtest/gtest.h>
+
+namespace zerbal::data {
+namespace {
+
+TEST(Counters, OverflowBeyond16Bits) {
+  int counter = 32766;
+  CountUp(counter);
+  EXPECT_EQ(counter, 32767);
+  EXPECT_THROW(CountUp(counter), OverflowError);
+  EXPECT_EQ(counter, 32767);
+}
+
+}  // namespace
+}  // namespace zerbal::data
