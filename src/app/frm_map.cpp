@@ -14,7 +14,7 @@
 namespace zerbal::app {
 namespace {
 
-/// Shows the hourglass over the whole program as long as it lives.
+/// Shows the hourglass in all windows during its lifetime.
 class Hourglass {
  public:
   Hourglass() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
@@ -38,7 +38,7 @@ frmMap::frmMap(map::MapScene& scene, QWidget* parent) : QWidget(parent), scene_(
   setAccessibleName(tr("Map"));
   setMouseTracking(true);
   setAttribute(Qt::WA_OpaquePaintEvent);
-  // The right button is answered when it goes down; nobody else is to open a menu of his own.
+  // The press of the right button opens the pop-up menu; Qt must not open a context menu.
   setContextMenuPolicy(Qt::PreventContextMenu);
 }
 
@@ -58,12 +58,12 @@ void frmMap::Redraw() {
   PreparePicture();
   DrawOnPicture([this](map::Surface& surface) { map::DrawMap(scene_, surface); });
   ++draws_;
-  // A box that was being dragged is gone with the old picture: the next move begins it anew.
+  // The old picture took the box with it; the next move starts it again.
   zoomBox_.drawn = false;
   zoomBox_.corner = zoomBox_.press;
 }
 
-/// The window's own font and colour are those of its map, for whoever asks the window.
+/// Font and colour properties of the window show those of the map.
 void frmMap::TakeLooks() {
   const map::TextFont mapFont = map::MapFont(scene_.viewport, scene_.style.fonts);
   const QFont wanted(QString::fromStdString(mapFont.name), mapFont.size);
@@ -85,7 +85,7 @@ void frmMap::PreparePicture() {
 template <typename Draw>
 void frmMap::DrawOnPicture(const Draw& draw) {
   const double ratio = picture_.devicePixelRatio();
-  picture_.setDevicePixelRatio(1);  // the surface counts pixels
+  picture_.setDevicePixelRatio(1);  // the surface works in device pixels
   {
     paint::PictureSurface surface(picture_, ratio, prepared_);
     if (observer_ != nullptr) {
@@ -101,13 +101,13 @@ void frmMap::DrawOnPicture(const Draw& draw) {
 
 void frmMap::paintEvent(QPaintEvent* event) {
   if (!picture_.isNull() && picture_.devicePixelRatio() != devicePixelRatioF())
-    Redraw();  // the window has come to a screen of another resolution
+    Redraw();  // the window moved to a screen of another resolution
   QPainter painter(this);
   const data::Rgb& margin = scene_.style.colours[data::ColourCode::kMapBg];
   const double ratio = devicePixelRatioF();
   if (picture_.width() < std::floor(width() * ratio) || picture_.height() < std::floor(height() * ratio))
     painter.fillRect(event->rect(), QColor(margin.red, margin.green, margin.blue));
-  // At a broken ratio the window may begin inside a device pixel; the picture begins on a whole one.
+  // At a fractional ratio the window may start inside a device pixel; the picture starts on a whole one.
   const QPointF corner = painter.deviceTransform().map(QPointF(0, 0));
   const QPointF whole(std::round(corner.x()), std::round(corner.y()));
   painter.drawImage((whole - corner) / ratio, picture_);
@@ -147,7 +147,7 @@ void frmMap::ShowPosition(TwipPosition at) {
 }
 
 void frmMap::MoveZoomBox(TwipPosition at) {
-  InvertZoomBox();  // the box of the last move; at the first one, the point of the press
+  InvertZoomBox();  // the box of the last move; at the first move, the point of the press
   zoomBox_.corner = Limited(at);
   InvertZoomBox();
   zoomBox_.drawn = true;

@@ -1,4 +1,4 @@
-// The map window: shows the finished picture of the last redraw and turns the mouse into view changes.
+// The map window: shows the picture of the last redraw and changes the view by the mouse.
 #pragma once
 
 #include <QColor>
@@ -10,11 +10,11 @@
 
 namespace zerbal::app {
 
-/// Keeps the picture at the screen's own resolution. Resizing, zooming and the mouse end in
-/// RecomputeAndRedraw; a change of what is drawn ends in Redraw. Both run to their end before they return.
+/// The picture has the resolution of the screen. Changes of the view call RecomputeAndRedraw, changes of what
+/// is drawn call Redraw. Both finish the picture before they return.
 class frmMap final : public QWidget {
   Q_OBJECT
-  /// The map's background.
+  /// Background of the map.
   Q_PROPERTY(QColor colour READ BackgroundColour)
 
  public:
@@ -23,22 +23,22 @@ class frmMap final : public QWidget {
 
   /// ComputeViewport, then DrawMap.
   void RecomputeAndRedraw();
-  /// DrawMap, with the hourglass while it draws; nothing without a drawing area.
+  /// DrawMap with the hourglass as mouse pointer. Does nothing when the drawing area is empty.
   void Redraw();
 
-  /// Complete redraws so far.
+  /// Number of complete redraws.
   int Draws() const { return draws_; }
-  /// A second surface that is given every operation, the zoom box's too; null for none.
+  /// A second surface that receives every operation, those of the zoom box included; null for none.
   void SetObserver(map::Surface* observer) { observer_ = observer; }
   QColor BackgroundColour() const { return background_; }
   const QImage& Picture() const { return picture_; }
 
  signals:
-  /// The mouse moved over the map: longitude and latitude in degrees and minutes.
+  /// The mouse moved over the map, to this longitude and latitude.
   void PositionChanged(const QString& lonText, const QString& latText);
-  /// The view was computed anew: what it spans.
+  /// The view was computed again and has these spans.
   void ExtentChanged(const QString& extentText);
-  /// The right button went down at this screen position.
+  /// The right button was pressed at this screen position.
   void PopupRequested(const QPoint& globalPosition);
 
  protected:
@@ -49,13 +49,13 @@ class frmMap final : public QWidget {
   void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
-  /// The window's zoom box. A corner is moved only over the map, so the corner of the last drawn box may
-  /// differ from where the button is let go.
+  /// The corner moves only over the map, so the last box drawn may end elsewhere than where the button is
+  /// released.
   struct ZoomBox {
     bool active = false;
-    bool drawn = false;  ///< the box between the two corners stands on the picture
+    bool drawn = false;  ///< the box is on the picture
     TwipPosition press{};
-    TwipPosition corner{};  ///< the moving one, limited to the drawing area
+    TwipPosition corner{};  ///< opposite corner, limited to the drawing area
   };
 
   void TakeLooks();

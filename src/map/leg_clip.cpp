@@ -6,13 +6,13 @@ namespace zerbal::map {
 
 namespace {
 
-/// The value at `at` of the straight line that is `from` at `begin` and `to` at `end`.
+/// The value at `at` of the straight line from (`begin`, `from`) to (`end`, `to`).
 float Interpolate(float at, float begin, float end, float from, float to) {
   const double part = (static_cast<double>(at) - begin) / (static_cast<double>(end) - begin);
   return static_cast<float>(from + (static_cast<double>(to) - from) * part);
 }
 
-/// Moves an outside end onto one bound that it lies beyond: latitudes before longitudes.
+/// Moves an end onto one of the bounds that it lies beyond, latitudes first.
 void MoveOntoBound(const Viewport& view, unsigned code, MapPosition& end, const MapPosition& other) {
   if ((code & (kBeyondUpperLat | kBeyondLowerLat)) != 0) {
     const float bound = (code & kBeyondUpperLat) != 0 ? view.MapLatMax() : view.MapLatMin();
@@ -45,8 +45,8 @@ unsigned GetClipCode(const Viewport& viewport, MapPosition position) {
 bool ClipLeg(const Viewport& viewport, MapPosition& from, MapPosition& to) {
   if (!IsFinite(from) || !IsFinite(to))
     return false;
-  // Each move settles one bound of one end for good, so that four are enough; only a region whose bounds are
-  // the wrong way round could go on for ever.
+  // Each move settles one bound of one end, so four are enough. A region whose bounds are the wrong way round
+  // would never end.
   for (int move = 0; move <= 4; ++move) {
     const unsigned fromCode = GetClipCode(viewport, from);
     const unsigned toCode = GetClipCode(viewport, to);

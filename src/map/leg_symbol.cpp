@@ -29,8 +29,8 @@ int Sign(double value) {
   return (value > 0) - (value < 0);
 }
 
-/// A leg's direction. Cosine and sine are those of its acute angle with the x axis, taken from its sides so
-/// that a leg along an axis, or of whole-numbered sides, gives whole numbers exactly.
+/// The direction of a leg. Cosine and sine of its acute angle with the x axis are ratios of its sides, so
+/// that legs along an axis or with whole-numbered sides and length give exact results.
 class Direction {
  public:
   Direction(TwipPoint from, TwipPoint to)
@@ -45,14 +45,13 @@ class Direction {
   /// A quarter of the leg from its start, rounded down after the addition.
   TwipPoint Anchor() const { return {ToInt32(Int(from_.x + dx_ / 4)), ToInt32(Int(from_.y + dy_ / 4))}; }
 
-  /// `distance` further along the leg; what is added or subtracted is rounded down.
+  /// `distance` further along the leg; the magnitude added or subtracted is rounded down.
   TwipPoint Along(TwipPoint point, double distance) const {
     return {point.x + SignX() * ToInt32(Int(TimesCos(distance))),
             point.y + SignY() * ToInt32(Int(TimesSin(distance)))};
   }
 
-  /// `distance` to the left of the direction of the leg, to the right when negative; rounded down after the
-  /// addition.
+  /// `distance` to the left of the leg, to the right when negative; rounded down after the addition.
   TwipPoint Aside(TwipPoint point, double distance) const {
     return {ToInt32(Int(point.x + SignY() * TimesSin(distance))),
             ToInt32(Int(point.y - SignX() * TimesCos(distance)))};
@@ -68,7 +67,7 @@ class Direction {
   double length_;
 };
 
-/// From the reference point two nose lengths along the leg to the label's top left corner.
+/// Offset of the label's top left corner from the point two nose lengths after the anchor.
 TwipPoint LabelOffset(int signX, int signY) {
   if (signX == 0)
     return {40, 0};

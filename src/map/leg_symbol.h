@@ -1,4 +1,4 @@
-// The aircraft symbol and the flight number of one leg. Everything in twips on the drawing area.
+// The aircraft symbol and the flight number of one leg.
 #pragma once
 
 #include <string_view>
@@ -8,9 +8,9 @@
 
 namespace zerbal::map {
 
-/// An aircraft seen from above that flies along the leg: a fuselage from the anchor, a quarter of the leg
-/// from its start, to the nose, with wing and tail across. Wing and tail run from the left side of the
-/// direction of flight to the right one.
+/// An aircraft seen from above, flying along the leg. The fuselage runs from the anchor, a quarter of the leg
+/// from its start, to the nose; wing and tail cross it from the left to the right side of the direction of
+/// flight.
 struct LegSymbol {
   TwipPoint anchor;  ///< where the tail crosses
   TwipPoint nose;
@@ -21,7 +21,7 @@ struct LegSymbol {
 /// The ends must differ.
 LegSymbol ComputeLegSymbol(TwipPoint from, TwipPoint to, bool detailMode);
 
-/// Top left corner of the label; the same whether or not the symbol is drawn.
+/// Top left corner of the label, which does not depend on whether the symbol is drawn.
 TwipPoint LegLabelPosition(TwipPoint from, TwipPoint to, bool detailMode);
 
 struct LegSymbolOptions {
@@ -31,7 +31,7 @@ struct LegSymbolOptions {
   data::Rgb labelColour;
 };
 
-/// Draws symbol, then label, as the options say. A leg whose ends coincide has no symbol.
+/// Draws the symbol, then the label. A leg whose ends coincide has no symbol.
 void DrawLegSymbol(Canvas& canvas, TwipPoint from, TwipPoint to, std::string_view label,
                    const LegSymbolOptions& options);
 

@@ -9,7 +9,7 @@ namespace zerbal::map {
 
 namespace {
 
-/// Adds one to the last digit of a decimal number without a point, carrying as far as needed.
+/// Adds one to the last digit of a decimal number without a point.
 void Increment(std::string& digits) {
   for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit) {
     if (*digit != '9') {
@@ -33,7 +33,7 @@ template <typename Number>
 std::string TwoDecimalsOf(Number value, int wholeDigits) {
   if (!std::isfinite(value))
     return std::isnan(value) ? "nan" : "inf";
-  std::array<char, 512> buffer;  // the longest shortest form of a double has some 340 characters
+  std::array<char, 512> buffer;  // the shortest decimal form of a double has at most about 340 characters
   const Number magnitude = std::fabs(value);
   const auto end =
       std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude, std::chars_format::fixed).ptr;

@@ -1,4 +1,4 @@
-// A surface that keeps every operation, for tests and for the script driver.
+// A surface that records every operation, for tests and the script driver.
 #pragma once
 
 #include <string>
@@ -22,7 +22,7 @@ struct Operation {
   bool operator==(const Operation&) const = default;
 };
 
-/// Polylines are kept as their single segments. Clear forgets everything before it.
+/// Polylines are recorded as single segments. Clear discards everything before it.
 class Recorder final : public Surface {
  public:
   void BeginLayer(Layer layer) override;

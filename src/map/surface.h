@@ -1,4 +1,4 @@
-// What the map is drawn on. Positions and lengths are whole twips; the geometry never sees a pixel.
+// The interface on which the map is drawn. Positions and lengths are whole twips.
 #pragma once
 
 #include <cstdint>
@@ -28,7 +28,7 @@ struct TextFont {
   bool operator==(const TextFont&) const = default;
 };
 
-/// What an operation belongs to, in painting order.
+/// The layers of the map in painting order.
 enum class Layer {
   kBackground,
   kCentre,
@@ -45,7 +45,7 @@ class Surface {
  public:
   virtual ~Surface() = default;
 
-  /// Names the layer of the operations that follow.
+  /// The operations that follow belong to this layer.
   virtual void BeginLayer(Layer layer) = 0;
   virtual void Clear(data::Rgb colour) = 0;
   /// A run of connected points. Fewer than two points draw nothing.

@@ -1,4 +1,4 @@
-// Hands every operation to two surfaces, so that what the window draws can be watched.
+// Forwards every operation to two surfaces, so that the drawing of the map window can be observed.
 #pragma once
 
 #include "map/surface.h"

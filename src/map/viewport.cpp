@@ -12,12 +12,12 @@ namespace {
 using base::Round;
 using base::ToInt32;
 
-/// Stores an intermediate result.
+/// Results that have a name are single precision.
 float Single(double value) {
   return static_cast<float>(value);
 }
 
-/// Unlike std::clamp it takes bounds the wrong way round, which a region of odd numbers may give.
+/// Unlike std::clamp it allows bounds the wrong way round, which a faulty region may give.
 float Limit(float value, float low, float high) {
   return std::min(std::max(value, low), high);
 }
@@ -62,7 +62,7 @@ void Viewport::FitRequest() {
     const float extra = Single((static_cast<double>(height_) / placement_.scale - latSpan_) / 2);
     top -= extra;
     bottom += extra;
-    // A side that meets the pole stops there; the other keeps what it gained.
+    // Only the side that reaches beyond a pole is cut back.
     if (top < 0.0F)
       top = 0.0F;
     if (bottom > kWidestLatSpan)
@@ -103,7 +103,7 @@ void Viewport::ListDetailTiles() {
   detailTiles_.clear();
   if (!(lonSpan_ <= kDetailLonSpan && latSpan_ <= kDetailLatSpan))
     return;
-  // Bands are twice as wide as the widest detail view, so that at most two of each kind hold an edge.
+  // Bands are twice as wide as the widest detail view, so at most two of each kind hold an edge.
   for (const data::GridBand& lon : bands_->lon)
     if (LiesEither(lon, shown_.west, shown_.east))
       for (const data::GridBand& lat : bands_->lat)
@@ -113,7 +113,7 @@ void Viewport::ListDetailTiles() {
 
 std::optional<TwipPoint> Viewport::ProjectPoint(MapPosition position) const {
   if (wrap_) {
-    // Unshifted where that fits; there is no upper test then.
+    // The unshifted longitude takes precedence and has no upper limit.
     if (!(position.lon >= shown_.west)) {
       position.lon += 360.0F;
       if (!(position.lon <= shown_.east))

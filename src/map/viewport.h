@@ -1,4 +1,4 @@
-// What part of the world the map shows, and the projection through which every layer draws.
+// The part of the world that the map shows, and the projection that every layer uses.
 //
 // Longitudes and latitudes are those of the map frame (base/coordinates.h). Bounds are inclusive on every
 // side.
@@ -30,12 +30,12 @@ class Viewport {
   // The drawing area, twips.
   std::int32_t MapWidth() const { return width_; }
   std::int32_t MapHeight() const { return height_; }
-  // What was asked for. An east bound at or below the west bound runs through 360.
+  // The requested region. An east bound at or below the west bound runs through 360.
   float ReqLonMin() const { return request_.west; }
   float ReqLatMin() const { return request_.top; }
   float ReqLonMax() const { return request_.east; }
   float ReqLatMax() const { return request_.bottom; }
-  // What is shown: the request widened to the shape of the drawing area.
+  // The region shown: the request widened to the shape of the drawing area.
   bool MapWrap() const { return wrap_; }
   float MapLonMin() const { return shown_.west; }
   float MapLatMin() const { return shown_.top; }
@@ -54,30 +54,30 @@ class Viewport {
   void SetSize(double width, double height);
   bool HasArea() const { return width_ >= 1 && height_ >= 1; }
 
-  /// Derives what is shown from request and size; does nothing without an area.
+  /// Derives the region shown from request and size. Does nothing when the drawing area is empty.
   void ComputeViewport();
 
-  /// Where a position is on the drawing area; nothing when it is out of view.
+  /// The point of a position on the drawing area; nothing when it is out of view.
   std::optional<TwipPoint> ProjectPoint(MapPosition position) const;
-  /// The same without asking whether it is in view.
+  /// The same for any position, in view or not.
   TwipPoint PictureAt(MapPosition position) const { return ToTwipPoint(position, placement_); }
 
-  /// The position under a place of the drawing area, on the map or not.
+  /// The position at a place of the drawing area, on the map or not.
   MapPosition Unproject(TwipPosition place) const { return ToMapPosition(place, placement_); }
-  /// Whether that position is within the shown bounds: the margins beside the map are not on it.
+  /// Whether that position is within the bounds shown; false in the margins beside the map.
   bool IsOnMap(TwipPosition place) const;
 
-  // Each changes the request and returns true when the view is to be computed and drawn anew.
+  // Each changes the request and returns whether the view must be computed and drawn again.
   bool ZoomIn(float percent);
   bool ZoomOut(float percent);
   bool ZoomReset();
   bool SelectRegion(const data::Region& region);
-  /// A click: same spans around the place.
+  /// Keeps the spans and centres the view on the place.
   bool CentreOn(TwipPosition place);
-  /// A box between two opposite corners; false when it is too small.
+  /// Takes two opposite corners; refused when the box is too small.
   bool ZoomToBox(TwipPosition corner1, TwipPosition corner2);
 
-  /// The status bar's text about the size of the view.
+  /// Latitude and longitude spans for the status bar.
   std::string ExtentText() const;
 
  private:
@@ -91,9 +91,9 @@ class Viewport {
   void FitRequest();
   void PlaceMap();
   void ListDetailTiles();
-  /// Spans around the centre of what is shown.
+  /// Requests these spans around the centre of the region shown.
   void RequestAround(float lonSpan, float latSpan);
-  /// Slides a view of this latitude span back between the poles.
+  /// Moves a region of this latitude span back between the poles.
   void Request(Bounds bounds, float latSpan);
 
   const data::GridBands* bands_;

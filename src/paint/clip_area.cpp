@@ -6,7 +6,7 @@
 namespace zerbal::paint {
 namespace {
 
-/// One border of the four: keeps the part of the line's 0..1 where p * t <= q.
+/// Clips at one border: keeps the part of 0..1 along the line where p * t <= q.
 bool KeepInside(double p, double q, double& first, double& last) {
   if (p == 0)
     return q >= 0;

@@ -1,4 +1,4 @@
-// Cutting lines off at a rectangle, however far away their ends are.
+// Clips lines to a rectangle. Their ends may be any distance away.
 #pragma once
 
 #include <cstdint>
@@ -17,8 +17,8 @@ struct ClipArea {
   bool Holds(PixelPoint point) const {
     return point.x >= left && point.x <= right && point.y >= top && point.y <= bottom;
   }
-  /// Moves the ends that lie outside onto the border, to the nearest pixel. False, with the ends as they
-  /// were, when nothing of the line is inside.
+  /// Moves an end outside the area to the nearest pixel of the border. Returns false and changes nothing when
+  /// no part of the line is inside.
   bool Clip(PixelPoint& from, PixelPoint& to) const;
 };
 

@@ -8,20 +8,20 @@
 namespace zerbal::paint {
 namespace {
 
-// Four pixels, and two with a lane for each colour component. Compilers make vector instructions of these
-// types; the loop over bytes that they stand for is many times slower.
+// Four pixels, and two pixels with one lane per colour component. Compilers turn these types into vector
+// instructions, which are many times faster than a loop over bytes.
 using Bytes = std::uint8_t __attribute__((vector_size(16)));
 using Lanes = std::uint16_t __attribute__((vector_size(16)));
 using SignedLanes = std::int16_t __attribute__((vector_size(16)));
 using PixelLanes = std::int32_t __attribute__((vector_size(16)));
-static_assert(std::endian::native == std::endian::little);  // a byte and a zero are put together to a lane
+static_assert(std::endian::native == std::endian::little);  // a lane is a byte followed by a zero byte
 
 struct LanePair {
   Lanes low;   ///< the first two pixels
   Lanes high;  ///< the last two
 };
 
-/// Each byte in a lane of its own.
+/// Widens each byte to a lane.
 LanePair Spread(Bytes bytes) {
   const Bytes zero = {};
   return {std::bit_cast<Lanes>(
@@ -43,7 +43,7 @@ std::uint32_t Coverages(const std::uint8_t* at) {
          std::uint32_t{at[3]} << 24;
 }
 
-/// The parts of 256 that the colour takes of four pixels.
+/// The weight of the colour in four pixels, in 256ths.
 LanePair Weights(std::uint32_t coverages) {
   Lanes parts = Spread(std::bit_cast<Bytes>(PixelLanes{static_cast<std::int32_t>(coverages), 0, 0, 0})).low;
   parts += parts >> 7;
@@ -68,7 +68,7 @@ Lanes Twice(std::uint32_t pixel) {
 
 using Distances = std::array<std::uint64_t, 256>;
 
-/// The colour laid over four pixels. `plain` are the distances of the plain background by coverage.
+/// Blends the colour into four pixels. `plain` holds the distances of the blended background.
 Bytes Covered(Bytes pixels, std::uint32_t coverages, Lanes colour, const Distances& plain) {
   const auto plainOf = [&](std::uint32_t first, std::uint32_t second) {
     return std::bit_cast<SignedLanes>(
@@ -78,7 +78,7 @@ Bytes Covered(Bytes pixels, std::uint32_t coverages, Lanes colour, const Distanc
   const LanePair weights = Weights(coverages);
   const Bytes mixed =
       Gathered(Mixed(below.low, colour, weights.low), Mixed(below.high, colour, weights.high));
-  // Where no component is farther from the colour than on the plain background, the pixel stays.
+  // A pixel none of whose components is farther from the colour than on the background stays unchanged.
   const Bytes farther = Gathered(Distance(below.low, colour) > plainOf(coverages, coverages >> 8),
                                  Distance(below.high, colour) > plainOf(coverages >> 16, coverages >> 24));
   const auto stays = std::bit_cast<Bytes>(std::bit_cast<PixelLanes>(farther) == 0);

@@ -1,4 +1,4 @@
-// A colour that is laid over a picture through shapes of coverage.
+// Blends a colour into a picture by coverage.
 #pragma once
 
 #include <array>
@@ -6,9 +6,9 @@
 
 namespace zerbal::paint {
 
-/// Soft edges do not harden where the same shape is drawn again and again, as airports are for each flight: a
-/// pixel that is already as near to the colour as one drawing on the background would bring it stays as it
-/// is.
+/// Drawing the same shape repeatedly, as flights do with their airports, does not harden its soft edges: a
+/// pixel that is already as close to the colour as one drawing on the background would make it is left
+/// unchanged.
 class Ink {
  public:
   Ink() = default;
@@ -19,13 +19,13 @@ class Ink {
     return background_ == background && colour_ == colour;
   }
 
-  /// Lays the colour over a run of pixels, each with its coverage (0..255).
+  /// Blends the colour into `count` pixels, each by its coverage (0..255).
   void Cover(std::uint32_t* at, const std::uint8_t* coverage, int count) const;
 
  private:
   std::uint32_t background_ = 0;
   std::uint32_t colour_ = 0;
-  /// By coverage: how far the components of the plain background remain from the colour.
+  /// Per coverage: the distance of the blended background from the colour, per component.
   std::array<std::uint64_t, 256> distances_ = {};
 };
 

@@ -1,4 +1,4 @@
-// A small picture of coverage: the shape of a marker or of a letter, without colour.
+// The shape of a marker or a letter as coverage, without colour.
 #pragma once
 
 #include <cstdint>
@@ -6,9 +6,9 @@
 
 namespace zerbal::paint {
 
-/// Coverage 0..255, row by row. The reference pixel of the shape (a marker's centre, a letter's place on the
-/// base line) has the coordinates 0, 0; the picture's own top left pixel has `left`, `top`. The width is a
-/// multiple of four, filled up with empty columns.
+/// Coverage 0..255, row by row. The reference pixel of the shape (a marker's centre, a letter's origin on the
+/// base line) has the coordinates 0, 0; the top left pixel of the mask has `left`, `top`. The width is padded
+/// with empty columns to a multiple of four.
 struct Mask {
   int left = 0;
   int top = 0;

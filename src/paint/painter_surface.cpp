@@ -43,7 +43,7 @@ void PainterSurface::UsePen(const map::Pen& pen) {
     result.setJoinStyle(Qt::RoundJoin);
   }
   painter_.setPen(result);
-  // A device that cannot invert, such as a printer, shows the colour.
+  // Devices that cannot invert, such as printers, show the colour.
   const bool invert =
       pen.mode == map::PenMode::kXor && painter_.paintEngine()->hasFeature(QPaintEngine::RasterOpModes);
   painter_.setCompositionMode(invert ? QPainter::RasterOp_SourceXorDestination

@@ -1,4 +1,4 @@
-// The surface on a QPainter: any device that Qt paints on, such as a printer, a PDF or an SVG file.
+// Draws with a QPainter on any device that Qt supports, such as a printer, a PDF or an SVG file.
 #pragma once
 
 #include <QFont>
@@ -12,9 +12,9 @@
 
 namespace zerbal::paint {
 
-/// `scale` is the number of the painter's units a logical pixel; `area` is what Clear fills. The painter must
-/// outlive the surface. Whole runs of points go to the painter in one call; points that fall on the same
-/// unit as the one before are dropped.
+/// `scale` is the number of painter units per logical pixel; `area` is what Clear fills. The painter must
+/// outlive the surface. A run of points is drawn by one call; a point on the same unit as the one before is
+/// dropped.
 class PainterSurface final : public map::Surface {
  public:
   PainterSurface(QPainter& painter, double scale, const QRectF& area);
@@ -34,9 +34,9 @@ class PainterSurface final : public map::Surface {
   QPainter& painter_;
   PixelScale scale_;
   QRectF area_;
-  ClipArea near_;  ///< what can show anything: the area and as much again on every side
+  ClipArea near_;  ///< what can be visible: the area and as much again on every side
   std::vector<QPoint> run_;
-  std::optional<map::Pen> pen_;  ///< the painter's
+  std::optional<map::Pen> pen_;  ///< current pen of the painter
   map::TextFont fontName_;       ///< of font_
   QFont font_;
 };

@@ -8,9 +8,9 @@
 namespace zerbal::paint {
 namespace {
 
-/// Larger discs (twips) are not markers; keeping pictures of them would be a waste.
+/// Twips. Larger discs are not markers and are not kept as masks.
 constexpr std::int32_t kLargestMarker = 300;
-/// Strokes of symbols are shorter (twips).
+/// Twips. All strokes of symbols are shorter.
 constexpr double kLongestSmoothStroke = 600;
 
 }  // namespace
@@ -63,10 +63,10 @@ void PictureSurface::Polyline(std::span<const TwipPoint> points, const map::Pen&
 }
 
 void PictureSurface::Stroke(TwipPoint from, TwipPoint to, std::uint32_t pixel, int width) {
-  // Straight strokes have crisp edges as they are; long ones are no small shapes.
+  // Strokes along an axis have crisp edges anyway; the cost of smooth ones grows with the area around them.
   const double length = std::hypot(static_cast<double>(from.x) - to.x, static_cast<double>(from.y) - to.y);
   if (from.x == to.x || from.y == to.y || length > kLongestSmoothStroke) {
-    // A slanted line needs more pixels across to look as thick as a straight one.
+    // A slanted line needs more pixels across to look as wide as a straight one.
     const double reach =
         std::max(std::abs(static_cast<double>(from.x) - to.x), std::abs(static_cast<double>(from.y) - to.y));
     const double slant = reach > 0 ? length / reach : 1;

@@ -1,5 +1,5 @@
-// The surface on a picture in memory: what the map window draws on. Lines, markers and letters, which make up
-// nearly all of a map, go straight into the pixels; a QPainter draws the rest.
+// Draws on a QImage, for the map window. Lines, markers and letters, nearly all of a map, are written
+// directly into the pixels; a QPainter draws the rest.
 #pragma once
 
 #include <QImage>
@@ -11,9 +11,8 @@
 
 namespace zerbal::paint {
 
-/// `picture` has format RGB32 and the device pixel ratio 1 while it is drawn on; `scale` is the number of its
-/// pixels a logical pixel. Picture and prepared pictures must outlive the surface.
-/// Drawing on an empty picture does nothing.
+/// `picture` has format RGB32 and the device pixel ratio 1; `scale` is the number of its pixels per logical
+/// pixel. Picture and prepared pictures must outlive the surface. Drawing on an empty picture does nothing.
 class PictureSurface final : public map::Surface {
  public:
   PictureSurface(QImage& picture, double scale, PreparedPictures& prepared);
@@ -27,7 +26,7 @@ class PictureSurface final : public map::Surface {
   void Text(TwipPoint topLeft, std::string_view text, data::Rgb colour, const map::TextFont& font) override;
 
  private:
-  /// A line of more than one logical pixel: a part of a symbol.
+  /// A line wider than one logical pixel: part of a symbol.
   void Stroke(TwipPoint from, TwipPoint to, std::uint32_t pixel, int width);
   PainterSurface& Rest();
   GlyphSet& Glyphs(const map::TextFont& font);
@@ -38,7 +37,7 @@ class PictureSurface final : public map::Surface {
   PixelCanvas canvas_;
   map::TextFont font_;  ///< of glyphs_
   GlyphSet* glyphs_ = nullptr;
-  // Made when first needed: most redraws have no use for them.
+  // Created on first use; most redraws do not need them.
   std::optional<QPainter> painter_;
   std::optional<PainterSurface> rest_;
 };

@@ -8,7 +8,7 @@
 namespace zerbal::paint {
 namespace {
 
-/// A line drawn as a bar with soft edges, half a pixel longer at both ends.
+/// A bar with soft edges around a line, half a pixel longer at both ends.
 class Bar {
  public:
   Bar(PixelPosition from, PixelPosition to, double width)
@@ -23,13 +23,13 @@ class Bar {
     reachAlong_ = length / 2 + 0.5;
   }
 
-  /// Left and top are included, right and bottom are not.
+  /// Left and top are inclusive, right and bottom exclusive.
   struct Pixels {
     int left, top, right, bottom;
   };
-  /// What it can touch of a picture.
+  /// The pixels of a picture that the bar can touch.
   Pixels Within(int width, int height) const {
-    // Half the extent of the slanted bar on both axes, with its soft edge.
+    // Half the extent of the slanted bar on both axes, soft edge included.
     const double halfWidth = std::abs(ux_) * (reachAlong_ + 1) + std::abs(uy_) * (reachAside_ + 1);
     const double halfHeight = std::abs(uy_) * (reachAlong_ + 1) + std::abs(ux_) * (reachAside_ + 1);
     const auto first = [](double value) { return static_cast<int>(std::max(value, 0.0)); };
@@ -40,10 +40,10 @@ class Bar {
             past(middle_.x + halfWidth + 1, width), past(middle_.y + halfHeight + 1, height)};
   }
 
-  /// How much it covers of the pixels of row `y` from column `left` on.
+  /// The coverage of the pixels of row `y` from column `left`.
   void CoverRow(int left, int y, std::span<std::uint8_t> row) const {
-    // How far beyond the bar's edges a pixel's middle is, plus half a pixel: 0 and less is outside, 1 and
-    // more inside. Both change by a fixed step from one pixel to the next.
+    // The distance of the pixel's middle inside the bar's edges plus half a pixel: outside from 0 down,
+    // inside from 1 up. The distances along and across change by a fixed step per pixel.
     const auto stepAlong = static_cast<float>(ux_);
     const auto stepAside = static_cast<float>(uy_);
     const auto edgeAlong = static_cast<float>(reachAlong_ + 0.5);
@@ -55,7 +55,7 @@ class Bar {
     for (std::uint8_t& coverage : row) {
       const float insideAlong = std::clamp(edgeAlong - std::abs(along), 0.0F, 1.0F);
       const float insideAside = std::clamp(edgeAside - std::abs(aside), 0.0F, 1.0F);
-      // Never negative, and so without a call. NOLINTNEXTLINE(bugprone-incorrect-roundings)
+      // Never negative, so no call is needed to round. NOLINTNEXTLINE(bugprone-incorrect-roundings)
       coverage = static_cast<std::uint8_t>(insideAlong * insideAside * 255 + 0.5F);
       along += stepAlong;
       aside += stepAside;
@@ -64,7 +64,7 @@ class Bar {
 
  private:
   PixelPosition middle_;
-  // Unit vector along the line; a line without length lies flat.
+  // Unit vector along the line; horizontal for a line without length.
   double ux_ = 1;
   double uy_ = 0;
   // Half its length and half its width.
@@ -98,7 +98,7 @@ void PixelCanvas::ThinLine(PixelPoint from, PixelPoint to, std::uint32_t pixel) 
   const bool flat = length >= aside;
   if (!flat)
     std::swap(length, aside);
-  // Always rightwards or downwards, so that a line there and a line back are the same pixels.
+  // Always rightwards or downwards, so that both directions of a line give the same pixels.
   if (flat ? to.x < from.x : to.y < from.y)
     std::swap(from, to);
   const std::ptrdiff_t down = to.y < from.y ? -stride_ : stride_;
@@ -199,7 +199,7 @@ void PixelCanvas::Rectangle(PixelPoint corner1, PixelPoint corner2, std::uint32_
   const std::int64_t top = std::min(corner1.y, corner2.y);
   const std::int64_t bottom = std::max(corner1.y, corner2.y);
   const std::int64_t period = dots.dotted ? 2 * size : size;
-  // The first dot at or after `from` that can touch the picture, on the pattern that begins at `from`.
+  // The first dot of the pattern starting at `from` that can touch the picture.
   const auto firstDot = [&](std::int64_t from) {
     return from < -size ? from + (-size - from) / period * period : from;
   };
@@ -213,7 +213,7 @@ void PixelCanvas::Rectangle(PixelPoint corner1, PixelPoint corner2, std::uint32_
   if (bottom >= top + size)
     horizontal(bottom);
 
-  // The sides stand between the top and the bottom line, in step with the dots of the corners.
+  // The sides fill the space between top and bottom; their dots are in phase with those at the corners.
   const std::int64_t sideTop = top + size;
   const std::int64_t pastSide = std::min<std::int64_t>(bottom, height_);
   const auto vertical = [&](std::int64_t x) {

@@ -1,6 +1,5 @@
-// Drawing straight into the pixels of a 32-bit picture: crisp lines, small bars with soft edges, shapes of
-// coverage, and the exclusive-or rectangle. Everything is clipped to the picture; no coordinate is too far
-// away.
+// Draws directly into the pixels of a 32-bit picture: crisp lines, short bars with soft edges, masks, and
+// exclusive-or rectangles. Everything is clipped to the picture; coordinates may have any value.
 #pragma once
 
 #include <QImage>
@@ -18,28 +17,28 @@ namespace zerbal::paint {
 
 class PixelCanvas {
  public:
-  /// `image` has format RGB32 and must outlive the canvas unshared.
+  /// `image` has format RGB32, must outlive the canvas and must not be shared meanwhile.
   explicit PixelCanvas(QImage& image);
 
   static std::uint32_t Pixel(data::Rgb colour);
 
   void Fill(std::uint32_t pixel);
-  /// Both ends included, no soft edges. `width` counts along a row or a column, whichever crosses the line
-  /// more squarely; an even width has its extra pixel right of or below the ends.
+  /// Both ends included, no soft edges. `width` is measured along the axis across the line; the extra pixel
+  /// of an even width is right of or below the ends.
   void Line(PixelPoint from, PixelPoint to, std::uint32_t pixel, int width);
 
-  /// A short bar with soft edges, half a pixel longer than the line at both ends; for small shapes, as its
-  /// cost grows with the area around it.
+  /// A bar with soft edges, half a pixel longer than the line at both ends. For short lines: the cost grows
+  /// with the area of the bounding box.
   void SmoothLine(PixelPosition from, PixelPosition to, std::uint32_t pixel, double width);
-  /// Lays a shape over the picture with its reference pixel at `place`.
+  /// Blends a mask into the picture, its reference pixel at `place`.
   void Blend(const Mask& mask, PixelPoint place, std::uint32_t pixel);
 
   struct Dots {
-    int size = 1;         ///< a dot's length and width
-    bool dotted = false;  ///< dots with gaps of the same length, else a full line
+    int size = 1;         ///< length and width of a dot
+    bool dotted = false;  ///< dots and gaps of the same length, else a solid line
     bool invert = false;  ///< exclusive-or instead of copy
   };
-  /// Touches each pixel of the outline once, so that inverting it twice restores the picture. A rectangle
+  /// Touches each pixel of the outline once, so that inverting twice restores the picture. A rectangle
   /// without extent is one dot.
   void Rectangle(PixelPoint corner1, PixelPoint corner2, std::uint32_t pixel, const Dots& dots);
 
@@ -60,9 +59,9 @@ class PixelCanvas {
   int width_;
   int height_;
   std::uint32_t background_ = 0;  ///< the last fill
-  std::array<Ink, 4> inks_;       ///< the last ones used: airports, symbol and label of a flight, one more
+  std::array<Ink, 4> inks_;  ///< the last ones used: airports, symbols and labels of a flight, and one more
   std::size_t nextInk_ = 0;
-  std::vector<std::uint8_t> coverage_;  ///< of one row, kept for its memory
+  std::vector<std::uint8_t> coverage_;  ///< of one row; the buffer is reused
 };
 
 }  // namespace zerbal::paint

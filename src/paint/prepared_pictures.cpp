@@ -10,10 +10,10 @@ namespace zerbal::paint {
 namespace {
 
 constexpr double kPixelsPerPoint = 96.0 / 72.0;
-/// From here on come marks that stand on other letters, and scripts whose letters join.
+/// First code point of combining marks; scripts with joined letters follow.
 constexpr char32_t kFirstCombining = 0x300;
 
-/// Cuts the empty border off a picture of white on black whose reference pixel is `origin`.
+/// Removes the empty border of a white-on-black picture whose reference pixel is `origin`.
 Mask Trimmed(const QImage& picture, QPoint origin) {
   int left = picture.width();
   int right = -1;
@@ -52,7 +52,7 @@ QFont DeviceFont(const map::TextFont& font, const PixelScale& scale, const QPain
   QFont result(QString::fromStdString(font.name));
   result.setPointSizeF(std::clamp(font.size, 1, 1000) * scale.Ratio() * 96.0 / device.logicalDpiY());
   result.setKerning(false);
-  // Coloured edges on letters would depend on the order of the screen's dots.
+  // Subpixel antialiasing would depend on the screen.
   result.setStyleStrategy(
       static_cast<QFont::StyleStrategy>(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
   return result;
@@ -110,7 +110,8 @@ const Mask& PreparedPictures::Disc(std::int32_t radius, const PixelScale& scale)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(Qt::white);
-    // The middle of a line as wide as the outline, so that a marker sits on the lines through its place.
+    // The middle of a line as wide as the outline, so that the marker is centred on lines through its
+    // position.
     painter.drawEllipse(QPointF(margin + outline / 2, margin + outline / 2), reach, reach);
     painter.end();
     place->second = Trimmed(board, {margin, margin});

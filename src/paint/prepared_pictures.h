@@ -1,5 +1,5 @@
-// Markers and letters, drawn once and kept: a redraw only copies them to their places. They depend on no
-// position and no database, so that they may outlive a redraw.
+// Masks of markers and letters, made once and reused by later redraws. They depend on radius, font and ratio
+// only, not on any data.
 #pragma once
 
 #include <QFont>
@@ -18,21 +18,21 @@
 
 namespace zerbal::paint {
 
-/// The family at its size in points, at 96 dots an inch times the ratio.
+/// The font at 96 dots per inch times the ratio.
 QFont DeviceFont(const map::TextFont& font, const PixelScale& scale, const QPaintDevice& device);
 
-/// The letters of one font at one size. Letters stand on whole pixels, without kerning.
+/// The letters of one font at one size. Letters are placed on whole pixels, without kerning.
 class GlyphSet {
  public:
   struct Glyph {
-    Mask mask;  ///< its reference pixel is on the base line
+    Mask mask;  ///< reference pixel on the base line
     int advance = 0;
-    bool known = false;  ///< the font has it and it can stand alone
+    bool known = false;  ///< in the font, and not joined or combined with other letters
   };
 
   GlyphSet(const QFont& font, double pixelSize);
 
-  /// Pixels from the top of a text's box to its base line.
+  /// Pixels from the top of a text to its base line.
   int Ascent() const { return ascent_; }
   const Glyph& Of(char32_t character);
 
@@ -47,7 +47,7 @@ class GlyphSet {
 
 class PreparedPictures {
  public:
-  /// A filled disc with an outline of one logical pixel. Its reference pixel is that of its centre position.
+  /// A filled disc with an outline of one logical pixel. The reference pixel is the centre.
   const Mask& Disc(std::int32_t radius, const PixelScale& scale);
   GlyphSet& Glyphs(const map::TextFont& font, const PixelScale& scale);
 
@@ -58,7 +58,7 @@ class PreparedPictures {
     double ratio;
     std::unique_ptr<GlyphSet> glyphs;
   };
-  std::vector<FontEntry> fonts_;  ///< a handful: two fonts, and what was chosen before
+  std::vector<FontEntry> fonts_;  ///< few: the two fonts of the map and those chosen before
 };
 
 }  // namespace zerbal::paint

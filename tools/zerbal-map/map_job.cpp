@@ -19,7 +19,7 @@ bool SameName(const std::string& a, const std::string& b) {
   return QString::fromStdString(a).compare(QString::fromStdString(b), Qt::CaseInsensitive) == 0;
 }
 
-/// The part of a service's display text behind its line number.
+/// The part of a service's display text after its line number.
 std::string NameOf(const data::FlightService& service) {
   const std::size_t at = service.displayText.find(" - ");
   return at == std::string::npos ? service.displayText : service.displayText.substr(at + 3);
@@ -62,8 +62,7 @@ std::string FindDestination(const data::Airports& destinations, const std::strin
                        .arg(QString::fromStdString(wanted), Joined(codes)));
 }
 
-/// The map as a whole would be more twips wide or high than a number holds, and so nothing of it in its
-/// place.
+/// The offsets of the projection are beyond the range of their type.
 bool IsTooClose(const map::Viewport& view) {
   constexpr std::int32_t kFarthest = std::numeric_limits<std::int32_t>::min();
   return view.MapOffX() == kFarthest || view.MapOffY() == kFarthest;

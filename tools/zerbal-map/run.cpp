@@ -14,7 +14,7 @@ constexpr int kDone = 0;
 constexpr int kBadData = 1;
 constexpr int kBadUsage = 2;
 
-/// Pictures from here on take long enough to say so.
+/// Larger pictures are announced, because they take long.
 constexpr qint64 kLargePicture = 20'000'000;
 
 bool WantsProgress(const Options& options) {
