@@ -261,7 +261,7 @@ void Run(const View& view, const fs::path& folder, const Options& options) {
     service.displayFlag = view.flights;
   world.viewport.SelectRegion({"", "", view.west, view.top, view.east, view.bottom});
   world.viewport.ComputeViewport();
-  map::MapScene scene = world.Scene();
+  const map::MapScene scene = world.Scene();
 
   QImage picture(kWidth, kHeight, QImage::Format_RGB32);
   paint::PreparedPictures prepared;

@@ -32,7 +32,7 @@ std::filesystem::path RevisionFile(const data::DataFiles& files) {
 
 dialogs::FinderContext Finder(Program& program) {
   return {program.services, program.databases->schedule,     program.databases->destinations,
-          program.finder,          program.flights.selectedFlights, program.environment.boxes};
+          program.finder,   program.flights.selectedFlights, program.environment.boxes};
 }
 
 }  // namespace

@@ -132,9 +132,10 @@ void frmMain::LoadSettings() {
 }
 
 void frmMain::MakeMapWindow() {
-  scene_.emplace(map::MapScene{program_.viewport, program_.display, program_.style, program_.services, *program_.databases,
-                               program_.allAirportCriteria, program_.destinationCriteria, program_.flights});
-  map_ = std::make_unique<frmMap>(*scene_, client_);
+  scene_.emplace(map::MapScene{program_.viewport, program_.display, program_.style, program_.services,
+                               *program_.databases, program_.allAirportCriteria, program_.destinationCriteria,
+                               program_.flights});
+  map_ = std::make_unique<frmMap>(*scene_, program_.viewport, client_);
   map_->SetObserver(program_.environment.mapObserver);
   map_->hide();
   client_->Hold(map_.get());

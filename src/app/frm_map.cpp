@@ -33,7 +33,8 @@ TwipPoint Whole(TwipPosition position) {
 
 }  // namespace
 
-frmMap::frmMap(map::MapScene& scene, QWidget* parent) : QWidget(parent), scene_(scene) {
+frmMap::frmMap(const map::MapScene& scene, map::Viewport& viewport, QWidget* parent)
+    : QWidget(parent), scene_(scene), viewport_(viewport) {
   setObjectName("frmMap");
   setAccessibleName(tr("Map"));
   setMouseTracking(true);
@@ -43,15 +44,15 @@ frmMap::frmMap(map::MapScene& scene, QWidget* parent) : QWidget(parent), scene_(
 }
 
 void frmMap::RecomputeAndRedraw() {
-  if (scene_.viewport.HasArea()) {
-    scene_.viewport.ComputeViewport();
-    emit ExtentChanged(QString::fromStdString(scene_.viewport.ExtentText()));
+  if (viewport_.HasArea()) {
+    viewport_.ComputeViewport();
+    emit ExtentChanged(QString::fromStdString(viewport_.ExtentText()));
   }
   Redraw();
 }
 
 void frmMap::Redraw() {
-  if (!scene_.viewport.HasArea())
+  if (!viewport_.HasArea())
     return;
   const Hourglass hourglass;
   TakeLooks();
@@ -65,7 +66,7 @@ void frmMap::Redraw() {
 
 /// Font and colour properties of the window show those of the map.
 void frmMap::TakeLooks() {
-  const map::TextFont mapFont = map::MapFont(scene_.viewport, scene_.style.fonts);
+  const map::TextFont mapFont = map::MapFont(viewport_, scene_.style.fonts);
   const QFont wanted(QString::fromStdString(mapFont.name), mapFont.size);
   if (font() != wanted)
     setFont(wanted);
@@ -114,7 +115,7 @@ void frmMap::paintEvent(QPaintEvent* event) {
 }
 
 void frmMap::resizeEvent(QResizeEvent*) {
-  scene_.viewport.SetSize(width() * double{kTwipsPerPixel}, height() * double{kTwipsPerPixel});
+  viewport_.SetSize(width() * double{kTwipsPerPixel}, height() * double{kTwipsPerPixel});
   RecomputeAndRedraw();
 }
 
@@ -122,7 +123,7 @@ void frmMap::mousePressEvent(QMouseEvent* event) {
   const Qt::MouseButtons buttons = event->buttons() | event->button();
   const TwipPosition at = PlaceOf(*event);
   if (buttons.testFlag(Qt::LeftButton)) {
-    if (!scene_.viewport.IsOnMap(at))
+    if (!viewport_.IsOnMap(at))
       return;
     EraseZoomBox();
     zoomBox_ = {.active = true, .press = at, .corner = at};
@@ -133,7 +134,7 @@ void frmMap::mousePressEvent(QMouseEvent* event) {
 
 void frmMap::mouseMoveEvent(QMouseEvent* event) {
   const TwipPosition at = PlaceOf(*event);
-  if (!scene_.viewport.IsOnMap(at))
+  if (!viewport_.IsOnMap(at))
     return;
   ShowPosition(at);
   if (event->buttons().testFlag(Qt::LeftButton) && zoomBox_.active)
@@ -141,7 +142,7 @@ void frmMap::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void frmMap::ShowPosition(TwipPosition at) {
-  const GeoPosition position = ToGeoPosition(scene_.viewport.Unproject(at));
+  const GeoPosition position = ToGeoPosition(viewport_.Unproject(at));
   emit PositionChanged(QString::fromStdString(map::LonText(position.lon)),
                        QString::fromStdString(map::LatText(position.lat)));
 }
@@ -179,9 +180,9 @@ void frmMap::mouseReleaseEvent(QMouseEvent* event) {
   const bool noHeight = zoomBox_.press.y == released.y;
   bool changed = false;
   if (noWidth && noHeight)
-    changed = scene_.viewport.CentreOn(released);
+    changed = viewport_.CentreOn(released);
   else if (!noWidth && !noHeight)
-    changed = scene_.viewport.ZoomToBox(zoomBox_.press, released);
+    changed = viewport_.ZoomToBox(zoomBox_.press, released);
   if (changed)
     RecomputeAndRedraw();
   else
@@ -192,7 +193,7 @@ TwipPosition frmMap::Limited(TwipPosition at) const {
   const auto limited = [](float value, std::int32_t size) {
     return std::clamp(value, 0.0F, static_cast<float>(std::max(0, size)));
   };
-  return {limited(at.x, scene_.viewport.MapWidth()), limited(at.y, scene_.viewport.MapHeight())};
+  return {limited(at.x, viewport_.MapWidth()), limited(at.y, viewport_.MapHeight())};
 }
 
 }  // namespace zerbal::app

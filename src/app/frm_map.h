@@ -18,8 +18,8 @@ class frmMap final : public QWidget {
   Q_PROPERTY(QColor colour READ BackgroundColour)
 
  public:
-  /// `scene` must outlive the window.
-  explicit frmMap(map::MapScene& scene, QWidget* parent = nullptr);
+  /// `viewport` is that of the scene; the window changes it. Both outlive the window.
+  frmMap(const map::MapScene& scene, map::Viewport& viewport, QWidget* parent = nullptr);
 
   /// ComputeViewport, then DrawMap.
   void RecomputeAndRedraw();
@@ -68,7 +68,8 @@ class frmMap final : public QWidget {
   void ShowPosition(TwipPosition at);
   TwipPosition Limited(TwipPosition at) const;
 
-  map::MapScene& scene_;
+  const map::MapScene& scene_;
+  map::Viewport& viewport_;
   QColor background_;
   QImage picture_;
   paint::PreparedPictures prepared_;

@@ -44,16 +44,16 @@ struct ColourTable {
   const Rgb& operator[](ColourCode colour) const { return rows[static_cast<std::size_t>(colour)].rgb; }
 };
 
-/// Loads the colours from zbldata.mdb. Components beyond 0..255 are limited. Throws LoadError, which lists all codes
-/// that are missing.
+/// Loads the colours from zbldata.mdb. Components beyond 0..255 are limited. Throws LoadError, which lists
+/// all codes that are missing.
 ColourTable LoadColours(const std::filesystem::path& zbldata);
 
 /// Section "Colors". A missing key is written with the colour of the table. False when that fails.
 bool ReadColourSettings(settings::IniFile& ini, ColourTable& colours);
 void WriteColourSettings(settings::IniFile& ini, const ColourTable& colours);
 
-/// One colour as a setting: "red,green,blue". Components are limited to 0..255, what is no number counts as 0. A
-/// missing key is written with the value of `rgb`; false when that fails.
+/// One colour as a setting: "red,green,blue". Components are limited to 0..255, what is no number counts as
+/// 0. A missing key is written with the value of `rgb`; false when that fails.
 bool ReadColourSetting(settings::IniFile& ini, std::string_view section, std::string_view key, Rgb& rgb);
 void WriteColourSetting(settings::IniFile& ini, std::string_view section, std::string_view key, Rgb rgb);
 

@@ -30,8 +30,8 @@ struct FlightFinderState {
   std::vector<DrawnFlight> drawnFlights;
 };
 
-/// Section "Program". A value that cannot be read or is not allowed gives the default; missing keys are written
-/// with it.
+/// Section "Program". A value that cannot be read or is not allowed gives the default; missing keys are
+/// written with it.
 void ReadFlightFinderSettings(settings::IniFile& ini, FlightFinderState& finder);
 
 }  // namespace zerbal::data

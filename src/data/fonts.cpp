@@ -52,7 +52,9 @@ void WriteFontSetting(settings::IniFile& ini, const Font& font) {
 void CheckFonts(FontTable& fonts, std::span<const std::string> installedFonts) {
   for (const FontRule& rule : kFontRules) {
     Font& font = fonts[rule.font];
-    const auto isFont = [&](const std::string& name) { return base::EqualsIgnoringEuropeanCase(name, font.name); };
+    const auto isFont = [&](const std::string& name) {
+      return base::EqualsIgnoringEuropeanCase(name, font.name);
+    };
     if (std::none_of(installedFonts.begin(), installedFonts.end(), isFont))
       font.name = kFallbackFont;
     if (font.size < kSmallestFontSize || font.size > kLargestFontSize)

@@ -48,8 +48,8 @@ struct FontTable {
 /// Loads the fonts from zbldata.mdb. Throws LoadError, which lists all codes that are missing.
 FontTable LoadFonts(const std::filesystem::path& zbldata);
 
-/// Section "Fonts": name and size of each row; then CheckFonts. A missing key is written with the font of the table.
-/// False when that fails.
+/// Section "Fonts": name and size of each row; then CheckFonts. A missing key is written with the font of the
+/// table. False when that fails.
 bool ReadFontSettings(settings::IniFile& ini, FontTable& fonts, std::span<const std::string> installedFonts);
 void WriteFontSetting(settings::IniFile& ini, const Font& font);
 

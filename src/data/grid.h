@@ -13,8 +13,8 @@ struct GridBand {
   char letter = ' ';
 };
 
-/// Nine bands of 40 degrees of map longitude, nine of 20 degrees of map latitude. The name of a tile is the letter of
-/// its longitude followed by that of its latitude.
+/// Nine bands of 40 degrees of map longitude, nine of 20 degrees of map latitude. The name of a tile is the
+/// letter of its longitude followed by that of its latitude.
 struct GridBands {
   std::array<GridBand, 9> lon;
   std::array<GridBand, 9> lat;

@@ -19,8 +19,9 @@ inline jet::Recordset OpenProgramTable(const std::filesystem::path& zbldata, con
   return rows;
 }
 
-/// Finds the row of each rule by its code, in the order of the rules, and calls `fill` with the number of the rule
-/// while `source` stands on the row. Throws LoadError, which lists the codes that are missing under `heading`.
+/// Finds the row of each rule by its code, in the order of the rules, and calls `fill` with the number of the
+/// rule while `source` stands on the row. Throws LoadError, which lists the codes that are missing under
+/// `heading`.
 template <typename Rules, typename Fill>
 void LoadByCode(jet::Recordset& source, const Rules& rules, const std::string& heading, Fill fill) {
   using settings::NL;

@@ -67,8 +67,8 @@ bool ReadRegionSettings(settings::IniFile& ini, RegionTable& regions) {
   if (regions.rows.empty())
     throw jet::EngineError("zbldata.mdb", "reg", "there is no region; at least one is needed");
   regions.centreWorld = ParseCentre(*centre);
-  regions.centreWorldAtLon = static_cast<float>(
-      std::clamp(base::LeadingNumber(*longitude), -kFarthestMeridian, kFarthestMeridian));
+  regions.centreWorldAtLon =
+      static_cast<float>(std::clamp(base::LeadingNumber(*longitude), -kFarthestMeridian, kFarthestMeridian));
   regions.ComputeWorldRow();
   return true;
 }

@@ -16,8 +16,8 @@ enum class WorldCentre { kGreenwich, kWest75, kChosen };
 
 struct WorldCentreRule {
   WorldCentre centre;
-  const char* setting;               ///< value of key "CentreWorld"
-  const char* caption;               ///< in the map settings
+  const char* setting;                ///< value of key "CentreWorld"
+  const char* caption;                ///< in the map settings
   std::optional<float> geoLongitude;  ///< nothing when the user chooses it
 };
 
@@ -56,17 +56,17 @@ struct RegionTable {
   void ComputeWorldRow();
 };
 
-/// Loads rows 1..RegionCount from zbldata.mdb; there is no row at all when the table is empty. Throws OverflowError
-/// beyond 32767 regions.
+/// Loads rows 1..RegionCount from zbldata.mdb; there is no row at all when the table is empty. Throws
+/// OverflowError beyond 32767 regions.
 RegionTable LoadRegions(const std::filesystem::path& zbldata);
 
-/// Section "Region": fills the choice of the world's centre and computes row 0. Missing keys are written with the
-/// default. False when that fails. Throws an error of the engine when no region has been loaded: row 0 exists only
-/// beside others.
+/// Section "Region": fills the choice of the world's centre and computes row 0. Missing keys are written with
+/// the default. False when that fails. Throws an error of the engine when no region has been loaded: row 0
+/// exists only beside others.
 bool ReadRegionSettings(settings::IniFile& ini, RegionTable& regions);
 
-/// Chooses the centre of the world in the settings file and in the table, and computes row 0. `geoLongitude` counts
-/// for WorldCentre::kChosen.
+/// Chooses the centre of the world in the settings file and in the table, and computes row 0. `geoLongitude`
+/// counts for WorldCentre::kChosen.
 void ChooseWorldCentre(settings::IniFile& ini, RegionTable& regions, WorldCentre centre, double geoLongitude);
 
 }  // namespace zerbal::data

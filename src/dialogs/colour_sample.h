@@ -14,8 +14,8 @@ class QLabel;
 
 namespace zerbal::dialogs {
 
-/// Fills a widget with the samples and recolours them. Entries are numbered as in the list of objects: first the
-/// colours of the map (data::kColourRules), then the flight services.
+/// Fills a widget with the samples and recolours them. Entries are numbered as in the list of objects: first
+/// the colours of the map (data::kColourRules), then the flight services.
 class ColourSample {
  public:
   ColourSample(QWidget& map, const data::FlightServiceTable& services);
@@ -27,7 +27,8 @@ class ColourSample {
  private:
   /// One line of the sample: a figure and its label.
   Shape* AddRow(const QString& shapeName, Shape::Kind kind, const QString& labelName, const QString& caption);
-  Shape* AddRow(const QString& shapeName, Shape::Kind kind, const QString& labelName, data::ColourCode colour);
+  Shape* AddRow(const QString& shapeName, Shape::Kind kind, const QString& labelName,
+                data::ColourCode colour);
   void AddAirportRow(const QString& layer, data::ColourCode colour);
   void AddAircraftRow();
 

@@ -54,11 +54,11 @@ void DrawLines(data::LineKind kind, Layer layer, ColourCode colour, const MapSce
 
 }  // namespace
 
-void DrawMap(MapScene& scene, Surface& surface) {
+void DrawMap(const MapScene& scene, Surface& surface) {
   const Viewport& viewport = scene.viewport;
   const data::DisplayOptions& options = scene.options;
   const data::ColourTable& colours = scene.style.colours;
-  data::Databases& databases = scene.databases;
+  const data::Databases& databases = scene.databases;
   if (!viewport.HasArea())
     return;
 

@@ -12,13 +12,13 @@
 
 namespace zerbal::map {
 
-/// Everything a redraw reads. The databases are not const: a recordset is a cursor.
+/// Everything a redraw reads.
 struct MapScene {
-  Viewport& viewport;
+  const Viewport& viewport;
   const data::DisplayOptions& options;
   const data::MapStyle& style;
   const data::FlightServiceTable& services;
-  data::Databases& databases;
+  const data::Databases& databases;
   const data::AirportCriteria& allAirportCriteria;
   const data::AirportCriteria& destinationCriteria;
   const data::FlightSelection& flights;
@@ -27,7 +27,7 @@ struct MapScene {
 /// Draws everything, in the fixed order background, centre mark, coast, rivers, boundaries, airports,
 /// destinations, flights. Does nothing when the drawing area is empty. After the centre mark no error gets
 /// out: the step that fails is skipped and the next one is drawn.
-void DrawMap(MapScene& scene, Surface& surface);
+void DrawMap(const MapScene& scene, Surface& surface);
 
 /// The font of airport labels and flight texts in the current mode.
 TextFont MapFont(const Viewport& viewport, const data::FontTable& fonts);

@@ -27,7 +27,7 @@ struct RoutePoint {
 /// Draws one flight after the other; keeps its buffers.
 class FlightPainter {
  public:
-  FlightPainter(Canvas& canvas, MapScene& scene)
+  FlightPainter(Canvas& canvas, const MapScene& scene)
       : canvas_(canvas),
         options_(scene.options),
         airportColour_(scene.style.colours[data::ColourCode::kApDest]),
@@ -146,7 +146,7 @@ data::Rgb ServiceColour(const data::FlightServiceTable& services, std::string_vi
 
 }  // namespace
 
-void DrawServiceFlights(Canvas& canvas, MapScene& scene) {
+void DrawServiceFlights(Canvas& canvas, const MapScene& scene) {
   FlightPainter painter(canvas, scene);
   for (const data::FlightService& service : scene.services)
     if (service.displayFlag)
@@ -156,7 +156,7 @@ void DrawServiceFlights(Canvas& canvas, MapScene& scene) {
       });
 }
 
-void DrawSelectedFlights(Canvas& canvas, MapScene& scene) {
+void DrawSelectedFlights(Canvas& canvas, const MapScene& scene) {
   FlightPainter painter(canvas, scene);
   for (const std::string& key : scene.flights.selectedFlights) {
     const std::optional<data::FlightRow> row = scene.databases.schedule.Find(key);

@@ -7,10 +7,10 @@
 namespace zerbal::map {
 
 /// Draws every flight of every service whose display flag is set, service by service.
-void DrawServiceFlights(Canvas& canvas, MapScene& scene);
+void DrawServiceFlights(Canvas& canvas, const MapScene& scene);
 
 /// Draws the selected flights in the order of their list. A flight of a service that is not in the table is
 /// black.
-void DrawSelectedFlights(Canvas& canvas, MapScene& scene);
+void DrawSelectedFlights(Canvas& canvas, const MapScene& scene);
 
 }  // namespace zerbal::map

@@ -40,7 +40,7 @@ class World : public map::MapWorld {
 /// at map longitude 5.
 class FrmMapTest : public testing::Test {
  protected:
-  FrmMapTest() : scene_(world_.Scene()), map_(scene_, &host_) {
+  FrmMapTest() : scene_(world_.Scene()), map_(scene_, world_.viewport, &host_) {
     host_.resize(3200, 2200);
     host_.show();
     map_.SetObserver(&recorder_);

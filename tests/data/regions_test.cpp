@@ -104,7 +104,8 @@ TEST_F(RegionsTest, TheWorldIsCentredAsTheSettingsSay) {
           "\r\n");
     RegionTable regions = SomeRegions();
     ASSERT_TRUE(ReadRegionSettings(ini_, regions));
-    EXPECT_EQ(RuleOf(regions.centreWorld).setting, std::string(c.centreHeld)) << c.centre << " " << c.longitude;
+    EXPECT_EQ(RuleOf(regions.centreWorld).setting, std::string(c.centreHeld))
+        << c.centre << " " << c.longitude;
     EXPECT_EQ(regions.centreWorldAtLon, c.longitudeHeld) << c.longitude;
     EXPECT_EQ(regions.rows[0].fromLon, c.from) << c.centre << " " << c.longitude;
     EXPECT_EQ(regions.rows[0].toLon, c.to) << c.centre << " " << c.longitude;

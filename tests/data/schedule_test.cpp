@@ -25,8 +25,7 @@ class ScheduleTest : public testing::Test {
   }
   void OpenTable(const test::Table& flit, std::vector<test::Row> airports = {}) {
     const std::filesystem::path file = folder_ / "qavdata.mdb";
-    test::WriteDatabase(file,
-                        {test::FsrvTable({}), flit, test::AirportTable("dest", std::move(airports))});
+    test::WriteDatabase(file, {test::FsrvTable({}), flit, test::AirportTable("dest", std::move(airports))});
     const jet::Database database = jet::Database::Open(file);
     schedule_.emplace(database.OpenTable("fsrv"), database.OpenTable("flit"));
     destinations_.emplace(database, "dest");

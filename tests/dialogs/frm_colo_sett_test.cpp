@@ -17,8 +17,8 @@ class FrmColoSettTest : public DialogTest {
                              "IBound",  "All",  "Dest",   "Symbol"};
     for (std::size_t i = 0; i < colours.rows.size(); ++i) {
       const auto part = static_cast<std::uint8_t>(10 * i);
-      colours.rows[i] = {
-          {part, static_cast<std::uint8_t>(part + 1), static_cast<std::uint8_t>(part + 2)}, entries[i]};
+      colours.rows[i] = {{part, static_cast<std::uint8_t>(part + 1), static_cast<std::uint8_t>(part + 2)},
+                         entries[i]};
     }
     AddServices(2);
   }

@@ -77,23 +77,23 @@ void ViewCommand(const Arguments&, Context& context) {
   for (const std::string& tile : view.DetailTiles())
     tiles.append(Utf8(tile));
   context.answer({{"MapWidth", view.MapWidth()},
-                {"MapHeight", view.MapHeight()},
-                {"ReqLonMin", SingleValue(view.ReqLonMin())},
-                {"ReqLatMin", SingleValue(view.ReqLatMin())},
-                {"ReqLonMax", SingleValue(view.ReqLonMax())},
-                {"ReqLatMax", SingleValue(view.ReqLatMax())},
-                {"MapWrap", view.MapWrap()},
-                {"MapLonMin", SingleValue(view.MapLonMin())},
-                {"MapLatMin", SingleValue(view.MapLatMin())},
-                {"MapLonMax", SingleValue(view.MapLonMax())},
-                {"MapLatMax", SingleValue(view.MapLatMax())},
-                {"MapLonSpan", SingleValue(view.MapLonSpan())},
-                {"MapLatSpan", SingleValue(view.MapLatSpan())},
-                {"MapScale", SingleValue(view.MapScale())},
-                {"MapOffX", view.MapOffX()},
-                {"MapOffY", view.MapOffY()},
-                {"DetailMode", view.DetailMode()},
-                {"DetailTiles", tiles}});
+                  {"MapHeight", view.MapHeight()},
+                  {"ReqLonMin", SingleValue(view.ReqLonMin())},
+                  {"ReqLatMin", SingleValue(view.ReqLatMin())},
+                  {"ReqLonMax", SingleValue(view.ReqLonMax())},
+                  {"ReqLatMax", SingleValue(view.ReqLatMax())},
+                  {"MapWrap", view.MapWrap()},
+                  {"MapLonMin", SingleValue(view.MapLonMin())},
+                  {"MapLatMin", SingleValue(view.MapLatMin())},
+                  {"MapLonMax", SingleValue(view.MapLonMax())},
+                  {"MapLatMax", SingleValue(view.MapLatMax())},
+                  {"MapLonSpan", SingleValue(view.MapLonSpan())},
+                  {"MapLatSpan", SingleValue(view.MapLatSpan())},
+                  {"MapScale", SingleValue(view.MapScale())},
+                  {"MapOffX", view.MapOffX()},
+                  {"MapOffY", view.MapOffY()},
+                  {"DetailMode", view.DetailMode()},
+                  {"DetailTiles", tiles}});
 }
 
 void ProjectCommand(const Arguments& arguments, Context& context) {

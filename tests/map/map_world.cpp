@@ -184,8 +184,7 @@ MapScene MapWorld::Scene() {
 }
 
 void MapWorld::DrawOn(Surface& surface) {
-  MapScene scene = Scene();
-  DrawMap(scene, surface);
+  DrawMap(Scene(), surface);
 }
 
 std::vector<Operation> MapWorld::Draw() {

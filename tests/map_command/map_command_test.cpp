@@ -62,8 +62,9 @@ class MapWindow {
     for (data::FlightService& service : services_)
       service.displayFlag = true;
     viewport_.SelectRegion(view);
-    map::MapScene scene{viewport_, options, style_, services_, databases_, criteria_, criteria_, flights_};
-    app::frmMap window(scene);
+    const map::MapScene scene{viewport_,  options,   style_,    services_,
+                              databases_, criteria_, criteria_, flights_};
+    app::frmMap window(scene, viewport_);
     window.resize(size);
     window.show();
     return window.Picture().copy();

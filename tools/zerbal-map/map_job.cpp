@@ -159,8 +159,8 @@ void MapJob::ChooseFlights() {
 }
 
 void MapJob::Draw(map::Surface& surface) {
-  map::MapScene scene{*viewport_,        options_.display, style_, services_, *databases_,
-                      options_.criteria, options_.criteria, flights_};
+  const map::MapScene scene{*viewport_,        options_.display,  style_,  services_, *databases_,
+                            options_.criteria, options_.criteria, flights_};
   map::DrawMap(scene, surface);
 }
 
