@@ -67,9 +67,7 @@ void PlacedDialog::CentreOnceFramed() {
 
 void PlacedDialog::Centre(QSize frame) {
   const QRect main = placement_.mainWindow.frameGeometry();
-  const auto middle = [](int outer, int inner) {
-    return static_cast<int>(base::Int((outer - inner) / 2.0));
-  };
+  const auto middle = [](int outer, int inner) { return static_cast<int>(base::Int((outer - inner) / 2.0)); };
   move(middle(main.width(), frame.width()) + main.left(), middle(main.height(), frame.height()) + main.top());
 }
 

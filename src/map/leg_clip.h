@@ -15,8 +15,8 @@ inline constexpr unsigned kEastOfView = 8;
 unsigned GetClipCode(const Viewport& viewport, MapPosition position);
 
 /// Moves the ends of a segment onto the bounds that it crosses (Cohen-Sutherland). Returns false when no part
-/// of it is in view, or when an end is not a number. Moved ends are singles, like all positions: they lie up to
-/// one unit in the last place beside the given segment.
+/// of it is in view, or when an end is not a number. Moved ends are singles, like all positions: they lie up
+/// to one unit in the last place beside the given segment.
 bool ClipLeg(const Viewport& viewport, MapPosition& from, MapPosition& to);
 
 }  // namespace zerbal::map
