@@ -107,6 +107,12 @@ TEST_F(RunPackTest, FindsTheSourcesFromItsOwnLocation) {
   EXPECT_EQ(FindSources(fs::path()), fs::path());
 }
 
+TEST_F(RunPackTest, FindsTheSourcesFromABuildFolderAnywhere) {
+  const fs::path build = ZERBAL_BINARY_DIR;
+  EXPECT_EQ(FindSources(build / "bin" / "zerbal-pack"), build / "share" / "zerbal" / "pack");
+  EXPECT_EQ(fs::canonical(build / "share" / "zerbal" / "pack"), fs::canonical(kPackFolder));
+}
+
 TEST_F(RunPackTest, BuildsAndChecksTheSampleData) {
   ASSERT_EQ(Run({"build", "--out", Name("data"), "--detail", "low"}), 0) << err.str();
   EXPECT_EQ(err.str(), "");
