@@ -1,5 +1,7 @@
 #include "base/utf8.h"
 
+#include "base/assert.h"
+
 namespace zerbal::base {
 namespace {
 
@@ -39,6 +41,7 @@ std::size_t Utf8Length(std::string_view text) {
 }
 
 char32_t TakeUtf8(std::string_view& text) {
+  ZERBAL_ASSERT(!text.empty());
   const std::size_t length = Utf8Length(text);
   const auto lead = static_cast<unsigned char>(text.front());
   if (length < 2) {

@@ -5,20 +5,15 @@
 namespace zerbal::jet {
 namespace {
 
-std::string Sentence(const std::string& file, const std::string& table, const std::string& reason) {
+std::string Subject(const std::string& file, const std::string& table) {
   std::string text = "Database '" + file + "'";
-  if (!table.empty())
-    text += ", table '" + table + "'";
-  return text + ": " + reason;
+  return table.empty() ? text : text + ", table '" + table + "'";
 }
 
 }  // namespace
 
 EngineError::EngineError(std::string file, std::string table, std::string reason)
-    : std::runtime_error(Sentence(file, table, reason)),
-      file_(std::move(file)),
-      table_(std::move(table)),
-      reason_(std::move(reason)) {}
+    : FileError(Subject(file, table), file, std::move(reason)), table_(std::move(table)) {}
 
 ConversionError::ConversionError(Cause cause, std::string file, std::string table, std::string reason)
     : EngineError(std::move(file), std::move(table), std::move(reason)), cause_(cause) {}

@@ -1,25 +1,22 @@
 // The exceptions of the engine.
 #pragma once
 
-#include <stdexcept>
 #include <string>
+
+#include "base/error.h"
 
 namespace zerbal::jet {
 
 /// A database file is damaged, foreign, missing, or lacks what was asked for (a table, an index, a field).
 /// what() is one sentence that names the file, the table where there is one, and the reason.
-class EngineError : public std::runtime_error {
+class EngineError : public base::FileError {
  public:
   EngineError(std::string file, std::string table, std::string reason);
 
-  const std::string& File() const { return file_; }      ///< as the caller named the file
-  const std::string& Table() const { return table_; }    ///< empty when no table is concerned
-  const std::string& Reason() const { return reason_; }  ///< in words, without file and table
+  const std::string& Table() const { return table_; }  ///< empty when no table is concerned
 
  private:
-  std::string file_;
   std::string table_;
-  std::string reason_;
 };
 
 /// A field's value cannot be converted to the requested type.

@@ -39,16 +39,27 @@ struct DatabaseWriter::State {
   bool broken = false;  ///< ending a table has failed, so the file cannot be finished
   bool finished = false;
 
-  /// Runs a step. Turns a Refusal into an EngineError that names file and table.
+  /// Runs `step`. Turns a failure into an EngineError that names file and table, and only then calls
+  /// `tableName`.
+  template <class Step, class Name>
+  void Guard(Step step, Name tableName) {
+    try {
+      step();
+    } catch (const Refusal& refusal) {
+      throw EngineError(fileName, tableName(), refusal.what());
+    } catch (const base::FileError& error) {
+      throw EngineError(fileName, tableName(), error.Reason());
+    }
+  }
+
   template <class Step>
   void Run(const std::string& tableName, Step step) {
-    try {
+    const auto checked = [&] {
       if (broken || finished)
         throw Refusal(finished ? "the database is finished" : "the database has failed already");
       step();
-    } catch (const Refusal& refusal) {
-      throw EngineError(fileName, tableName, refusal.what());
-    }
+    };
+    Guard(checked, [&] { return tableName; });
   }
 
   std::string TableName() const { return table ? table->Layout().name : std::string(); }
@@ -111,14 +122,10 @@ void DatabaseWriter::AddRow(std::span<const Value> row) {
 }
 
 void DatabaseWriter::AddPair(std::int32_t first, std::int32_t second) {
-  // Called for every point of a map: does not copy the table's name beforehand.
   if (!state_->table || state_->broken)
     return state_->Run("", [&] { state_->Table(); });
-  try {
-    state_->table->AddPair(first, second);
-  } catch (const Refusal& refusal) {
-    throw EngineError(state_->fileName, state_->TableName(), refusal.what());
-  }
+  // Called for every point of a map: the table's name is copied only for a message.
+  state_->Guard([&] { state_->table->AddPair(first, second); }, [&] { return state_->TableName(); });
 }
 
 void DatabaseWriter::EndTable() {

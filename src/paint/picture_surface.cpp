@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "jet/format/text.h"
+#include "base/utf8.h"
 
 namespace zerbal::paint {
 namespace {
@@ -109,7 +109,7 @@ void PictureSurface::Text(TwipPoint topLeft, std::string_view text, data::Rgb co
     return;
   GlyphSet& glyphs = Glyphs(font);
   for (std::string_view rest = text; !rest.empty();) {
-    if (!glyphs.Of(jet::TakeUtf8(rest)).known) {
+    if (!glyphs.Of(base::TakeUtf8(rest)).known) {
       Rest().Text(topLeft, text, colour, font);
       return;
     }
@@ -121,7 +121,7 @@ void PictureSurface::Text(TwipPoint topLeft, std::string_view text, data::Rgb co
   std::int64_t x = at.x;
   const auto baseLine = static_cast<int>(std::int64_t{at.y} + glyphs.Ascent());
   for (std::string_view rest = text; !rest.empty() && x < picture_.width();) {
-    const GlyphSet::Glyph& glyph = glyphs.Of(jet::TakeUtf8(rest));
+    const GlyphSet::Glyph& glyph = glyphs.Of(base::TakeUtf8(rest));
     canvas_.Blend(glyph.mask, {static_cast<int>(x), baseLine}, pixel);
     x += glyph.advance;
   }

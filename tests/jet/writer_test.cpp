@@ -246,5 +246,16 @@ TEST_F(Writer, ReportsADiskThatIsFullWheneverThatIs) {
   EXPECT_TRUE(Database::Open(File()).HasTable("t"));
 }
 
+TEST_F(Writer, ReportsADiskThatIsFullWhilePairsAreAdded) {
+  const FileSizeLimit limit(40000);
+  DatabaseWriter writer(File());
+  writer.BeginTable({"points", {Long("Lon"), Long("Lat")}, {}});
+  const std::string reason = ReasonOf([&] {
+    for (int i = 0; i < 5000; ++i)
+      writer.AddPair(i, i);
+  });
+  EXPECT_TRUE(reason.starts_with("cannot write the file: ")) << reason;
+}
+
 }  // namespace
 }  // namespace zerbal::jet

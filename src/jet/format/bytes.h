@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#include "base/bytes.h"
+
 namespace zerbal::jet {
 
 /// What is wrong in a file. Thrown inside the reader; DatabaseState::Guarded turns it into an EngineError
@@ -19,27 +21,16 @@ class Damage : public std::runtime_error {
 
 [[noreturn]] void ThrowOutside();  ///< throws Damage: an offset points outside its page or row
 
-// Numbers from unaligned bytes; "Be" is the big-endian order used inside index entries.
-inline std::uint16_t LoadU16(const std::uint8_t* at) {
-  return static_cast<std::uint16_t>(at[0] | at[1] << 8);
-}
-inline std::uint32_t LoadU32(const std::uint8_t* at) {
-  return std::uint32_t{at[0]} | std::uint32_t{at[1]} << 8 | std::uint32_t{at[2]} << 16 |
-         std::uint32_t{at[3]} << 24;
-}
-inline std::uint64_t LoadU64(const std::uint8_t* at) {
-  return LoadU32(at) | static_cast<std::uint64_t>(LoadU32(at + 4)) << 32;
-}
+using base::AppendLittleEndian;
+using base::LoadU16;
+using base::LoadU32;
+using base::LoadU64;
+using base::StoreLittleEndian;
+
+/// Index entries hold big-endian numbers.
 inline std::uint32_t LoadU32Be(const std::uint8_t* at) {
   return std::uint32_t{at[0]} << 24 | std::uint32_t{at[1]} << 16 | std::uint32_t{at[2]} << 8 |
          std::uint32_t{at[3]};
-}
-
-/// Appends the lowest `size` bytes of `value`, lowest first, to a string or a vector of bytes.
-template <class Bytes>
-void AppendLittleEndian(Bytes& out, std::size_t size, std::uint64_t value) {
-  for (std::size_t i = 0; i < size; ++i)
-    out.push_back(static_cast<typename Bytes::value_type>(value >> 8 * i & 0xFF));
 }
 
 inline std::span<const std::uint8_t> AsBytes(std::string_view text) {

@@ -5,15 +5,15 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <optional>
 #include <vector>
 
+#include "base/utf8.h"
 #include "jet/format/bytes.h"
 
 namespace zerbal::jet {
 
 inline constexpr std::uint16_t kWesternCodePage = 1252;
-inline constexpr char32_t kReplacement = 0xFFFD;  ///< stands for what is no character
+using base::kReplacement;
 
 class CodePage {
  public:
@@ -21,9 +21,6 @@ class CodePage {
   static std::shared_ptr<const CodePage> OfNumber(std::uint16_t number);
   /// Most files have this one. Its five undefined bytes are the control characters of the same number.
   static const CodePage& Western();
-
-  /// The byte that stands for a character by itself.
-  std::optional<std::uint8_t> ByteOf(char32_t character) const;
 
   /// Decodes a stored text. Calls `sink` with each character until it returns false; returns whether it never
   /// did.

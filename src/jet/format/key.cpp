@@ -5,8 +5,8 @@
 #include <cstddef>
 #include <string>
 
+#include "base/case_folding.h"
 #include "jet/format/key_tables.h"
-#include "jet/format/text.h"
 
 namespace zerbal::jet {
 namespace {
@@ -235,7 +235,7 @@ void AppendFoldedTextKey(std::string_view text, bool ascending, Key& key) {
   constexpr std::uint8_t kBehindWeights = 0xFE;
   StartValue(ascending, key);
   const std::size_t first = key.size();
-  const std::string folded = FoldCase(text.substr(0, text.find_last_not_of(' ') + 1));
+  const std::string folded = base::LowerEuropean(text.substr(0, text.find_last_not_of(' ') + 1));
   key.push_back(kBehindWeights);
   key.insert(key.end(), folded.begin(), folded.end());
   key.push_back(0);

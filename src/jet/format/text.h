@@ -1,4 +1,4 @@
-// Texts: the forms in which the file stores them, UTF-8, and comparison without regard to letter case.
+// Texts in the forms in which the file stores them.
 #pragma once
 
 #include <cstddef>
@@ -10,12 +10,6 @@
 #include "jet/format/code_page.h"
 
 namespace zerbal::jet {
-
-/// Writes `character` to `out` (room for four bytes) and returns the number of bytes.
-int EncodeUtf8(char32_t character, char* out);
-
-/// Takes the first character off `text`, which must not be empty. A byte that is no UTF-8 gives kReplacement.
-char32_t TakeUtf8(std::string_view& text);
 
 /// Decodes UTF-16. Calls `sink` with each character until it returns false; returns whether it never did. An
 /// odd last byte is dropped; half a surrogate pair gives kReplacement.
@@ -76,10 +70,5 @@ bool StoredTextEquals(ByteView bytes, const CodePage* codePage, std::string_view
 void ToUtf16(std::string_view text, std::u16string& out);
 /// Replaces `out` by the code page 1252 form; false when a character is not in it.
 bool ToCodePage(std::string_view text, std::string& out);
-
-/// Equal but for the letter case (Latin, Greek and Cyrillic letters).
-bool EqualsIgnoringCase(std::string_view a, std::string_view b);
-/// A text that is the same for all that EqualsIgnoringCase holds equal.
-std::string FoldCase(std::string_view text);
 
 }  // namespace zerbal::jet

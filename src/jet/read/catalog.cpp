@@ -6,9 +6,9 @@
 #include <string>
 #include <utility>
 
+#include "base/case_folding.h"
 #include "jet/error.h"
 #include "jet/format/catalog_layout.h"
-#include "jet/format/text.h"
 #include "jet/read/field_value.h"
 #include "jet/read/table_cursor.h"
 #include "jet/read/table_definition.h"
@@ -42,7 +42,7 @@ std::optional<CatalogEntry> ReadEntry(const TableCursor& cursor, const CatalogCo
     return std::nullopt;
   CatalogEntry entry;
   AppendText(cursor, columns.name, entry.name);
-  entry.foldedName = FoldCase(entry.name);
+  entry.foldedName = base::LowerEuropean(entry.name);
   entry.definitionPage =
       static_cast<std::uint32_t>(WholeNumber(cursor, columns.id).value_or(0)) & (kMaxPageCount - 1);
   entry.system =
@@ -73,7 +73,8 @@ std::vector<CatalogEntry> ReadCatalog(const std::shared_ptr<const DatabaseState>
 }
 
 const CatalogEntry* FindTable(const DatabaseState& database, std::string_view name) {
-  const auto entry = std::ranges::find(database.catalog, FoldCase(name), &CatalogEntry::foldedName);
+  const auto entry =
+      std::ranges::find(database.catalog, base::LowerEuropean(name), &CatalogEntry::foldedName);
   return entry == database.catalog.end() ? nullptr : &*entry;
 }
 

@@ -45,8 +45,7 @@ class StoredNumber {
 
  private:
   StoredNumber(std::uint64_t value, std::size_t size) : size_(size) {
-    for (std::size_t i = 0; i < size; ++i)
-      bytes_[i] = static_cast<char>(value >> 8 * i & 0xFF);
+    StoreLittleEndian(bytes_.data(), size, value);
   }
 
   /// A number too large for the type has become infinite.

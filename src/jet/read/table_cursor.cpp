@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "base/case_folding.h"
 #include "jet/error.h"
 #include "jet/format/text.h"
 #include "jet/read/data_page.h"
@@ -31,7 +32,7 @@ void TableCursor::SetIndex(std::string_view name) {
     return;
   }
   std::size_t i = 0;
-  while (i < table_->indexes.size() && !EqualsIgnoringCase(table_->indexes[i].name, name))
+  while (i < table_->indexes.size() && !base::EqualsIgnoringEuropeanCase(table_->indexes[i].name, name))
     ++i;
   if (i == table_->indexes.size())
     Fail("there is no index '" + std::string(name) + "'");
@@ -48,7 +49,7 @@ void TableCursor::SetIndex(std::string_view name) {
 
 std::optional<int> TableCursor::FindField(std::string_view name) const {
   for (std::size_t i = 0; i < table_->columns.size(); ++i) {
-    if (EqualsIgnoringCase(table_->columns[i].name, name))
+    if (base::EqualsIgnoringEuropeanCase(table_->columns[i].name, name))
       return static_cast<int>(i);
   }
   return std::nullopt;

@@ -4,6 +4,7 @@
 #include <numeric>
 #include <utility>
 
+#include "base/utf8.h"
 #include "jet/format/bytes.h"
 #include "jet/format/table_definition_layout.h"
 #include "jet/format/text.h"
@@ -101,8 +102,7 @@ class Parser {
     const ByteView stored = Take(length);
     std::string name;
     const auto append = [&name](char32_t c) {
-      char buffer[4];
-      name.append(buffer, static_cast<std::size_t>(EncodeUtf8(c, buffer)));
+      base::AppendUtf8(c, name);
       return true;
     };
     if (jet3_)

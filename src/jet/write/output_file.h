@@ -1,38 +1,32 @@
-// The file that a database is written to: temporary until it is complete.
+// The pages of a database that is being written.
 #pragma once
 
 #include <cstdint>
 #include <filesystem>
 
+#include "base/file_replacement.h"
 #include "jet/write/page_bytes.h"
 
 namespace zerbal::jet {
 
-/// A temporary file beside `target`, written page by page and put in the target's place by Commit. Removed
-/// when destroyed before that. What goes wrong is a Refusal. The one place of the writer that knows the
-/// platform is output_file_posix.cpp.
+/// Replaces `target` by the pages that were written to it. Failures are a Refusal when the database grows
+/// too large, otherwise a base::FileError.
 class OutputFile {
  public:
-  explicit OutputFile(std::filesystem::path target);
-  ~OutputFile();
-  OutputFile(const OutputFile&) = delete;
-  OutputFile& operator=(const OutputFile&) = delete;
+  explicit OutputFile(const std::filesystem::path& target) : file_(target) {}
 
   /// The number of a new page; they count up from 0. A page never written is full of zeros.
   std::uint32_t Allocate();
   std::uint32_t PageCount() const { return pageCount_; }
-  void Write(std::uint32_t page, const PageBytes& bytes);  ///< an allocated page
+  void Write(std::uint32_t page, const PageBytes& bytes);  ///< an allocated page  ///< an allocated page
 
-  /// Brings everything to the disk, then to its place.
+  /// Puts the database in the place of `target`.
   void Commit();
 
  private:
-  void Remove() noexcept;
-
-  std::filesystem::path target_;
-  std::filesystem::path temporary_;
-  int descriptor_ = -1;
+  base::FileReplacement file_;
   std::uint32_t pageCount_ = 0;
+  bool lastWritten_ = false;  ///< the last page
 };
 
 }  // namespace zerbal::jet

@@ -8,6 +8,7 @@
 #include <span>
 
 #include "base/assert.h"
+#include "jet/format/bytes.h"
 #include "jet/format/data_page_layout.h"
 #include "jet/format/page.h"
 
@@ -38,8 +39,7 @@ struct PageBytes {
  private:
   void PutNumber(std::size_t at, std::size_t size, std::size_t value) {
     ZERBAL_ASSERT(at + size <= kPageSize && value >> 8 * size == 0);
-    for (std::size_t i = 0; i < size; ++i)
-      bytes[at + i] = static_cast<std::uint8_t>(value >> 8 * i & 0xFF);
+    StoreLittleEndian(&bytes[at], size, value);
   }
 };
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "base/utf8.h"
 #include "jet/format/bytes.h"
 #include "jet/format/text.h"
 #include "jet/write/refusal.h"
@@ -21,11 +22,11 @@ bool Compressible(std::u16string_view text) {
 }  // namespace
 
 std::u16string ToUtf16Strictly(std::string_view utf8) {
-  constexpr std::string_view kReplacementItself = "\xEF\xBF\xBD";
   for (std::string_view rest = utf8; !rest.empty();) {
-    const bool genuine = rest.starts_with(kReplacementItself);
-    if (TakeUtf8(rest) == kReplacement && !genuine)
+    const std::size_t length = base::Utf8Length(rest);
+    if (length == 0)
       throw Refusal("the text is not UTF-8");
+    rest.remove_prefix(length);
   }
   std::u16string text;
   ToUtf16(utf8, text);

@@ -172,8 +172,7 @@ class Definition {
  private:
   void Put(std::size_t at, std::size_t size, std::size_t value) {
     ZERBAL_ASSERT(record_ + at + size <= bytes_.size() && value >> 8 * size == 0);
-    for (std::size_t i = 0; i < size; ++i)
-      bytes_[record_ + at + i] = static_cast<std::uint8_t>(value >> 8 * i & 0xFF);
+    StoreLittleEndian(&bytes_[record_ + at], size, value);
   }
 
   std::vector<std::uint8_t> bytes_;

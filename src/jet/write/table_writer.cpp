@@ -134,10 +134,8 @@ void TableWriter::AddPair(std::int32_t first, std::int32_t second) {
   constexpr std::uint8_t kColumns = 2;
   constexpr std::uint8_t kNoNulls = 3;
   std::array<std::uint8_t, 11> bytes{kColumns, 0};
-  for (std::size_t i = 0; i < 4; ++i) {
-    bytes[2 + i] = static_cast<std::uint8_t>(static_cast<std::uint32_t>(first) >> 8 * i & 0xFF);
-    bytes[6 + i] = static_cast<std::uint8_t>(static_cast<std::uint32_t>(second) >> 8 * i & 0xFF);
-  }
+  StoreLittleEndian(&bytes[2], 4, static_cast<std::uint32_t>(first));
+  StoreLittleEndian(&bytes[6], 4, static_cast<std::uint32_t>(second));
   bytes[10] = kNoNulls;
   rows_.Add(bytes);
   ++counts_.rows;

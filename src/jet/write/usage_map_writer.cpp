@@ -17,11 +17,6 @@ constexpr std::size_t kInlinePages = (kRowSize - kInlineBitmapAt) * 8;
 constexpr std::size_t kPagesPerBitmap = PagesPerMapPage(Format::kJet4);
 constexpr std::size_t kLargestInlineGlobalMap = 8000;  // pages; its row still leaves room on page 1
 
-void PutNumber(Row& row, std::size_t at, std::size_t value) {
-  for (std::size_t i = 0; i < 4; ++i)
-    row[at + i] = static_cast<std::uint8_t>(value >> 8 * i & 0xFF);
-}
-
 void SetBit(Row& row, std::size_t bit) {
   std::uint8_t& byte = row[kInlineBitmapAt + bit / 8];
   byte = static_cast<std::uint8_t>(byte | 1u << bit % 8);
@@ -35,7 +30,7 @@ Row EmptyReferenceMap() {
 
 Row InlineMap(const PageList& members, std::uint32_t start) {
   Row row(kRowSize, 0);
-  PutNumber(row, kInlineStartAt, start);
+  StoreLittleEndian(&row[kInlineStartAt], 4, start);
   for (std::uint32_t member : members)
     SetBit(row, member - start);
   return row;
@@ -50,7 +45,7 @@ Row ReferenceMap(OutputFile& file, const PageList& members) {
       bitmap.SetBit(kMapPageBitmapAt, *member % kPagesPerBitmap);
     const std::uint32_t page = file.Allocate();
     file.Write(page, bitmap);
-    PutNumber(row, kMapPagesAt + kMapPageSize * range, page);
+    StoreLittleEndian(&row[kMapPagesAt + kMapPageSize * range], 4, page);
   }
   return row;
 }
@@ -84,7 +79,7 @@ Row ReferenceGlobalMap(OutputFile& file) {
     for (std::size_t page = used; page < kPagesPerBitmap; ++page)
       bitmap.SetBit(kMapPageBitmapAt, page);
     file.Write(bitmaps[i], bitmap);
-    PutNumber(row, kMapPagesAt + kMapPageSize * i, bitmaps[i]);
+    StoreLittleEndian(&row[kMapPagesAt + kMapPageSize * i], 4, bitmaps[i]);
   }
   return row;
 }

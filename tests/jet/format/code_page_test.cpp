@@ -57,16 +57,6 @@ TEST(CodePageTest, TakesUnknownNumbersForTheWesternOne) {
   EXPECT_EQ(Decoded(9999, "Z\xFCrich \x80\x81"), "Zürich €\u0081");
 }
 
-TEST(CodePageTest, TellsTheByteOfACharacter) {
-  EXPECT_EQ(CodePage::Western().ByteOf(U'A'), 'A');
-  EXPECT_EQ(CodePage::Western().ByteOf(U'ü'), 0xFC);
-  EXPECT_EQ(CodePage::Western().ByteOf(U'€'), 0x80);
-  EXPECT_EQ(CodePage::Western().ByteOf(0x80), std::nullopt);
-  EXPECT_EQ(CodePage::Western().ByteOf(U'ж'), std::nullopt);
-  EXPECT_EQ(CodePage::OfNumber(1251)->ByteOf(U'ж'), 0xE6);
-  EXPECT_EQ(CodePage::OfNumber(932)->ByteOf(U'東'), std::nullopt);
-}
-
 /// A file of 1997 whose codes, names and memos are Cyrillic.
 TEST(CodePageTest, HoldsForNamesTextsMemosAndSearches) {
   JetFile file(Format::kJet3);

@@ -64,20 +64,6 @@ TEST(TextTest, ComparesExactly) {
   EXPECT_TRUE(Equals(Compressed(""), ""));
 }
 
-TEST(TextTest, TakesUtf8Apart) {
-  std::string_view text = "aß€\U0001F6EB";
-  EXPECT_EQ(TakeUtf8(text), U'a');
-  EXPECT_EQ(TakeUtf8(text), U'ß');
-  EXPECT_EQ(TakeUtf8(text), U'€');
-  EXPECT_EQ(TakeUtf8(text), U'\U0001F6EB');
-  EXPECT_TRUE(text.empty());
-  // Stray, cut, overlong and surrogate sequences are each replaced, and the rest is still read.
-  for (std::string_view broken : {"\x80z", "\xC3z", "\xE2\x82z", "\xC0\xAFz", "\xED\xA0\x80z", "\xF8z"}) {
-    EXPECT_EQ(TakeUtf8(broken), kReplacement);
-    EXPECT_TRUE(broken.ends_with("z"));
-  }
-}
-
 TEST(TextTest, EncodesForTheFile) {
   std::u16string wide;
   ToUtf16("ß\U0001F6EB", wide);
@@ -86,16 +72,6 @@ TEST(TextTest, EncodesForTheFile) {
   EXPECT_TRUE(ToCodePage("Zürich €\u0081", narrow));
   EXPECT_EQ(narrow, "Z\xFCrich \x80\x81");
   EXPECT_FALSE(ToCodePage("ж", narrow));
-}
-
-TEST(TextTest, IgnoresLetterCase) {
-  EXPECT_TRUE(EqualsIgnoringCase("Col_Entry", "COL_ENTRY"));
-  EXPECT_TRUE(EqualsIgnoringCase("ÄÖÜŽ", "äöüž"));
-  EXPECT_TRUE(EqualsIgnoringCase("Жук", "жУК"));
-  EXPECT_FALSE(EqualsIgnoringCase("a", "ab"));
-  EXPECT_FALSE(EqualsIgnoringCase("×", "÷"));
-  EXPECT_FALSE(EqualsIgnoringCase("[", "{"));
-  EXPECT_EQ(FoldCase("Grün ŸŁ"), "grün ÿł");
 }
 
 }  // namespace
