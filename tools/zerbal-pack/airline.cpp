@@ -8,11 +8,11 @@
 #include <utility>
 #include <variant>
 
+#include "base/case_folding.h"
 #include "data/flight.h"
 #include "data/map_style.h"
 #include "jet/writer.h"
 #include "zerbal-pack/csv_value.h"
-#include "zerbal-pack/text.h"
 
 namespace zerbal::pack {
 
@@ -24,14 +24,14 @@ class KeySet {
   KeySet(const CsvTable& table, std::string_view field) : known_(table.headerRead) {
     const std::size_t column = table.layout->ColumnIndex(field);
     for (const CsvRow& row : table.rows)
-      keys_.emplace(LowerCase(row.Text(column)), row.Text(column));
+      keys_.emplace(base::LowerAscii(row.Text(column)), row.Text(column));
   }
 
   /// Why `key` refers to nothing; nothing when it does, or when the keys could not be read at all.
   std::optional<std::string> Fault(std::string_view key, std::string_view what) const {
     if (!known_)
       return std::nullopt;
-    const auto found = keys_.find(LowerCase(key));
+    const auto found = keys_.find(base::LowerAscii(key));
     if (found != keys_.end() && found->second == key)
       return std::nullopt;
     std::string reason = std::string("unknown ").append(what).append(" ").append(Quoted(key));

@@ -4,8 +4,8 @@
 #include <sstream>
 #include <utility>
 
+#include "base/file_replacement.h"
 #include "zerbal-pack/airline.h"
-#include "zerbal-pack/output_file.h"
 #include "zerbal-pack/staged_folders.h"
 #include "zerbal-pack/write_tables.h"
 
@@ -86,7 +86,7 @@ std::vector<TableSize> WriteData(const fs::path& folder, const Sources& sources)
     AddSize(sizes, "qavdata.mdb", *table);
   WriteAirports(folder / "allaprt.mdb", sources.airports);
   AddSize(sizes, "allaprt.mdb", sources.airports);
-  OutputFile revision(folder / kRevisionFile);
+  base::FileReplacement revision(folder / kRevisionFile);
   revision.Write(RevisionText(sources.revision));
   revision.Commit();
   return sizes;

@@ -6,6 +6,7 @@
 #include <set>
 #include <string_view>
 
+#include "base/case_folding.h"
 #include "base/find_file.h"
 #include "data/flight_reader.h"
 #include "data/map_style.h"
@@ -18,7 +19,6 @@
 #include "zerbal-pack/find_index.h"
 #include "zerbal-pack/layout.h"
 #include "zerbal-pack/map_point.h"
-#include "zerbal-pack/text.h"
 
 namespace zerbal::pack {
 
@@ -231,7 +231,7 @@ class FolderCheck {
     for (const std::string& table : database->TableNames()) {
       const bool detail = IsCellTable(table);
       tables += detail ? 1 : 0;
-      if (detail || (coast && EqualIgnoringCase(table, "wcl")))
+      if (detail || (coast && base::EqualsIgnoringAsciiCase(table, "wcl")))
         CheckLines(*database, TableOf(file, table), table);
     }
     if (tables == 0)
@@ -241,7 +241,7 @@ class FolderCheck {
 
   /// A cell's name, two of the letters A, C, E, ... Q, and "wdb2".
   static bool IsCellTable(std::string_view name) {
-    const std::string plain = LowerCase(name);
+    const std::string plain = base::LowerAscii(name);
     const auto isBand = [](char c) { return c >= 'a' && c <= 'q' && (c - 'a') % 2 == 0; };
     return plain.size() == 6 && isBand(plain[0]) && isBand(plain[1]) && plain.ends_with("wdb2");
   }

@@ -4,10 +4,10 @@
 #include <cstddef>
 #include <vector>
 
+#include "base/case_folding.h"
 #include "jet/error.h"
 #include "zerbal-pack/csv_value.h"
 #include "zerbal-pack/find_index.h"
-#include "zerbal-pack/text.h"
 
 namespace zerbal::pack {
 
@@ -51,8 +51,8 @@ void CheckIndex(const jet::Recordset& rows, const NeededIndex& needed, const std
   }
   if (needed.field.empty())
     return;
-  const bool onField =
-      found->columns.size() == 1 && EqualIgnoringCase(found->columns.front().name, needed.field);
+  const bool onField = found->columns.size() == 1 &&
+                       base::EqualsIgnoringEuropeanCase(found->columns.front().name, needed.field);
   if (!onField)
     report.Add(where, "index",
                "index " + Quoted(needed.index) + " is not on the one field " + Quoted(needed.field));

@@ -2,39 +2,15 @@
 
 #include <utility>
 
+#include "base/utf8.h"
+
 namespace zerbal::pack {
 
 namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-bool IsContinuation(std::string_view text, std::size_t at) {
-  return at < text.size() && (static_cast<unsigned char>(text[at]) & 0xC0U) == 0x80U;
-}
-
 }  // namespace
-
-std::size_t Utf8Length(std::string_view text, std::size_t at) {
-  if (at >= text.size())
-    return 0;
-  const auto lead = static_cast<unsigned char>(text[at]);
-  if (lead < 0x80)
-    return 1;
-  const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
-  if (lead < 0xC2 || lead > 0xF4)
-    return 0;
-  for (std::size_t i = 1; i < length; ++i) {
-    if (!IsContinuation(text, at + i))
-      return 0;
-  }
-  // The second byte rules out characters written too long, surrogates and what lies beyond the last
-  // character.
-  const auto second = static_cast<unsigned char>(text[at + 1]);
-  if ((lead == 0xE0 && second < 0xA0) || (lead == 0xED && second > 0x9F) || (lead == 0xF0 && second < 0x90) ||
-      (lead == 0xF4 && second > 0x8F))
-    return 0;
-  return length;
-}
 
 CsvReader::CsvReader(std::string_view text) : text_(text) {
   if (text_.starts_with(kByteOrderMark))
@@ -91,7 +67,7 @@ void CsvReader::ReadQuoted(CsvRecord& record, std::string& text) {
       const std::size_t from = at_;
       SkipLineEnd();
       text.append(text_.substr(from, at_ - from));
-    } else if (const std::size_t length = Utf8Length(text_, at_); length == 0) {
+    } else if (const std::size_t length = base::Utf8Length(text_.substr(at_)); length == 0) {
       return Fail(record, line_, "not valid UTF-8");
     } else if (c == '\0') {
       return Fail(record, line_, "a NUL character");
@@ -110,7 +86,7 @@ void CsvReader::ReadQuoted(CsvRecord& record, std::string& text) {
 
 void CsvReader::ReadPlain(CsvRecord& record, std::string& text) {
   while (at_ < text_.size() && text_[at_] != ',' && !AtLineEnd()) {
-    const std::size_t length = Utf8Length(text_, at_);
+    const std::size_t length = base::Utf8Length(text_.substr(at_));
     if (length == 0)
       return Fail(record, line_, "not valid UTF-8");
     if (text_[at_] == '\0')

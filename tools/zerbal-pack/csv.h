@@ -57,9 +57,6 @@ class CsvReader {
   std::size_t line_ = 1;
 };
 
-/// The bytes at `at` that make one UTF-8 character (1 to 4), or 0 when they are none.
-std::size_t Utf8Length(std::string_view text, std::size_t at);
-
 /// `text` in quotes, those in it doubled.
 void AppendCsvText(std::string_view text, std::string& out);
 

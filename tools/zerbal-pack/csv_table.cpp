@@ -7,10 +7,10 @@
 #include <utility>
 #include <variant>
 
+#include "base/case_folding.h"
 #include "data/flight.h"
 #include "zerbal-pack/csv.h"
 #include "zerbal-pack/csv_value.h"
-#include "zerbal-pack/text.h"
 
 namespace zerbal::pack {
 
@@ -46,14 +46,14 @@ std::string WithoutBlanks(std::string_view text) {
 }
 
 bool SameName(std::string_view a, std::string_view b) {
-  return EqualIgnoringCase(WithoutBlanks(a), WithoutBlanks(b));
+  return base::EqualsIgnoringAsciiCase(WithoutBlanks(a), WithoutBlanks(b));
 }
 
 /// "Stop 11" and so on, which a planner may well have, but no flight.
 bool IsExtraStop(std::string_view name, const TableLayout& layout) {
   if (&layout != &FlightLayout())
     return false;
-  const std::string plain = LowerCase(WithoutBlanks(name));
+  const std::string plain = base::LowerAscii(WithoutBlanks(name));
   for (const std::string_view prefix : {"stop", "flit_stop"}) {
     if (!plain.starts_with(prefix))
       continue;
@@ -202,7 +202,7 @@ class TableReader {
 
   void CheckTwice(std::size_t line, const std::string& name, const std::string& key) {
     // Neither indexes nor the settings file look at letter case.
-    const auto [first, isNew] = keys_[name].try_emplace(LowerCase(key), line, key);
+    const auto [first, isNew] = keys_[name].try_emplace(base::LowerAscii(key), line, key);
     if (isNew)
       return;
     std::string reason = Quoted(key) + " is already on line " + std::to_string(first->second.first);

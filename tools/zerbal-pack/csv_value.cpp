@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <utility>
 
+#include "base/utf8.h"
+
 namespace zerbal::pack {
 
 namespace {
@@ -126,7 +128,7 @@ CsvValue PositionValue(const CsvField& field, const ColumnLayout& column, bool m
 std::size_t CharacterCount(std::string_view text) {
   std::size_t count = 0;
   for (std::size_t at = 0; at < text.size();) {
-    const std::size_t length = std::max<std::size_t>(Utf8Length(text, at), 1);
+    const std::size_t length = std::max<std::size_t>(base::Utf8Length(text.substr(at)), 1);
     count += length == 4 ? 2 : 1;
     at += length;
   }
@@ -141,7 +143,7 @@ std::string Quoted(std::string_view text) {
       quoted += "...";
       break;
     }
-    const std::size_t length = std::max<std::size_t>(Utf8Length(text, at), 1);
+    const std::size_t length = std::max<std::size_t>(base::Utf8Length(text.substr(at)), 1);
     const bool shown = length > 1 || (text[at] >= ' ' && text[at] <= '~');
     if (shown)
       quoted.append(text.substr(at, length));

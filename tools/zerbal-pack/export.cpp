@@ -6,13 +6,13 @@
 #include <set>
 #include <vector>
 
+#include "base/case_folding.h"
+#include "base/file_replacement.h"
 #include "jet/database.h"
 #include "jet/error.h"
 #include "zerbal-pack/csv.h"
 #include "zerbal-pack/find_index.h"
-#include "zerbal-pack/output_file.h"
 #include "zerbal-pack/schema_csv.h"
-#include "zerbal-pack/text.h"
 
 namespace zerbal::pack {
 
@@ -37,7 +37,7 @@ std::string Joined(const std::vector<std::string>& names) {
 }
 
 void WriteRows(jet::Recordset& rows, const std::filesystem::path& file) {
-  OutputFile output(file);
+  base::FileReplacement output(file);
   std::string text;
   const int columns = static_cast<int>(rows.Columns().size());
   for (int i = 0; i < columns; ++i) {
@@ -73,7 +73,7 @@ class Exporter {
       return false;
     std::filesystem::create_directories(options_.folder);
     if (options_.schema)
-      fileNames_.insert(LowerCase(kSchemaFile));
+      fileNames_.insert(base::LowerAscii(kSchemaFile));
     for (const std::string& table : tables)
       ExportTable(table);
     if (options_.schema)
@@ -86,7 +86,7 @@ class Exporter {
  private:
   bool KeepOne(std::vector<std::string>& tables) {
     const auto found = std::find_if(tables.begin(), tables.end(), [&](const std::string& name) {
-      return EqualIgnoringCase(name, options_.table);
+      return base::EqualsIgnoringEuropeanCase(name, options_.table);
     });
     if (found == tables.end()) {
       Fail("there is no table '" + options_.table + "'; the tables are: " + Joined(tables));
@@ -129,7 +129,7 @@ class Exporter {
   std::string FreeFileName(const std::string& table) {
     const std::string plain = CsvFileName(table);
     std::string name = plain + ".csv";
-    for (int number = 2; !fileNames_.insert(LowerCase(name)).second; ++number)
+    for (int number = 2; !fileNames_.insert(base::LowerAscii(name)).second; ++number)
       name = plain + "_" + std::to_string(number) + ".csv";
     return name;
   }
@@ -174,8 +174,8 @@ void AppendCsvValue(const jet::Field& field, std::string& out) {
 std::string CsvFileName(const std::string& table) {
   std::string name = table;
   for (char& c : name) {
-    const bool plain = (c >= '0' && c <= '9') || (LowerCase(c) >= 'a' && LowerCase(c) <= 'z') || c == '_' ||
-                       c == '-' || c == ' ' || static_cast<unsigned char>(c) >= 0x80;
+    const bool plain = (c >= '0' && c <= '9') || (base::LowerAscii(c) >= 'a' && base::LowerAscii(c) <= 'z') ||
+                       c == '_' || c == '-' || c == ' ' || static_cast<unsigned char>(c) >= 0x80;
     if (!plain)
       c = '_';
   }

@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <string_view>
 
+#include "base/case_folding.h"
 #include "jet/recordset.h"
-#include "zerbal-pack/text.h"
 
 namespace zerbal::pack {
 
@@ -13,7 +13,7 @@ namespace zerbal::pack {
 inline const jet::IndexInfo* FindIndex(const jet::Recordset& rows, std::string_view name) {
   const auto& indexes = rows.Indexes();
   const auto found = std::find_if(indexes.begin(), indexes.end(), [&](const jet::IndexInfo& index) {
-    return EqualIgnoringCase(index.name, name);
+    return base::EqualsIgnoringEuropeanCase(index.name, name);
   });
   return found == indexes.end() ? nullptr : &*found;
 }

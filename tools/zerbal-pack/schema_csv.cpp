@@ -3,10 +3,10 @@
 #include <initializer_list>
 #include <string_view>
 
+#include "base/file_replacement.h"
 #include "jet/error.h"
 #include "jet/recordset.h"
 #include "zerbal-pack/csv.h"
-#include "zerbal-pack/output_file.h"
 
 namespace zerbal::pack {
 
@@ -122,7 +122,7 @@ void WriteSchemaCsv(const jet::Database& database, const std::vector<std::string
       continue;  // reported when its rows were to be written
     }
   }
-  OutputFile output(file);
+  base::FileReplacement output(file);
   output.Write(csv);
   output.Commit();
 }
