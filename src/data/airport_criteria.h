@@ -11,7 +11,7 @@ namespace zerbal::data {
 enum class Criterion { kElevation, kRunways, kLongestRunway, kIls };
 enum class Limit { kBetween, kAtLeast, kAtMost };
 
-/// One numeric criterion with all its numbers, so that a dialog shows those of unselected modes again.
+/// One numeric criterion. The numbers of the limits that are not selected are kept for the dialog.
 struct NumericCriterion {
   bool active = false;
   Limit limit = Limit::kBetween;
@@ -25,7 +25,7 @@ struct NumericCriterion {
 struct AirportCriteria {
   std::array<NumericCriterion, 3> numeric;  ///< elevation (ft), runways, longest runway (ft)
   bool ilsActive = false;
-  bool withIls = true;  ///< "1" passes; otherwise "0" passes; any other text never does
+  bool withIls = true;  ///< "1" passes; when false, "0" passes. Any other text never does
   bool operator==(const AirportCriteria&) const = default;
 
   bool AnyActive() const;
@@ -34,7 +34,7 @@ struct AirportCriteria {
 bool AirportPassesCriteria(const AirportCriteria& set, std::int32_t elevation, std::int32_t runways,
                            std::int32_t longestRunway, std::string_view ils);
 
-/// The set in one line, as the check boxes of the layers show it.
+/// Describes the criteria in one line for the check boxes of the layers.
 std::string DelimitationText(const AirportCriteria& set);
 
 }  // namespace zerbal::data

@@ -4,24 +4,14 @@
 #include <cstdint>
 #include <string>
 
-#include "data/table_field.h"
-#include "jet/database.h"
+#include "data/table_access.h"
 #include "jet/error.h"
 
 namespace zerbal::data {
 
-namespace {
-
-jet::Recordset OpenByCode(const jet::Database& database, const char* table) {
-  jet::Recordset rows = database.OpenTable(table);
-  rows.SetIndex("aprt");
-  return rows;
-}
-
-}  // namespace
-
 struct AirportTable {
-  AirportTable(const jet::Database& database, const char* table) : rows(OpenByCode(database, table)) {}
+  AirportTable(const jet::Database& database, const char* table)
+      : rows(OpenWithIndex(database, table, "aprt")) {}
 
   bool HasPlaceAndTexts() const {
     return code.Exists() && name.Exists() && city.Exists() && lon.Exists() && lat.Exists();
@@ -35,12 +25,6 @@ struct AirportTable {
     if (criteria.ilsActive)
       ReadIls();
     return AirportPassesCriteria(criteria, values[0], values[1], values[2], ilsText);
-  }
-
-  std::string_view Text(const TableField& field, std::string& text) const {
-    text.clear();
-    field.Of(rows).AppendText(text);
-    return text;
   }
 
   std::int32_t NumberOrZero(const TableField& field) const {
@@ -57,7 +41,7 @@ struct AirportTable {
     ilsText.clear();
     try {
       if (ils.Exists())
-        ils.Of(rows).AppendText(ilsText);
+        ils.Read(rows, ilsText);
     } catch (const jet::EngineError&) {
       ilsText.clear();
     }
@@ -77,15 +61,15 @@ MapPosition Airport::Position() const {
 }
 
 std::string_view Airport::Code() const {
-  return table_->Text(table_->code, table_->codeText);
+  return table_->code.Read(table_->rows, table_->codeText);
 }
 
 std::string_view Airport::Name() const {
-  return table_->Text(table_->name, table_->nameText);
+  return table_->name.Read(table_->rows, table_->nameText);
 }
 
 std::string_view Airport::City() const {
-  return table_->Text(table_->city, table_->cityText);
+  return table_->city.Read(table_->rows, table_->cityText);
 }
 
 Airports::Airports(const jet::Database& database, const char* table)

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "base/numbers.h"
-#include "data/program_tables.h"
+#include "data/load_by_code.h"
 #include "settings/value_text.h"
 
 namespace zerbal::data {
@@ -28,7 +28,7 @@ Rgb ParseColour(std::string_view text) {
 
 ColourTable LoadColours(const std::filesystem::path& zbldata) {
   ColourTable colours;
-  jet::Recordset col = OpenProgramTable(zbldata, "col", "colcode");
+  jet::Recordset col = OpenWithIndex(jet::Database::Open(zbldata), "col", "colcode");
   LoadByCode(col, kColourRules, "Colors are missing in the table for:", [&](std::size_t row) {
     colours.rows[row] = {
         ClampRgb(col["Col_R"].AsInteger(), col["Col_G"].AsInteger(), col["Col_B"].AsInteger()),

@@ -1,4 +1,4 @@
-// The database files of the program and the recordsets that stay open for the whole run.
+// Finds the database files of the program and keeps them open.
 #pragma once
 
 #include <filesystem>
@@ -19,15 +19,15 @@ struct DataFiles {
 
 struct FoundFiles {
   DataFiles files;
-  /// Required files that are not there, in the order in which they are looked for.
+  /// Required files that do not exist, in the order of DataFiles.
   std::vector<std::filesystem::path> missing;
 };
 
-/// Looks in a folder's `app_data` and `app_map` for all of them. Names are found without regard to letter
-/// case, since databases come from case-blind disks. The map may go without rivers and boundaries.
+/// Looks for all files in the folders `app_data` and `app_map` of a folder. The letter case of names does not
+/// matter. Files of rivers and boundaries are optional.
 FoundFiles FindDataFiles(const std::filesystem::path& folder);
 
-/// Everything that is open for the whole run. Destroying it closes it, in the reverse order of opening.
+/// Everything that is open while the program runs.
 struct Databases {
   Schedule schedule;
   Airports destinations;

@@ -1,4 +1,4 @@
-// What the three flight finding dialogs remember for the rest of the run.
+// What the three flight finding dialogs remember until the program ends.
 #pragma once
 
 #include <string>

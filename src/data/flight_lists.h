@@ -1,4 +1,4 @@
-// The flight lists of the flight finding dialogs: which flights, in which order, by which line and key.
+// The flight lists of the flight finding dialogs.
 #pragma once
 
 #include <string>
@@ -11,7 +11,7 @@
 
 namespace zerbal::data {
 
-/// Flights as a list shows them: entry i of `keys` (Flit_2015) belongs to entry i of `lines`.
+/// Flights as a list shows them: `keys[i]` is the key of the flight in `lines[i]`.
 struct FlightList {
   std::vector<std::string> lines;
   std::vector<std::string> keys;
@@ -31,7 +31,7 @@ struct FlightSource {
   const FlightServiceTable& services;
 };
 
-/// The line by which every flight list shows a flight: number, origin and destination with their cities where
+/// The line that shows a flight in every list: number, origin and destination with their cities where
 /// they are among the destinations, and the stopovers, with their cities when `citiesForStopovers`.
 std::string FlightLine(const Flight& flight, const Airports& destinations, bool citiesForStopovers);
 

@@ -11,15 +11,11 @@ constexpr std::array<const char*, kMaxStopovers> kStopFields = {
     "Flit_Stop1", "Flit_Stop2", "Flit_Stop3", "Flit_Stop4", "Flit_Stop5",
     "Flit_Stop6", "Flit_Stop7", "Flit_Stop8", "Flit_Stop9", "Flit_Stop10"};
 
-void Set(std::string& text, const jet::Field& field) {
-  text.clear();
-  field.AppendText(text);
-}
-
-void SetPoint(Flight& flight, std::size_t position, const jet::Field& airport) {
+/// The text at this position of the route, made if need be.
+std::string& Point(Flight& flight, std::size_t position) {
   if (position == flight.route.size())
     flight.route.emplace_back();
-  Set(flight.route[position], airport);
+  return flight.route[position];
 }
 
 }  // namespace
@@ -36,18 +32,17 @@ FlightFields::FlightFields(const jet::Recordset& flights)
 }
 
 void ReadFlight(const jet::Recordset& flights, const FlightFields& fields, Flight& flight) {
-  Set(flight.key, fields.key.Of(flights));
-  Set(flight.service, fields.service.Of(flights));
-  Set(flight.number, fields.number.Of(flights));
+  fields.key.Read(flights, flight.key);
+  fields.service.Read(flights, flight.service);
+  fields.number.Read(flights, flight.number);
   std::size_t points = 0;
-  SetPoint(flight, points++, fields.origin.Of(flights));
-  for (const TableField& field : fields.stops) {
-    const jet::Field stop = field.Of(flights);
-    if (!stop.HoldsText())
-      break;
-    SetPoint(flight, points++, stop);
+  fields.origin.Read(flights, Point(flight, points++));
+  for (const TableField& stop : fields.stops) {
+    if (!stop.Of(flights).HoldsText())
+      break;  // the first Null ends the stopovers
+    stop.Read(flights, Point(flight, points++));
   }
-  SetPoint(flight, points++, fields.destination.Of(flights));
+  fields.destination.Read(flights, Point(flight, points++));
   flight.route.resize(points);
 }
 

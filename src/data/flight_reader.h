@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "data/flight.h"
-#include "data/table_field.h"
+#include "data/table_access.h"
 
 namespace zerbal::data {
 

@@ -4,7 +4,7 @@
 
 #include "base/case_folding.h"
 #include "base/numbers.h"
-#include "data/program_tables.h"
+#include "data/load_by_code.h"
 #include "settings/value_text.h"
 
 namespace zerbal::data {
@@ -30,7 +30,7 @@ bool ReadFont(settings::IniFile& ini, Font& font) {
 
 FontTable LoadFonts(const std::filesystem::path& zbldata) {
   FontTable fonts;
-  jet::Recordset fon = OpenProgramTable(zbldata, "fon", "foncode");
+  jet::Recordset fon = OpenWithIndex(jet::Database::Open(zbldata), "fon", "foncode");
   LoadByCode(fon, kFontRules, "Fonts are missing in the table for:", [&](std::size_t row) {
     fonts.rows[row] = {fon["Fon_Name"].AsText(), fon["Fon_Size"].AsInteger(), fon["Fon_Entry"].AsText()};
   });

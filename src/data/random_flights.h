@@ -1,4 +1,4 @@
-// Drawing one flight, or one round trip, by lot.
+// Draws a random flight or a random round trip.
 #pragma once
 
 #include <string>
@@ -10,9 +10,9 @@
 
 namespace zerbal::data {
 
-/// The rule by which consecutive flights make round trips. A flight that ends where it began is a round trip
-/// by itself; others make a chain as long as each begins where the one before ended, and the chain closes
-/// when one ends where the chain began. The flight after a closed chain always begins afresh.
+/// Finds round trips in consecutive flights. A flight that ends where it began is a round trip by itself.
+/// Other flights make a chain as long as each begins where the previous one ended; the chain closes when a
+/// flight ends where the chain began. The flight after a closed chain always begins a new one.
 class RoundTripChain {
  public:
   /// The next flight in order, by origin and destination. True when a round trip closes with it.
@@ -30,9 +30,9 @@ class RoundTripChain {
   int length_ = 0;
 };
 
-/// Draws a service among those whose random-pick flag is set (there must be one), then, as `state.howMany`
-/// says, one of its flights or one of its round trips. Sets drawnService and drawnFlights; none are drawn
-/// when the service has no flight or no round trip. Throws OverflowError beyond 32767 candidates.
+/// Draws a service among those whose random-pick flag is set (there must be one), then one of its flights or
+/// one of its round trips, depending on `state.howMany`. Sets drawnService and drawnFlights, which stays
+/// empty when the service has no flight or no round trip. Throws OverflowError beyond 32767 candidates.
 void DrawRandomFlights(FlightSource source, RandomSource& random, FlightFinderState& state);
 
 }  // namespace zerbal::data

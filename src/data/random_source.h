@@ -1,4 +1,4 @@
-// Where chance comes from; start-up and tests supply the source.
+// The source of random numbers; start-up and tests supply it.
 #pragma once
 
 #include <algorithm>

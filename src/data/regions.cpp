@@ -5,7 +5,7 @@
 #include "base/coordinates.h"
 #include "base/numbers.h"
 #include "data/counters.h"
-#include "data/program_tables.h"
+#include "data/table_access.h"
 #include "jet/error.h"
 
 namespace zerbal::data {
@@ -44,7 +44,7 @@ void RegionTable::ComputeWorldRow() {
 
 RegionTable LoadRegions(const std::filesystem::path& zbldata) {
   RegionTable regions;
-  jet::Recordset reg = OpenProgramTable(zbldata, "reg", "sort");
+  jet::Recordset reg = OpenWithIndex(jet::Database::Open(zbldata), "reg", "sort");
   int count = 0;
   for (reg.MoveFirst(); !reg.Eof(); reg.MoveNext()) {
     if (count == 0)

@@ -22,11 +22,6 @@ struct ScheduleTables {
       flights.SetIndex("flituni");
     byKey = true;
   }
-  std::string_view Text(const TableField& field, std::string& text) const {
-    text.clear();
-    field.Of(flights).AppendText(text);
-    return text;
-  }
 
   jet::Recordset services;
   jet::Recordset flights;
@@ -43,11 +38,11 @@ const Flight& FlightRow::Read() const {
 }
 
 std::string_view FlightRow::Origin() const {
-  return tables_->Text(tables_->fields.origin, tables_->origin);
+  return tables_->fields.origin.Read(tables_->flights, tables_->origin);
 }
 
 std::string_view FlightRow::Destination() const {
-  return tables_->Text(tables_->fields.destination, tables_->destination);
+  return tables_->fields.destination.Read(tables_->flights, tables_->destination);
 }
 
 Schedule::Schedule(jet::Recordset services, jet::Recordset flights)

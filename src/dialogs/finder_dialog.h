@@ -1,5 +1,5 @@
-// What the three flight finding dialogs share: the data that they look at, and the list of flights from which
-// the user hands some over for drawing.
+// What the three flight finding dialogs share: their data, and the list of flights from which the user
+// selects some to be drawn.
 #pragma once
 
 #include <QPushButton>

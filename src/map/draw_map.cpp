@@ -15,13 +15,14 @@ namespace {
 
 using data::ColourCode;
 
-/// Runs one step of the drawing. An error skips what is left of it and nobody hears of it.
+/// Runs one step of the drawing. An error, such as a database that has disappeared, ends the step; the next
+/// one is drawn.
 template <typename Step>
 void Contained(const Step& step) {
   try {
     step();
   } catch (const std::exception&) {
-    // The next step is drawn.
+    // What the step has drawn so far stays.
   }
 }
 
@@ -52,43 +53,45 @@ void DrawLines(data::LineKind kind, Layer layer, ColourCode colour, const MapSce
     Contained([&] { baseMap.VisitTile(kind, tile, painter.Bounds(), draw); });
 }
 
+void DrawBaseMap(const MapScene& scene, Surface& surface) {
+  const auto draw = [&](data::LineKind kind, Layer layer, ColourCode colour) {
+    Contained([&] { DrawLines(kind, layer, colour, scene, surface); });
+  };
+  draw(data::LineKind::kCoast, Layer::kCoast, ColourCode::kCoast);
+  if (scene.options.rivers)
+    draw(data::LineKind::kRiver, Layer::kRiver, ColourCode::kRiver);
+  if (scene.options.boundaries)
+    draw(data::LineKind::kBoundary, Layer::kBoundary, ColourCode::kIBound);
+}
+
+void DrawAirports(const MapScene& scene, Canvas& canvas) {
+  const auto draw = [&](Layer layer, const data::Airports& airports, const data::AirportCriteria& criteria,
+                        ColourCode colour) {
+    Contained([&] {
+      canvas.surface.BeginLayer(layer);
+      DrawAirportLayer(canvas, airports, criteria, scene.style.colours[colour]);
+    });
+  };
+  if (scene.options.allAirports)
+    draw(Layer::kAirports, scene.databases.allAirports, scene.allAirportCriteria, ColourCode::kApAll);
+  if (scene.options.destinations)
+    draw(Layer::kDestinations, scene.databases.destinations, scene.destinationCriteria, ColourCode::kApDest);
+}
+
 }  // namespace
 
 void DrawMap(const MapScene& scene, Surface& surface) {
-  const Viewport& viewport = scene.viewport;
-  const data::DisplayOptions& options = scene.options;
   const data::ColourTable& colours = scene.style.colours;
-  const data::Databases& databases = scene.databases;
-  if (!viewport.HasArea())
+  if (!scene.viewport.HasArea())
     return;
-
   surface.BeginLayer(Layer::kBackground);
   surface.Clear(colours[ColourCode::kMapBg]);
   surface.BeginLayer(Layer::kCentre);
-  if (options.centreOfMap)
-    DrawCentreMark(viewport, surface, colours[ColourCode::kCentre]);
-
-  const auto drawLines = [&](data::LineKind kind, Layer layer, ColourCode colour) {
-    Contained([&] { DrawLines(kind, layer, colour, scene, surface); });
-  };
-  drawLines(data::LineKind::kCoast, Layer::kCoast, ColourCode::kCoast);
-  if (options.rivers)
-    drawLines(data::LineKind::kRiver, Layer::kRiver, ColourCode::kRiver);
-  if (options.boundaries)
-    drawLines(data::LineKind::kBoundary, Layer::kBoundary, ColourCode::kIBound);
-
-  Canvas canvas{scene.viewport, surface, MapFont(viewport, scene.style.fonts)};
-  if (options.allAirports)
-    Contained([&] {
-      surface.BeginLayer(Layer::kAirports);
-      DrawAirportLayer(canvas, databases.allAirports, scene.allAirportCriteria, colours[ColourCode::kApAll]);
-    });
-  if (options.destinations)
-    Contained([&] {
-      surface.BeginLayer(Layer::kDestinations);
-      DrawAirportLayer(canvas, databases.destinations, scene.destinationCriteria,
-                       colours[ColourCode::kApDest]);
-    });
+  if (scene.options.centreOfMap)
+    DrawCentreMark(scene.viewport, surface, colours[ColourCode::kCentre]);
+  DrawBaseMap(scene, surface);
+  Canvas canvas{scene.viewport, surface, MapFont(scene.viewport, scene.style.fonts)};
+  DrawAirports(scene, canvas);
   Contained([&] {
     surface.BeginLayer(Layer::kFlights);
     if (scene.flights.serviceMode)

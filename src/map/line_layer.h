@@ -35,11 +35,13 @@ class StoredProjection {
   data::StoredBounds bounds_;
 };
 
+inline constexpr int kLineWidth = 1;  ///< of coastlines, rivers and boundaries, logical pixels
+
 /// Draws the lines of a layer, part by part. A segment is drawn only when both of its ends are in view.
 class LinePainter {
  public:
   LinePainter(const Viewport& viewport, Surface& surface, data::Rgb colour)
-      : projection_(viewport), surface_(surface), pen_{.colour = colour} {}
+      : projection_(viewport), surface_(surface), pen_{.colour = colour, .width = kLineWidth} {}
 
   const data::StoredBounds& Bounds() const { return projection_.Bounds(); }
   /// Draws neighbouring points within the bounds.

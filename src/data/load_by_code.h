@@ -1,23 +1,14 @@
-// The tables of the program's own database, zbldata.mdb. For data/ itself.
+// Reads the rows of a table that are known by their codes. For data/ itself.
 #pragma once
 
 #include <cstddef>
-#include <filesystem>
 #include <string>
 
 #include "data/load_error.h"
-#include "jet/database.h"
-#include "jet/recordset.h"
+#include "data/table_access.h"
 #include "settings/message_boxes.h"
 
 namespace zerbal::data {
-
-inline jet::Recordset OpenProgramTable(const std::filesystem::path& zbldata, const char* table,
-                                       const char* index) {
-  jet::Recordset rows = jet::Database::Open(zbldata).OpenTable(table);
-  rows.SetIndex(index);
-  return rows;
-}
 
 /// Finds the row of each rule by its code, in the order of the rules, and calls `fill` with the number of the
 /// rule while `source` stands on the row. Throws LoadError, which lists the codes that are missing under
