@@ -4,6 +4,7 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "settings/message_boxes.h"
 
@@ -94,9 +95,21 @@ void frmMain::Place(const FramePlacement& placement) {
     setWindowState(Qt::WindowMinimized);
   } else {
     setWindowState(Qt::WindowNoState);
-    resize(placement.width, placement.height);
-    move(placement.left, placement.top);
+    const FramePlacement shown = Showable(placement, devicePixelRatioF());
+    resize(shown.width, shown.height);
+    move(shown.left, shown.top);
+    storedSize_ = {placement.width, placement.height};
+    shownSize_ = size();
   }
+}
+
+FramePlacement frmMain::PlacementToSave() const {
+  FramePlacement placement = CurrentPlacement();
+  if (size() == shownSize_) {
+    placement.width = std::max(placement.width, storedSize_.width());
+    placement.height = std::max(placement.height, storedSize_.height());
+  }
+  return placement;
 }
 
 void frmMain::Load() {
@@ -196,7 +209,7 @@ void frmMain::Unload() {
   if (!Loaded())
     return;
   if (program_.saveFlags.mainWindow)
-    SaveFramePlacement(program_.iniFile, CurrentPlacement());
+    SaveFramePlacement(program_.iniFile, PlacementToSave());
   if (program_.saveFlags.menuEntries)
     SaveDisplayOptions(program_.iniFile, program_.display);
   client_->LetGo();

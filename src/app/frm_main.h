@@ -51,6 +51,9 @@ class frmMain final : public QMainWindow {
   class Client;
 
   FramePlacement CurrentPlacement() const;
+  /// The current one, but a side that was too long to be shown as it was stored, unless the user has changed
+  /// the size.
+  FramePlacement PlacementToSave() const;
   void PlaceAsDesigned();
   void Place(const FramePlacement& placement);
   void LoadSettings();
@@ -62,6 +65,8 @@ class frmMain final : public QMainWindow {
 
   Program& program_;
   Dialogs& dialogs_;
+  QSize storedSize_;
+  QSize shownSize_;  ///< what came of storedSize_
   ToolBar* picTool_;
   StatusBar* picStat_;
   Client* client_;

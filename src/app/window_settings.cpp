@@ -14,8 +14,6 @@ namespace {
 
 constexpr char kMainWindow[] = "MainWindow";
 constexpr char kMenuEntries[] = "MenuEntryChecked";
-/// A longer side is a slip of the pen; the picture of the map alone would take the computer's memory.
-constexpr int kLongestSide = 10000;
 
 const char* SwitchText(bool value) {
   return value ? "1" : "0";
@@ -60,8 +58,16 @@ FramePlacement ReadFramePlacement(settings::IniFile& ini, const FramePlacement& 
   placement.state = ReadState(ini);
   std::tie(placement.left, placement.top) = ReadPair(ini, "Position", current.left, current.top);
   std::tie(placement.height, placement.width) = ReadPair(ini, "Size", current.height, current.width);
-  placement.width = std::clamp(placement.width, 1, kLongestSide);
-  placement.height = std::clamp(placement.height, 1, kLongestSide);
+  return placement;
+}
+
+FramePlacement Showable(FramePlacement placement, double pixelRatio) {
+  constexpr double kLongestSide = 32767;
+  constexpr double kMostPixels = 1 << 28;  // of 4 bytes each
+  const auto longestSide = static_cast<int>(kLongestSide / pixelRatio);
+  placement.width = std::clamp(placement.width, 1, longestSide);
+  const auto mostRows = static_cast<int>(kMostPixels / (pixelRatio * pixelRatio * placement.width));
+  placement.height = std::clamp(placement.height, 1, std::min(longestSide, mostRows));
   return placement;
 }
 

@@ -25,8 +25,12 @@ struct FramePlacement {
 /// Key "Save" of a section: "1" is true, anything else false.
 bool ReadSwitch(settings::IniFile& ini, const char* section, bool byDefault);
 
-/// Section "MainWindow". A state other than 0, 1, 2 is normal; `current` stands in for position and size.
+/// Section "MainWindow". Position and size are as stored, whatever can be shown of them. A state other than
+/// 0, 1, 2 is normal; `current` stands in for position and size.
 FramePlacement ReadFramePlacement(settings::IniFile& ini, const FramePlacement& current);
+/// With the part of its size that a window can have: a side is a 16-bit number in window systems, and the map
+/// is kept as a picture, here of up to 1 GiB. `pixelRatio` is the number of pixels per logical pixel.
+FramePlacement Showable(FramePlacement placement, double pixelRatio);
 /// Minimised and maximised leave the stored position and size alone.
 void SaveFramePlacement(settings::IniFile& ini, const FramePlacement& placement);
 

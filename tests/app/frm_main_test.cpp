@@ -126,8 +126,30 @@ TEST_F(MainWindow, ReadsAnyTextAsAPlace) {
   SetIni("MainWindow", "Size", "99999999999,-7");
   ASSERT_TRUE(Start());
   EXPECT_EQ(Window().pos(), QPoint(12, 0));
-  EXPECT_LE(Window().height(), 10000);
-  EXPECT_GE(Window().width(), 1);
+  EXPECT_EQ(Window().height(), 32767) << "a side has 16 bits";
+  EXPECT_EQ(Window().width(), Window().minimumSizeHint().width());
+}
+
+TEST_F(MainWindow, ALongSideComesBack) {
+  for (const char* size : {"300,15000", "15000,300"}) {
+    SetIni("MainWindow", "Size", size);
+    ASSERT_TRUE(Start());
+    EXPECT_EQ(std::to_string(Window().height()) + "," + std::to_string(Window().width()), size);
+    Window().close();
+    EXPECT_EQ(Ini("MainWindow", "Size"), size);
+  }
+}
+
+TEST_F(MainWindow, ASizeThatCannotBeShownStaysStoredUntilTheUserChangesIt) {
+  SetIni("MainWindow", "Size", "300,40000");
+  ASSERT_TRUE(Start());
+  EXPECT_EQ(Window().size(), QSize(32767, 300));
+  Window().close();
+  EXPECT_EQ(Ini("MainWindow", "Size"), "300,40000");
+  ASSERT_TRUE(Start());
+  Window().resize(800, 300);
+  Window().close();
+  EXPECT_EQ(Ini("MainWindow", "Size"), "300,800");
 }
 
 TEST_F(MainWindow, TheSwitchInMemoryDecidesWhatIsSaved) {
