@@ -1,6 +1,8 @@
 #include "dialogs/placed_dialog.h"
 
+#include <QLayout>
 #include <QMoveEvent>
+#include <QScreen>
 #include <utility>
 
 #include "base/numbers.h"
@@ -20,7 +22,7 @@ void PlacedDialog::setVisible(bool visible) {
   // Before the window system knows the window: a place that is given then is that of its frame.
   if (visible && !placed_) {
     placed_ = true;
-    adjustSize();
+    FitContents();
     awaitsFrame_ = !RestorePosition();
     // Most often the window system gives both windows the same frame.
     if (awaitsFrame_)
@@ -44,6 +46,19 @@ void PlacedDialog::moveEvent(QMoveEvent* event) {
 void PlacedDialog::done(int result) {
   RememberPosition();
   QDialog::done(result);
+}
+
+void PlacedDialog::FitContents() {
+  ensurePolished();
+  // From here on the size is not below the least that the contents need.
+  if (layout() != nullptr)
+    layout()->activate();
+  // adjustSize() would use no more than two thirds of the screen.
+  const QWidget& main = placement_.mainWindow;
+  const QSize frame = main.frameGeometry().size() - main.size();
+  const QSize wanted = sizeHint();
+  if (wanted.isValid())
+    resize(wanted.boundedTo(main.screen()->availableGeometry().size() - frame));
 }
 
 bool PlacedDialog::RestorePosition() {

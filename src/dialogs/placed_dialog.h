@@ -34,6 +34,8 @@ class PlacedDialog : public QDialog {
   void moveEvent(QMoveEvent* event) override;
 
  private:
+  /// Takes the size that its contents ask for, as far as the screen has room for it.
+  void FitContents();
   /// False when there is none to restore.
   bool RestorePosition();
   void RememberPosition();
