@@ -9,6 +9,7 @@
 #include "app/random_generator.h"
 #include "app/start_up.h"
 #include "dialogs/qt_message_boxes.h"
+#include "map/tee_surface.h"
 
 namespace zerbal::drive {
 namespace {
@@ -34,6 +35,25 @@ class ScriptedRandom final : public app::RandomGenerator {
   std::deque<float> queue_;
 };
 
+/// Remembers the marker drawn last. Only airports have filled circles.
+class LastMarker final : public map::Surface {
+ public:
+  std::optional<TwipPoint> Point() const { return point_; }
+
+  void BeginLayer(map::Layer) override {}
+  void Clear(data::Rgb) override {}
+  void Polyline(std::span<const TwipPoint>, const map::Pen&) override {}
+  void Rectangle(TwipPoint, TwipPoint, const map::Pen&) override {}
+  void Circle(TwipPoint centre, std::int32_t, data::Rgb, bool fill) override {
+    if (fill)
+      point_ = centre;
+  }
+  void Text(TwipPoint, std::string_view, data::Rgb, const map::TextFont&) override {}
+
+ private:
+  std::optional<TwipPoint> point_;
+};
+
 }  // namespace
 
 struct DrivenProgram::Parts {
@@ -41,6 +61,8 @@ struct DrivenProgram::Parts {
   ScriptedRandom random;
   dialogs::QtMessageBoxes boxes;
   map::Recorder recorder;
+  LastMarker lastMarker;
+  map::TeeSurface observer{recorder, lastMarker};
   std::unique_ptr<app::Main> main;
 };
 
@@ -57,7 +79,7 @@ void DrivenProgram::QueueRandom(const std::vector<float>& values) {
 bool DrivenProgram::Start() {
   parts_->main = std::make_unique<app::Main>(
       app::Environment{app::WithSeparator(std::filesystem::current_path()), parts_->clock, parts_->random,
-                       parts_->boxes, &parts_->recorder});
+                       parts_->boxes, &parts_->observer});
   if (!parts_->main->Start())
     return false;
   // The first redraw happens when the windows process their first events.
@@ -79,6 +101,9 @@ app::frmMap& DrivenProgram::MapWindow() {
 }
 const std::vector<map::Operation>& DrivenProgram::Operations() const {
   return parts_->recorder.Operations();
+}
+std::optional<TwipPoint> DrivenProgram::LastAirport() const {
+  return parts_->lastMarker.Point();
 }
 int DrivenProgram::Draws() const {
   return parts_->main->MainWindow().MapWindow().Draws();

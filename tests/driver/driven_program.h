@@ -5,6 +5,7 @@
 #include <QWidget>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "app/frm_map.h"
@@ -33,6 +34,8 @@ class DrivenProgram {
   app::frmMap& MapWindow();
   /// The operations of the last complete redraw and those drawn on it since.
   const std::vector<map::Operation>& Operations() const;
+  /// The point of the airport drawn last since Start.
+  std::optional<TwipPoint> LastAirport() const;
   /// Complete redraws since Start.
   int Draws() const;
 

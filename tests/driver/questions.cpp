@@ -4,7 +4,6 @@
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QPixmap>
-#include <algorithm>
 #include <optional>
 
 #include "base/code_page_1252.h"
@@ -35,14 +34,6 @@ std::optional<QString> ReadSetting(const QString& section, const QString& key) {
   if (value == kSentinel)
     return std::nullopt;
   return QString::fromStdString(base::FromCodePage1252(value));
-}
-
-/// What `project` prints as the place of a position that is not in view.
-TwipPoint LastAirport(const std::vector<map::Operation>& operations) {
-  const auto last = std::find_if(operations.rbegin(), operations.rend(), [](const map::Operation& operation) {
-    return operation.kind == map::Operation::Kind::kCircle && operation.fill;
-  });
-  return last == operations.rend() ? TwipPoint{} : last->from;
 }
 
 }  // namespace
@@ -99,10 +90,13 @@ void ViewCommand(const Arguments&, Context& context) {
 void ProjectCommand(const Arguments& arguments, Context& context) {
   const MapPosition position{static_cast<float>(arguments.Number(0)),
                              static_cast<float>(arguments.Number(1))};
+  // A marker is not projected and a point outside is not set: both answers keep the values of the last
+  // airport.
   const bool penUp = position.lon == kPenUpLon;
+  const std::optional<TwipPoint> last = context.program.LastAirport();
   const std::optional<TwipPoint> point =
-      penUp ? std::nullopt : context.program.State().viewport.ProjectPoint(position);
-  const TwipPoint shown = point.value_or(LastAirport(context.program.Operations()));
+      penUp ? last : context.program.State().viewport.ProjectPoint(position);
+  const TwipPoint shown = point ? *point : last.value_or(TwipPoint{});
   context.answer({{"result", !penUp}, {"inView", point.has_value()}, {"x", shown.x}, {"y", shown.y}});
 }
 
