@@ -1,5 +1,5 @@
-// The program in a temporary folder with the small world, a clock that the test turns, boxes that nobody has
-// to press away and dialogs that only say that they were asked for.
+// The program in a temporary folder with the small world, a clock that the test controls, recorded boxes, and
+// dialogs that only record their calls.
 #pragma once
 
 #include <QAction>
@@ -22,7 +22,7 @@
 
 namespace zerbal::test {
 
-/// Each look at it moves it on.
+/// Each reading advances it.
 class FakeClock final : public app::Clock {
  public:
   float SecondsSinceMidnight() override {
@@ -53,7 +53,7 @@ class FakeDialogs final : public app::Dialogs {
 
 class AppTest : public testing::Test {
  protected:
-  /// Runs the start-up in the folder, which gets the world's files first.
+  /// Writes the world's files to the folder and runs the start-up there.
   bool Start() {
     world.Write(folder.Path());
     return StartHere();
@@ -70,7 +70,7 @@ class AppTest : public testing::Test {
     return settings::ReadProfileString(IniFile(), section, key, "(missing)", 2000);
   }
   std::filesystem::path IniFile() const { return folder / "zerbal.ini"; }
-  /// No settings can be written: a folder stands where the file would be.
+  /// Makes the settings file unwritable: a folder has its name.
   void MakeIniUnwritable() { std::filesystem::create_directory(IniFile()); }
 
   app::frmMain& Window() { return main->MainWindow(); }
@@ -89,7 +89,7 @@ class AppTest : public testing::Test {
       throw std::runtime_error(std::string("no control ") + name);
     return control;
   }
-  /// How often choosing an entry redraws.
+  /// The number of redraws that choosing an entry causes.
   int DrawsOf(const char* name) {
     const int before = Draws();
     Entry(name)->trigger();
@@ -106,7 +106,7 @@ class AppTest : public testing::Test {
   std::optional<app::Main> main;
 };
 
-/// A program that has started at once.
+/// A program that has started without a splash wait.
 class RunningTest : public AppTest {
  protected:
   void SetUp() override {

@@ -15,7 +15,7 @@
 namespace zerbal::app {
 namespace {
 
-/// Tells the test, which sees only what the ending program leaves.
+/// Prints boxes on standard error, which a death test reads.
 class ToldBoxes final : public settings::MessageBoxes {
  public:
   void Show(settings::BoxIcon icon, const std::string& text) override {
@@ -31,7 +31,7 @@ Application& TheApplication() {
   return *static_cast<Application*>(QCoreApplication::instance());
 }
 
-/// Runs the program's events and ends with its status.
+/// Runs the event loop and exits with its status.
 [[noreturn]] void RunAndExit() {
   QTimer::singleShot(10000, [] { std::_Exit(99); });
   std::exit(TheApplication().Run());
@@ -39,7 +39,7 @@ Application& TheApplication() {
 
 constexpr char kWords[] = "critical: .*coast.mdb.*wcl.*a page is cut off";
 
-// Each of them ends the program, so each runs in a program of its own.
+// Each test ends the program, so each runs in a process of its own.
 class ErrorDeath : public testing::Test {
  protected:
   void SetUp() override { GTEST_FLAG_SET(death_test_style, "threadsafe"); }
@@ -54,7 +54,7 @@ TEST_F(ErrorDeath, AnErrorInAnEventEndsTheProgram) {
       testing::ExitedWithCode(Application::kErrorStatus), kWords);
 }
 
-TEST_F(ErrorDeath, AnErrorBehindAMenuEntryEndsTheProgram) {
+TEST_F(ErrorDeath, AnErrorInAMenuEntryEndsTheProgram) {
   EXPECT_EXIT(
       {
         QMenu menu;
@@ -81,7 +81,7 @@ TEST_F(ErrorDeath, AnErrorInADialogClosesItAndEndsTheProgram) {
       testing::ExitedWithCode(Application::kErrorStatus), "critical: .*\n.*the dialog is gone");
 }
 
-TEST_F(ErrorDeath, OnlyTheFirstErrorIsTold) {
+TEST_F(ErrorDeath, OnlyTheFirstErrorIsShown) {
   EXPECT_EXIT(
       {
         Application& application = TheApplication();
@@ -102,7 +102,7 @@ TEST_F(ErrorDeath, AnErrorBeforeTheEventsEndsTheProgramToo) {
       testing::ExitedWithCode(Application::kErrorStatus), kWords);
 }
 
-TEST_F(ErrorDeath, TheHookTakesThePlaceOfTheBox) {
+TEST_F(ErrorDeath, TheHookReplacesTheBox) {
   EXPECT_EXIT(
       {
         TheApplication().SetErrorHook([](const std::string& words) {
@@ -115,7 +115,7 @@ TEST_F(ErrorDeath, TheHookTakesThePlaceOfTheBox) {
       testing::ExitedWithCode(3), "hook: .*a page is cut off");
 }
 
-TEST_F(ErrorDeath, WhatIsNoExceptionIsToldToo) {
+TEST_F(ErrorDeath, AThrownValueThatIsNotAnExceptionIsShownToo) {
   EXPECT_EXIT(
       {
         TheApplication().Guard([] { throw 1; });
@@ -124,7 +124,7 @@ TEST_F(ErrorDeath, WhatIsNoExceptionIsToldToo) {
       testing::ExitedWithCode(7), "critical: An unknown error occurred.");
 }
 
-TEST(Application, WorkThatDoesNotThrowIsJustDone) {
+TEST(Application, WorkThatDoesNotThrowIsDone) {
   bool done = false;
   EXPECT_TRUE(TheApplication().Guard([&] { done = true; }));
   EXPECT_TRUE(done);

@@ -10,7 +10,7 @@ namespace {
 class CommandTest : public test::RunningTest {
  protected:
   bool IsChecked(const char* name) { return Entry(name)->isChecked(); }
-  /// Which services are checked, in the menu bar and in the pop-up menu, and flagged in the table.
+  /// The services that are checked in the menu bar and in the pop-up menu, and flagged in the table.
   std::vector<int> Shown() {
     std::vector<int> shown;
     for (int i = 1; i <= static_cast<int>(State().services.size()); ++i) {
@@ -27,7 +27,7 @@ class CommandTest : public test::RunningTest {
 using Kinds = std::vector<DialogKind>;
 using Services = std::vector<int>;
 
-TEST_F(CommandTest, ZoomStepsAreOfTwentyAndFiftyPercent) {
+TEST_F(CommandTest, ZoomStepsAre20And50Percent) {
   Entry("mnuRegPart(2)")->trigger();
   const float span = State().viewport.MapLonSpan();
   EXPECT_EQ(DrawsOf("mnuZoomIn"), 1);
@@ -60,7 +60,7 @@ TEST_F(CommandTest, RegionsAreShown) {
   EXPECT_EQ(DrawsOf("mnuRegWorld"), 1) << "the same region again";
 }
 
-TEST_F(CommandTest, RegionsWithoutExtentAreAskedForButNotShown) {
+TEST_F(CommandTest, RegionsWithoutExtentAreRequestedButNotShown) {
   for (const char* name : {"mnuRegPart(8)", "mnuRegPart(9)"})
     EXPECT_EQ(DrawsOf(name), 0) << name;
   EXPECT_EQ(State().viewport.ReqLonMin(), 185);
@@ -78,7 +78,7 @@ TEST_F(CommandTest, TogglesRedrawOnce) {
   }
 }
 
-TEST_F(CommandTest, TogglesOfThePopupMenuAreTheSame) {
+TEST_F(CommandTest, TogglesOfThePopupMenuHaveTheSameEffect) {
   for (const char* twin : {"FlitAprt", "FlitFlNr", "FlitLegNr", "FlitSymb"}) {
     const std::string bar = std::string("mnu") + twin;
     const std::string pop = std::string("mnuPop") + twin;
@@ -98,7 +98,7 @@ TEST_F(CommandTest, TheMarkIsDrawnWithTheNewState) {
   EXPECT_TRUE(std::any_of(operations.begin(), operations.end(), isCentre));
 }
 
-TEST_F(CommandTest, AConfirmedDelimitationIsDescribedAndDrawnWhereShown) {
+TEST_F(CommandTest, AConfirmedDelimitationIsDescribedAndDrawnIfItsLayerIsShown) {
   dialogs.whileOpen = [&] { State().allAirportCriteria.ilsActive = true; };
   EXPECT_EQ(DrawsOf("mnuViewAprtDeli"), 0);
   EXPECT_EQ(Find<QCheckBox>("chkAprt")->toolTip(), "No delimitations set") << "aborted";
@@ -141,7 +141,7 @@ TEST_F(CommandTest, ServicesAreToggled) {
   EXPECT_EQ(DrawsOf("mnuFlitFSrv(0)"), 1) << "some were not shown yet";
 }
 
-TEST_F(CommandTest, NothingIsSelectedBeforeAFlightDialogWasConfirmed) {
+TEST_F(CommandTest, NothingIsSelectedBeforeAFlightDialogIsConfirmed) {
   for (const char* name : {"mnuFlitSele", "mnuPopFlitSele"})
     EXPECT_FALSE(Entry(name)->isEnabled());
   Entry("mnuFlitFSrv(1)")->trigger();
@@ -152,7 +152,7 @@ TEST_F(CommandTest, NothingIsSelectedBeforeAFlightDialogWasConfirmed) {
   EXPECT_EQ(DrawsOf("mnuFlitSele"), 0) << "a disabled entry does nothing";
 }
 
-TEST_F(CommandTest, ConfirmedFlightDialogsShowTheSelection) {
+TEST_F(CommandTest, AConfirmedFlightDialogShowsTheSelection) {
   Confirm(true);
   const struct {
     const char* entry;
@@ -175,7 +175,7 @@ TEST_F(CommandTest, ConfirmedFlightDialogsShowTheSelection) {
   }
 }
 
-TEST_F(CommandTest, TheSelectionIsKeptWhileOthersAreShown) {
+TEST_F(CommandTest, TheSelectionIsKeptWhileOtherFlightsAreShown) {
   Confirm(true);
   dialogs.whileOpen = [&] { State().flights.selectedFlights = {"K1012"}; };
   Entry("mnuFlitSeleFlit")->trigger();
@@ -214,13 +214,13 @@ TEST_F(CommandTest, OtherDialogsAreOpened) {
   }
 }
 
-TEST_F(CommandTest, ColoursAreDrawnWhenConfirmed) {
+TEST_F(CommandTest, ConfirmedColoursRedraw) {
   EXPECT_EQ(DrawsOf("mnuFileColoSett"), 0);
   Confirm(true);
   EXPECT_EQ(DrawsOf("mnuFileColoSett"), 1);
 }
 
-TEST_F(CommandTest, OnlyAnotherFontOfTheCurrentModeIsDrawn) {
+TEST_F(CommandTest, OnlyANewFontOfTheCurrentModeRedraws) {
   data::FontTable& fonts = State().style.fonts;
   dialogs.whileOpen = [&] { fonts[data::FontCode::kHiRes].size = 12; };
   EXPECT_EQ(DrawsOf("mnuFileMapSett"), 0) << "the overview does not use it";
@@ -240,7 +240,7 @@ TEST_F(CommandTest, QuitClosesTheProgram) {
   Entry("mnuFileQuit")->trigger();
   EXPECT_FALSE(main->Running());
   EXPECT_FALSE(Window().isVisible());
-  Entry("mnuZoomIn")->trigger();  // nothing is left to do it on
+  Entry("mnuZoomIn")->trigger();  // the program has ended
 }
 
 }  // namespace

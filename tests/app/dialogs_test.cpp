@@ -57,7 +57,7 @@ std::vector<Form> Forms() {
   };
 }
 
-/// Each dialog as its menu entry opens it.
+/// Each dialog, opened by its menu entry.
 class DialogOf : public test::AppTest, public testing::WithParamInterface<Form> {
  protected:
   void SetUp() override {
@@ -67,7 +67,7 @@ class DialogOf : public test::AppTest, public testing::WithParamInterface<Form> 
     ASSERT_TRUE(main->Start());
   }
 
-  /// Opens the dialog, looks at it while it is open, and closes it when that has not happened.
+  /// Opens the dialog, calls the check while it is open, and closes it if it is still open.
   void WhileOpen(const std::function<void(QDialog& dialog)>& look) {
     bool looked = false;
     QTimer::singleShot(0, &Window(), [&] {
@@ -83,12 +83,12 @@ class DialogOf : public test::AppTest, public testing::WithParamInterface<Form> 
     EXPECT_TRUE(looked);
   }
 
-  /// From the control that has the focus, once round.
+  /// The controls that Tab reaches from the focused control until it returns there.
   static std::string TabOrderOf(const QDialog& dialog) {
     QStringList names;
     const QWidget* widget = dialog.focusWidget();
     do {
-      // Of the options of a group Tab reaches one only, the arrow keys the others.
+      // Tab reaches one option of a group, the arrow keys reach the others.
       const bool takesFocus =
           (widget->focusPolicy() & Qt::TabFocus) != 0 || qobject_cast<const QRadioButton*>(widget) != nullptr;
       if (takesFocus && widget != &dialog && widget->isVisibleTo(&dialog))
@@ -98,7 +98,7 @@ class DialogOf : public test::AppTest, public testing::WithParamInterface<Form> 
     return names.join(' ').toStdString();
   }
 
-  /// The buttons that Enter presses; the key goes to the control that has the focus.
+  /// The buttons that Enter presses. The control that has the focus receives the key.
   static std::string PressedByEnter(QDialog& dialog) {
     QStringList pressed;
     QObject context;
@@ -114,11 +114,11 @@ class DialogOf : public test::AppTest, public testing::WithParamInterface<Form> 
   }
 };
 
-TEST_P(DialogOf, TabGoesThroughItsControlsInTheirOrderFromTheFirst) {
+TEST_P(DialogOf, TabVisitsItsControlsInOrderFromTheFirst) {
   WhileOpen([](const QDialog& dialog) { EXPECT_EQ(TabOrderOf(dialog), GetParam().tabOrder); });
 }
 
-TEST_P(DialogOf, EnterPressesTheButtonThatHasTheFocusAndElsewhereTheDefaultButton) {
+TEST_P(DialogOf, EnterPressesTheFocusedButtonOrElseTheDefaultButton) {
   std::vector<std::string> names;
   WhileOpen([&](QDialog& dialog) {
     for (const auto* button : dialog.findChildren<QPushButton*>()) {
@@ -142,7 +142,7 @@ TEST_P(DialogOf, EscapeAndItsCancelButtonCloseItWithoutConfirming) {
     EXPECT_EQ(dialog.result(), QDialog::Rejected);
   });
   WhileOpen([](QDialog& dialog) {
-    // A help dialog has just one button, and nothing to confirm.
+    // A help dialog has one button and nothing to confirm.
     auto* cancel = Button(dialog, "cmdESC");
     (cancel != nullptr ? cancel : Button(dialog, "cmdOK"))->click();
     EXPECT_FALSE(dialog.isVisible());

@@ -35,20 +35,20 @@ class MainWindow : public test::AppTest {
   }
 };
 
-TEST_F(MainWindow, IsNamedAfterTheProgram) {
+TEST_F(MainWindow, HasTheNameOfTheProgram) {
   ASSERT_TRUE(Start());
   EXPECT_EQ(Window().windowTitle(), "Zerbal");
   EXPECT_EQ(Window().objectName(), "frmMain");
 }
 
-TEST_F(MainWindow, WritesItsDesignWhenNothingIsStored) {
+TEST_F(MainWindow, WritesItsDefaultsWhenNothingIsStored) {
   ASSERT_TRUE(Start());
   EXPECT_EQ(Ini("MainWindow", "Position"), std::to_string(Window().x()) + "," + std::to_string(Window().y()));
   EXPECT_EQ(Ini("MainWindow", "Size"),
             std::to_string(Window().height()) + "," + std::to_string(Window().width()));
 }
 
-TEST_F(MainWindow, OpensWhereItWasClosed) {
+TEST_F(MainWindow, OpensAtThePositionWhereItWasClosed) {
   ASSERT_TRUE(Start());
   Window().move(31, 17);
   Window().resize(612, 431);
@@ -61,7 +61,7 @@ TEST_F(MainWindow, OpensWhereItWasClosed) {
   EXPECT_EQ(Window().size(), QSize(612, 431));
 }
 
-TEST_F(MainWindow, AnUnknownStateIsNormalAtTheStoredPlace) {
+TEST_F(MainWindow, AnUnknownStateMeansNormalAtTheStoredPosition) {
   for (const char* state : {"5", "-1", "x", "3"}) {
     SetIni("MainWindow", "State", state);
     SetIni("MainWindow", "Position", "40,50");
@@ -81,7 +81,7 @@ TEST_F(MainWindow, StatesAreRoundedNumbers) {
   EXPECT_TRUE(Window().isMaximized());
 }
 
-TEST_F(MainWindow, ClosedMaximisedItKeepsTheEarlierPlace) {
+TEST_F(MainWindow, ClosedMaximisedItKeepsTheEarlierPosition) {
   SetIni("MainWindow", "Position", "40,50");
   SetIni("MainWindow", "Size", "500,700");
   ASSERT_TRUE(Start());
@@ -105,7 +105,7 @@ TEST_F(MainWindow, ClosedMinimisedItOpensMinimised) {
   EXPECT_TRUE(Window().isMinimized());
 }
 
-TEST_F(MainWindow, KeepsItsDesignWhenNothingIsToBeSaved) {
+TEST_F(MainWindow, KeepsItsDefaultsWhenNothingIsSaved) {
   for (const char* save : {"0", "2", "yes", ""}) {
     SetIni("MainWindow", "Save", save);
     SetIni("MainWindow", "State", "2");
@@ -121,7 +121,7 @@ TEST_F(MainWindow, KeepsItsDesignWhenNothingIsToBeSaved) {
   }
 }
 
-TEST_F(MainWindow, ReadsAnyTextAsAPlace) {
+TEST_F(MainWindow, ReadsAnyTextAsAPosition) {
   SetIni("MainWindow", "Position", "12.5,nowhere");
   SetIni("MainWindow", "Size", "99999999999,-7");
   ASSERT_TRUE(Start());
@@ -152,7 +152,7 @@ TEST_F(MainWindow, ASizeThatCannotBeShownStaysStoredUntilTheUserChangesIt) {
   EXPECT_EQ(Ini("MainWindow", "Size"), "300,800");
 }
 
-TEST_F(MainWindow, TheSwitchInMemoryDecidesWhatIsSaved) {
+TEST_F(MainWindow, TheCurrentSwitchDecidesWhatIsSaved) {
   ASSERT_TRUE(Start());
   const std::string position = Ini("MainWindow", "Position");
   State().saveFlags.mainWindow = false;
@@ -190,7 +190,7 @@ TEST_F(MainWindow, ReadsTheSwitches) {
   EXPECT_TRUE(State().saveFlags.menuEntries);
 }
 
-TEST_F(MainWindow, WithoutSavedCheckMarksTheDesignHolds) {
+TEST_F(MainWindow, WithoutSavedCheckMarksTheDefaultsApply) {
   SetIni("MenuEntryChecked", "ViewCentreOfMap", "1");
   ASSERT_TRUE(Start());
   EXPECT_EQ(Ini("MenuEntryChecked", "Save"), "0");
@@ -204,14 +204,14 @@ TEST_F(MainWindow, WithoutSavedCheckMarksTheDesignHolds) {
   }
 }
 
-TEST_F(MainWindow, SavedCheckMarksAreFilledUpWithTheDesigns) {
+TEST_F(MainWindow, MissingCheckMarksAreWrittenWithTheirDefaults) {
   SetIni("MenuEntryChecked", "Save", "1");
   ASSERT_TRUE(Start());
   for (const MenuKey& key : kMenuKeys)
     EXPECT_EQ(Ini("MenuEntryChecked", key.key), key.byDefault) << key.key;
 }
 
-TEST_F(MainWindow, CheckMarksComeBack) {
+TEST_F(MainWindow, CheckMarksAreRestored) {
   SetIni("MenuEntryChecked", "Save", "1");
   ASSERT_TRUE(Start());
   for (const MenuKey& key : kMenuKeys)
@@ -228,7 +228,7 @@ TEST_F(MainWindow, CheckMarksComeBack) {
   EXPECT_EQ(Draws(), 1) << "setting the boxes is no click";
 }
 
-TEST_F(MainWindow, AnyOtherCheckMarkIsNone) {
+TEST_F(MainWindow, AnInvalidCheckMarkMeansUnchecked) {
   SetIni("MenuEntryChecked", "Save", "1");
   for (const MenuKey& key : kMenuKeys)
     SetIni("MenuEntryChecked", key.key, "yes");
@@ -237,7 +237,7 @@ TEST_F(MainWindow, AnyOtherCheckMarkIsNone) {
     EXPECT_FALSE(IsChecked(key.entry)) << key.entry;
 }
 
-TEST_F(MainWindow, WithoutRiversTheirEntryKeepsTheDesign) {
+TEST_F(MainWindow, WithoutRiversTheirEntryKeepsItsDefault) {
   world.LeaveOut("river.mdb");
   world.LeaveOut("ibound.mdb");
   SetIni("MenuEntryChecked", "Save", "1");
@@ -254,7 +254,7 @@ TEST_F(MainWindow, WithoutRiversTheirEntryKeepsTheDesign) {
   EXPECT_EQ(Ini("MenuEntryChecked", "ViewRiver"), "0");
 }
 
-TEST_F(MainWindow, FailedWritesAtTheEndGoOnWithTheNextKey) {
+TEST_F(MainWindow, AFailedWriteAtTheEndContinuesWithTheNextKey) {
   SetIni("MenuEntryChecked", "Save", "1");
   ASSERT_TRUE(Start());
   std::filesystem::remove(IniFile());
@@ -273,7 +273,7 @@ TEST_F(MainWindow, ClosingItEndsTheProgram) {
   EXPECT_FALSE(State().databases.has_value());
 }
 
-TEST_F(MainWindow, TheMapWindowCannotBeClosedAlone) {
+TEST_F(MainWindow, TheMapWindowCannotBeClosed) {
   ASSERT_TRUE(Start());
   Window().MapWindow().close();
   EXPECT_TRUE(Window().MapWindow().isVisible());
@@ -290,7 +290,7 @@ TEST_F(MainWindow, HasAnEntryForEachRegion) {
   EXPECT_EQ(Window().findChild<QAction*>("mnuRegPart(10)"), nullptr);
 }
 
-TEST_F(MainWindow, HasAnEntryForEachServiceTwice) {
+TEST_F(MainWindow, HasTwoEntriesForEachService) {
   ASSERT_TRUE(Start());
   const char* captions[] = {"Show all flights", "1 - Nordic",          "2 - Nordic Extra",
                             "3 - Oceans",       "3a - Oceans Charter", "0 - Not yet begun"};
@@ -317,7 +317,7 @@ TEST_F(MainWindow, TheMapFillsTheFrame) {
   }
 }
 
-TEST_F(MainWindow, NarrowItStillShowsEveryControlOfTheToolBar) {
+TEST_F(MainWindow, ANarrowWindowShowsEveryControlOfTheToolBar) {
   ASSERT_TRUE(Start());
   const auto* bar = Find<QWidget>("picTool");
   const int oneRow = bar->height();
@@ -329,7 +329,7 @@ TEST_F(MainWindow, NarrowItStillShowsEveryControlOfTheToolBar) {
   }
 }
 
-TEST_F(MainWindow, ItIsNeverTooLowForTheToolBar) {
+TEST_F(MainWindow, TheWindowIsAlwaysHighEnoughForTheToolBar) {
   ASSERT_TRUE(Start());
   Window().resize(200, 60);
   QCoreApplication::processEvents();
@@ -338,14 +338,14 @@ TEST_F(MainWindow, ItIsNeverTooLowForTheToolBar) {
   EXPECT_LE(bar->mapTo(&Window(), QPoint(0, bar->height())).y(), Find<QWidget>("picStat")->y());
   const int needed = Window().height();
   Window().resize(900, needed);
-  // Each layout tells the one around it by an event.
+  // Each layout notifies its parent by an event.
   for (int layout = 0; layout < 4; ++layout)
     QCoreApplication::processEvents();
   Window().resize(900, 60);
   EXPECT_LT(Window().height(), needed) << "the rows of the narrow window are forgotten";
 }
 
-TEST_F(MainWindow, InANarrowWindowThePositionIsStillWhole) {
+TEST_F(MainWindow, ANarrowWindowShowsTheCompletePosition) {
   ASSERT_TRUE(Start());
   emit Window().MapWindow().PositionChanged("W108° 30.00'", "N47° 15.00'");
   for (const int width : {1000, 420, 300}) {

@@ -36,8 +36,8 @@ class World : public map::MapWorld {
   }
 };
 
-/// A map window of 700 x 360 logical pixels showing the world: 30 twips a degree, no margins, its left edge
-/// at map longitude 5.
+/// A map window of 700 x 360 logical pixels that shows the world: 30 twips per degree, no margins, the left
+/// edge at map longitude 5.
 class FrmMapTest : public testing::Test {
  protected:
   FrmMapTest() : scene_(world_.Scene()), map_(scene_, world_.viewport, &host_) {
@@ -76,7 +76,7 @@ class FrmMapTest : public testing::Test {
   }
 
   using Box = std::array<std::int32_t, 4>;
-  /// What was drawn of the zoom box since the last complete redraw.
+  /// The operations of the zoom box since the last complete redraw.
   std::vector<Box> Boxes() const {
     std::vector<Box> boxes;
     for (const map::Operation& operation : recorder_.Operations()) {
@@ -92,7 +92,7 @@ class FrmMapTest : public testing::Test {
     return boxes;
   }
 
-  /// The draws since the last question.
+  /// The redraws since the last call.
   int NewDraws() {
     const int draws = map_.Draws() - asked_;
     asked_ = map_.Draws();
@@ -158,7 +158,7 @@ TEST_F(FrmMapTest, RedrawDrawsWithoutComputing) {
   EXPECT_EQ(extents_.size(), extents + 1);
 }
 
-TEST_F(FrmMapTest, ObserverIsGivenTheWholeRedraw) {
+TEST_F(FrmMapTest, TheObserverReceivesTheCompleteRedraw) {
   const auto& operations = recorder_.Operations();
   ASSERT_FALSE(operations.empty());
   EXPECT_EQ(operations.front().kind, map::Operation::Kind::kClear);
@@ -172,7 +172,7 @@ TEST_F(FrmMapTest, ObserverIsGivenTheWholeRedraw) {
   EXPECT_EQ(count(map::Layer::kZoomBox), 0);
 }
 
-TEST_F(FrmMapTest, TheWindowsOwnFontAndColourAreTheMaps) {
+TEST_F(FrmMapTest, TheWindowHasTheFontAndColourOfTheMap) {
   world_.style.fonts[data::FontCode::kLoRes].name = "DejaVu Sans";
   world_.style.fonts[data::FontCode::kLoRes].size = 13;
   world_.style.colours.rows[0].rgb = {1, 2, 3};
@@ -197,7 +197,7 @@ TEST_F(FrmMapTest, ShowsItsPicture) {
   EXPECT_EQ(shown, map_.Picture());
 }
 
-/// Notes which cursor the program shows whenever something is drawn.
+/// Records the cursor of the program at each drawing operation.
 class CursorWatch final : public map::Surface {
  public:
   void BeginLayer(map::Layer) override { Look(); }
@@ -257,7 +257,7 @@ TEST_F(FrmMapTest, MovingOverAMarginKeepsTheLastTexts) {
   EXPECT_EQ(position_, before);
 }
 
-TEST_F(FrmMapTest, PositionBeyondTheSeamIsReduced) {
+TEST_F(FrmMapTest, ALongitudeAbove360IsReduced) {
   world_.Ask(340, 80, 20, 100);
   map_.RecomputeAndRedraw();
   Move((369.5 - view_.MapLonMin()) * view_.MapScale(), 2700, {});
@@ -296,7 +296,7 @@ TEST_F(FrmMapTest, ClickNearThePoleKeepsTheSpan) {
   EXPECT_NEAR(view_.MapLatMax(), 60, 0.02);
 }
 
-TEST_F(FrmMapTest, ClickAfterAnOutAndBackIsStillAClick) {
+TEST_F(FrmMapTest, AMovementThatReturnsToThePressIsAClick) {
   NewDraws();
   Press(3000, 2000);
   Move(4000, 3000);
@@ -341,7 +341,7 @@ TEST_F(FrmMapTest, BoxMayBeDraggedFromAnyCorner) {
   EXPECT_FLOAT_EQ(view_.ReqLatMin(), 2000 / 30.0F);
 }
 
-TEST_F(FrmMapTest, BoxOfJustHalfADegreeZooms) {
+TEST_F(FrmMapTest, BoxOfHalfADegreeZooms) {
   NewDraws();
   Press(3000, 2000);
   Move(3015, 2001);
@@ -360,7 +360,7 @@ TEST_F(FrmMapTest, SmallerBoxIsErased) {
             (std::vector<Box>{{3000, 2000, 3000, 2000}, {3000, 2000, 3014, 2007}, {3000, 2000, 3014, 2007}}));
 }
 
-TEST_F(FrmMapTest, OneUnitMakesItABox) {
+TEST_F(FrmMapTest, ABoxBeginsWithOneTwip) {
   NewDraws();
   Press(3000, 2000);
   Move(3001, 2001);
@@ -383,7 +383,7 @@ TEST_F(FrmMapTest, BoxWithoutWidthOrHeightDoesNotZoom) {
   EXPECT_EQ(Boxes().size(), 6U);
 }
 
-TEST_F(FrmMapTest, BoxLeavesNoTraceButThePressPoint) {
+TEST_F(FrmMapTest, AnErasedBoxLeavesOnlyThePressPoint) {
   const QImage before = map_.Picture().copy();
   Press(3000, 2000);
   Move(6000, 4000);
@@ -401,12 +401,12 @@ TEST_F(FrmMapTest, BoxLeavesNoTraceButThePressPoint) {
   EXPECT_EQ(touched, QRect(static_cast<int>(200 * Ratio()), scale.ToPixelPoint({0, 2000}).y, dot, dot));
 }
 
-TEST_F(FrmMapTest, ReleaseElsewhereErasesTheBoxThatWasDrawn) {
+TEST_F(FrmMapTest, AReleaseElsewhereErasesTheDrawnBox) {
   Resize(1000, 360);  // margins of 2250 twips left and right
   NewDraws();
   Press(2255, 2000);
   Move(2258, 2003);
-  // Over the margin the box is not moved; let go there it is still too small to zoom to.
+  // Over the margin the box does not move; at the release it is too small for a zoom.
   Move(2249, 2003);
   Release(2249, 2003);
   EXPECT_EQ(NewDraws(), 0);
@@ -434,7 +434,7 @@ TEST_F(FrmMapTest, PressInAMarginDoesNothing) {
   EXPECT_EQ(NewDraws(), 0);
 }
 
-TEST_F(FrmMapTest, DraggingIntoAMarginReachesTheWindowsEdge) {
+TEST_F(FrmMapTest, ADragIntoAMarginEndsAtTheWindowsEdge) {
   Resize(1000, 360);
   Press(4500, 1500);
   Move(3000, 1000);
@@ -455,7 +455,7 @@ TEST_F(FrmMapTest, CornerIsLimitedToTheDrawingArea) {
   EXPECT_FLOAT_EQ(view_.ReqLatMax(), 180);
 }
 
-TEST_F(FrmMapTest, EndedBoxIsNotDrawnOn) {
+TEST_F(FrmMapTest, AnEndedBoxIsNotDrawnAgain) {
   Press(3000, 2000);
   Move(3010, 2005);
   Release(3010, 2005);
@@ -467,7 +467,7 @@ TEST_F(FrmMapTest, EndedBoxIsNotDrawnOn) {
   EXPECT_EQ(NewDraws(), 0);
 }
 
-TEST_F(FrmMapTest, MoveWithoutTheButtonLeavesTheBoxAlone) {
+TEST_F(FrmMapTest, AMovementWithoutTheButtonDoesNotChangeTheBox) {
   Press(3000, 2000);
   Move(4000, 3000, {});
   EXPECT_TRUE(Boxes().empty());
@@ -476,7 +476,7 @@ TEST_F(FrmMapTest, MoveWithoutTheButtonLeavesTheBoxAlone) {
   EXPECT_EQ(NewDraws(), 1);
 }
 
-TEST_F(FrmMapTest, RedrawWhileDraggingTakesTheBoxAway) {
+TEST_F(FrmMapTest, ARedrawDuringADragRemovesTheBox) {
   Press(3000, 2000);
   Move(6000, 4000);
   map_.Redraw();
@@ -491,7 +491,7 @@ TEST_F(FrmMapTest, RedrawWhileDraggingTakesTheBoxAway) {
   EXPECT_EQ(map_.Picture(), clean);
 }
 
-TEST_F(FrmMapTest, RightPressAsksForTheMenuAnywhere) {
+TEST_F(FrmMapTest, ARightPressOpensTheMenuAnywhere) {
   Resize(1000, 360);
   Press(6000, 2000, Qt::RightButton);
   Press(100, 2000, Qt::RightButton);
@@ -502,13 +502,13 @@ TEST_F(FrmMapTest, RightPressAsksForTheMenuAnywhere) {
   EXPECT_EQ(NewDraws(), 0);
 }
 
-TEST_F(FrmMapTest, RightPressWithTheLeftHeldOpensNoMenu) {
+TEST_F(FrmMapTest, ARightPressWithTheLeftButtonHeldOpensNoMenu) {
   Press(3000, 2000);
   Move(4000, 3000);
   const auto drawn = Boxes().size();
   Press(4000, 3000, Qt::RightButton, Qt::LeftButton);
   EXPECT_TRUE(popups_.empty());
-  // It counts as a press of the left button: the box is erased and begins anew where the mouse is.
+  // It counts as a press of the left button: the box is erased and begins again at the mouse.
   ASSERT_EQ(Boxes().size(), drawn + 1);
   EXPECT_EQ(Boxes().back(), (Box{3000, 2000, 4000, 3000}));
   Move(5000, 3500, Qt::LeftButton | Qt::RightButton);
@@ -531,7 +531,7 @@ TEST_F(FrmMapTest, BothButtonsAreALeftPress) {
   EXPECT_TRUE(popups_.empty());
   Release(3000, 2000, Qt::LeftButton, Qt::RightButton);
   EXPECT_EQ(NewDraws(), 1);
-  // In a margin too: nothing, and no menu either.
+  // In a margin, too: no effect and no menu.
   Resize(1000, 360);
   Press(100, 2000, Qt::LeftButton, Qt::RightButton);
   EXPECT_TRUE(popups_.empty());
@@ -547,7 +547,7 @@ TEST_F(FrmMapTest, OtherButtonsDoNothing) {
   EXPECT_EQ(NewDraws(), 0);
 }
 
-TEST_F(FrmMapTest, OutlastsAStormOfSizes) {
+TEST_F(FrmMapTest, HandlesManySizes) {
   test::TestRandom random(42);
   world_.options = {.centreOfMap = true,
                     .rivers = true,

@@ -10,7 +10,7 @@
 namespace zerbal::app {
 namespace {
 
-/// Names of entries in their order; a line that separates entries has no name.
+/// Names of entries in order. A separator has no name.
 using Names = std::vector<std::string>;
 const std::string kLine;
 
@@ -95,7 +95,7 @@ class MainMenuTest : public test::RunningTest {
   }
 };
 
-TEST_F(MainMenuTest, TheMenusStandInTheirOrder) {
+TEST_F(MainMenuTest, TheMenusAreInOrder) {
   Names expected, captions;
   for (const ExpectedMenu& menu : MenuBar())
     expected.push_back(menu.caption);
@@ -104,7 +104,7 @@ TEST_F(MainMenuTest, TheMenusStandInTheirOrder) {
   EXPECT_EQ(captions, expected);
 }
 
-TEST_F(MainMenuTest, EachMenuHoldsItsEntriesInTheirOrder) {
+TEST_F(MainMenuTest, EachMenuHasItsEntriesInOrder) {
   const auto menus = Window().menuBar()->actions();
   ASSERT_EQ(menus.size(), MenuBar().size());
   for (std::size_t i = 0; i < MenuBar().size(); ++i) {
@@ -119,7 +119,7 @@ TEST_F(MainMenuTest, EachMenuHoldsItsEntriesInTheirOrder) {
   }
 }
 
-TEST_F(MainMenuTest, ThePopupMenuHoldsTheFlightEntriesInTheirOrder) {
+TEST_F(MainMenuTest, ThePopupMenuHasTheFlightEntriesInOrder) {
   const auto* popup = Find<QMenu>("mnuPop");
   EXPECT_EQ(popup->title(), "Popup");
   EXPECT_EQ(NamesOf(*popup),
@@ -129,7 +129,7 @@ TEST_F(MainMenuTest, ThePopupMenuHoldsTheFlightEntriesInTheirOrder) {
                    "mnuPopFlitFSrv(3)", "mnuPopFlitFSrv(4)", "mnuPopFlitFSrv(5)"}));
 }
 
-TEST_F(MainMenuTest, PopupEntriesHaveTheirTwinsCaptions) {
+TEST_F(MainMenuTest, PopupEntriesHaveTheCaptionsOfTheMenuBar) {
   for (const QAction* entry : Find<QMenu>("mnuPop")->actions()) {
     if (entry->isSeparator())
       continue;

@@ -30,7 +30,7 @@ class StartUp : public test::AppTest {
   }
   const RecordedBox kAbort{BoxIcon::kCritical, "Not all files found. The program aborts."};
 
-  /// Seconds from the first look at the clock to the last one: the splash's.
+  /// Seconds between the first and the last reading of the clock, during the splash.
   float SecondsWaited() const {
     const float span = clock.seenTimes.back() - clock.seenTimes.front();
     return span < 0 ? span + kSecondsADay : span;
@@ -49,7 +49,7 @@ TEST_F(StartUp, ShowsTheMapInTheMainWindow) {
     EXPECT_NE(widget->objectName(), "frmSplash");
 }
 
-TEST_F(StartUp, LooksForEveryRequiredFile) {
+TEST_F(StartUp, ReportsEachMissingRequiredFile) {
   EXPECT_FALSE(StartHere());
   EXPECT_EQ(boxes.shown,
             (Boxes{NotFound("app_data", "zbldata.mdb"), NotFound("app_data", "qavdata.mdb"),
@@ -57,7 +57,7 @@ TEST_F(StartUp, LooksForEveryRequiredFile) {
   EXPECT_FALSE(main->Running());
 }
 
-TEST_F(StartUp, TwoMissingFilesHaveABoxEach) {
+TEST_F(StartUp, EachOfTwoMissingFilesHasABox) {
   world.LeaveOut("qavdata.mdb");
   world.LeaveOut("coast.mdb");
   EXPECT_FALSE(Start());
@@ -83,7 +83,7 @@ TEST_F(StartUp, FindsFilesInAnyLetterCase) {
   EXPECT_TRUE(State().boundaryAvailable);
 }
 
-TEST_F(StartUp, AFolderIsNoFile) {
+TEST_F(StartUp, AFolderIsNotAFile) {
   world.LeaveOut("allaprt.mdb");
   world.Write(folder.Path());
   std::filesystem::create_directory(folder / "app_data" / "allaprt.mdb");
@@ -91,24 +91,24 @@ TEST_F(StartUp, AFolderIsNoFile) {
   EXPECT_EQ(boxes.shown, (Boxes{NotFound("app_data", "allaprt.mdb"), kAbort}));
 }
 
-TEST_F(StartUp, UsesTheSettingsFileThatIsThere) {
+TEST_F(StartUp, UsesTheExistingSettingsFile) {
   std::filesystem::rename(IniFile(), folder / "ZERBAL.INI");
   ASSERT_TRUE(Start());
   EXPECT_FALSE(std::filesystem::exists(IniFile()));
 }
 
-TEST_F(StartUp, AMissingColourEndsIt) {
+TEST_F(StartUp, AMissingColourEndsTheStart) {
   world.col.RemoveRow("Col", "RIVER");
   EXPECT_FALSE(Start());
   EXPECT_EQ(boxes.shown,
             (Boxes{{BoxIcon::kCritical,
                     "Colors are missing in the table for:\r\nCode = RIVER\r\n\r\nThe program aborts."}}));
   EXPECT_FALSE(State().databases.has_value());
-  // The main window had not been loaded: none of its settings is there.
+  // The main window was not loaded, so its settings were not written.
   EXPECT_EQ(Ini("MainWindow", "Save"), "(missing)");
 }
 
-TEST_F(StartUp, MissingFontsAreToldAfterTheColoursWereFound) {
+TEST_F(StartUp, MissingFontsAreReportedAfterTheColours) {
   world.fon.RemoveRow("Fon", "LORES");
   world.fon.RemoveRow("Fon", "HIRES");
   EXPECT_FALSE(Start());
@@ -124,7 +124,7 @@ TEST_F(StartUp, MissingColoursHideMissingFonts) {
   EXPECT_EQ(boxes.shown.size(), 1U);
 }
 
-TEST_F(StartUp, WithoutFlightServicesThereIsNoProgram) {
+TEST_F(StartUp, MissingFlightServicesEndTheStart) {
   world.fsrv.rows.clear();
   EXPECT_FALSE(Start());
   EXPECT_EQ(boxes.shown, (Boxes{{BoxIcon::kCritical, "No flightservices found. The program aborts."}}));
@@ -138,23 +138,23 @@ TEST_F(StartUp, OneFlightServiceIsEnough) {
   EXPECT_EQ(Window().findChild<QAction*>("mnuFlitFSrv(2)"), nullptr);
 }
 
-TEST_F(StartUp, AnUnreadableDatabaseIsTheEnginesError) {
+TEST_F(StartUp, AnUnreadableDatabaseIsAnEngineError) {
   world.Write(folder.Path());
   test::WriteBytes(folder / "app_map" / "coast.mdb", "this is no database");
   EXPECT_THROW(StartHere(), jet::EngineError);
   EXPECT_TRUE(boxes.shown.empty());
 }
 
-TEST_F(StartUp, WithoutRegionsItIsAnError) {
+TEST_F(StartUp, MissingRegionsAreAnError) {
   world.reg.rows.clear();
   EXPECT_THROW(Start(), jet::EngineError);
 }
 
-TEST_F(StartUp, AFailingSettingsFileEndsIt) {
+TEST_F(StartUp, ASettingsFileThatCannotBeWrittenEndsTheStart) {
   std::filesystem::remove(IniFile());
   MakeIniUnwritable();
   EXPECT_FALSE(Start());
-  // Each key of the main window once, then the first of those without which there is no start.
+  // Each key of the main window, then the first key that the start needs.
   std::vector<std::string> keys;
   for (const RecordedBox& box : boxes.shown) {
     EXPECT_EQ(box.icon, BoxIcon::kExclamation);
@@ -171,7 +171,7 @@ TEST_F(StartUp, AFailingSettingsFileEndsIt) {
   EXPECT_FALSE(main->Running());
 }
 
-/// As long as it lives, no file can be written, by nobody; reading goes on.
+/// During its lifetime no file can be written, even by root. Files can be read.
 class NoRoomOnDisk {
  public:
   NoRoomOnDisk() {
@@ -187,7 +187,7 @@ class NoRoomOnDisk {
 };
 
 TEST_F(StartUp, ShutDownUnloadsTheMainWindow) {
-  // All keys but those of one section are there, so that nothing is written before the start fails at it.
+  // Only the keys of one section are missing, so that the first write fails there.
   ASSERT_TRUE(Start());
   Window().close();
   std::string text = test::ReadBytes(IniFile());
@@ -226,7 +226,7 @@ TEST_F(StartUp, FillsTheSettingsFile) {
   EXPECT_EQ(Ini("Program", "SeleDestCheckArr"), "1");
 }
 
-TEST_F(StartUp, TheSplashStaysForTheSecondsOfTheSettings) {
+TEST_F(StartUp, TheSplashStaysForTheTimeInTheSettings) {
   struct Case {
     const char* value;
     float seconds;
@@ -241,7 +241,7 @@ TEST_F(StartUp, TheSplashStaysForTheSecondsOfTheSettings) {
   }
 }
 
-TEST_F(StartUp, AMissingKeyWaitsTwoSeconds) {
+TEST_F(StartUp, WithoutASettingTheSplashStaysTwoSeconds) {
   std::filesystem::remove(IniFile());
   ASSERT_TRUE(Start());
   EXPECT_GE(SecondsWaited(), 2);
@@ -266,7 +266,7 @@ TEST_F(StartUp, TheWaitEndsAtMidnightItself) {
 }
 
 TEST_F(StartUp, SlowLoadingAcrossMidnightEndsTheWait) {
-  // Each look at the clock is eight seconds later: the wait begins after midnight, and after its own end.
+  // Each reading of the clock is eight seconds later: the wait begins after midnight and after its end.
   clock.step = 8;
   for (const float begin : {kSecondsADay - 10, kSecondsADay - 1}) {
     SetIni("SplashWindow", "SecondsToShow", "2");
@@ -278,7 +278,7 @@ TEST_F(StartUp, SlowLoadingAcrossMidnightEndsTheWait) {
   }
 }
 
-/// Closes, or clicks, whatever it finds when the wait lets events through.
+/// Closes or clicks the windows that are open when the wait processes events.
 class WaitIntruder final : public QObject {
  public:
   bool event(QEvent* event) override {
@@ -300,7 +300,7 @@ class WaitIntruder final : public QObject {
   bool mainVisible = false;
 };
 
-TEST_F(StartUp, WindowsLiveWhileTheSplashStays) {
+TEST_F(StartUp, WindowsProcessEventsWhileTheSplashStays) {
   SetIni("SplashWindow", "SecondsToShow", "1");
   WaitIntruder intruder;
   QCoreApplication::postEvent(&intruder, new QEvent(QEvent::User));
@@ -341,7 +341,7 @@ TEST_F(StartUp, ReadsTheFlightFindersSettings) {
   EXPECT_TRUE(State().finder.searchDestination);
 }
 
-TEST_F(StartUp, BeginsWithNothingChosen) {
+TEST_F(StartUp, StartsWithoutASelection) {
   ASSERT_TRUE(Start());
   EXPECT_TRUE(State().flights.serviceMode);
   EXPECT_TRUE(State().flights.selectedFlights.empty());
@@ -351,7 +351,7 @@ TEST_F(StartUp, BeginsWithNothingChosen) {
   EXPECT_EQ(Find<QCheckBox>("chkDest")->toolTip(), "No delimitations set");
 }
 
-TEST_F(StartUp, TheBackgroundIsTheMapsAsTheSettingsSay) {
+TEST_F(StartUp, TheBackgroundHasTheColourInTheSettings) {
   SetIni("Colors", "Background", "300,-5,12");
   ASSERT_TRUE(Start());
   EXPECT_EQ(Window().property("colour").value<QColor>(), QColor(255, 0, 12));
@@ -385,8 +385,8 @@ TEST(MersenneRandom, StaysBelowOne) {
   EXPECT_GT(most, 0.999F);
 }
 
-TEST(SystemClock, TellsTheLocalTimeOfTheDay) {
-  // A zone that is hours away from universal time at any time of the year.
+TEST(SystemClock, ReturnsTheLocalTimeOfTheDay) {
+  // A time zone that differs from UTC by hours during the whole year.
   const QByteArray zone = qgetenv("TZ");
   qputenv("TZ", "XYZ-7:30");
   ::tzset();
@@ -410,7 +410,7 @@ TEST(SystemClock, TellsTheLocalTimeOfTheDay) {
   ::tzset();
 }
 
-TEST(SystemClock, GoesOnWithinASecond) {
+TEST(SystemClock, AdvancesWithinASecond) {
   SystemClock clock;
   const float first = clock.SecondsSinceMidnight();
   QThread::msleep(50);

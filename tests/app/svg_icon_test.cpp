@@ -13,7 +13,7 @@
 namespace zerbal::app {
 namespace {
 
-/// How many pixels are about of this colour and hardly transparent.
+/// The number of nearly opaque pixels with about this colour.
 int PixelsLike(const QImage& image, QColor colour) {
   int count = 0;
   for (int y = 0; y < image.height(); ++y) {
@@ -37,14 +37,14 @@ class Pictures : public testing::Test {
   const QPalette original_ = QApplication::palette();
 };
 
-TEST_F(Pictures, AllAreDrawings) {
+TEST_F(Pictures, AreAllVectorGraphics) {
   const QDir folder(":/app");
   EXPECT_GE(folder.entryList().size(), 10);
   for (const QString& name : folder.entryList())
     EXPECT_TRUE(QSvgRenderer(folder.filePath(name)).isValid()) << name.toStdString();
 }
 
-TEST_F(Pictures, OfTheToolBarFollowThePalette) {
+TEST_F(Pictures, OfTheToolBarUseThePalette) {
   int pictures = 0;
   for (const MenuDescription& menu : MenuTable()) {
     for (const Command& command : menu.commands) {
@@ -69,7 +69,7 @@ TEST_F(Pictures, AreSharpAtTwiceTheResolution) {
   EXPECT_GT(PixelsLike(picture.toImage(), Qt::black), 100);
 }
 
-TEST_F(Pictures, WithoutAFileThereIsNone) {
+TEST_F(Pictures, AMissingFileGivesNoPicture) {
   EXPECT_TRUE(SvgIcon(":/app/nothing.svg").isNull());
 }
 

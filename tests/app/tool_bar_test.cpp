@@ -15,7 +15,7 @@ namespace {
 
 using Kinds = std::vector<DialogKind>;
 
-/// Button, its text, the entry that does the same.
+/// Button, its text, the entry with the same effect.
 constexpr const char* kButtons[][3] = {
     {"cmdZoomIn", "Zoom in", "mnuZoomIn"},
     {"cmdZoomIn2", "Zoom in (more)", "mnuZoomIn2"},
@@ -26,7 +26,7 @@ constexpr const char* kButtons[][3] = {
     {"cmdSeleFlit", "Select flight(s)", "mnuFlitSeleFlit"},
     {"cmdSeleDest", "Select destination", "mnuFlitSeleDest"},
 };
-/// A layer's box, its entry, the dialog behind its right button.
+/// The check box of a layer, its entry, and the dialog that the right button opens.
 const struct {
   const char* box;
   const char* entry;
@@ -36,7 +36,7 @@ const struct {
 
 class ToolBarTest : public test::RunningTest {
  protected:
-  /// The names of all controls from left to right; a bar stands for a gap that is wider than the smallest.
+  /// The names of all controls from left to right, with "|" for a gap that is wider than the smallest gap.
   std::string Row() {
     auto controls = Find<QWidget>("picTool")->findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
     std::ranges::sort(controls, {}, &QWidget::x);
@@ -56,7 +56,7 @@ class ToolBarTest : public test::RunningTest {
   }
 };
 
-TEST_F(ToolBarTest, ItsControlsStandInTheirOrderAndGroups) {
+TEST_F(ToolBarTest, ItsControlsAreInOrderAndInGroups) {
   Window().resize(1200, 500);
   EXPECT_EQ(Row(),
             "cmdZoomIn cmdZoomIn2 cmdZoomReset cmdZoomOut2 cmdZoomOut | "
@@ -75,7 +75,7 @@ TEST_F(ToolBarTest, ButtonsHaveTheirTextsAndPictures) {
   EXPECT_EQ(Find<QCheckBox>("chkDest")->text(), "QAV destinations");
 }
 
-TEST_F(ToolBarTest, ButtonsDoWhatTheirEntriesDo) {
+TEST_F(ToolBarTest, ButtonsHaveTheEffectOfTheirEntries) {
   const auto spans = [&] { return std::pair(State().viewport.MapLonSpan(), State().viewport.MapLatSpan()); };
   for (const auto& row : kButtons) {
     Entry("mnuRegPart(2)")->trigger();
@@ -93,7 +93,7 @@ TEST_F(ToolBarTest, ButtonsDoWhatTheirEntriesDo) {
   }
 }
 
-TEST_F(ToolBarTest, LayerBoxesAndEntriesAreEqual) {
+TEST_F(ToolBarTest, LayerBoxesAndEntriesHaveTheSameState) {
   for (const auto& layer : kLayers) {
     auto* box = Find<QCheckBox>(layer.box);
     int before = Draws();

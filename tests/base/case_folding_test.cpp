@@ -5,7 +5,7 @@
 namespace zerbal::base {
 namespace {
 
-TEST(AsciiCase, FoldsTheLettersAToZAlone) {
+TEST(AsciiCase, FoldsOnlyTheLettersAToZ) {
   EXPECT_EQ(LowerAscii("App_DATA [Z] Ä"), "app_data [z] Ä");
   EXPECT_EQ(LowerAscii('Q'), 'q');
   EXPECT_TRUE(EqualsIgnoringAsciiCase("MainWindow", "mAINwINDOW"));

@@ -8,7 +8,7 @@
 namespace zerbal::base {
 namespace {
 
-TEST(CodePage1252, EveryByteSurvivesTheWayThereAndBack) {
+TEST(CodePage1252, EveryByteSurvivesARoundTrip) {
   for (int byte = 0; byte < 256; ++byte) {
     const std::string bytes(1, static_cast<char>(byte));
     EXPECT_EQ(ToCodePage1252(FromCodePage1252(bytes)), bytes) << byte;
@@ -30,14 +30,14 @@ TEST(CodePage1252, HasItsOwnCharactersBetween128And159) {
   EXPECT_EQ(FromCodePage1252("\x81\x8D\x8F\x90\x9D"), "\xC2\x81\xC2\x8D\xC2\x8F\xC2\x90\xC2\x9D");
 }
 
-TEST(CodePage1252, WritesAQuestionMarkForWhatItLacks) {
+TEST(CodePage1252, WritesAQuestionMarkForCharactersThatItLacks) {
   EXPECT_EQ(ToCodePage1252("a\xE6\x97\xA5z"), "a?z");
   EXPECT_EQ(ToCodePage1252("\xF0\x9F\x98\x80"), "?");
   EXPECT_EQ(ToCodePage1252("\xC2\x80"), "?") << "a control character in the place of the euro sign";
   EXPECT_EQ(ToCodePage1252("\xC4\x80"), "?");
 }
 
-TEST(CodePage1252, WritesAQuestionMarkForEachByteThatIsNoUtf8) {
+TEST(CodePage1252, WritesAQuestionMarkForEachInvalidByte) {
   EXPECT_EQ(ToCodePage1252("\xFC x"), "? x");
   EXPECT_EQ(ToCodePage1252("\xC3"), "?");
   EXPECT_EQ(ToCodePage1252("\xC0\x80"), "??");

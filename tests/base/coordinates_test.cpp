@@ -8,7 +8,7 @@
 namespace zerbal {
 namespace {
 
-/// How many of these types one of them can be given for.
+/// The number of these types that convert from one of them.
 template <typename One, typename... All>
 constexpr int kTaken = (int{std::is_convertible_v<One, All>} + ...);
 
@@ -17,7 +17,7 @@ constexpr bool kNeverMix = ((kTaken<All, All...> == 1) && ...);
 
 static_assert(kNeverMix<GeoPosition, MapPosition, TwipPoint, TwipPosition, PixelPoint, PixelPosition>);
 
-TEST(UpTo360, TakesFullTurnsOff) {
+TEST(UpTo360, SubtractsMultiplesOf360Degrees) {
   EXPECT_EQ(UpTo360(360), 360);
   EXPECT_EQ(UpTo360(370), 10);
   EXPECT_EQ(UpTo360(730), 10);
@@ -25,7 +25,7 @@ TEST(UpTo360, TakesFullTurnsOff) {
   EXPECT_EQ(UpTo360(36'001), 1);
 }
 
-TEST(ToMapPosition, TurnsTheGlobeIntoTheMapFrame) {
+TEST(ToMapPosition, ConvertsGeographicDegrees) {
   const MapPosition position = ToMapPosition({-8.5, 47.25});
   EXPECT_EQ(position.lon, 171.5F);
   EXPECT_EQ(position.lat, 42.75F);
@@ -34,7 +34,7 @@ TEST(ToMapPosition, TurnsTheGlobeIntoTheMapFrame) {
   EXPECT_EQ(ToMapLon(180), 360);
 }
 
-TEST(ToGeoPosition, TurnsTheMapFrameIntoTheGlobe) {
+TEST(ToGeoPosition, ConvertsTheMapFrame) {
   EXPECT_EQ(ToGeoPosition({171.5F, 42.75F}).lon, -8.5);
   EXPECT_EQ(ToGeoPosition({171.5F, 42.75F}).lat, 47.25);
   EXPECT_EQ(ToGeoPosition({370, 100}).lon, -170);
@@ -42,7 +42,7 @@ TEST(ToGeoPosition, TurnsTheMapFrameIntoTheGlobe) {
   EXPECT_EQ(ToGeoPosition({370, 100}).lat, -10);
 }
 
-TEST(ToTwipPoint, RoundsDownAndKeepsClearOfTheLimits) {
+TEST(ToTwipPoint, RoundsDownAndStaysWithinTheLimits) {
   const MapPlacement placement{.scale = 0.5F, .offX = -50, .offY = -25};
   EXPECT_EQ(ToTwipPoint({103.9F, 50.5F}, placement), (TwipPoint{1, 0}));
   EXPECT_EQ(ToTwipPoint({98.9F, 49.9F}, placement), (TwipPoint{-1, -1}));
@@ -50,7 +50,7 @@ TEST(ToTwipPoint, RoundsDownAndKeepsClearOfTheLimits) {
   EXPECT_EQ(ToTwipPoint({std::numeric_limits<float>::quiet_NaN(), 50}, placement), (TwipPoint{0, 0}));
 }
 
-TEST(ToTwipPosition, TakesLogicalPixels) {
+TEST(ToTwipPosition, ConvertsLogicalPixels) {
   EXPECT_EQ(ToTwipPosition(100.5, 2).x, 1507.5F);
   EXPECT_EQ(ToTwipPosition(100.5, 2).y, 30);
 }
@@ -61,7 +61,7 @@ std::int32_t PixelOf(const PixelScale& scale, std::int32_t twips) {
   return point.x;
 }
 
-TEST(PixelScale, CutsTwipsDownToThePixelThatHoldsThem) {
+TEST(PixelScale, ConvertsTwipsToThePixelThatContainsThem) {
   const PixelScale one(1);
   EXPECT_EQ(PixelOf(one, 0), 0);
   EXPECT_EQ(PixelOf(one, 14), 0);
@@ -91,7 +91,7 @@ TEST(PixelScale, IsExactOnEveryPixelEdge) {
   }
 }
 
-TEST(PixelScale, TakesTheFarthestPositionsAndOddRatios) {
+TEST(PixelScale, AcceptsTheLargestPositionsAndUnusualRatios) {
   for (const double ratio : {0.0, 1.0, 8.0, 1e9}) {
     const PixelScale scale(ratio);
     EXPECT_GT(PixelOf(scale, std::numeric_limits<std::int32_t>::max()), 1000000);

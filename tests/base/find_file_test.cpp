@@ -29,7 +29,7 @@ TEST(FindFile, PrefersTheExactSpellingThenByteOrder) {
   EXPECT_EQ(FindFile(folder.Path(), "a.ini"), folder / "a.ini");
 }
 
-TEST(FindFile, LooksIntoEveryFolderOfAName) {
+TEST(FindFile, SearchesAllFoldersThatMatch) {
   const test::TempFolder folder;
   fs::create_directory(folder / "app_map");
   fs::create_directory(folder / "APP_MAP");
@@ -37,7 +37,7 @@ TEST(FindFile, LooksIntoEveryFolderOfAName) {
   EXPECT_EQ(FindFile(folder.Path(), "app_map/coast.mdb"), folder / "APP_MAP" / "coast.mdb");
 }
 
-TEST(FindFile, TakesNoFolderForAFile) {
+TEST(FindFile, DoesNotFindAFolder) {
   const test::TempFolder folder;
   fs::create_directory(folder / "coast.mdb");
   EXPECT_EQ(FindFile(folder.Path(), "coast.mdb"), std::nullopt);

@@ -11,7 +11,7 @@
 namespace zerbal::base {
 namespace {
 
-TEST(Round, GoesToTheNearestAndTiesToEven) {
+TEST(Round, RoundsToTheNearestAndTiesToEven) {
   EXPECT_EQ(Round(0.5), 0);
   EXPECT_EQ(Round(1.5), 2);
   EXPECT_EQ(Round(2.5), 2);
@@ -21,7 +21,7 @@ TEST(Round, GoesToTheNearestAndTiesToEven) {
   EXPECT_EQ(Round(-2.51), -3);
 }
 
-TEST(Int, GoesTowardsMinusInfinity) {
+TEST(Int, RoundsTowardsMinusInfinity) {
   EXPECT_EQ(Int(1.9), 1);
   EXPECT_EQ(Int(-0.1), -1);
   EXPECT_EQ(Int(-2), -2);
@@ -38,7 +38,7 @@ TEST(ToInt32, LimitsToTheType) {
   EXPECT_EQ(ToInt32(std::nan("")), 0);
 }
 
-TEST(LeadingNumber, ReadsTheNumberThatATextBeginsWith) {
+TEST(LeadingNumber, ReadsTheNumberAtTheBeginningOfAText) {
   EXPECT_EQ(LeadingNumber("12"), 12);
   EXPECT_EQ(LeadingNumber(" \t 12.5abc"), 12.5);
   EXPECT_EQ(LeadingNumber("-3"), -3);
@@ -59,7 +59,7 @@ TEST(LeadingNumber, IsZeroWithoutANumber) {
   EXPECT_FALSE(std::signbit(LeadingNumber("-0")));
 }
 
-TEST(LeadingNumber, LimitsWhatIsTooLargeOrTooSmall) {
+TEST(LeadingNumber, LimitsNumbersThatAreTooLargeOrTooSmall) {
   constexpr double kMax = std::numeric_limits<double>::max();
   EXPECT_EQ(LeadingNumber(std::string(400, '9')), kMax);
   EXPECT_EQ(LeadingNumber("-" + std::string(400, '9')), -kMax);

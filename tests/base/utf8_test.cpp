@@ -8,7 +8,7 @@
 namespace zerbal::base {
 namespace {
 
-TEST(TakeUtf8, TakesCharactersOfOneToFourBytes) {
+TEST(TakeUtf8, ReadsCharactersOfOneToFourBytes) {
   std::string_view text = "aß€\U0001F6EB";
   EXPECT_EQ(TakeUtf8(text), U'a');
   EXPECT_EQ(TakeUtf8(text), U'ß');
@@ -18,7 +18,7 @@ TEST(TakeUtf8, TakesCharactersOfOneToFourBytes) {
 }
 
 TEST(TakeUtf8, ReplacesEachInvalidByteAndReadsTheRest) {
-  // Stray, cut, overlong, surrogate, too large, and bytes that UTF-8 never has.
+  // Unexpected continuation, truncated, overlong, surrogate, too large, and bytes that UTF-8 never has.
   for (const std::string invalid :
        {"\x80", "\xC3", "\xE2\x82", "\xF0\x9F\x9B", "\xC0\xAF", "\xC1\xBF", "\xE0\x80\xAF", "\xE0\x9F\xBF",
         "\xF0\x80\x80\xAF", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\xF8", "\xFE", "\xFF"}) {
@@ -32,14 +32,14 @@ TEST(TakeUtf8, ReplacesEachInvalidByteAndReadsTheRest) {
   }
 }
 
-TEST(Utf8Length, TellsAGenuineReplacementCharacterFromAnInvalidByte) {
+TEST(Utf8Length, DistinguishesTheReplacementCharacterFromAnInvalidByte) {
   EXPECT_EQ(Utf8Length("\xEF\xBF\xBD"), 3u);
   EXPECT_EQ(Utf8Length("\xEF\xBF"), 0u);
   EXPECT_EQ(Utf8Length(""), 0u);
   EXPECT_EQ(Utf8Length(std::string_view("\0", 1)), 1u);
 }
 
-TEST(AppendUtf8, WritesWhatTakeUtf8Reads) {
+TEST(AppendUtf8, WritesTextThatTakeUtf8Reads) {
   for (char32_t character = 0; character <= 0x10FFFF; ++character) {
     if (character >= 0xD800 && character < 0xE000)
       continue;

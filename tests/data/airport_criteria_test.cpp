@@ -37,7 +37,7 @@ AirportCriteria Ils(bool with) {
   return set;
 }
 
-/// Whether an airport passes whose value for one criterion is `value`; the others would fail any limit here.
+/// True when an airport passes whose value for one criterion is `value`. Its other values would fail.
 bool Passes(const AirportCriteria& set, Criterion which, std::int32_t value) {
   std::array<std::int32_t, 3> values{kLowest, kLowest, kLowest};
   values[static_cast<std::size_t>(which)] = value;
@@ -46,12 +46,12 @@ bool Passes(const AirportCriteria& set, Criterion which, std::int32_t value) {
 
 TEST(AirportPassesCriteria, WithNothingActiveEveryAirportPasses) {
   AirportCriteria set;
-  set.numeric[0] = Between(5, 1);  // numbers of inactive criteria do not count
+  set.numeric[0] = Between(5, 1);  // numbers of inactive criteria are ignored
   EXPECT_TRUE(AirportPassesCriteria(set, 0, 0, 0, ""));
   EXPECT_TRUE(AirportPassesCriteria(set, kLowest, kHighest, -1, "anything"));
 }
 
-TEST(AirportPassesCriteria, LimitsThemselvesPass) {
+TEST(AirportPassesCriteria, LimitsAreInclusive) {
   for (const Criterion which : {Criterion::kElevation, Criterion::kRunways, Criterion::kLongestRunway}) {
     const AirportCriteria between = With(which, Between(-2, 1'000));
     EXPECT_FALSE(Passes(between, which, -3));
@@ -76,7 +76,7 @@ TEST(AirportPassesCriteria, BetweenTwoEqualNumbersIsThatNumber) {
   EXPECT_FALSE(Passes(set, Criterion::kElevation, 6));
 }
 
-TEST(AirportPassesCriteria, FromAboveToPassesNothing) {
+TEST(AirportPassesCriteria, AFromValueAboveTheToValuePassesNothing) {
   const AirportCriteria set = With(Criterion::kElevation, Between(10, 5));
   for (const std::int32_t value : {4, 5, 7, 10, 11})
     EXPECT_FALSE(Passes(set, Criterion::kElevation, value));
@@ -105,7 +105,7 @@ TEST(AirportPassesCriteria, EveryActiveCriterionMustPass) {
   EXPECT_FALSE(AirportPassesCriteria(set, 100, 2, 9'000, "0"));
 }
 
-TEST(AirportPassesCriteria, AgreesWithTheRulesReadOneByOne) {
+TEST(AirportPassesCriteria, AgreesWithEachRuleAlone) {
   test::TestRandom random(20260402);
   const auto number = [&](int low, int high) {
     return std::uniform_int_distribution<int>(low, high)(random);
@@ -133,7 +133,7 @@ TEST(AirportPassesCriteria, AgreesWithTheRulesReadOneByOne) {
   }
 }
 
-TEST(DelimitationText, WithoutAnyActiveCriterion) {
+TEST(DelimitationText, IsFixedWithoutAnActiveCriterion) {
   EXPECT_EQ(DelimitationText({}), "No delimitations set");
   AirportCriteria set;
   set.numeric[1] = AtLeast(3);

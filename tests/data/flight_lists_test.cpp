@@ -176,7 +176,7 @@ TEST_F(FlightListsTest, OneFlightIsDrawnByItsNumber) {
 
 constexpr float kLargestRandom = 0.99999994F;  // the largest single below 1
 
-TEST_F(FlightListsTest, TheLargestRandomValueDrawsTheOnlyServiceThatIsTicked) {
+TEST_F(FlightListsTest, TheLargestRandomValueDrawsTheOnlySelectedService) {
   Open();
   for (const std::size_t only : {1, 2, 3, 4, 5}) {
     OfferOnly(only);
@@ -186,7 +186,7 @@ TEST_F(FlightListsTest, TheLargestRandomValueDrawsTheOnlyServiceThatIsTicked) {
   }
 }
 
-TEST_F(FlightListsTest, TheLargestRandomValueDrawsTheLastServiceThatIsTicked) {
+TEST_F(FlightListsTest, TheLargestRandomValueDrawsTheLastSelectedService) {
   Open();
   for (const std::size_t ticked : {1, 2, 4}) {
     for (std::size_t i = 0; i < services.size(); ++i)

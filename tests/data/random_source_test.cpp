@@ -35,7 +35,7 @@ TEST(RandomSource, DrawsEachNumberFromAnEqualPart) {
   }
 }
 
-// Just below a whole number the sum is rounded up to it in single precision, but not in double precision.
+// Slightly below a whole number the sum is rounded up in single precision, but not in double precision.
 TEST(RandomSource, DrawsInSinglePrecision) {
   EXPECT_EQ(OneValue(0.49999997F).Draw(2), 2);
   EXPECT_EQ(OneValue(0.333333313F).Draw(3), 2);

@@ -50,7 +50,7 @@ TEST_F(RegionsTest, AnEmptyRegionTableLeavesNoRowNotEvenTheWorlds) {
   EXPECT_TRUE(LoadRegions(zbldata_).rows.empty());
 }
 
-TEST_F(RegionsTest, MoreRegionsThanACounterHoldsAreAnOverflow) {
+TEST_F(RegionsTest, MoreThan32767RegionsAreAnOverflow) {
   std::vector<test::Row> rows(32767, RegionRow(1, "R", 100));
   WriteTable(test::RegTable(rows));
   EXPECT_EQ(LoadRegions(zbldata_).RegionCount(), 32767);

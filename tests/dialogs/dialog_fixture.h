@@ -1,4 +1,4 @@
-// A main window, a settings file and recorded boxes: what every dialog's test needs.
+// The main window, settings file and recorded boxes of dialog tests.
 #pragma once
 
 #include <QApplication>
@@ -21,7 +21,7 @@ class DialogTest : public testing::Test {
     mainWindow.show();
   }
 
-  /// A value as the settings file holds it; "(none)" for a missing key.
+  /// The value in the settings file; "(none)" for a missing key.
   std::string Stored(const char* section, const char* key) const {
     return settings::ReadProfileString(folder / "zerbal.ini", section, key, "(none)", 2000);
   }

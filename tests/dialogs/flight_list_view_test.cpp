@@ -33,7 +33,7 @@ class FlightListViewTest : public testing::Test {
   dialogs::ListLines list{view};
 };
 
-TEST_F(FlightListViewTest, ShowsALineThatIsCutWholeInATip) {
+TEST_F(FlightListViewTest, ShowsATruncatedLineCompletelyInAToolTip) {
   view.resize(2000, 100);
   EXPECT_EQ(TipOver(1), QString());
   view.resize(200, 100);

@@ -70,7 +70,7 @@ TEST_F(FrmColoSettTest, AChosenObjectShowsItsColour) {
   EXPECT_EQ(ColourOf(*dialog, "shpSelCol"), QColor(40, 41, 42));
 }
 
-TEST_F(FrmColoSettTest, EveryObjectRecoloursItsOwnSample) {
+TEST_F(FrmColoSettTest, EachObjectChangesTheColourOfItsSample) {
   const auto dialog = NewDialog();
   struct Case {
     int entry;
@@ -101,13 +101,13 @@ TEST_F(FrmColoSettTest, EveryObjectRecoloursItsOwnSample) {
   }
 }
 
-TEST_F(FrmColoSettTest, TheBackgroundRecoloursTheSampleMap) {
+TEST_F(FrmColoSettTest, TheBackgroundChangesTheColourOfTheSampleMap) {
   const auto dialog = NewDialog();
   Child<QScrollBar>(*dialog, "hsbBlu")->setValue(99);
   EXPECT_EQ(Child<QWidget>(*dialog, "picMap")->palette().color(QPalette::Window), QColor(0, 1, 99));
 }
 
-TEST_F(FrmColoSettTest, OkStoresEveryColourChangedOrNot) {
+TEST_F(FrmColoSettTest, OkStoresEveryColour) {
   const auto dialog = NewDialog();
   Child<QComboBox>(*dialog, "cboSelObj")->setCurrentIndex(10);
   Child<QScrollBar>(*dialog, "hsbRed")->setValue(7);
@@ -130,7 +130,7 @@ TEST_F(FrmColoSettTest, TheColoursAreWrittenBeforeTheFlightColoursEachInTheOrder
             "[FlightColors]\r\nS1=200,100,1\r\nS2=200,100,2\r\n");
 }
 
-TEST_F(FrmColoSettTest, OfTwoServicesWithOneKeyTheLastWritesItsColour) {
+TEST_F(FrmColoSettTest, TheLastOfTwoServicesWithOneKeyWritesItsColour) {
   AddServices(1);
   services[0].key = services[2].key = "SAME";
   services[0].rgb = {1, 2, 3};
@@ -147,7 +147,7 @@ TEST_F(FrmColoSettTest, TheZoomBoxSampleIsDrawnInvertedAgainstTheBackground) {
   const auto dialog = NewDialog();
   dialog->show();
   const auto colourOfFrame = [&] {
-    // The first dot of the frame's corner.
+    // The first pixel in the corner of the frame.
     return Child<QWidget>(*dialog, "picMap")
         ->grab()
         .toImage()

@@ -25,7 +25,7 @@ class FrmDeliTest : public DialogTest {
   static void SetText(QWidget& dialog, const char* name, const char* text) {
     Child<QLineEdit>(dialog, name)->setText(text);
   }
-  /// The texts of controls that stand beside each other, from left to right.
+  /// The texts of adjacent controls from left to right.
   static QStringList Row(QWidget& dialog, const std::vector<std::string>& names) {
     QStringList texts;
     const QWidget* left = nullptr;
@@ -62,7 +62,7 @@ TEST_F(FrmDeliTest, TheTwoDialogsDifferInNameTitleAndKey) {
   EXPECT_EQ(Stored("Windows", "DelimitDestination"), "13,14");
 }
 
-TEST_F(FrmDeliTest, EveryBoxTellsItsNameToWhoCannotSeeIt) {
+TEST_F(FrmDeliTest, EveryBoxHasAnAccessibleName) {
   const auto dialog = NewDialog();
   std::set<QString> names;
   for (const auto* box : dialog->findChildren<dialogs::NumberEdit*>())
@@ -71,7 +71,7 @@ TEST_F(FrmDeliTest, EveryBoxTellsItsNameToWhoCannotSeeIt) {
   EXPECT_FALSE(names.contains(""));
 }
 
-TEST_F(FrmDeliTest, EachNumberStandsBetweenItsOptionAndItsUnit) {
+TEST_F(FrmDeliTest, EachNumberIsBetweenItsOptionAndItsUnit) {
   const auto dialog = NewDialog();
   dialog->show();
   const std::pair<std::string, const char*> groups[] = {
@@ -105,7 +105,7 @@ TEST_F(FrmDeliTest, AnUncheckedCriterionDisablesItsControlsAndKeepsItsNumbers) {
   EXPECT_EQ(Child<QLineEdit>(*dialog, "txtRwyAnzGr")->text(), "3");
 }
 
-TEST_F(FrmDeliTest, TheSelectedLimitEnablesJustItsBoxes) {
+TEST_F(FrmDeliTest, TheSelectedLimitEnablesOnlyItsBoxes) {
   set.numeric[0].active = true;
   const auto dialog = NewDialog();
   struct Case {
@@ -130,7 +130,7 @@ TEST_F(FrmDeliTest, IlsEnablesItsTwoOptions) {
   EXPECT_TRUE(Enabled(*dialog, "optILSOhne"));
 }
 
-TEST_F(FrmDeliTest, OkStoresEveryNumberAlsoOfUnselectedModes) {
+TEST_F(FrmDeliTest, OkStoresTheNumbersOfAllLimits) {
   const auto dialog = NewDialog();
   const char* names[] = {"Elev", "RwyAnz", "RwyLen"};
   for (int n = 0; n < 3; ++n) {
@@ -155,7 +155,7 @@ TEST_F(FrmDeliTest, OkStoresEveryNumberAlsoOfUnselectedModes) {
   EXPECT_EQ(set, expected);
 }
 
-TEST_F(FrmDeliTest, AFromValueAboveItsToValueIsRefusedEvenWhenTheCriterionIsUnchecked) {
+TEST_F(FrmDeliTest, AFromValueAboveItsToValueIsRefusedEvenForAnUncheckedCriterion) {
   const data::AirportCriteria before = set;
   for (const char* name : {"txtElevZwVon", "txtRwyAnzZwVon", "txtRwyLenZwVon"}) {
     const auto dialog = NewDialog();
@@ -181,7 +181,7 @@ TEST_F(FrmDeliTest, TheFocusGoesToTheFirstPairThatFails) {
   EXPECT_EQ(dialog->focusWidget()->objectName(), "txtRwyAnzZwVon");
 }
 
-TEST_F(FrmDeliTest, EqualFromAndToAreAccepted) {
+TEST_F(FrmDeliTest, EqualFromAndToValuesAreAccepted) {
   const auto dialog = NewDialog();
   SetText(*dialog, "txtElevZwVon", "5");
   SetText(*dialog, "txtElevZwBis", "5");
@@ -190,7 +190,7 @@ TEST_F(FrmDeliTest, EqualFromAndToAreAccepted) {
   EXPECT_EQ(set.numeric[0].from, 5);
 }
 
-TEST_F(FrmDeliTest, AbortLeavesTheSetUnchanged) {
+TEST_F(FrmDeliTest, AbortChangesNothing) {
   const data::AirportCriteria before = set;
   const auto dialog = NewDialog();
   Child<QCheckBox>(*dialog, "chkElev")->click();
@@ -200,7 +200,7 @@ TEST_F(FrmDeliTest, AbortLeavesTheSetUnchanged) {
   EXPECT_EQ(set, before);
 }
 
-TEST_F(FrmDeliTest, AndAndTheUnitsAreGreyAsTheirBoxesAre) {
+TEST_F(FrmDeliTest, TheWordAndAndTheUnitsAreGreyWithTheirBoxes) {
   const auto dialog = NewDialog();
   struct Row {
     const char* option;

@@ -23,7 +23,7 @@ class FrmMapSettTest : public DialogTest {
   std::unique_ptr<dialogs::frmMapSett> NewDialog() {
     return std::make_unique<dialogs::frmMapSett>(placement, regions, fonts, installed, boxes);
   }
-  /// The family that is selected for the low resolution when the table holds `stored`.
+  /// The family that is selected for the overview when the table has `stored`.
   std::string SelectedFor(const char* stored) {
     fonts.rows[0].name = stored;
     const auto dialog = NewDialog();
@@ -63,7 +63,7 @@ TEST_F(FrmMapSettTest, ShowsAnotherMeridianBySideAndDegrees) {
   EXPECT_EQ(Child<QLineEdit>(*dialog, "txtCentOth")->text(), "30");
 }
 
-TEST_F(FrmMapSettTest, AStoredFractionComesThroughUntouched) {
+TEST_F(FrmMapSettTest, AStoredFractionIsKept) {
   regions.centreWorld = data::WorldCentre::kChosen;
   for (const float stored : {12.3F, -0.00001F}) {
     regions.centreWorldAtLon = stored;
@@ -155,7 +155,7 @@ TEST_F(FrmMapSettTest, AFontThatIsNotInstalledIsReplacedByArial) {
   EXPECT_EQ(SelectedFor("No Such Font"), "ARIAL");
 }
 
-TEST_F(FrmMapSettTest, WhereArialIsMissingTooTheFirstFontIsSelected) {
+TEST_F(FrmMapSettTest, WithoutArialTheFirstFontIsSelected) {
   installed.removeOne("Arial");
   EXPECT_EQ(SelectedFor("No Such Font"), "Verdana");
   EXPECT_EQ(SelectedFor("Arial"), "Verdana");
@@ -170,7 +170,7 @@ TEST_F(FrmMapSettTest, AStoredFontIsFoundInAnyLetterCase) {
   EXPECT_EQ(SelectedFor("arial"), "Arial");
 }
 
-TEST_F(FrmMapSettTest, PreviewsFollowAtOnce) {
+TEST_F(FrmMapSettTest, PreviewsFollowImmediately) {
   const auto dialog = NewDialog();
   auto* preview = Child<QLabel>(*dialog, "lblFontLoRes");
   EXPECT_EQ(preview->text(), "123 ABC abc");

@@ -30,7 +30,7 @@ TEST_F(FrmUserSettTest, OkWritesAllThree) {
   EXPECT_TRUE(flags.menuEntries);
 }
 
-TEST_F(FrmUserSettTest, UncheckingPositionsHoldsForThisDialogAlready) {
+TEST_F(FrmUserSettTest, UncheckingPositionsTakesEffectForThisDialog) {
   dialogs::frmUserSett dialog(placement, flags);
   dialog.show();
   Child<QCheckBox>(dialog, "chkWinSave")->click();
@@ -48,7 +48,7 @@ TEST_F(FrmUserSettTest, AbortWritesOnlyThePosition) {
   EXPECT_NE(Stored("Windows", "UserSettings"), "(none)");
 }
 
-TEST_F(FrmUserSettTest, AFailedWriteShowsItsBoxAndTheSwitchHoldsAllTheSame) {
+TEST_F(FrmUserSettTest, AFailedWriteShowsItsBoxAndTheSwitchTakesEffect) {
   std::filesystem::create_directory(folder / "zerbal.ini");
   dialogs::frmUserSett dialog(placement, flags);
   Child<QCheckBox>(dialog, "chkMWinSave")->click();

@@ -14,7 +14,7 @@ using HelpDialogsTest = DialogTest;
 
 constexpr const char* kKeys[] = {"RevZBLAll", "RevSchdMain", "RevSchdFSrv", "RevStemAprt", "RevZBLData"};
 
-TEST_F(HelpDialogsTest, MissingRevisionsAreShownAndWrittenBackAsUnknown) {
+TEST_F(HelpDialogsTest, MissingRevisionsAreShownAndWrittenAsUnknown) {
   const auto file = folder / "zblrev.ini";
   WriteBytes(file, "[RevZBL]\r\nRevZBLAll=2026-11\r\n");
   dialogs::frmHelpRev dialog(placement, values, file);
@@ -26,7 +26,7 @@ TEST_F(HelpDialogsTest, MissingRevisionsAreShownAndWrittenBackAsUnknown) {
             "RevStemAprt=Unknown\r\nRevZBLData=Unknown\r\n");
 }
 
-TEST_F(HelpDialogsTest, RevisionsAreShownAsTheFileHoldsThem) {
+TEST_F(HelpDialogsTest, RevisionsAreShownUnchanged) {
   const auto file = folder / "zblrev.ini";
   WriteBytes(file,
              "[RevZBL]\r\nRevZBLAll=\"  7.2 \"\r\nRevSchdMain=007\r\nRevSchdFSrv=\r\nRevStemAprt=1,5e2\r\n"
@@ -62,7 +62,7 @@ TEST_F(HelpDialogsTest, TheInfoNamesProgramAndVersion) {
   EXPECT_EQ(Child<QPushButton>(dialog, "cmdOK")->text(), "&OK");
 }
 
-TEST_F(HelpDialogsTest, TheMouseTableHasItsSixRows) {
+TEST_F(HelpDialogsTest, TheMouseTableHasSixRows) {
   dialogs::frmHelpMous dialog(placement);
   EXPECT_EQ(dialog.windowTitle(), "Using the mouse");
   EXPECT_EQ(Child<QLabel>(dialog, "lblActMapLeftMove")->text(),

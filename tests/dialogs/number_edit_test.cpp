@@ -13,7 +13,7 @@ int beeps = 0;
 
 }  // namespace
 
-/// Takes the place of Qt's function in this test program, since no platform tells whether it beeped.
+/// Replaces Qt's function in this test program, because no platform reports its beeps.
 void QApplication::beep() {
   ++beeps;
 }
@@ -30,7 +30,7 @@ class NumberEditTest : public DialogTest {
   }
 };
 
-TEST_F(NumberEditTest, TakesOnlyDigitsAndBackspace) {
+TEST_F(NumberEditTest, AcceptsOnlyDigitsAndBackspace) {
   box.clear();
   Type(&box, "1-2.3a 4,e+5");
   EXPECT_EQ(box.text(), "12345");
@@ -61,7 +61,7 @@ TEST_F(NumberEditTest, ARefusedInputOfAnInputMethodBeepsOnce) {
   }
 }
 
-TEST_F(NumberEditTest, TakesOnlyDigitsWithAltAndFromAnInputMethodToo) {
+TEST_F(NumberEditTest, AcceptsOnlyDigitsWithAltAndFromAnInputMethod) {
   box.clear();
   for (const char* text : {"x", "7", "@"}) {
     QKeyEvent event(QEvent::KeyPress, Qt::Key_unknown, Qt::AltModifier, text);
@@ -118,7 +118,7 @@ TEST_F(NumberEditTest, LeavingAnEmptyBoxShowsZero) {
   EXPECT_EQ(box.text(), "0");
 }
 
-TEST_F(NumberEditTest, PastedTextIsTakenByItsLeadingDigits) {
+TEST_F(NumberEditTest, TheLeadingDigitsOfAPastedTextCount) {
   const std::pair<const char*, int> cases[] = {{"12abc", 12},  {"abc", 0}, {"-7", 0}, {"3.9", 3},
                                                {"  44 5", 44}, {"", 0},    {"007", 7}};
   for (const auto& [text, number] : cases) {

@@ -17,7 +17,7 @@ class PlacedDialogTest : public DialogTest {
   }
 };
 
-TEST_F(PlacedDialogTest, FirstOpeningCentresOverTheMainWindowsFrameAndWritesNothing) {
+TEST_F(PlacedDialogTest, TheFirstOpeningCentresTheDialogOverTheMainWindowAndWritesNothing) {
   const auto dialog = NewDialog();
   dialog->show();
   const QRect outer = mainWindow.frameGeometry();
@@ -26,7 +26,7 @@ TEST_F(PlacedDialogTest, FirstOpeningCentresOverTheMainWindowsFrameAndWritesNoth
   EXPECT_EQ(Stored("Windows", kKey), "(none)");
 }
 
-TEST_F(PlacedDialogTest, ADialogLargerThanTheMainWindowIsCentredByTheNextLowerWhole) {
+TEST_F(PlacedDialogTest, ThePositionOfALargerDialogIsRoundedDown) {
   mainWindow.setGeometry(100, 80, 200, 100);
   const auto dialog = NewDialog();
   dialog->show();
@@ -51,11 +51,11 @@ TEST_F(PlacedDialogTest, EveryWayOfClosingWritesThePosition) {
   }
 }
 
-TEST_F(PlacedDialogTest, AStoredPositionIsUsedAsItStandsEvenOffTheScreen) {
+TEST_F(PlacedDialogTest, AStoredPositionOutsideOfTheScreenIsUsed) {
   ini.Write("Windows", kKey, "-5000,12345");
   const auto dialog = NewDialog();
   dialog->show();
-  QApplication::processEvents();  // the window system has its say
+  QApplication::processEvents();  // the window system may move the dialog
   EXPECT_EQ(dialog->pos(), QPoint(-5000, 12345));
 }
 
@@ -66,7 +66,7 @@ TEST_F(PlacedDialogTest, AMissingFieldCountsAsZero) {
   EXPECT_EQ(dialog->pos(), QPoint(300, 0));
 }
 
-TEST_F(PlacedDialogTest, WithoutSavingEveryOpeningIsCentredAndNoKeyIsWritten) {
+TEST_F(PlacedDialogTest, WithoutSavingADialogIsAlwaysCentredAndNoKeyIsWritten) {
   ini.Write("Windows", kKey, "7,8");
   flags.windows = false;
   const QPoint places[] = {{100, 80}, {160, 40}};

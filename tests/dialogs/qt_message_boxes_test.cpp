@@ -12,7 +12,7 @@ namespace {
 
 class QtMessageBoxesTest : public DialogTest {
  protected:
-  /// Shows boxes at once after each other, without events between them; the parent of each.
+  /// Shows boxes one after another without events between them. Returns the parent of each.
   std::vector<QWidget*> ParentsOf(int count) {
     std::vector<QWidget*> parents;
     for (int i = 0; i < count; ++i) {
@@ -30,13 +30,13 @@ class QtMessageBoxesTest : public DialogTest {
   dialogs::QtMessageBoxes screenBoxes;
 };
 
-TEST_F(QtMessageBoxesTest, EveryBoxInARowBelongsToTheMainWindow) {
+TEST_F(QtMessageBoxesTest, EveryBoxOfASequenceBelongsToTheMainWindow) {
   mainWindow.activateWindow();
   QApplication::processEvents();
   EXPECT_EQ(ParentsOf(3), (std::vector<QWidget*>{&mainWindow, &mainWindow, &mainWindow}));
 }
 
-TEST_F(QtMessageBoxesTest, EveryBoxInARowBelongsToTheOpenDialog) {
+TEST_F(QtMessageBoxesTest, EveryBoxOfASequenceBelongsToTheOpenDialog) {
   dialogs::PlacedDialog dialog(placement, "HelpInfo");
   dialog.setModal(true);
   dialog.show();
@@ -52,7 +52,7 @@ TEST_F(QtMessageBoxesTest, WhileTheProgramStartsABoxBelongsToTheSplashWindow) {
   EXPECT_EQ(ParentsOf(2), (std::vector<QWidget*>{&splash, &splash}));
 }
 
-TEST_F(QtMessageBoxesTest, AnOpenMenuOwnsNoBox) {
+TEST_F(QtMessageBoxesTest, AnOpenMenuIsNotTheParentOfABox) {
   QMenu menu;
   menu.addAction("Entry");
   QApplication::setActiveWindow(nullptr);
@@ -60,7 +60,7 @@ TEST_F(QtMessageBoxesTest, AnOpenMenuOwnsNoBox) {
   EXPECT_EQ(ParentsOf(1), (std::vector<QWidget*>{&mainWindow}));
 }
 
-TEST_F(QtMessageBoxesTest, WithoutAWindowABoxStandsAlone) {
+TEST_F(QtMessageBoxesTest, WithoutAWindowABoxHasNoParent) {
   mainWindow.hide();
   QApplication::processEvents();
   EXPECT_EQ(ParentsOf(2), (std::vector<QWidget*>{nullptr, nullptr}));

@@ -1,4 +1,4 @@
-// What a dialog does after the message about a number that it refuses: the user types the correction at once.
+// After the message about a refused number the user can type the correction immediately.
 #include <QAbstractButton>
 #include <QCheckBox>
 #include <QComboBox>
@@ -77,7 +77,7 @@ TEST_F(RefusedNumber, ABoxThatHasTheFocusAlreadyIsSelectedToo) {
   EXPECT_EQ(from->selectedText(), "60");
 }
 
-TEST_F(RefusedNumber, InADialogThatStaysActiveTheBoxIsSelectedAsWell) {
+TEST_F(RefusedNumber, TheBoxIsSelectedInADialogThatStaysActive) {
   set.numeric[0].active = true;
   dialogs::frmDeli dialog(placement, dialogs::frmDeli::Layer::kAllAirports, set, boxes);
   dialog.show();
@@ -103,7 +103,7 @@ TEST_F(RefusedNumber, TheMeridianIsSelectedSoThatTypingReplacesIt) {
   EXPECT_EQ(Child<QLineEdit>(dialog, "txtCentOth")->selectedText(), "181");
 }
 
-TEST_F(RefusedNumber, OfAnUncheckedCriterionTheCheckBoxGetsTheFocus) {
+TEST_F(RefusedNumber, TheCheckBoxOfAnUncheckedCriterionGetsTheFocus) {
   struct Case {
     const char* from;
     const char* active;
@@ -120,7 +120,7 @@ TEST_F(RefusedNumber, OfAnUncheckedCriterionTheCheckBoxGetsTheFocus) {
   }
 }
 
-TEST_F(RefusedNumber, OfAnotherSelectedLimitTheBetweenOptionGetsTheFocus) {
+TEST_F(RefusedNumber, TheBetweenOptionGetsTheFocusWhenAnotherLimitIsSelected) {
   set.numeric[1] = {true, data::Limit::kAtMost, 60, 50, 0, 9};
   dialogs::frmDeli dialog(placement, dialogs::frmDeli::Layer::kAllAirports, set, screenBoxes);
   dialog.show();
@@ -130,7 +130,7 @@ TEST_F(RefusedNumber, OfAnotherSelectedLimitTheBetweenOptionGetsTheFocus) {
   EXPECT_TRUE(Child<QRadioButton>(dialog, "optRwyAnzKl")->isChecked());
 }
 
-TEST_F(RefusedNumber, AWindowThatIsActivatedAnewHasItsBoxSelected) {
+TEST_F(RefusedNumber, AWindowThatIsActivatedAgainHasItsBoxSelected) {
   QWidget other;
   other.show();
   QWidget window;
@@ -145,7 +145,7 @@ TEST_F(RefusedNumber, AWindowThatIsActivatedAnewHasItsBoxSelected) {
   EXPECT_EQ(box.selectedText(), "60");
 }
 
-TEST_F(RefusedNumber, APopUpMenuLeavesTheSelectionOfABoxAlone) {
+TEST_F(RefusedNumber, APopUpMenuKeepsTheSelectionOfABox) {
   dialogs::NumberEdit box;
   box.setText("123");
   box.setSelection(0, 2);

@@ -23,7 +23,7 @@ TEST(AirportLabel, IsTheCodeInOverviewMode) {
   EXPECT_EQ(Label("Harbour Field North", "Elsewhere", false), "QHN");
 }
 
-TEST(AirportLabel, NamesTheCityUnlessTheNameHoldsIt) {
+TEST(AirportLabel, HasTheCityUnlessTheNameContainsIt) {
   EXPECT_EQ(Label("Harbour Field North", "Harbour"), "QHN - Harbour Field North");
   EXPECT_EQ(Label("Harbour Field North", "North"), "QHN - Harbour Field North");
   EXPECT_EQ(Label("Harbour Field North", "harbour"), "QHN - Harbour Field North (harbour)");
@@ -32,12 +32,12 @@ TEST(AirportLabel, NamesTheCityUnlessTheNameHoldsIt) {
   EXPECT_EQ(Label("Z\xC3\xBCrich", "Z\xC3\xBC"), "QHN - Z\xC3\xBCrich");
 }
 
-/// In a view of 100..160 by 40..70 a position is at 100 (lon - 100), 100 (lat - 40).
+/// The view is 100..160 by 40..70, so that a position is at 100 (lon - 100), 100 (lat - 40).
 class AirportLayer : public testing::Test {
  protected:
   AirportLayer() { world_.options.allAirports = true; }
 
-  /// Codes of the airports drawn, in order.
+  /// The codes of the drawn airports, in order.
   Strings Shown(Layer layer = Layer::kAirports) { return Texts(world_.Draw(layer)); }
 
   data::NumericCriterion& Limit(data::Criterion which) {
@@ -49,14 +49,14 @@ class AirportLayer : public testing::Test {
   MapWorld world_;
 };
 
-TEST_F(AirportLayer, MarkerAndLabelInOverviewMode) {
+TEST_F(AirportLayer, DrawsMarkerAndLabelInOverviewMode) {
   world_.allaprt = {Airport("QHN", 110, 45)};
   const std::vector<Operation> expected{CircleOp(Layer::kAirports, {1'000, 500}, 20, kAll, true),
                                         TextOp(Layer::kAirports, {1'050, 550}, "QHN", kAll, {"Small", 7})};
   EXPECT_EQ(world_.Draw(Layer::kAirports), expected);
 }
 
-TEST_F(AirportLayer, MarkerAndLabelInDetailMode) {
+TEST_F(AirportLayer, DrawsMarkerAndLabelInDetailMode) {
   world_.Show(100, 40, 120, 50);
   world_.allaprt = {Airport("QHN", 110, 45)};
   const std::vector<Operation> expected{
@@ -78,7 +78,7 @@ TEST_F(AirportLayer, EachLayerHasItsSwitchTableAndColour) {
   EXPECT_EQ(world_.Draw(Layer::kDestinations), expected);
 }
 
-TEST_F(AirportLayer, DestinationsCoverTheSameAirportOfTheWorld) {
+TEST_F(AirportLayer, DestinationsAreDrawnOverOtherAirports) {
   world_.allaprt = world_.dest = {Airport("AAA", 110, 45)};
   world_.options.destinations = true;
   const auto operations = world_.Draw();
@@ -98,21 +98,21 @@ TEST_F(AirportLayer, EachLayerHasItsOwnCriteria) {
   EXPECT_EQ(Shown(Layer::kDestinations), Strings{"AAA"});
 }
 
-TEST_F(AirportLayer, RowsComeInTheOrderOfTheirCodes) {
+TEST_F(AirportLayer, AirportsAreDrawnInTheOrderOfTheirCodes) {
   world_.allaprt = {Airport("CCC", 110, 45), Airport("AAA", 111, 45), Airport("BBB", 112, 45)};
   EXPECT_EQ(Shown(), (Strings{"AAA", "BBB", "CCC"}));
-  EXPECT_EQ(Shown(), (Strings{"AAA", "BBB", "CCC"}));  // every redraw begins at the first row
+  EXPECT_EQ(Shown(), (Strings{"AAA", "BBB", "CCC"}));  // each redraw begins at the first row
 }
 
-TEST_F(AirportLayer, OnlyWhatIsInViewItsEdgesIncluded) {
+TEST_F(AirportLayer, OnlyAirportsInViewAreDrawnEdgesIncluded) {
   world_.allaprt = {Airport("AAA", 100, 40), Airport("BBB", 160, 70), Airport("CCC", 99.99F, 45),
                     Airport("DDD", 160.01F, 45), Airport("EEE", 130, 70.01F)};
-  // Markers and labels of the first two reach over the edge and are whole.
+  // Markers and labels of the first two cross the edge and are drawn completely.
   EXPECT_EQ(Short(world_.Draw(Layer::kAirports)),
             (Strings{"o 0,0", "AAA@50,50", "o 6000,3000", "BBB@6050,3050"}));
 }
 
-TEST_F(AirportLayer, AViewThatWrapsShowsBothSidesOfTheSeam) {
+TEST_F(AirportLayer, AViewThatWrapsShowsBothSidesOf360) {
   world_.Show(340, 60, 20, 100);
   world_.allaprt = {Airport("AAA", 350, 80), Airport("BBB", 10, 80), Airport("CCC", 0, 80),
                     Airport("DDD", 360, 80), Airport("EEE", 30, 80)};
@@ -121,12 +121,12 @@ TEST_F(AirportLayer, AViewThatWrapsShowsBothSidesOfTheSeam) {
                      "CCC@2050,2050", "o 2000,2000", "DDD@2050,2050"}));
 }
 
-TEST_F(AirportLayer, ThePenUpMarkerIsNoPosition) {
+TEST_F(AirportLayer, ThePenUpMarkerIsNotAPosition) {
   world_.allaprt = {Airport("AAA", 110, 45), Airport("BBB", -1, 45)};
   EXPECT_EQ(Shown(), Strings{"AAA"});
 }
 
-TEST_F(AirportLayer, LimitsThemselvesAreShown) {
+TEST_F(AirportLayer, LimitsAreInclusive) {
   for (const char* code : {"LOW", "MID", "TOP"}) {
     world_.allaprt.push_back(Airport(code, 110, 45));
     world_.allaprt.back().elevation = code[0] == 'L' ? 999 : code[0] == 'M' ? 1'000 : 1'001;
@@ -167,7 +167,7 @@ TEST_F(AirportLayer, EachCriterionReadsItsOwnField) {
   EXPECT_EQ(Shown().size(), 0U);
 }
 
-TEST_F(AirportLayer, AnEmptyIlsPassesNeitherWay) {
+TEST_F(AirportLayer, AnEmptyIlsPassesNeitherOption) {
   world_.allaprt = {Airport("AAA", 110, 45), Airport("BBB", 110, 45), Airport("CCC", 110, 45)};
   world_.allaprt[0].ils = "";
   world_.allaprt[1].ils = test::Null();
@@ -179,7 +179,7 @@ TEST_F(AirportLayer, AnEmptyIlsPassesNeitherWay) {
   EXPECT_EQ(Shown().size(), 0U);
 }
 
-TEST_F(AirportLayer, AMissingNumberCountsAsZeroWhateverCameBefore) {
+TEST_F(AirportLayer, AMissingNumberCountsAsZero) {
   world_.allaprt = {Airport("AAA", 110, 45), Airport("BBB", 111, 45), Airport("CCC", 112, 45)};
   world_.allaprt[0].elevation = 900;
   world_.allaprt[1].elevation = test::Null();
@@ -205,7 +205,7 @@ TEST_F(AirportLayer, ANumberThatDoesNotConvertCountsAsZero) {
   EXPECT_EQ(Shown(), Strings{"BBB"});
 }
 
-TEST_F(AirportLayer, WithoutAPositionAnAirportIsLeftOutAndTheNextOneDrawn) {
+TEST_F(AirportLayer, AnAirportWithoutAPositionIsSkipped) {
   world_.airportColumns = {test::Text("AP_Lat")};
   world_.allaprt = {Airport("AAA", 110, 0), Airport("BBB", 111, 0), Airport("CCC", 112, 0),
                     Airport("DDD", 113, 0)};
@@ -217,7 +217,7 @@ TEST_F(AirportLayer, WithoutAPositionAnAirportIsLeftOutAndTheNextOneDrawn) {
   EXPECT_EQ(Shown(), (Strings{"AAA", "DDD"}));
 }
 
-TEST_F(AirportLayer, OddPositionsAreNotInView) {
+TEST_F(AirportLayer, UnusualPositionsAreNotInView) {
   constexpr float kInf = std::numeric_limits<float>::infinity();
   world_.storedSingles = {
       {1111.5F, std::numeric_limits<float>::quiet_NaN()}, {2222.5F, kInf}, {3333.5F, -kInf}};
@@ -236,7 +236,7 @@ TEST_F(AirportLayer, NullTextsAreEmpty) {
   EXPECT_EQ(Strings(shown.end() - 2, shown.end()), (Strings{"AAA -  (Town)", "BBB - Field"}));
 }
 
-TEST_F(AirportLayer, TextsBelongToTheirOwnAirport) {
+TEST_F(AirportLayer, EachAirportHasItsOwnTexts) {
   world_.Show(100, 40, 120, 50);
   world_.allaprt = {Airport("AAA", 110, 45), Airport("BBB", 110, 45)};
   world_.allaprt[0].name = "A long name";
@@ -245,7 +245,7 @@ TEST_F(AirportLayer, TextsBelongToTheirOwnAirport) {
   EXPECT_EQ(Shown(), (Strings{"AAA - A long name (Town)", "BBB - B"}));
 }
 
-TEST_F(AirportLayer, LongTextsAreShownWhole) {
+TEST_F(AirportLayer, LongTextsAreShownCompletely) {
   world_.Show(100, 40, 120, 50);
   world_.airportColumns = {test::Memo("AP_Name")};
   world_.allaprt = {Airport("AAA", 110, 45)};
@@ -258,7 +258,7 @@ TEST_F(AirportLayer, AnEmptyTableDrawsNothing) {
   EXPECT_EQ(Shown(), Strings{});
 }
 
-TEST_F(AirportLayer, WithoutAColumnForAFilterItsValueIsZeroAndWithoutOneForThePlaceNothingIsDrawn) {
+TEST_F(AirportLayer, AMissingFilterColumnIsZeroAndAMissingPositionColumnDrawsNothing) {
   test::TempFolder folder;
   const auto table = [](const char* last) {
     return test::Table{"allaprt",

@@ -1,4 +1,4 @@
-// The redraw's frame and the layers of lines.
+// The steps of a redraw and the layers of lines.
 #include <limits>
 #include <random>
 #include <stdexcept>
@@ -41,7 +41,7 @@ TEST(DrawMap, FillsTheWholeAreaWithTheBackground) {
 TEST(DrawMap, MarksTheCentreOfTheWindowNotOfTheMap) {
   MapWorld world;
   world.options.centreOfMap = true;
-  // The world in a very wide window of odd size: the map is narrower than the window.
+  // The world in a very wide window with odd sides: the map is narrower than the window.
   world.viewport.SetSize(9'001, 1'801);
   world.viewport.SelectRegion({"", "", 5, 0, 355, 180});
   world.viewport.ComputeViewport();
@@ -54,14 +54,14 @@ TEST(DrawMap, MarksTheCentreOfTheWindowNotOfTheMap) {
   EXPECT_EQ(world.Draw(Layer::kCentre), expected);
 }
 
-/// Three points in the middle of whatever is shown.
+/// Three points in the middle of the view.
 Rows Stroke(const Viewport& view) {
   const double lon = view.MapLonMin() + view.MapLonSpan() / 2;
   const double lat = view.MapLatMin() + view.MapLatSpan() / 2;
   return {At(lon, lat), At(lon + 0.1, lat), At(lon + 0.1, lat + 0.1)};
 }
 
-TEST(DrawMap, PaintsTheLayersInTheirOrder) {
+TEST(DrawMap, DrawsTheLayersInOrder) {
   MapWorld world;
   world.Show(42, 42, 62, 52);
   const Rows stroke = Stroke(world.viewport);
@@ -82,7 +82,7 @@ TEST(DrawMap, PaintsTheLayersInTheirOrder) {
                                 Layer::kBoundary, Layer::kAirports, Layer::kDestinations, Layer::kFlights}));
 }
 
-TEST(BaseMap, OverviewDrawsTheCoarseCoastAlone) {
+TEST(BaseMap, OverviewDrawsOnlyTheOverviewCoast) {
   MapWorld world;
   const Rows stroke = Stroke(world.viewport);
   world.coast = {{"wcl", {At(110, 50), At(120, 50)}}, {"CEwdb2", stroke}};
@@ -94,7 +94,7 @@ TEST(BaseMap, OverviewDrawsTheCoarseCoastAlone) {
   EXPECT_EQ(operations[1], LineOp(Layer::kCoast, {1'000, 1'000}, {2'000, 1'000}, kCoast));
 }
 
-TEST(BaseMap, DetailDrawsTheTilesOfAllThreeInTheirColours) {
+TEST(BaseMap, DetailModeDrawsCoastsRiversAndBoundariesInTheirColours) {
   MapWorld world;
   world.Show(42, 42, 62, 52);
   world.coast = {{"CEwdb2", {At(50, 45), At(51, 45)}}, {"wcl", Stroke(world.viewport)}};
@@ -125,10 +125,10 @@ TEST(BaseMap, ZoomingInMakesRiversAppear) {
   EXPECT_EQ(world.Draw(Layer::kRiver).size(), 1U);
 }
 
-TEST(BaseMap, EachOfFourTilesIsDrawnFromItsOwnRecords) {
+TEST(BaseMap, EachOfFourTilesIsDrawnFromItsOwnTable) {
   MapWorld world;
   world.Show(30, 55, 50, 65);
-  // Along latitude 58 through longitude 40: the halves meet on the border and are not joined.
+  // Along latitude 58 across longitude 40: the halves meet on the border and are not joined.
   world.coast = {{"AEwdb2", {At(38, 58), At(39, 58)}},
                  {"CEwdb2", {At(41, 58), At(42, 58)}},
                  {"AGwdb2", {At(38, 62), At(39, 62)}},
@@ -138,11 +138,11 @@ TEST(BaseMap, EachOfFourTilesIsDrawnFromItsOwnRecords) {
             (Strings{"800,300-900,300", "800,700-900,700", "1100,300-1200,300", "1100,700-1200,700"}));
 }
 
-TEST(BaseMap, AMissingTableIsAnEmptyOne) {
+TEST(BaseMap, AMissingTableIsEmpty) {
   MapWorld world;
-  EXPECT_EQ(world.Draw().size(), 1U);  // no "wcl"
+  EXPECT_EQ(world.Draw().size(), 1U);  // the table "wcl" is missing
   world.Show(30, 55, 50, 65);
-  world.options.rivers = world.options.boundaries = true;  // no such files
+  world.options.rivers = world.options.boundaries = true;  // the files are missing
   EXPECT_EQ(world.Draw().size(), 1U);
   MapWorld other;
   other.Show(30, 55, 50, 65);
@@ -166,7 +166,7 @@ TEST(LineLayer, JoinsThePointsOfARun) {
   EXPECT_EQ(Drawn({kA, kB, kC, kD}), (Strings{kAB, kBC, kCD}));
 }
 
-TEST(LineLayer, TablesOfNoRowOrOneDrawNothing) {
+TEST(LineLayer, TablesWithFewerThanTwoRowsDrawNothing) {
   EXPECT_EQ(Drawn({}), Strings{});
   EXPECT_EQ(Drawn({kA}), Strings{});
   EXPECT_EQ(Drawn({kPenUp}), Strings{});
@@ -176,21 +176,21 @@ TEST(LineLayer, AMarkerEndsALine) {
   EXPECT_EQ(Drawn({kA, kB, kPenUp, kC, kD}), (Strings{kAB, kCD}));
 }
 
-TEST(LineLayer, MarkersInARowOrAtTheBeginningDrawNothing) {
+TEST(LineLayer, RepeatedAndLeadingMarkersDrawNothing) {
   EXPECT_EQ(Drawn({kPenUp, kA, kB, kPenUp, kPenUp, kC, kD, kPenUp}), (Strings{kAB, kCD}));
   EXPECT_EQ(Drawn({kPenUp, kPenUp, kPenUp}), Strings{});
 }
 
-TEST(LineLayer, AMarkersLatitudeMeansNothing) {
+TEST(LineLayer, TheLatitudeOfAMarkerIsIgnored) {
   EXPECT_EQ(Drawn({kA, kB, {-1'000'000, 45'000'000}, kC, kD}), (Strings{kAB, kCD}));
 }
 
-TEST(LineLayer, ALineThroughTheOutsideIsTwoPieces) {
+TEST(LineLayer, ALineThatLeavesTheViewIsTwoPieces) {
   EXPECT_EQ(Drawn({kA, kB, kOutside, kC, kD}), (Strings{kAB, kCD}));
   EXPECT_EQ(Drawn({kOutside, kA, kB, kOutside, kOutside}), Strings{kAB});
 }
 
-TEST(LineLayer, OneLonelyPointInsideDrawsNothing) {
+TEST(LineLayer, ASinglePointInsideDrawsNothing) {
   EXPECT_EQ(Drawn({kOutside, kA, kOutside, kB, kPenUp, kC}), Strings{});
 }
 
@@ -208,18 +208,18 @@ TEST(LineLayer, PointsOnTheEdgeAreInView) {
             (Strings{"0,0-6000,0", "6000,0-6000,3000"}));
 }
 
-TEST(LineLayer, PointsOnOneSpotAreStillSegments) {
+TEST(LineLayer, EqualPointsAreSegments) {
   EXPECT_EQ(Drawn({kA, kA}), Strings{"1000,500-1000,500"});
 }
 
-TEST(LineLayer, ExtremeNumbersAreOutside) {
+TEST(LineLayer, ExtremePositionsAreOutside) {
   constexpr std::int32_t kLow = std::numeric_limits<std::int32_t>::min();
   constexpr std::int32_t kHigh = std::numeric_limits<std::int32_t>::max();
   EXPECT_EQ(Drawn({kA, {kLow, kLow}, {kHigh, kHigh}, {110'000'000, kHigh}, {kLow, 45'000'000}, kB}),
             Strings{});
 }
 
-TEST(LineLayer, ALineThroughTheSeamIsWholeInAViewThatWraps) {
+TEST(LineLayer, ALineAcross360IsConnectedInAViewThatWraps) {
   MapWorld world;
   world.coast["wcl"] = {At(359, 80), At(360, 80), At(0, 80),  At(1, 80),
                         At(21, 80),  kPenUp,      At(19, 80), At(20, 80)};
@@ -228,7 +228,7 @@ TEST(LineLayer, ALineThroughTheSeamIsWholeInAViewThatWraps) {
                                                        "2000,2000-2100,2000", "3900,2000-4000,2000"}));
 }
 
-/// Counts the calls that reach a surface, and can fail in one of them.
+/// Counts the calls of a surface and fails in one of them.
 class Counter final : public Surface {
  public:
   void BeginLayer(Layer layer) override { layer_ = layer; }
@@ -255,7 +255,7 @@ class Counter final : public Surface {
   Layer layer_ = Layer::kBackground;
 };
 
-TEST(LineLayer, HandsEachRunOverInOneCall) {
+TEST(LineLayer, PassesEachRunInOneCall) {
   MapWorld world;
   Rows rows;
   for (int i = 0; i < 5'000; ++i)
@@ -286,15 +286,14 @@ TEST(Containment, ADrawingFailureEndsOneTableOrAirportOrFlightLayer) {
     world.DrawOn(counter);
     return std::pair{counter.runs.size(), counter.circles};
   };
-  // Lines: 3 coast, 1 river, 2 legs; circles: 2 destinations, 2 a flight.
+  // Lines: 3 coast, 1 river, 2 legs; circles: 2 destinations, 2 per flight.
   EXPECT_EQ(count(std::nullopt), (std::pair<std::size_t, int>{6, 6}));
-  EXPECT_EQ(count(Layer::kCoast), (std::pair<std::size_t, int>{5, 6}));  // the second tile comes
-  EXPECT_EQ(count(Layer::kDestinations),
-            (std::pair<std::size_t, int>{6, 6}));                          // and so does the second airport
-  EXPECT_EQ(count(Layer::kFlights), (std::pair<std::size_t, int>{5, 2}));  // the first leg was the last
+  EXPECT_EQ(count(Layer::kCoast), (std::pair<std::size_t, int>{5, 6}));         // the second tile follows
+  EXPECT_EQ(count(Layer::kDestinations), (std::pair<std::size_t, int>{6, 6}));  // and the second airport
+  EXPECT_EQ(count(Layer::kFlights), (std::pair<std::size_t, int>{5, 2}));  // nothing follows the first leg
 }
 
-TEST(Containment, BeforeTheBaseMapErrorsGetOut) {
+TEST(Containment, ErrorsBeforeTheBaseMapAreNotContained) {
   MapWorld world;
   world.options.centreOfMap = true;
   Counter counter;
@@ -312,7 +311,7 @@ TEST(Containment, ATableWithoutItsColumnsIsSkipped) {
   EXPECT_EQ(world.Draw(Layer::kCoast).size(), 1U);
 }
 
-TEST(Containment, WhatCameBeforeABadRowStays) {
+TEST(Containment, DrawingBeforeAnInvalidRowStays) {
   test::TempFolder folder;
   const test::Cell null = test::Null();
   test::WriteDatabase(folder / "coast.mdb", {test::Table{"AEwdb2",
@@ -330,7 +329,7 @@ TEST(Containment, WhatCameBeforeABadRowStays) {
   EXPECT_EQ(Short(world.Draw(Layer::kCoast)), (Strings{"800,300-900,300", "1100,300-1200,300"}));
 }
 
-TEST(StoredProjection, SaysWhatProjectPointSays) {
+TEST(StoredProjection, AgreesWithProjectPoint) {
   test::TestRandom random(20260302);
   const auto uniform = [&](double low, double high) {
     return std::uniform_real_distribution<double>(low, high)(random);
@@ -348,7 +347,7 @@ TEST(StoredProjection, SaysWhatProjectPointSays) {
     const StoredProjection projection(view);
     const double bounds[] = {view.MapLonMin(), view.MapLonMax(), view.MapLonMax() - 360.0, uniform(0, 360)};
     for (int j = 0; j < 200; ++j) {
-      // On the bounds' millionths, some beside, some inside and some anywhere.
+      // On the bounds, slightly beside them, inside and anywhere.
       data::StoredPoint point =
           At(j % 3 == 0 ? uniform(view.MapLonMin(), view.MapLonMax()) : bounds[random() % 4],
              j % 2 == 0 ? uniform(view.MapLatMin(), view.MapLatMax())

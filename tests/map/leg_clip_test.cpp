@@ -34,7 +34,7 @@ void ExpectLeg(const std::optional<Leg>& leg, MapPosition from, MapPosition to) 
   EXPECT_FLOAT_EQ(leg->second.lat, to.lat);
 }
 
-TEST(GetClipCode, ABitForEachBound) {
+TEST(GetClipCode, HasABitForEachBound) {
   EXPECT_EQ(GetClipCode(kView, {120, 50}), 0U);
   EXPECT_EQ(GetClipCode(kView, {120, 61}), 1U);
   EXPECT_EQ(GetClipCode(kView, {120, 39}), 2U);
@@ -52,7 +52,7 @@ TEST(GetClipCode, APointOnABoundIsInside) {
   EXPECT_EQ(GetClipCode(kView, {std::nextafter(100.0F, 0.0F), 50}), 4U);
 }
 
-TEST(ClipLeg, LeavesALegInsideAlone) {
+TEST(ClipLeg, KeepsALegInside) {
   ExpectLeg(Clipped({110, 45}, {130, 55}), {110, 45}, {130, 55});
   ExpectLeg(Clipped({100, 40}, {140, 60}), {100, 40}, {140, 60});
   ExpectLeg(Clipped({110, 45}, {110, 45}), {110, 45}, {110, 45});
@@ -64,18 +64,18 @@ TEST(ClipLeg, CutsEachEndAtItsBound) {
   ExpectLeg(Clipped({120, 50}, {120, 30}), {120, 50}, {120, 40});
   ExpectLeg(Clipped({120, 70}, {120, 50}), {120, 60}, {120, 50});
   ExpectLeg(Clipped({90, 50}, {150, 50}), {100, 50}, {140, 50});
-  // From beyond a corner: first onto the latitude, 105 by 40, which is in view.
+  // From outside of a corner: the latitude is cut first, at 105 by 40, which is in view.
   ExpectLeg(Clipped({95, 30}, {120, 55}), {105, 40}, {120, 55});
-  // Both bounds: at latitude 40 the longitude is still 95, so the leg begins at 100 by 45.
+  // Both bounds: at latitude 40 the longitude is 95, so the leg begins at 100 by 45.
   ExpectLeg(Clipped({85, 30}, {115, 60}), {100, 45}, {115, 60});
 }
 
-TEST(ClipLeg, RejectsWhatIsBesideTheView) {
+TEST(ClipLeg, RejectsLegsOutsideOfTheView) {
   EXPECT_FALSE(Clipped({90, 45}, {95, 55}));
   EXPECT_FALSE(Clipped({145, 45}, {150, 55}));
   EXPECT_FALSE(Clipped({110, 30}, {130, 39}));
   EXPECT_FALSE(Clipped({110, 61}, {130, 80}));
-  // Past a corner: the ends share no bound, and yet nothing is in view.
+  // Beside a corner: the ends share no bound, but nothing is in view.
   EXPECT_FALSE(Clipped({90, 45}, {110, 25}));
   EXPECT_FALSE(Clipped({135, 70}, {150, 55}));
 }
@@ -84,7 +84,7 @@ TEST(ClipLeg, TouchingACornerIsAPoint) {
   ExpectLeg(Clipped({90, 50}, {110, 30}), {100, 40}, {100, 40});
 }
 
-TEST(ClipLeg, RejectsEndsThatAreNoNumbers) {
+TEST(ClipLeg, RejectsEndsThatAreNotNumbers) {
   constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
   constexpr float kInf = std::numeric_limits<float>::infinity();
   for (const float odd : {kNaN, kInf, -kInf}) {
@@ -93,15 +93,16 @@ TEST(ClipLeg, RejectsEndsThatAreNoNumbers) {
   }
 }
 
-TEST(ClipLeg, EndsWithBoundsTheWrongWayRound) {
-  const Viewport view = View(4'000, 1'100, 100, 200, 140, 210);  // the bottom stops at 180, above the top
+TEST(ClipLeg, TerminatesWithReversedBounds) {
+  const Viewport view =
+      View(4'000, 1'100, 100, 200, 140, 210);  // the bottom is limited to 180, above the top
   ASSERT_GT(view.MapLatMin(), view.MapLatMax());
   MapPosition from{110, 170};
   MapPosition to{120, 210};
   EXPECT_FALSE(ClipLeg(view, from, to));
 }
 
-TEST(ClipLeg, TakesHugeNumbers) {
+TEST(ClipLeg, AcceptsHugeNumbers) {
   constexpr float kHuge = std::numeric_limits<float>::max();
   const std::optional<Leg> leg = Clipped({-kHuge, 50}, {kHuge, 50});
   ASSERT_TRUE(leg);
@@ -109,7 +110,7 @@ TEST(ClipLeg, TakesHugeNumbers) {
   EXPECT_EQ(leg->second.lon, 140);
 }
 
-/// The part of a segment that is in view, by the definition: where along it all four bounds hold.
+/// The part of a segment that is in view by definition: the points within all four bounds.
 std::optional<std::pair<double, double>> PartInView(const Viewport& view, MapPosition from, MapPosition to) {
   double begin = 0;
   double end = 1;
@@ -133,8 +134,8 @@ std::optional<std::pair<double, double>> PartInView(const Viewport& view, MapPos
 
 constexpr double kUnit = 0x1p-16;  ///< unit in the last place of singles from 128 to 256
 
-/// How far in degrees an end may be from its exact place on the leg. Ends are singles, so a clipped leg lies
-/// beside the given one by up to kUnit; the smaller its angle to a bound, the farther away it meets the
+/// The allowed distance in degrees of an end from its exact position on the leg. Ends are singles, so a
+/// clipped leg is up to kUnit beside the given one. The distance at a bound grows with a smaller angle to the
 /// bound.
 double Tolerance(MapPosition from, MapPosition to) {
   const double lonSpan = std::abs(static_cast<double>(to.lon) - from.lon);
@@ -143,7 +144,7 @@ double Tolerance(MapPosition from, MapPosition to) {
   return shorter == 0 ? kUnit : kUnit * (1 + std::max(lonSpan, latSpan) / shorter);
 }
 
-/// Degrees between a position and the straight line through a leg.
+/// The distance in degrees between a position and the straight line through a leg.
 double DistanceFromLine(MapPosition position, MapPosition from, MapPosition to) {
   const double lon = static_cast<double>(to.lon) - from.lon;
   const double lat = static_cast<double>(to.lat) - from.lat;
@@ -164,7 +165,7 @@ TEST(ClipLeg, GivesThePartThatIsInView) {
     const std::optional<Leg> leg = Clipped(from, to);
     const double tolerance = Tolerance(from, to);
     if (part.has_value() != leg.has_value()) {
-      // Only a leg that just touches a corner may fall on either side.
+      // A leg that touches a corner may be accepted or rejected.
       const double length = part ? part->second - part->first : 0;
       const Leg cut = leg.value_or(Leg{});
       EXPECT_LE(length * std::hypot(to.lon - from.lon, to.lat - from.lat), 2 * tolerance);

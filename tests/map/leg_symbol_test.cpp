@@ -20,12 +20,12 @@ void ExpectSymbol(const LegSymbol& symbol, const LegSymbol& expected) {
   EXPECT_EQ(symbol.tailTo, expected.tailTo);
 }
 
-// Legs of 3000 by 4000 have a length of 5000, cosine 0.6 and sine 0.8. In overview mode that makes
+// Legs of 3000 by 4000 have the length 5000, cosine 0.6 and sine 0.8. In overview mode:
 //   nose   120: 72, 96          twice that: 144, 192
 //   wing    82: 49.2, 65.6      -> 49, 65
-//   across  75: 60, 45 (the other way round); 37: 29.6, 22.2
+//   across  75: 60, 45 (exchanged); 37: 29.6, 22.2
 
-TEST(ComputeLegSymbol, XGrowsYGrows) {
+TEST(ComputeLegSymbol, XIncreasesYIncreases) {
   ExpectSymbol(ComputeLegSymbol({1000, 2000}, {4000, 6000}, false), {.anchor = {1750, 3000},
                                                                      .nose = {1822, 3096},
                                                                      .wingFrom = {1859, 3020},
@@ -34,7 +34,7 @@ TEST(ComputeLegSymbol, XGrowsYGrows) {
                                                                      .tailTo = {1720, 3022}});
 }
 
-TEST(ComputeLegSymbol, XGrowsYFalls) {
+TEST(ComputeLegSymbol, XIncreasesYDecreases) {
   ExpectSymbol(ComputeLegSymbol({1000, 6000}, {4000, 2000}, false), {.anchor = {1750, 5000},
                                                                      .nose = {1822, 4904},
                                                                      .wingFrom = {1739, 4890},
@@ -43,7 +43,7 @@ TEST(ComputeLegSymbol, XGrowsYFalls) {
                                                                      .tailTo = {1779, 5022}});
 }
 
-TEST(ComputeLegSymbol, XFallsYFalls) {
+TEST(ComputeLegSymbol, XDecreasesYDecreases) {
   ExpectSymbol(ComputeLegSymbol({4000, 6000}, {1000, 2000}, false), {.anchor = {3250, 5000},
                                                                      .nose = {3178, 4904},
                                                                      .wingFrom = {3141, 4980},
@@ -52,7 +52,7 @@ TEST(ComputeLegSymbol, XFallsYFalls) {
                                                                      .tailTo = {3279, 4977}});
 }
 
-TEST(ComputeLegSymbol, XFallsYGrows) {
+TEST(ComputeLegSymbol, XDecreasesYIncreases) {
   ExpectSymbol(ComputeLegSymbol({4000, 2000}, {1000, 6000}, false), {.anchor = {3250, 3000},
                                                                      .nose = {3178, 3096},
                                                                      .wingFrom = {3261, 3110},
@@ -108,7 +108,7 @@ TEST(ComputeLegSymbol, AlongAnAxisInDetailMode) {
                                                                     .tailTo = {1100, 2050}});
 }
 
-TEST(ComputeLegSymbol, OffsetsAreRoundedAsMagnitudesThePointsAfterTheAddition) {
+TEST(ComputeLegSymbol, OffsetsAreRoundedAsMagnitudesAndPointsAfterTheAddition) {
   // 45 degrees: 120 -> 84.85, 82 -> 57.98, 75 -> 53.03, 37 -> 26.16; a quarter of 1001 is 250.25.
   const LegSymbol symbol = ComputeLegSymbol({1001, 1001}, {0, 0}, false);
   EXPECT_EQ(symbol.anchor, (TwipPoint{750, 750}));          // 750.75
@@ -139,7 +139,7 @@ TEST(LegLabelPosition, ForEveryDirection) {
   EXPECT_EQ(overview({1000, 2000}, {1000, 2000}), (TwipPoint{1050, 1760}));
 }
 
-TEST(LegLabelPosition, LiesFurtherOutInDetailMode) {
+TEST(LegLabelPosition, IsFurtherAwayInDetailMode) {
   EXPECT_EQ(LegLabelPosition({1000, 2000}, {4000, 6000}, true),
             (TwipPoint{1750 + 192 + 40, 3000 + 256 - 240}));
   EXPECT_EQ(LegLabelPosition({1000, 2000}, {1400, 2000}, true), (TwipPoint{1100 + 320, 2040}));
@@ -161,7 +161,7 @@ class DrawLegSymbolTest : public testing::Test {
   Viewport viewport_{kBands};
 };
 
-TEST_F(DrawLegSymbolTest, FuselageThenWingThenTailThenLabel) {
+TEST_F(DrawLegSymbolTest, DrawsFuselageWingTailAndLabelInThisOrder) {
   const auto operations = Draw({1000, 2000}, {1400, 2000}, true, true);
   const auto line = [](TwipPoint from, TwipPoint to, int width) {
     return Operation{
@@ -178,17 +178,17 @@ TEST_F(DrawLegSymbolTest, FuselageThenWingThenTailThenLabel) {
   EXPECT_EQ(operations, expected);
 }
 
-TEST_F(DrawLegSymbolTest, TheLabelStandsWhereItWouldWithTheSymbol) {
+TEST_F(DrawLegSymbolTest, TheLabelPositionDoesNotDependOnTheSymbol) {
   const auto alone = Draw({1000, 2000}, {1400, 2000}, false, true);
   ASSERT_EQ(alone.size(), 1U);
   EXPECT_EQ(alone[0], Draw({1000, 2000}, {1400, 2000}, true, true).back());
 }
 
-TEST_F(DrawLegSymbolTest, SymbolAlone) {
+TEST_F(DrawLegSymbolTest, DrawsTheSymbolWithoutALabel) {
   EXPECT_EQ(Draw({1000, 2000}, {1400, 2000}, true, false).size(), 3U);
 }
 
-TEST_F(DrawLegSymbolTest, EndsThatCoincideHaveALabelOnly) {
+TEST_F(DrawLegSymbolTest, EqualEndsHaveOnlyALabel) {
   const auto operations = Draw({1000, 2000}, {1000, 2000}, true, true);
   ASSERT_EQ(operations.size(), 1U);
   EXPECT_EQ(operations[0].kind, Operation::Kind::kText);

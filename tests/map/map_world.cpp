@@ -31,7 +31,7 @@ std::string Bytes(float value) {
   return bytes;
 }
 
-/// In one pass, and looking up only what may be one of the singles: the fuzzer has many of them in large
+/// One pass that looks up only bytes that may be a placeholder, because the fuzzer has many of them in large
 /// files.
 void Exchange(const std::filesystem::path& file, const std::vector<std::pair<float, float>>& singles) {
   std::map<std::uint32_t, std::string> exchanged;

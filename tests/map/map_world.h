@@ -1,5 +1,4 @@
-// A world of a test's own: six database files written from the rows given here, and everything else that a
-// redraw reads.
+// A world for one test: six database files with the given rows, and everything else that a redraw reads.
 #pragma once
 
 #include <cstdint>
@@ -20,7 +19,7 @@ namespace zerbal::map {
 using Rows = std::vector<data::StoredPoint>;
 using Strings = std::vector<std::string>;
 
-/// A stored point; degrees of the map frame.
+/// A stored point from degrees of the map frame.
 data::StoredPoint At(double lon, double lat);
 /// The marker that ends a polyline.
 inline constexpr data::StoredPoint kPenUp{data::kEndOfLine, 0};
@@ -48,7 +47,7 @@ struct FlightRow {
 };
 FlightRow Flight(std::string key, std::string service, std::vector<std::string> route);
 
-/// What a colour is in a MapWorld: each is told apart by its red part.
+/// The colour of a code in a MapWorld; each has another red component.
 constexpr data::Rgb ColourOf(data::ColourCode code) {
   return {static_cast<std::uint8_t>(static_cast<int>(code) + 1), 100, 200};
 }
@@ -57,18 +56,19 @@ class MapWorld {
  public:
   MapWorld();
 
-  // What the databases hold. Change it before the first Draw().
-  std::map<std::string, Rows> coast;                 ///< table name to its rows
-  std::optional<std::map<std::string, Rows>> river;  ///< no file when empty
+  // The contents of the databases. Change them before the first Draw().
+  std::map<std::string, Rows> coast;                 ///< rows by table name
+  std::optional<std::map<std::string, Rows>> river;  ///< nullopt: no file
   std::optional<std::map<std::string, Rows>> ibound;
   std::vector<AirportRow> allaprt, dest;
   std::vector<FlightRow> flit;
-  /// Columns of airport tables that are not the usual ones.
+  /// Replacements for columns of airport tables.
   std::vector<jet::ColumnInfo> airportColumns;
-  /// Singles to be exchanged in the finished airport files, for those that no writer writes.
+  /// Placeholders in the finished airport files and the singles that replace them, for values that the writer
+  /// refuses.
   std::vector<std::pair<float, float>> storedSingles;
 
-  // What a redraw reads besides.
+  // Everything else that a redraw reads.
   data::MapStyle style;
   data::FlightServiceTable services;
   data::DisplayOptions options;
@@ -76,7 +76,7 @@ class MapWorld {
   data::FlightSelection flights;
   Viewport viewport{data::kGridBands};
 
-  /// A view of exactly these bounds at 100 twips a degree.
+  /// A view of exactly these bounds at 100 twips per degree.
   void Show(float west, float top, float east, float bottom);
   void AddService(std::string key, data::Rgb colour, bool shown = true);
 
@@ -97,12 +97,12 @@ class MapWorld {
   std::optional<data::Databases> databases_;
 };
 
-// Operations as a test expects them.
+// Expected operations.
 Operation LineOp(Layer layer, TwipPoint from, TwipPoint to, data::Rgb colour, int width = 1);
 Operation CircleOp(Layer layer, TwipPoint centre, std::int32_t radius, data::Rgb colour, bool fill);
 Operation TextOp(Layer layer, TwipPoint topLeft, std::string text, data::Rgb colour, TextFont font);
 
-/// Lines as "x1,y1-x2,y2", circles as "o x,y", texts as "text@x,y": enough to see where things are.
+/// Positions of operations: lines as "x1,y1-x2,y2", circles as "o x,y", texts as "text@x,y".
 Strings Short(const std::vector<Operation>& operations);
 Strings Texts(const std::vector<Operation>& operations);
 

@@ -8,7 +8,7 @@
 namespace zerbal::map {
 namespace {
 
-TEST(TwoDecimals, HasADigitBeforeThePointAndTwoBehind) {
+TEST(TwoDecimals, HasADigitBeforeThePointAndTwoAfterIt) {
   EXPECT_EQ(TwoDecimals(0.0F), "0.00");
   EXPECT_EQ(TwoDecimals(180.0F), "180.00");
   EXPECT_EQ(TwoDecimals(0.25F), "0.25");
@@ -16,11 +16,11 @@ TEST(TwoDecimals, HasADigitBeforeThePointAndTwoBehind) {
   EXPECT_EQ(TwoDecimals(1'234.5F), "1234.50");
 }
 
-TEST(TwoDecimals, TiesGoAwayFromZeroInTheDecimalForm) {
+TEST(TwoDecimals, DecimalTiesAreRoundedAwayFromZero) {
   EXPECT_EQ(TwoDecimals(0.125F), "0.13");
   EXPECT_EQ(TwoDecimals(0.375F), "0.38");
   EXPECT_EQ(TwoDecimals(-0.125F), "-0.13");
-  // Just below the tie in binary, but 2.675 is what it reads as.
+  // The binary value is slightly below the tie, but its shortest decimal form is 2.675.
   EXPECT_EQ(TwoDecimals(2.675), "2.68");
   EXPECT_EQ(TwoDecimals(12.355F), "12.36");
   EXPECT_EQ(TwoDecimals(12.354999), "12.35");
@@ -40,7 +40,7 @@ TEST(TwoDecimals, SmallAndLargeNumbersHaveNoExponent) {
   EXPECT_EQ(TwoDecimals(std::numeric_limits<double>::max()).size(), 309U + 3U);
 }
 
-TEST(TwoDecimals, WhatIsNoNumberSaysSo) {
+TEST(TwoDecimals, NonFiniteNumbersHaveTextsOfTheirOwn) {
   EXPECT_EQ(TwoDecimals(std::nan("")), "nan");
   EXPECT_EQ(TwoDecimals(std::numeric_limits<float>::infinity()), "inf");
   EXPECT_EQ(LonText(std::nan("")), "Enan° nan'");
@@ -49,7 +49,7 @@ TEST(TwoDecimals, WhatIsNoNumberSaysSo) {
   EXPECT_EQ(LatText(-std::numeric_limits<double>::infinity()), "S90° 00.00'");
 }
 
-TEST(LonText, HemisphereThreeDigitsOfDegreesAndMinutes) {
+TEST(LonText, HasHemisphereThreeDigitsOfDegreesAndMinutes) {
   EXPECT_EQ(LonText(-8.5), "W008° 30.00'");
   EXPECT_EQ(LonText(8.5), "E008° 30.00'");
   EXPECT_EQ(LonText(179.25), "E179° 15.00'");
@@ -57,13 +57,13 @@ TEST(LonText, HemisphereThreeDigitsOfDegreesAndMinutes) {
   EXPECT_EQ(LonText(-0.05), "W000° 03.00'");
 }
 
-TEST(LatText, HemisphereTwoDigitsOfDegreesAndMinutes) {
+TEST(LatText, HasHemisphereTwoDigitsOfDegreesAndMinutes) {
   EXPECT_EQ(LatText(47.25), "N47° 15.00'");
   EXPECT_EQ(LatText(-5.125), "S05° 07.50'");
   EXPECT_EQ(LatText(90), "N90° 00.00'");
 }
 
-TEST(LatText, NoFurtherThanThePole) {
+TEST(LatText, IsLimitedToThePole) {
   EXPECT_EQ(LatText(90.4), "N90° 00.00'");
   EXPECT_EQ(LatText(-123), "S90° 00.00'");
 }

@@ -56,7 +56,7 @@ TEST(Recorder, KeepsEveryOtherKindInOrder) {
   EXPECT_EQ(recorder.Operations(), expected);
 }
 
-TEST(Recorder, ClearForgetsWhatCameBefore) {
+TEST(Recorder, ClearRemovesEarlierOperations) {
   Recorder recorder;
   recorder.Line({0, 0}, {1, 1}, {});
   recorder.BeginLayer(Layer::kBackground);

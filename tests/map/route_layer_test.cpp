@@ -17,8 +17,8 @@ constexpr data::Rgb kGreen{0, 200, 0};
 constexpr data::Rgb kDest = ColourOf(data::ColourCode::kApDest);
 constexpr data::Rgb kSymbol = ColourOf(data::ColourCode::kAcSymb);
 
-/// In a view of 100..160 by 40..70 a position is at 100 (lon - 100), 100 (lat - 40). Airports lie along
-/// latitude 50, so that y is 1000: AAA, BBB, CCC at x 1000, 2000, 3000; OUT is west of the view.
+/// The view is 100..160 by 40..70, so that a position is at 100 (lon - 100), 100 (lat - 40). Airports lie
+/// along latitude 50, so that y is 1000: AAA, BBB, CCC at x 1000, 2000, 3000; OUT is west of the view.
 class Routes : public testing::Test {
  protected:
   Routes() {
@@ -53,11 +53,11 @@ TEST_F(Routes, ServiceModeDrawsTheServicesWhoseFlagIsSet) {
   EXPECT_EQ(DrawShort(), Strings{});
 }
 
-TEST_F(Routes, ServicesComeInTableOrderAndOneTwice) {
+TEST_F(Routes, ServicesAreDrawnInTableOrderEvenTwice) {
   world_.flit = {Flight("1", "RED", {"AAA", "BBB"}), Flight("2", "AERO", {"BBB", "CCC"})};
   world_.AddService("AERO", kGreen);
   EXPECT_EQ(DrawShort(), (Strings{kAB, kBC}));
-  world_.AddService("RED", kGreen);  // the same key again: its flights are drawn again, in its colour
+  world_.AddService("RED", kGreen);  // the same key again: its flights are drawn again in this colour
   const auto operations = Draw();
   ASSERT_EQ(operations.size(), 3U);
   EXPECT_EQ(operations[2], LineOp(Layer::kFlights, {1'000, 1'000}, {2'000, 1'000}, kGreen));
@@ -66,14 +66,14 @@ TEST_F(Routes, ServicesComeInTableOrderAndOneTwice) {
 TEST_F(Routes, AServiceWithoutFlightsIsSkipped) {
   world_.services.clear();
   world_.AddService("NIL", kGreen);
-  world_.AddService("RE", kGreen);  // only the beginning of another one's name
+  world_.AddService("RE", kGreen);  // a prefix of another key
   world_.AddService("red", kGreen);
   world_.AddService("RED", kRed);
   world_.flit = {Flight("1", "RED", {"AAA", "BBB"})};
   EXPECT_EQ(DrawShort(), Strings{kAB});
 }
 
-TEST_F(Routes, SelectionModeDrawsTheListInItsOrder) {
+TEST_F(Routes, SelectionModeDrawsTheListInOrder) {
   world_.flit = {Flight("1", "RED", {"AAA", "BBB"}), Flight("2", "GREEN", {"BBB", "CCC"}),
                  Flight("3", "RED", {"BBB", "AAA"})};
   Select({"3", "gone", "2"});
@@ -85,7 +85,7 @@ TEST_F(Routes, SelectionModeDrawsTheListInItsOrder) {
   EXPECT_EQ(DrawShort(), Strings{});
 }
 
-TEST_F(Routes, ASelectedFlightOfNoKnownServiceIsBlack) {
+TEST_F(Routes, ASelectedFlightOfAnUnknownServiceIsBlack) {
   world_.flit = {Flight("1", "NONE", {"AAA", "BBB"}), Flight("2", "RED", {"AAA", "BBB"})};
   world_.flit[1].service = test::Null();
   Select({"1", "2"});
@@ -93,14 +93,14 @@ TEST_F(Routes, ASelectedFlightOfNoKnownServiceIsBlack) {
   EXPECT_EQ(Draw(), (std::vector{black, black}));
 }
 
-TEST_F(Routes, OfServicesWithTheSameNameTheLastGivesASelectedFlightItsColour) {
+TEST_F(Routes, TheLastOfSeveralEqualServicesGivesASelectedFlightItsColour) {
   world_.AddService("RED", {1, 1, 1}, false);
   world_.flit = {Flight("1", "RED", {"AAA", "BBB"})};
   Select({"1"});
   EXPECT_EQ(Draw().at(0).pen.colour, (data::Rgb{1, 1, 1}));
 }
 
-TEST_F(Routes, StopoversUpToTheFirstGap) {
+TEST_F(Routes, StopoversAreDrawnUpToTheFirstGap) {
   world_.flit = {Flight("1", "RED", {"AAA", "BBB", "CCC", "AAA"}), Flight("2", "RED", {"AAA", "BBB"})};
   world_.flit[1].stops = {test::Null(), "CCC"};
   EXPECT_EQ(DrawShort(), (Strings{kAB, kBC, "3000,1000-1000,1000", kAB}));
@@ -114,7 +114,7 @@ TEST_F(Routes, OneUnknownAirportDropsTheWholeFlight) {
   EXPECT_EQ(Texts(Draw()), (Strings{"6", "BBB", "AAA"}));
 }
 
-TEST_F(Routes, TenStopoversMakeElevenLegs) {
+TEST_F(Routes, TenStopoversGiveElevenLegs) {
   const std::vector<std::string> route{"AAA", "BBB", "CCC", "AAA", "BBB", "CCC",
                                        "AAA", "BBB", "CCC", "AAA", "BBB", "CCC"};
   world_.flit = {Flight("QV9", "RED", route)};
@@ -125,7 +125,7 @@ TEST_F(Routes, TenStopoversMakeElevenLegs) {
   EXPECT_EQ(Texts(Draw()), expected);
 }
 
-TEST_F(Routes, LabelsHaveTheLegNumberOnlyWhenAskedFor) {
+TEST_F(Routes, LabelsHaveTheLegNumberOnlyOnRequest) {
   world_.flit = {Flight("QV12", "RED", {"AAA", "BBB", "CCC", "AAA"})};
   world_.options.legNumbers = true;
   EXPECT_EQ(Texts(Draw()), Strings{});
@@ -135,7 +135,7 @@ TEST_F(Routes, LabelsHaveTheLegNumberOnlyWhenAskedFor) {
   EXPECT_EQ(Texts(Draw()), (Strings{"QV12", "QV12", "QV12"}));
 }
 
-TEST_F(Routes, EverythingOfAFlightInItsOrder) {
+TEST_F(Routes, AFlightIsDrawnInOrder) {
   world_.flit = {Flight("QV1", "RED", {"AAA", "BBB", "CCC"})};
   world_.options = {.flightAirports = true, .flightNumbers = true, .aircraftSymbols = true};
   // 1000 long: anchor 250 from the start, nose 120 and wing 82 further, label 240 further and 40 below.
@@ -178,7 +178,7 @@ TEST_F(Routes, DetailModeHasLargerSymbolsLongerLabelsAndTheOtherFont) {
   EXPECT_EQ(Draw(), expected);
 }
 
-TEST_F(Routes, TheLabelStandsWhereItWouldWithTheSymbol) {
+TEST_F(Routes, TheLabelPositionDoesNotDependOnTheSymbol) {
   world_.flit = {Flight("QV1", "RED", {"AAA", "BBB"})};
   world_.options.flightNumbers = true;
   EXPECT_EQ(DrawShort(), (Strings{kAB, "QV1@1490,1040"}));
@@ -195,29 +195,29 @@ TEST_F(Routes, ALegIsCutAtTheEdgeAndItsLabelAndSymbolFollowTheCut) {
   EXPECT_EQ(DrawShort(), (Strings{"0,1000-1000,1000", "QV1@490,1040"}));
 }
 
-TEST_F(Routes, ALegOutsideDrawsNothingOfItsOwn) {
+TEST_F(Routes, ALegOutsideDrawsNothing) {
   world_.dest.push_back(Airport("FAR", 80, 50));
   world_.flit = {Flight("QV1", "RED", {"OUT", "FAR"})};
   world_.options = {.flightAirports = true, .flightNumbers = true, .aircraftSymbols = true};
   EXPECT_EQ(DrawShort(), Strings{});
 }
 
-TEST_F(Routes, AnAirportInViewIsDrawnThoughItsLegIsNot) {
+TEST_F(Routes, AnAirportInViewIsDrawnEvenIfItsLegIsNot) {
   world_.dest.push_back(Airport("NOR", 110, 29));
   world_.dest.push_back(Airport("EDG", 100, 50));
   world_.flit = {Flight("QV1", "RED", {"OUT", "NOR"}), Flight("QV2", "RED", {"OUT", "EDG"})};
   world_.options.flightAirports = true;
-  // The second leg touches the view in one point, which is a line too.
+  // The second leg touches the view in one point, which is a line, too.
   EXPECT_EQ(DrawShort(), (Strings{"0,1000-0,1000", "o 0,1000", "EDG@50,1050"}));
 }
 
-TEST_F(Routes, AFlightBackToItsOriginHasItsLabelBesideIt) {
+TEST_F(Routes, AFlightBackToItsOriginHasOnlyALabel) {
   world_.flit = {Flight("QV1", "RED", {"AAA", "AAA"})};
   world_.options = {.flightAirports = false, .flightNumbers = true, .aircraftSymbols = true};
   EXPECT_EQ(DrawShort(), (Strings{"1000,1000-1000,1000", "QV1@1050,760"}));
 }
 
-TEST_F(Routes, NeedNoIndexLeftBehindByOthers) {
+TEST_F(Routes, SelectTheIndexesThatTheyNeed) {
   world_.flit = {Flight("2", "RED", {"AAA", "BBB"}), Flight("1", "RED", {"BBB", "CCC"})};
   EXPECT_EQ(DrawShort().size(), 2U);
   Select({"1"});
@@ -226,7 +226,7 @@ TEST_F(Routes, NeedNoIndexLeftBehindByOthers) {
   EXPECT_EQ(DrawShort().size(), 2U);
 }
 
-/// Longitudes around the seam of the map, which is 360; geographically that is 180.
+/// Flights across map longitude 360, which is the date line.
 class Seam : public Routes {
  protected:
   Seam() {
@@ -235,14 +235,14 @@ class Seam : public Routes {
   }
 };
 
-TEST_F(Seam, ALegOver180IsDrawnShortAtBothEdges) {
-  world_.Show(5, 0, 355, 180);  // 100 twips a degree: 350 at 34500, 10 at 500
+TEST_F(Seam, ALegAcross360IsDrawnAtBothEdges) {
+  world_.Show(5, 0, 355, 180);  // 100 twips per degree: 350 at 34500, 10 at 500
   world_.flit = {Flight("QV1", "RED", {"EAS", "WES"})};
-  // 350..370 is cut at 355; the same a turn less, -10..10, is cut at 5.
+  // 350..370 is cut at 355. The same leg 360 degrees less, -10..10, is cut at 5.
   EXPECT_EQ(DrawShort(), (Strings{"34500,8000-35000,8000", "0,8000-500,8000"}));
 }
 
-TEST_F(Seam, ALegOver180TheOtherWay) {
+TEST_F(Seam, ALegAcross360IsDrawnInTheOtherDirection) {
   world_.Show(5, 0, 355, 180);
   world_.flit = {Flight("QV1", "RED", {"WES", "EAS"})};
   world_.options.flightNumbers = true;
@@ -251,7 +251,7 @@ TEST_F(Seam, ALegOver180TheOtherWay) {
             (Strings{"35000,8000-34500,8000", "QV1@34635,8040", "500,8000-0,8000", "QV1@135,8040"}));
 }
 
-TEST_F(Seam, ExactlyHalfWayRoundIsNotWrapped) {
+TEST_F(Seam, ALegOfExactly180DegreesIsNotWrapped) {
   world_.dest = {Airport("AAA", 100, 50), Airport("BBB", 280, 50), Airport("CCC", 280.001F, 50)};
   world_.Show(5, 0, 355, 180);
   world_.flit = {Flight("1", "RED", {"AAA", "BBB"})};
@@ -261,18 +261,18 @@ TEST_F(Seam, ExactlyHalfWayRoundIsNotWrapped) {
   other.flit = {Flight("1", "RED", {"AAA", "CCC"})};
   other.AddService("RED", kRed);
   other.Show(5, 0, 355, 180);
-  // 460 to 280.001 eastwards, and a turn less from 100 to -79.999.
+  // 460 to 280.001 to the east, and 360 degrees less from 100 to -79.999.
   EXPECT_EQ(Short(other.Draw(Layer::kFlights)), (Strings{"35000,5000-27500,5000", "9500,5000-0,5000"}));
 }
 
-TEST_F(Seam, AViewThroughTheSeamDrawsAFlightASecondTimeOneTurnEast) {
+TEST_F(Seam, AViewAcross360DrawsAFlightASecondTime360DegreesFurtherEast) {
   world_.Show(340, 60, 20, 100);  // 340..380
   world_.flit = {Flight("QV1", "RED", {"WES", "HAW"})};
   // In the first pass 10..20 is outside; in the second 370..380 is in view.
   EXPECT_EQ(DrawShort(), Strings{"3000,2000-4000,2000"});
 }
 
-TEST_F(Seam, AFlightThatNeedsNoSecondPassHasNone) {
+TEST_F(Seam, AFlightEastOfTheViewsWestBoundHasNoSecondPass) {
   world_.dest.push_back(Airport("KAM", 345, 80));
   world_.Show(340, 60, 20, 100);
   world_.flit = {Flight("QV1", "RED", {"EAS", "KAM"})};
@@ -288,7 +288,7 @@ TEST_F(Seam, AnAirportOnTheWestEdgeNeedsNoSecondPass) {
   Select({"1"});
   EXPECT_EQ(DrawShort(),
             (Strings{"0,2000-500,2000", "o 0,2000", "EDG@50,2050", "o 500,2000", "KAM@550,2050"}));
-  // A second pass draws airports one turn farther east, beside the area.
+  // A second pass would draw airports 360 degrees further east, outside of the area.
   Select({"2"});
   EXPECT_EQ(Texts(Draw()), (Strings{"KAM", "OUT", "KAM"}));
 }
@@ -297,17 +297,17 @@ TEST_F(Seam, ALongLegFromTheWestEdgeIsDrawnOnce) {
   world_.dest = {Airport("EDG", 100, 80), Airport("FAR", 300, 80)};
   world_.Show(100, 0, 90, 180);  // 100..450
   world_.flit = {Flight("1", "RED", {"EDG", "FAR"})};
-  // 460 to 300, and a turn less: 100 to -60, of which one point is in view.
+  // 460 to 300, and 360 degrees less: 100 to -60, of which one point is in view.
   EXPECT_EQ(DrawShort(), (Strings{"35000,8000-20000,8000", "0,8000-0,8000"}));
 }
 
-TEST_F(Seam, ALegAcrossTheSeamInAViewThroughIt) {
+TEST_F(Seam, ALegAcross360IsDrawnTwiceInAViewAcross360) {
   world_.Show(340, 60, 20, 100);
   world_.flit = {Flight("QV1", "RED", {"EAS", "WES"})};
   world_.options.flightAirports = true;
-  // Pass 1: 350..370, and -10..10, which is outside. Pass 2 has everything a turn further east: 710..730 is
-  // outside, its repetition 350..370 in view. Airports move with their pass; in a view that wraps there is no
-  // limit in the east, so that EAS at 710 is drawn far beside the area, where nobody sees it.
+  // Pass 1: 350..370, and -10..10, which is outside. Pass 2 adds 360 degrees: 710..730 is outside, its
+  // repetition 350..370 is in view. Airports move with their pass. A view that wraps has no limit in the
+  // east, so EAS at 710 is drawn outside of the visible area.
   EXPECT_EQ(DrawShort(), (Strings{"1000,2000-3000,2000", "o 1000,2000", "EAS@1050,2050", "o 3000,2000",
                                   "WES@3050,2050", "1000,2000-3000,2000", "o 37000,2000", "EAS@37050,2050",
                                   "o 3000,2000", "WES@3050,2050"}));
@@ -331,7 +331,7 @@ TEST_F(Routes, AnAirportWithoutAPositionEndsTheFlights) {
   EXPECT_EQ(DrawShort(), (Strings{kAB, kBA}));
 }
 
-TEST_F(Routes, OddPositionsDrawNoLegs) {
+TEST_F(Routes, UnusualPositionsDrawNoLegs) {
   constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
   constexpr float kInf = std::numeric_limits<float>::infinity();
   world_.storedSingles = {{1111.5F, kNaN}, {2222.5F, kInf}};

@@ -1,4 +1,4 @@
-// What holds in every view, tried on random ones.
+// Rules for all views, tested on random ones.
 #include <algorithm>
 #include <cmath>
 #include <random>
@@ -12,7 +12,7 @@
 namespace zerbal::map {
 namespace {
 
-/// Random requests and drawing areas as users come by them.
+/// Random requests and drawing areas like those of users.
 class RandomViews : public testing::Test {
  protected:
   float Uniform(float low, float high) { return std::uniform_real_distribution<float>(low, high)(random_); }
@@ -25,7 +25,7 @@ class RandomViews : public testing::Test {
     return View(Uniform(200, 60'000), Uniform(200, 60'000), west, top, east, top + size);
   }
 
-  /// A point anywhere, on an edge or a hair beside it.
+  /// A point anywhere, on an edge or slightly beside it.
   MapPosition Somewhere(const Viewport& view) {
     const auto coordinate = [&](float low, float high, float worldLow, float worldHigh) {
       switch (std::uniform_int_distribution<int>(0, 4)(random_)) {
@@ -50,7 +50,7 @@ class RandomViews : public testing::Test {
   test::TestRandom random_{20260301};
 };
 
-TEST_F(RandomViews, APointProjectsInsideExactlyWhenTheBoundsSaySo) {
+TEST_F(RandomViews, APointIsInViewIfAndOnlyIfItIsWithinTheBounds) {
   for (int i = 0; i < 2'000; ++i) {
     Viewport view = Next();
     for (int j = 0; j < 20; ++j) {
@@ -65,7 +65,7 @@ TEST_F(RandomViews, APointProjectsInsideExactlyWhenTheBoundsSaySo) {
         continue;
       const double lon = unshiftedFits ? point.lon : shifted;
       EXPECT_EQ(at->x, std::floor(static_cast<double>(view.MapScale()) * lon + view.MapOffX()));
-      // Everything in view is on the drawing area, but for the offset's rounding and the scale's last bit.
+      // A point in view is on the drawing area, except for the rounding of offset and scale.
       const double slack = 2 + 720.0 * view.MapScale() / (1 << 23);
       EXPECT_GE(at->x, -slack);
       EXPECT_LE(at->x, view.MapWidth() + slack);
@@ -75,7 +75,7 @@ TEST_F(RandomViews, APointProjectsInsideExactlyWhenTheBoundsSaySo) {
   }
 }
 
-TEST_F(RandomViews, TheInverseGivesThePointBack) {
+TEST_F(RandomViews, TheInverseReturnsThePoint) {
   for (int i = 0; i < 5'000; ++i) {
     Viewport view = Next();
     const MapPosition point{Uniform(view.MapLonMin(), view.MapLonMax()),
@@ -84,7 +84,7 @@ TEST_F(RandomViews, TheInverseGivesThePointBack) {
     if (!at)
       continue;
     const MapPosition back = view.Unproject({static_cast<float>(at->x), static_cast<float>(at->y)});
-    // Down to a whole twip, and the last bits of singles around 720.
+    // Exact to one twip and to the precision of singles near 720.
     const double twip = 1.0 / view.MapScale() + 1e-4;
     EXPECT_NEAR(back.lon, point.lon, twip);
     EXPECT_NEAR(back.lat, point.lat, twip);

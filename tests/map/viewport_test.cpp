@@ -33,7 +33,7 @@ TEST(SetSize, RoundsTiesToEven) {
   EXPECT_EQ(view.MapHeight(), 1002);
 }
 
-TEST(ComputeViewport, KeepsEverythingWithoutADrawingArea) {
+TEST(ComputeViewport, ChangesNothingWithoutADrawingArea) {
   Viewport view = Exact(100, 40, 160, 70);
   const Viewport before = view;
   for (const auto& [width, height] : {std::pair{0.0, 900.0}, {900.0, 0.0}, {0.4, 900.0}, {-15.0, -15.0}}) {
@@ -49,7 +49,7 @@ TEST(ComputeViewport, KeepsEverythingWithoutADrawingArea) {
   EXPECT_TRUE(view.HasArea());
 }
 
-TEST(ComputeViewport, WidensNothingWhenTheShapesAgree) {
+TEST(ComputeViewport, WidensNothingWhenTheShapesAreEqual) {
   const Viewport view = Exact(100, 40, 160, 70);
   ExpectShown(view, 100, 40, 160, 70);
   EXPECT_EQ(view.MapScale(), 100);
@@ -59,13 +59,13 @@ TEST(ComputeViewport, WidensNothingWhenTheShapesAgree) {
 }
 
 TEST(ComputeViewport, WidensLatitudesAboutTheirCentreInAHighArea) {
-  // 60 degrees on 6000 twips: 100 a degree, so 9000 twips of height show 90 degrees, 30 more each side.
+  // 60 degrees on 6000 twips: 100 per degree, so 9000 twips of height show 90 degrees, 30 more on each side.
   const Viewport view = View(6'000, 9'000, 100, 60, 160, 90);
   ExpectShown(view, 100, 30, 160, 120);
   EXPECT_EQ(view.MapOffY(), -3'000);
 }
 
-TEST(ComputeViewport, StopsAtThePoleAndLeavesABandBesideIt) {
+TEST(ComputeViewport, StopsAtThePoleAndLeavesAMargin) {
   // 30 more each side of 10..40: the top stops at 0, the bottom keeps its 70. 70 degrees fill 7000 of the
   // 9000 twips, so the map begins 1000 below the top.
   const Viewport north = View(6'000, 9'000, 100, 10, 160, 40);
@@ -82,7 +82,7 @@ TEST(ComputeViewport, WidensLongitudesAboutTheirCentreInAWideArea) {
   EXPECT_EQ(view.MapScale(), 100);
 }
 
-TEST(ComputeViewport, WideningBeyondTheWestEdgeMovesTheViewATurnEast) {
+TEST(ComputeViewport, WideningBeyondTheWestEdgeAdds360Degrees) {
   // 30 degrees widened to 90 around 25: -20..70 is kept as 340..430, and the view does not count as wrapped.
   const Viewport view = View(9'000, 3'000, 10, 40, 40, 70);
   ExpectShown(view, 340, 40, 430, 70);
@@ -90,7 +90,7 @@ TEST(ComputeViewport, WideningBeyondTheWestEdgeMovesTheViewATurnEast) {
 }
 
 TEST(ComputeViewport, TheWorldKeeps350DegreesInAVeryWideArea) {
-  // 180 degrees on 1800 twips, 10 a degree: 3500 of 6000 twips, margins of 1250.
+  // 180 degrees on 1800 twips, 10 per degree: 3500 of 6000 twips, margins of 1250.
   const Viewport view = View(6'000, 1'800, 5, 0, 355, 180);
   ExpectShown(view, 5, 0, 355, 180);
   EXPECT_EQ(view.MapOffX(), 1'250 - 50);
@@ -102,7 +102,7 @@ TEST(ComputeViewport, TheWorldKeeps350DegreesInAVeryWideArea) {
 }
 
 TEST(ComputeViewport, TheWorldKeepsFromPoleToPoleInAVeryHighArea) {
-  // 350 degrees on 3500 twips, 10 a degree: 1800 of 9000 twips, bands of 3600.
+  // 350 degrees on 3500 twips, 10 per degree: 1800 of 9000 twips, bands of 3600.
   const Viewport view = View(3'500, 9'000, 5, 0, 355, 180);
   ExpectShown(view, 5, 0, 355, 180);
   EXPECT_EQ(view.MapOffY(), 3'600);
@@ -112,12 +112,12 @@ TEST(ComputeViewport, TheWorldKeepsFromPoleToPoleInAVeryHighArea) {
 }
 
 TEST(ComputeViewport, OffsetsRoundTiesToEven) {
-  // 0.5 twips a degree: -101 * 0.5 = -50.5 and -103 * 0.5 = -51.5.
+  // 0.5 twips per degree: -101 * 0.5 = -50.5 and -103 * 0.5 = -51.5.
   EXPECT_EQ(View(50, 25, 101, 50, 201, 100).MapOffX(), -50);
   EXPECT_EQ(View(50, 25, 103, 50, 203, 100).MapOffX(), -52);
 }
 
-TEST(ComputeViewport, ARequestThroughTheSeamWraps) {
+TEST(ComputeViewport, ARequestAcross360Wraps) {
   Viewport view = Exact(340, 60, 20, 100);
   EXPECT_TRUE(view.MapWrap());
   EXPECT_EQ(view.MapLonSpan(), 40);
@@ -126,7 +126,7 @@ TEST(ComputeViewport, ARequestThroughTheSeamWraps) {
   EXPECT_EQ(view.ProjectPoint({30, 80}), std::nullopt);
 }
 
-TEST(ComputeViewport, EqualEastAndWestRunOnceAround) {
+TEST(ComputeViewport, EqualEastAndWestWrapAroundTheWorld) {
   // 360 x 90 on 3600 x 900 twips: nothing to widen.
   const Viewport view = View(3'600, 900, 90, 40, 90, 130);
   EXPECT_TRUE(view.MapWrap());
@@ -140,7 +140,7 @@ TEST(ComputeViewport, ALaterRequestThatDoesNotWrapClearsTheFlag) {
   EXPECT_FALSE(view.MapWrap());
 }
 
-TEST(DetailTiles, OneWithinABandFourAcrossBothBorders) {
+TEST(DetailTiles, AreOneWithinABandAndFourAcrossBothBorders) {
   EXPECT_EQ(Exact(2, 42, 22, 52).DetailTiles(), (std::vector<std::string>{"AE"}));
   EXPECT_TRUE(Exact(2, 42, 22, 52).DetailMode());
   EXPECT_EQ(Exact(30, 42, 50, 52).DetailTiles(), (std::vector<std::string>{"AE", "CE"}));
@@ -148,13 +148,13 @@ TEST(DetailTiles, OneWithinABandFourAcrossBothBorders) {
   EXPECT_EQ(Exact(30, 55, 50, 65).DetailTiles(), (std::vector<std::string>{"AE", "AG", "CE", "CG"}));
 }
 
-TEST(DetailTiles, BothBandsCountWhenAnEdgeLiesOnTheirBorder) {
+TEST(DetailTiles, IncludeBothBandsWhenAnEdgeLiesOnTheirBorder) {
   EXPECT_EQ(Exact(40, 62, 60, 72).DetailTiles(), (std::vector<std::string>{"AG", "CG"}));
   EXPECT_EQ(Exact(342, 60, 358, 68).DetailTiles(), (std::vector<std::string>{"QE", "QG"}));
   EXPECT_EQ(Exact(40, 160, 60, 170).DetailTiles(), (std::vector<std::string>{"AO", "AQ", "CO", "CQ"}));
 }
 
-TEST(DetailTiles, OnlyUpTo20By10Degrees) {
+TEST(DetailTiles, ExistUpTo20By10Degrees) {
   EXPECT_TRUE(Exact(2, 42, 22, 52).DetailMode());
   for (const Viewport& view : {Exact(2, 42, 22.25F, 52), Exact(2, 42, 22, 52.25F)}) {
     EXPECT_FALSE(view.DetailMode());
@@ -162,7 +162,7 @@ TEST(DetailTiles, OnlyUpTo20By10Degrees) {
   }
 }
 
-TEST(DetailTiles, PastTheSeamThereAreNone) {
+TEST(DetailTiles, DoNotExistBeyond360) {
   const Viewport view = Exact(355, 42, 5, 52);
   ExpectShown(view, 355, 42, 365, 52);
   EXPECT_EQ(view.DetailTiles(), (std::vector<std::string>{"QE"}));
@@ -195,15 +195,15 @@ TEST(ProjectPoint, BoundsAreInclusiveOnEverySide) {
 }
 
 TEST(ProjectPoint, RoundsDown) {
-  // 0.5 twips a degree, offset -50: 0.5 * 103.9 - 50 = 1.95; to the north 0.5 * 50.5 - 25 = 0.25.
+  // 0.5 twips per degree, offset -50: 0.5 * 103.9 - 50 = 1.95; to the north 0.5 * 50.5 - 25 = 0.25.
   Viewport view = View(50, 25, 100, 50, 200, 100);
   EXPECT_EQ(view.ProjectPoint({103.9F, 50.5F}), (TwipPoint{1, 0}));
-  // 1000 twips a degree from 12.3456: the offset is -12345.6 -> -12346, the west edge at -0.4 falls to -1.
+  // 1000 twips per degree from 12.3456: the offset is -12345.6 -> -12346, the west edge at -0.4 becomes -1.
   Viewport edge = View(1'000, 1'000, 12.3456F, 50, 13.3456F, 51);
   EXPECT_EQ(edge.ProjectPoint({edge.MapLonMin(), 50}), (TwipPoint{-1, 0}));
 }
 
-TEST(ProjectPoint, InAWrappedViewTheUnshiftedLongitudeWinsAndHasNoUpperLimit) {
+TEST(ProjectPoint, InAWrappedViewTheUnshiftedLongitudeIsTestedFirstWithoutUpperLimit) {
   Viewport view = View(3'600, 900, 90, 40, 90, 130);  // 90..450
   EXPECT_EQ(view.ProjectPoint({90, 100}), (TwipPoint{0, 600}));
   Viewport narrow = Exact(340, 60, 20, 100);  // 340..380
@@ -211,12 +211,12 @@ TEST(ProjectPoint, InAWrappedViewTheUnshiftedLongitudeWinsAndHasNoUpperLimit) {
 }
 
 TEST(ProjectPoint, TheShiftedLongitudeIsRoundedToSingle) {
-  // 20 and a bit + 360 rounds to 380 exactly, which is the east edge.
+  // A value slightly above 20, plus 360, is rounded to 380, which is the east edge.
   Viewport view = Exact(340, 60, 20, 100);
   EXPECT_EQ(view.ProjectPoint({std::nextafter(20.0F, 21.0F), 80}), (TwipPoint{4'000, 2'000}));
 }
 
-TEST(ProjectPoint, NoNumberIsNeverInView) {
+TEST(ProjectPoint, NonFinitePositionsAreNotInView) {
   constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
   constexpr float kInf = std::numeric_limits<float>::infinity();
   for (Viewport view : {Exact(100, 40, 160, 70), Exact(340, 60, 20, 100)})
@@ -225,12 +225,12 @@ TEST(ProjectPoint, NoNumberIsNeverInView) {
       EXPECT_EQ(view.ProjectPoint({lon, lat}), std::nullopt) << lon << " " << lat;
 }
 
-TEST(ProjectPoint, LeavesRoomForMarkersAroundThePointFurthestAway) {
+TEST(ProjectPoint, KeepsCoordinatesWithRoomForMarkers) {
   Viewport view = Exact(340, 60, 20, 100);  // no upper limit in a wrapped view
   EXPECT_EQ(view.ProjectPoint({1e30F, 80}), (TwipPoint{1'000'000'000, 2'000}));
 }
 
-TEST(ZoomIn, ShrinksTheSpansAroundTheCentre) {
+TEST(ZoomIn, ReducesTheSpansAroundTheCentre) {
   Viewport view = Exact(100, 40, 160, 70);
   ASSERT_TRUE(view.ZoomIn(20));
   ExpectRequest(view, 106, 43, 154, 67);  // 48 x 24 around 130, 55
@@ -248,7 +248,7 @@ TEST(ZoomIn, IsRefusedOnlyWhenBothSpansWouldBeTooSmall) {
   EXPECT_TRUE(Exact(0, 0, 0.6F, 0.4F).ZoomIn(20));  // 0.48 x 0.32
 }
 
-TEST(ZoomOut, GrowsTheSpansUpToTheWidestView) {
+TEST(ZoomOut, IncreasesTheSpansUpToTheWidestView) {
   Viewport view = Exact(100, 40, 160, 70);
   ASSERT_TRUE(view.ZoomOut(20));
   ExpectRequest(view, 94, 37, 166, 73);  // 72 x 36 around 130, 55
@@ -261,7 +261,7 @@ TEST(ZoomOut, GrowsTheSpansUpToTheWidestView) {
   ExpectRequest(view, 5, 0, 355, 180);
 }
 
-TEST(ZoomOut, SlidesBackBetweenThePoles) {
+TEST(ZoomOut, MovesTheViewBetweenThePoles) {
   Viewport view = Exact(100, 2, 160, 32);
   ASSERT_TRUE(view.ZoomOut(50));  // 90 x 45 around 130, 17: the top would be at -5.5
   ExpectRequest(view, 85, 0, 175, 45);
@@ -270,7 +270,7 @@ TEST(ZoomOut, SlidesBackBetweenThePoles) {
   ExpectRequest(view, 85, 135, 175, 180);
 }
 
-TEST(ZoomOut, KeepsBoundsWithinATurnAndLeaves360Alone) {
+TEST(ZoomOut, KeepsBoundsWithin360DegreesAndKeeps360) {
   Viewport view = Exact(10, 60, 70, 90);
   ASSERT_TRUE(view.ZoomOut(50));  // 90 wide around 40: -5..85
   ExpectRequest(view, 355, 52.5F, 85, 97.5F);
@@ -290,7 +290,7 @@ TEST(ZoomReset, KeepsTheCentreLongitude) {
   EXPECT_TRUE(view.MapWrap());
 }
 
-TEST(Zooming, InAndOutAgainIsNotWhereItBegan) {
+TEST(Zooming, InAndOutDoesNotRestoreTheView) {
   Viewport view = Exact(100, 40, 160, 70);
   view.ZoomIn(20);
   view.ComputeViewport();
@@ -299,7 +299,7 @@ TEST(Zooming, InAndOutAgainIsNotWhereItBegan) {
   EXPECT_NEAR(view.MapLonSpan(), 60 * 0.96, 1e-4);
 }
 
-TEST(SelectRegion, IsDrawnUnlessDegenerate) {
+TEST(SelectRegion, ShowsARegionUnlessItIsDegenerate) {
   Viewport view(kBands);
   EXPECT_TRUE(view.SelectRegion({"EU", "Europe", 165, 20, 225, 55}));
   ExpectRequest(view, 165, 20, 225, 55);
@@ -317,9 +317,9 @@ TEST(CentreOn, KeepsTheSpans) {
   ExpectRequest(view, 110, 45, 170, 75);
 }
 
-TEST(CentreOn, NearAPoleTheViewEndsThere) {
+TEST(CentreOn, NearAPoleTheViewEndsAtThePole) {
   Viewport view = Exact(100, 30, 220, 90);
-  ASSERT_TRUE(view.CentreOn({6'000, 0}));  // 30 with a span of 60: just so
+  ASSERT_TRUE(view.CentreOn({6'000, 0}));  // 30 with a span of 60 just fits
   ExpectRequest(view, 100, 0, 220, 60);
   view = Exact(100, 5, 220, 65);
   ASSERT_TRUE(view.CentreOn({6'000, 1'000}));  // 15: the top would be at -15
@@ -329,7 +329,7 @@ TEST(CentreOn, NearAPoleTheViewEndsThere) {
   ExpectRequest(view, 100, 120, 220, 180);
 }
 
-TEST(CentreOn, BoundsComeBackByOneTurn) {
+TEST(CentreOn, BoundsAreReducedBy360Degrees) {
   Viewport view = Exact(0, 40, 60, 70);
   view.CentreOn({1'000, 1'500});  // 10: -20..40
   ExpectRequest(view, 340, 40, 40, 70);
@@ -341,13 +341,13 @@ TEST(CentreOn, BoundsComeBackByOneTurn) {
   ExpectRequest(view, 350, 40, 50, 70);
 }
 
-TEST(CentreOn, ALimitOfTheViewIsAsFarAsItGoes) {
+TEST(CentreOn, TheCentreIsLimitedToTheView) {
   Viewport view = View(6'000, 1'800, 5, 0, 355, 180);  // margins of 1250
   view.CentreOn({0, 900});                             // limited to 5: -170..180
   ExpectRequest(view, 190, 0, 180, 180);
 }
 
-TEST(ZoomToBox, TakesTheCornersInAnyOrder) {
+TEST(ZoomToBox, AcceptsTheCornersInAnyOrder) {
   for (const auto& [x1, y1, x2, y2] : {std::tuple{1'000.0F, 500.0F, 3'000.0F, 1'500.0F},
                                        {3'000, 1'500, 1'000, 500},
                                        {1'000, 1'500, 3'000, 500}}) {
@@ -357,8 +357,8 @@ TEST(ZoomToBox, TakesTheCornersInAnyOrder) {
   }
 }
 
-TEST(ZoomToBox, OneSpanLargeEnoughSuffices) {
-  // 100 twips a degree: 50 twips are half a degree, 25 a quarter.
+TEST(ZoomToBox, NeedsOneSpanThatIsLargeEnough) {
+  // 100 twips per degree: 50 twips are half a degree, 25 a quarter.
   Viewport view = Exact(100, 40, 160, 70);
   EXPECT_TRUE(view.ZoomToBox({1'000, 1'000}, {1'050, 1'001}));
   EXPECT_TRUE(Exact(100, 40, 160, 70).ZoomToBox({1'000, 1'000}, {1'001, 1'025}));
@@ -367,20 +367,20 @@ TEST(ZoomToBox, OneSpanLargeEnoughSuffices) {
   ExpectRequest(view, 100, 40, 160, 70);
 }
 
-TEST(ZoomToBox, ABoxWithoutWidthOrHeightIsNone) {
+TEST(ZoomToBox, RefusesABoxWithoutWidthOrHeight) {
   Viewport view = Exact(100, 40, 160, 70);
   EXPECT_FALSE(view.ZoomToBox({1'000, 1'000}, {1'000, 2'000}));
   EXPECT_FALSE(view.ZoomToBox({1'000, 1'000}, {3'000, 1'000}));
   EXPECT_FALSE(view.ZoomToBox({1'000, 1'000}, {1'000, 1'000}));
 }
 
-TEST(ZoomToBox, MayReachBeyondTheMap) {
-  Viewport view = View(6'000, 1'800, 5, 0, 355, 180);  // margins of 1250, 10 twips a degree
+TEST(ZoomToBox, AcceptsABoxThatExceedsTheMap) {
+  Viewport view = View(6'000, 1'800, 5, 0, 355, 180);  // margins of 1250, 10 twips per degree
   ASSERT_TRUE(view.ZoomToBox({0, 600}, {2'000, 900}));
   ExpectRequest(view, -120, 60, 80, 90);
 }
 
-TEST(ZoomToBox, PastTheSeamTheBoundsComeBack) {
+TEST(ZoomToBox, ReducesBoundsAbove360) {
   Viewport view = Exact(340, 60, 20, 100);
   ASSERT_TRUE(view.ZoomToBox({1'000, 500}, {3'000, 1'500}));
   ExpectRequest(view, 350, 65, 10, 75);
@@ -392,12 +392,12 @@ TEST(ZoomToBox, PastTheSeamTheBoundsComeBack) {
   ExpectRequest(view, 350, 65, 360, 75);
 }
 
-TEST(ExtentText, NamesBothSpans) {
+TEST(ExtentText, StatesBothSpans) {
   EXPECT_EQ(View(6'000, 1'800, 5, 0, 355, 180).ExtentText(), "180.00° Latitude / 350.00° Longitude");
   EXPECT_EQ(Exact(100, 40, 101, 40.5F).ExtentText(), "0.50° Latitude / 1.00° Longitude");
 }
 
-TEST(HostileRequests, NeverHangOrCrash) {
+TEST(UnusualRequests, NeverHangOrCrash) {
   constexpr double kInf = std::numeric_limits<double>::infinity();
   constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
   const std::vector<double> values{kNaN, kInf, -kInf, 1e300, -1e300, 1e9, -1e9, 0, 1e-40, 90, 360, 721};

@@ -1,4 +1,4 @@
-// Views for tests, each in one line.
+// Views for tests.
 #pragma once
 
 #include "map/viewport.h"
@@ -7,8 +7,7 @@ namespace zerbal::map {
 
 inline const data::GridBands& kBands = data::kGridBands;
 
-/// Makes `view` show these bounds on a drawing area of their own shape, so that nothing is widened: 100 twips
-/// a degree.
+/// Makes `view` show exactly these bounds, on a drawing area of the same shape with 100 twips per degree.
 inline void ShowExactly(Viewport& view, float west, float top, float east, float bottom) {
   const float lonSpan = east > west ? east - west : east + 360 - west;
   view.SetSize(lonSpan * 100.0, (bottom - top) * 100.0);
@@ -16,7 +15,7 @@ inline void ShowExactly(Viewport& view, float west, float top, float east, float
   view.ComputeViewport();
 }
 
-/// The view that a request gives on a drawing area of this size in twips.
+/// The view of a request on a drawing area of this size in twips.
 inline Viewport View(double width, double height, float west, float top, float east, float bottom) {
   Viewport view(kBands);
   view.SetSize(width, height);

@@ -15,7 +15,7 @@ constexpr std::int32_t kFar = std::numeric_limits<std::int32_t>::max();
 constexpr std::int32_t kFarNegative = std::numeric_limits<std::int32_t>::min();
 constexpr ClipArea kArea{0, 0, 99, 49};
 
-TEST(ClipArea, LeavesAloneWhatIsInside) {
+TEST(ClipArea, KeepsLinesInside) {
   PixelPoint from{0, 0};
   PixelPoint to{99, 49};
   ASSERT_TRUE(kArea.Clip(from, to));
@@ -31,7 +31,7 @@ TEST(ClipArea, CutsAtTheBorders) {
   EXPECT_EQ(to, (PixelPoint{99, 20}));
 }
 
-TEST(ClipArea, ThrowsAwayWhatPassesBy) {
+TEST(ClipArea, RejectsLinesOutside) {
   for (auto [from, to] : {std::pair<PixelPoint, PixelPoint>{{-5, 0}, {-1, 49}},
                           {{-10, 5}, {5, -10}},
                           {{0, 50}, {99, 50}},
@@ -42,7 +42,7 @@ TEST(ClipArea, ThrowsAwayWhatPassesBy) {
   }
 }
 
-TEST(ClipArea, TakesTheFarthestEnds) {
+TEST(ClipArea, AcceptsTheLargestCoordinates) {
   PixelPoint from{kFarNegative, kFarNegative};
   PixelPoint to{kFar, kFar};
   ASSERT_TRUE(kArea.Clip(from, to));
@@ -50,13 +50,13 @@ TEST(ClipArea, TakesTheFarthestEnds) {
   EXPECT_EQ(to, (PixelPoint{49, 49}));
 }
 
-TEST(ClipArea, EmptyHoldsNothing) {
+TEST(ClipArea, AnEmptyAreaContainsNothing) {
   PixelPoint from{0, 0};
   PixelPoint to{1, 1};
   EXPECT_FALSE(ClipArea{}.Clip(from, to));
 }
 
-TEST(ClipArea, AgreesWithWalkingAlongTheLine) {
+TEST(ClipArea, AgreesWithSteppingAlongTheLine) {
   test::TestRandom random(20261120);
   std::uniform_int_distribution<int> anywhere(-150, 250);
   for (int round = 0; round < 3000; ++round) {
@@ -77,7 +77,7 @@ TEST(ClipArea, AgreesWithWalkingAlongTheLine) {
     if (!kept)
       continue;
     ASSERT_TRUE(kArea.Holds(from) && kArea.Holds(to));
-    // The cut ends lie on the line, to half a pixel.
+    // The new ends lie on the line within half a pixel.
     const double length = std::hypot(end.x - start.x, end.y - start.y);
     for (const PixelPoint& point : {from, to}) {
       const double aside = std::abs((end.x - start.x) * double(point.y - start.y) -

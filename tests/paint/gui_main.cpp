@@ -1,4 +1,4 @@
-// The main function of the tests of painting: fonts and pictures without widgets or a screen.
+// The main function of tests that need fonts and pictures, but no widgets.
 #include <QGuiApplication>
 
 #include <gtest/gtest.h>

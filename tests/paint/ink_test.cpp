@@ -14,13 +14,13 @@ int Component(std::uint32_t pixel, int shift) {
   return static_cast<int>(pixel >> shift & 0xFF);
 }
 
-/// One component of a colour laid over another.
+/// One component of a colour blended with another colour.
 int Laid(int below, int colour, int coverage) {
   const int weight = coverage + coverage / 128;
   return (below * (256 - weight) + colour * weight) / 256;
 }
 
-/// What a pixel becomes, by the rule itself.
+/// The new value of a pixel, directly from the rule.
 std::uint32_t Expected(std::uint32_t below, std::uint32_t background, std::uint32_t colour, int coverage) {
   bool farther = false;
   std::uint32_t laid = 0;
@@ -61,7 +61,7 @@ TEST(Ink, FollowsItsRuleForEveryCoverageAndLength) {
   }
 }
 
-TEST(Ink, DoesNotHardenWhatItHasCovered) {
+TEST(Ink, DrawingAgainKeepsSoftEdges) {
   const std::uint32_t background = kOpaque | 0xE8EFF3;
   const Ink ink(background, kOpaque | 0x203040);
   for (int coverage = 0; coverage < 256; ++coverage) {
@@ -74,7 +74,7 @@ TEST(Ink, DoesNotHardenWhatItHasCovered) {
   }
 }
 
-TEST(Ink, KnowsWhatItIsFor) {
+TEST(Ink, StoresItsParameters) {
   const Ink ink(1, 2);
   EXPECT_TRUE(ink.Is(1, 2));
   EXPECT_FALSE(ink.Is(2, 1));

@@ -36,7 +36,7 @@ TEST(PainterSurface, ClearFillsItsArea) {
   EXPECT_EQ(image.pixel(1, 1), qRgb(1, 2, 3));
 }
 
-TEST(PainterSurface, LinesLieWhereThePictureSurfacePutsThem) {
+TEST(PainterSurface, DrawsLinesLikeThePictureSurface) {
   const auto draw = [](map::Surface& surface) {
     const TwipPoint run[] = {{30, 30}, {31, 31}, {300, 30}, {300, 240}, {30, 240}, {30, 30}};
     surface.Polyline(run, kPen);
@@ -71,7 +71,7 @@ TEST(PainterSurface, InvertingTwiceRestoresEveryPixel) {
   EXPECT_NE(image, before);
 }
 
-TEST(PainterSurface, PensDoNotLeakIntoWhatFollows) {
+TEST(PainterSurface, APenDoesNotAffectTheNextOperation) {
   const QImage image = Drawn(20, 10, 1, [](map::Surface& surface) {
     surface.Line({15, 15}, {200, 15},
                  {.colour = kBlack, .style = map::LineStyle::kDotted, .mode = map::PenMode::kXor});
@@ -83,7 +83,7 @@ TEST(PainterSurface, PensDoNotLeakIntoWhatFollows) {
     EXPECT_EQ(image.pixel(x, 8), qRgb(0, 0, 255)) << x;
 }
 
-TEST(PainterSurface, FarthestCoordinatesAreHarmless) {
+TEST(PainterSurface, AcceptsTheLargestCoordinates) {
   constexpr std::int32_t kFar = std::numeric_limits<std::int32_t>::max();
   constexpr std::int32_t kFarNegative = std::numeric_limits<std::int32_t>::min();
   const QImage image = Drawn(50, 40, 2, [](map::Surface& surface) {

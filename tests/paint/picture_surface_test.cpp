@@ -46,7 +46,7 @@ TEST_F(PictureSurfaceTest, LineIsOnePixelWideAndHasBothEnds) {
   EXPECT_EQ(Ink(image), (Rows{"......", ".####.", "......", "......"}));
 }
 
-TEST_F(PictureSurfaceTest, LineIsCrispAtEveryRatio) {
+TEST_F(PictureSurfaceTest, LineHasSharpEdgesAtEveryRatio) {
   for (const double ratio : {1.0, 1.5, 2.0}) {
     const QImage image = Drawn(40, 40, ratio, [](map::Surface& surface) {
       surface.Line({60, 60}, {240, 60}, kPen);
@@ -61,7 +61,7 @@ TEST_F(PictureSurfaceTest, LineIsCrispAtEveryRatio) {
   }
 }
 
-TEST_F(PictureSurfaceTest, SlantedLineHasOnePixelAStep) {
+TEST_F(PictureSurfaceTest, SlantedLineHasOnePixelPerStep) {
   const QImage image = Drawn(8, 8, 1, [](map::Surface& surface) {
     surface.Line({0, 0}, {7 * 15, 3 * 15}, kPen);
   });
@@ -73,7 +73,7 @@ TEST_F(PictureSurfaceTest, SlantedLineHasOnePixelAStep) {
   }
 }
 
-TEST_F(PictureSurfaceTest, LineBackCoversTheLineThere) {
+TEST_F(PictureSurfaceTest, ALineAndItsReverseHaveTheSamePixels) {
   for (const double ratio : {1.0, 2.0}) {
     for (const TwipPoint to : {TwipPoint{750, 360}, TwipPoint{360, 750}, TwipPoint{75, 420},
                                TwipPoint{630, 100}, TwipPoint{90, 30}}) {
@@ -93,7 +93,7 @@ TEST_F(PictureSurfaceTest, RunIsDrawnWithoutGaps) {
   EXPECT_EQ(Ink(image), (Rows{"#####", "....#", "....#", "....#", "#####"}));
 }
 
-TEST_F(PictureSurfaceTest, RunOnOnePixelIsThatPixel) {
+TEST_F(PictureSurfaceTest, ARunWithinOnePixelIsThatPixel) {
   const QImage image = Drawn(3, 3, 1, [](map::Surface& surface) {
     const TwipPoint run[] = {{15, 15}, {20, 20}, {29, 29}};
     surface.Polyline(run, kPen);
@@ -112,7 +112,7 @@ TEST_F(PictureSurfaceTest, FewerThanTwoPointsDrawNothing) {
   EXPECT_TRUE(InkBounds(image).isEmpty());
 }
 
-TEST_F(PictureSurfaceTest, WideLinesLieAroundTheirPixels) {
+TEST_F(PictureSurfaceTest, WideLinesAreCentredOnTheirPixels) {
   const auto wide = [&](int width, TwipPoint to) {
     return Ink(Drawn(5, 5, 1, [&](map::Surface& surface) {
       surface.Line({30, 30}, to, {.colour = kBlack, .width = width});
@@ -144,7 +144,7 @@ TEST_F(PictureSurfaceTest, MarkersAreRoundAndCentredAtEveryRatio) {
       });
       const QRect bounds = InkBounds(image);
       EXPECT_EQ(bounds.width(), bounds.height());
-      // Centred on the middle of a line through the same place.
+      // Centred on the middle of a line through the same position.
       const int at = static_cast<int>(10 * ratio);
       EXPECT_EQ(bounds.left() + bounds.right() + 1, 2 * at + PixelScale(ratio).LineWidth(1)) << ratio;
       EXPECT_EQ(bounds.left(), bounds.top());
@@ -155,7 +155,7 @@ TEST_F(PictureSurfaceTest, MarkersAreRoundAndCentredAtEveryRatio) {
           EXPECT_NEAR(qGray(image.pixel(x, y)), qGray(image.pixel(y, x)), 12);
         }
       }
-      // As much ink as the disc with its outline has.
+      // The ink of the disc with its outline.
       const double reach = radius * ratio / 15 + PixelScale(ratio).LineWidth(1) / 2.0;
       const double area = 3.14159265 * reach * reach;
       EXPECT_NEAR(test::InkAmount(image), area, 0.06 * area) << ratio << " " << radius;
@@ -164,7 +164,7 @@ TEST_F(PictureSurfaceTest, MarkersAreRoundAndCentredAtEveryRatio) {
   }
 }
 
-TEST_F(PictureSurfaceTest, DrawingAgainDoesNotHardenSoftEdges) {
+TEST_F(PictureSurfaceTest, DrawingAgainKeepsSoftEdges) {
   const auto shapes = [](map::Surface& surface) {
     surface.Circle({150, 150}, 30, {16, 48, 90}, true);
     surface.Text({300, 75}, "QAV 12", {200, 30, 120}, {"Liberation Sans", 8});
@@ -180,7 +180,7 @@ TEST_F(PictureSurfaceTest, DrawingAgainDoesNotHardenSoftEdges) {
   EXPECT_EQ(times(1), times(20));
 }
 
-TEST_F(PictureSurfaceTest, DrawingAgainCoversWhatCameBetween) {
+TEST_F(PictureSurfaceTest, DrawingAgainCoversEarlierOperations) {
   const QImage image = Drawn(80, 40, 1, [](map::Surface& surface) {
     const auto label = [&] { surface.Text({300, 75}, "MMM", kBlack, {"Liberation Sans", 14}); };
     surface.Clear({255, 255, 255});
@@ -215,7 +215,7 @@ TEST_F(PictureSurfaceTest, TextBeginsAtItsTopLeftCorner) {
     const int at = static_cast<int>(10 * ratio);
     EXPECT_GE(bounds.left(), at);
     EXPECT_LE(bounds.left(), at + 3 * ratio);
-    // Capitals are about 0.72 of a letter's size high and end on the base line.
+    // The height of capitals is about 0.72 of the font size; they end on the base line.
     const double size = 8 * 96.0 / 72 * ratio;
     EXPECT_NEAR(bounds.height(), 0.72 * size, 1.5) << ratio;
     EXPECT_NEAR(bounds.bottom() + 1, at + 0.905 * size, 2) << ratio;
@@ -223,7 +223,7 @@ TEST_F(PictureSurfaceTest, TextBeginsAtItsTopLeftCorner) {
   }
 }
 
-TEST_F(PictureSurfaceTest, TextLooksAsThePainterWouldDrawIt) {
+TEST_F(PictureSurfaceTest, TextEqualsThatOfAPainter) {
   const map::TextFont font{"Liberation Sans", 8};
   const std::string_view text = "QAV 12 (2/3) Z\xC3\xBCrich";
   const QImage fast = Drawn(160, 30, 1, [&](map::Surface& surface) {
@@ -240,7 +240,7 @@ TEST_F(PictureSurfaceTest, TextLooksAsThePainterWouldDrawIt) {
   EXPECT_NEAR(InkBounds(fast).bottom(), InkBounds(slow).bottom(), 1);
 }
 
-TEST_F(PictureSurfaceTest, TextOfAnyContentIsDrawnOrLeftOut) {
+TEST_F(PictureSurfaceTest, AnyTextIsDrawnOrOmitted) {
   const map::TextFont font{"Liberation Sans", 8};
   for (const std::string_view text :
        {std::string_view(""), std::string_view("\xFF\xC3"), std::string_view("a\0b", 3),
@@ -254,7 +254,7 @@ TEST_F(PictureSurfaceTest, TextOfAnyContentIsDrawnOrLeftOut) {
   }
 }
 
-TEST_F(PictureSurfaceTest, TextIsCutAtEveryEdge) {
+TEST_F(PictureSurfaceTest, TextIsClippedAtEveryEdge) {
   const map::TextFont font{"Liberation Sans", 8};
   const QImage image = Drawn(20, 20, 1, [&](map::Surface& surface) {
     for (const TwipPoint at : {TwipPoint{-100, -60}, TwipPoint{240, 200}, TwipPoint{-4000, 0},
@@ -287,7 +287,7 @@ TEST_F(PictureSurfaceTest, InvertingTwiceRestoresEveryPixel) {
   }
 }
 
-TEST_F(PictureSurfaceTest, InvertingTouchesNoPixelTwice) {
+TEST_F(PictureSurfaceTest, InvertingChangesEachPixelOnce) {
   const QImage image = Drawn(8, 8, 1, [](map::Surface& surface) {
     surface.Rectangle({15, 15}, {75, 60}, {.colour = {255, 255, 255}, .mode = map::PenMode::kXor});
   });
@@ -296,7 +296,7 @@ TEST_F(PictureSurfaceTest, InvertingTouchesNoPixelTwice) {
   EXPECT_EQ(image.pixel(1, 1), qRgb(0, 0, 0));
 }
 
-TEST_F(PictureSurfaceTest, RectangleWithoutExtentIsOneDot) {
+TEST_F(PictureSurfaceTest, RectangleWithoutExtentIsOnePixel) {
   const QImage image = Drawn(4, 4, 1, [](map::Surface& surface) {
     surface.Rectangle(
         {30, 30}, {30, 30},
@@ -330,7 +330,7 @@ TEST_F(PictureSurfaceTest, DottedRectangleHasDotsAndGapsOnAllSides) {
     EXPECT_NEAR(count, 23, 3);
 }
 
-TEST_F(PictureSurfaceTest, FarthestCoordinatesAreQuickAndHarmless) {
+TEST_F(PictureSurfaceTest, DrawsTheLargestCoordinatesQuickly) {
   const auto start = std::chrono::steady_clock::now();
   const QImage image = Drawn(50, 40, 2, [](map::Surface& surface) {
     const TwipPoint far[] = {
@@ -356,14 +356,14 @@ TEST_F(PictureSurfaceTest, FarthestCoordinatesAreQuickAndHarmless) {
   EXPECT_EQ(image.size(), QSize(50, 40));
 }
 
-TEST_F(PictureSurfaceTest, LineThroughThePictureIsCutToIt) {
+TEST_F(PictureSurfaceTest, LineThroughThePictureIsClipped) {
   const QImage image = Drawn(5, 3, 1, [](map::Surface& surface) {
     surface.Line({kFarNegative, 15}, {kFar, 15}, kPen);
   });
   EXPECT_EQ(Ink(image), (Rows{".....", "#####", "....."}));
 }
 
-/// What Qt prints while it lives: a painter complains there when it cannot paint.
+/// Collects the messages that Qt prints during its lifetime, such as those of a painter that cannot paint.
 class QtMessages {
  public:
   QtMessages() : before_(qInstallMessageHandler(Keep)) { messages_.clear(); }

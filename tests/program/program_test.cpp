@@ -1,4 +1,4 @@
-// The program itself, started in a folder of its own: how it ends, and what a user is told on the way.
+// The program as a process in a folder of its own: its exit status and the boxes that it shows.
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -37,7 +37,7 @@ class ProgramTest : public testing::Test {
   }
   void ProtectIni() { fs::permissions(folder / "zerbal.ini", fs::perms::owner_read); }
 
-  /// Runs the program in the folder with a user who chooses these menu entries, answers what opens, and
+  /// Runs the program in the folder. The simulated user chooses these menu entries, answers all boxes and
   /// closes the main window.
   Ran Run(const QString& entries = {}) const {
     constexpr int kTimeoutMs = 120000;
@@ -63,7 +63,7 @@ class ProgramTest : public testing::Test {
     return ran;
   }
 
-  /// What was seen as texts: "critical: text" of a box, "window NAME" and "dialog NAME" of others.
+  /// The windows that opened, as texts: "critical: TEXT" for a box, else "window NAME" or "dialog NAME".
   static Texts TextsOf(const Ran& ran) {
     Texts texts;
     for (const QJsonObject& object : ran.seen) {
@@ -115,7 +115,7 @@ TEST_F(ProgramTest, QuitInTheMenuEndsWith0Too) {
   EXPECT_NE(Ini("Windows", "HelpInfo"), "(missing)");
 }
 
-TEST_F(ProgramTest, EachMissingFileIsToldAndTheProgramEndsWith1) {
+TEST_F(ProgramTest, EachMissingFileIsShownAndTheProgramEndsWith1) {
   for (const char* file : {"zbldata.mdb", "allaprt.mdb", "coast.mdb", "river.mdb"})
     world.LeaveOut(file);
   world.Write(folder.Path());
@@ -129,7 +129,7 @@ TEST_F(ProgramTest, EachMissingFileIsToldAndTheProgramEndsWith1) {
   EXPECT_EQ(Ini("MainWindow", "Save"), "(missing)") << "the main window was never loaded";
 }
 
-TEST_F(ProgramTest, AnUnreadableDatabaseIsToldAndTheProgramEndsWith1) {
+TEST_F(ProgramTest, AnUnreadableDatabaseIsShownAndTheProgramEndsWith1) {
   world.Write(folder.Path());
   WriteBytes(folder / "app_data" / "qavdata.mdb", "no database");
   const Ran ran = Run();
@@ -139,8 +139,8 @@ TEST_F(ProgramTest, AnUnreadableDatabaseIsToldAndTheProgramEndsWith1) {
   EXPECT_NE(TextsOf(ran)[0].find("qavdata.mdb"), std::string::npos) << TextsOf(ran)[0];
 }
 
-TEST_F(ProgramTest, AnErrorInADialogIsToldOnceAndEndsTheProgramWith1) {
-  // The airports' cities are looked up for the first time when flights are listed.
+TEST_F(ProgramTest, AnErrorInADialogIsShownOnceAndEndsTheProgramWith1) {
+  // The cities of airports are read for the first time when flights are listed.
   std::erase_if(world.dest.columns, [](const jet::ColumnInfo& column) { return column.name == "AP_City"; });
   for (Row& row : world.dest.rows)
     row.erase(row.begin() + 2);
@@ -152,7 +152,7 @@ TEST_F(ProgramTest, AnErrorInADialogIsToldOnceAndEndsTheProgramWith1) {
   EXPECT_EQ(TextsOf(ran)[2].find("critical: "), 0U);
 }
 
-TEST_F(ProgramTest, EachWriteThatFailsAtTheStartIsToldInTheOrderOfTheKeys) {
+TEST_F(ProgramTest, EachFailedWriteAtTheStartIsShownInTheOrderOfTheKeys) {
   SetIni("MainWindow", "State", "0");
   SetIni("MainWindow", "Position", "0,0");
   SetIni("MainWindow", "Size", "300,400");
@@ -165,7 +165,7 @@ TEST_F(ProgramTest, EachWriteThatFailsAtTheStartIsToldInTheOrderOfTheKeys) {
                    WriteError("MenuEntryChecked", "Save", "0"), WriteError("Fonts", "Far", "Arial,7")}));
 }
 
-TEST_F(ProgramTest, EachWriteThatFailsAtTheEndIsToldAndTheProgramEndsWith0) {
+TEST_F(ProgramTest, EachFailedWriteAtTheEndIsShownAndTheProgramEndsWith0) {
   SetIni("MainWindow", "Position", "31,17");
   SetIni("MainWindow", "Size", "431,1012");
   world.Write(folder.Path());

@@ -1,10 +1,10 @@
-// A user in the running program: a plugin of Qt's "generic" kind, which Qt loads into any program that is
+// A simulated user of the running program: a generic Qt plugin, which Qt loads into any program that is
 // started with QT_QPA_GENERIC_PLUGINS=user:ENTRIES. It prints each message box that opens and presses Return
-// in it, closes other dialogs by Escape, chooses the menu entries named in ENTRIES (separated by blanks) once
-// the main window is shown, and at last closes the main window.
+// in it, and closes other dialogs by Escape. When the main window is shown, it chooses the menu entries in
+// ENTRIES, which blanks separate, and then closes the main window.
 //
 // It prints one JSON object per line on standard output:
-//   {"box": {"title", "text", "icon", "parent"}}   parent: the name of the window that the box belongs to, or
+//   {"box": {"title", "text", "icon", "parent"}}   parent: the name of the parent window of the box, or
 //   null
 //   {"dialog": name}
 //   {"window": name}                                the main window is shown
@@ -59,7 +59,7 @@ class User final : public QObject {
   explicit User(const QString& entries) : entries_(entries.split(' ', Qt::SkipEmptyParts)) { LookLater(); }
 
  private:
-  /// A single shot: what Look does may run an event loop of its own, in which the next look comes.
+  /// A single-shot timer: Look may run an event loop, which calls it again.
   void LookLater() { QTimer::singleShot(kLookMs, this, &User::Look); }
 
   void Look() {

@@ -1,5 +1,5 @@
-// The generator of random tests. Each test has a fixed seed, so that every run does the same; the environment
-// variable ZERBAL_TEST_SEED gives all of them another one.
+// The generator of random tests. Each test has a fixed seed, so that all runs are equal. The environment
+// variable ZERBAL_TEST_SEED replaces the seeds of all tests.
 #pragma once
 
 #include <cstdint>
@@ -12,13 +12,13 @@
 
 namespace zerbal::test {
 
-/// The number in ZERBAL_TEST_SEED, or `fixed` where the variable is missing or empty.
+/// The number in ZERBAL_TEST_SEED, or `fixed` when the variable is missing or empty.
 inline std::uint32_t TestSeed(std::uint32_t fixed) {
   const char* value = std::getenv("ZERBAL_TEST_SEED");
   return value == nullptr || *value == '\0' ? fixed : static_cast<std::uint32_t>(std::stoul(value));
 }
 
-/// Prints its seed; every failure during its lifetime names the seed too.
+/// Prints its seed, and adds it to every failure during its lifetime.
 class TestRandom : public std::mt19937 {
  public:
   explicit TestRandom(std::uint32_t fixedSeed, const char* file = __builtin_FILE(),
