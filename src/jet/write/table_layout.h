@@ -65,7 +65,7 @@ struct TableLayout {
   std::size_t MapCount() const;  ///< the number of usage maps of the table
 };
 
-/// Lays out a user table, without its pages and maps. Throws Refusal when the specification is invalid: names
+/// Lays out a user table, without its pages and maps. Throws Refusal when the description is invalid: names
 /// (characters, length, duplicates), number and length of columns, indexes without or with unsuitable
 /// columns.
 TableLayout LayOutTable(const TableSpec& table);
