@@ -36,6 +36,27 @@ class World : public map::MapWorld {
   }
 };
 
+/// Records the cursor of the program at each drawing operation.
+class CursorWatch final : public map::Surface {
+ public:
+  void BeginLayer(map::Layer) override { Look(); }
+  void Clear(data::Rgb) override { Look(); }
+  void Polyline(std::span<const TwipPoint>, const map::Pen&) override { Look(); }
+  void Rectangle(TwipPoint, TwipPoint, const map::Pen&) override { Look(); }
+  void Circle(TwipPoint, std::int32_t, data::Rgb, bool) override { Look(); }
+  void Text(TwipPoint, std::string_view, data::Rgb, const map::TextFont&) override { Look(); }
+
+  int operations = 0;
+  int withHourglass = 0;
+
+ private:
+  void Look() {
+    const QCursor* cursor = QApplication::overrideCursor();
+    ++operations;
+    withHourglass += cursor != nullptr && cursor->shape() == Qt::WaitCursor ? 1 : 0;
+  }
+};
+
 /// A map window of 700 x 360 logical pixels that shows the world: 30 twips per degree, no margins, the left
 /// edge at map longitude 5.
 class FrmMapTest : public testing::Test {
@@ -102,6 +123,7 @@ class FrmMapTest : public testing::Test {
   double Ratio() const { return map_.devicePixelRatioF(); }
 
   World world_;
+  CursorWatch watch_;
   map::MapScene scene_;
   map::Recorder recorder_;
   QWidget host_;
@@ -197,46 +219,23 @@ TEST_F(FrmMapTest, ShowsItsPicture) {
   EXPECT_EQ(shown, map_.Picture());
 }
 
-/// Records the cursor of the program at each drawing operation.
-class CursorWatch final : public map::Surface {
- public:
-  void BeginLayer(map::Layer) override { Look(); }
-  void Clear(data::Rgb) override { Look(); }
-  void Polyline(std::span<const TwipPoint>, const map::Pen&) override { Look(); }
-  void Rectangle(TwipPoint, TwipPoint, const map::Pen&) override { Look(); }
-  void Circle(TwipPoint, std::int32_t, data::Rgb, bool) override { Look(); }
-  void Text(TwipPoint, std::string_view, data::Rgb, const map::TextFont&) override { Look(); }
-
-  int operations = 0;
-  int withHourglass = 0;
-
- private:
-  void Look() {
-    const QCursor* cursor = QApplication::overrideCursor();
-    ++operations;
-    withHourglass += cursor != nullptr && cursor->shape() == Qt::WaitCursor ? 1 : 0;
-  }
-};
-
 TEST_F(FrmMapTest, TheHourglassIsShownFromTheFirstToTheLastOperationOfARedraw) {
-  CursorWatch watch;
-  map_.SetObserver(&watch);
+  map_.SetObserver(&watch_);
   for (const auto redraw : {&frmMap::Redraw, &frmMap::RecomputeAndRedraw}) {
-    watch.operations = watch.withHourglass = 0;
+    watch_.operations = watch_.withHourglass = 0;
     (map_.*redraw)();
-    EXPECT_GT(watch.operations, 8);
-    EXPECT_EQ(watch.withHourglass, watch.operations);
+    EXPECT_GT(watch_.operations, 8);
+    EXPECT_EQ(watch_.withHourglass, watch_.operations);
     EXPECT_EQ(QApplication::overrideCursor(), nullptr) << "back to normal afterwards";
   }
 }
 
 TEST_F(FrmMapTest, WithoutARedrawNoHourglassIsShown) {
-  CursorWatch watch;
-  map_.SetObserver(&watch);
+  map_.SetObserver(&watch_);
   Press(3000, 2000);
   Move(4000, 3000);
-  EXPECT_GT(watch.operations, 0);
-  EXPECT_EQ(watch.withHourglass, 0);
+  EXPECT_GT(watch_.operations, 0);
+  EXPECT_EQ(watch_.withHourglass, 0);
 }
 
 TEST_F(FrmMapTest, MovingShowsThePosition) {
