@@ -62,7 +62,7 @@ class CursorWatch final : public map::Surface {
 class FrmMapTest : public testing::Test {
  protected:
   FrmMapTest() : scene_(world_.Scene()), map_(scene_, world_.viewport, &host_) {
-    host_.resize(3200, 2200);
+    host_.resize(1400, 800);
     host_.show();
     map_.SetObserver(&recorder_);
     QObject::connect(&map_, &frmMap::PositionChanged, [this](const QString& lon, const QString& lat) {
@@ -555,11 +555,15 @@ TEST_F(FrmMapTest, HandlesManySizes) {
                     .destinations = true,
                     .legNumbers = true,
                     .aircraftSymbols = true};
+  host_.resize(3200, 2200);
   NewDraws();
+  // The same number of pixels at every ratio.
+  const auto widest = static_cast<unsigned>(3000 / map_.devicePixelRatio());
+  const auto highest = static_cast<unsigned>(2000 / map_.devicePixelRatio());
   for (int i = 0; i < 200; ++i) {
     const bool tiny = i % 10 == 0;
-    const int width = tiny ? 1 + i / 50 : 1 + static_cast<int>(random() % 3000);
-    const int height = tiny ? 1 + i / 70 : 1 + static_cast<int>(random() % 2000);
+    const int width = tiny ? 1 + i / 50 : 1 + static_cast<int>(random() % widest);
+    const int height = tiny ? 1 + i / 70 : 1 + static_cast<int>(random() % highest);
     if (map_.size() == QSize(width, height))
       continue;
     map_.resize(width, height);
