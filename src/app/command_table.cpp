@@ -10,8 +10,8 @@ using data::DisplayOptions;
 constexpr Command kSeparator;
 
 constexpr Command OptionEntry(const char* name, const char* caption, bool DisplayOptions::*option,
-                              const char* settingKey) {
-  return {.name = name, .caption = caption, .option = option, .settingKey = settingKey};
+                              const settings::SwitchSetting& setting) {
+  return {.name = name, .caption = caption, .option = option, .setting = &setting};
 }
 
 constexpr std::array kFile = {
@@ -31,12 +31,13 @@ constexpr std::array kZoom = {
 };
 
 constexpr std::array kViews = {
-    OptionEntry("mnuViewCentr", "Centre of map", &DisplayOptions::centreOfMap, "ViewCentreOfMap"),
-    OptionEntry("mnuViewRiver", "Rivers", &DisplayOptions::rivers, "ViewRiver"),
-    OptionEntry("mnuViewIBound", "Int. boundaries", &DisplayOptions::boundaries, "ViewIntBoundary"),
+    OptionEntry("mnuViewCentr", "Centre of map", &DisplayOptions::centreOfMap, settings::kViewCentreOfMap),
+    OptionEntry("mnuViewRiver", "Rivers", &DisplayOptions::rivers, settings::kViewRivers),
+    OptionEntry("mnuViewIBound", "Int. boundaries", &DisplayOptions::boundaries, settings::kViewBoundaries),
     kSeparator,
-    OptionEntry("mnuViewAprt", "All airports", &DisplayOptions::allAirports, "ViewAllAirport"),
-    OptionEntry("mnuViewDest", "QAV destinations", &DisplayOptions::destinations, "ViewDestination"),
+    OptionEntry("mnuViewAprt", "All airports", &DisplayOptions::allAirports, settings::kViewAllAirports),
+    OptionEntry("mnuViewDest", "QAV destinations", &DisplayOptions::destinations,
+                settings::kViewDestinations),
     kSeparator,
     Command{"mnuViewAprtDeli", "Delimitation for all airports...", &Commands::DelimitAllAirports},
     Command{"mnuViewDestDeli", "Delimitation for QAV destinations...", &Commands::DelimitDestinations},
@@ -47,11 +48,13 @@ constexpr std::array kRegion = {
 };
 
 constexpr std::array kFlights = {
-    OptionEntry("mnuFlitAprt", "Show airports", &DisplayOptions::flightAirports, "ShowAirport"),
-    OptionEntry("mnuFlitFlNr", "Show flightnumbers", &DisplayOptions::flightNumbers, "ShowFlightnumber"),
-    OptionEntry("mnuFlitLegNr", "Show legnumbers for flights", &DisplayOptions::legNumbers, "ShowLegnumber"),
+    OptionEntry("mnuFlitAprt", "Show airports", &DisplayOptions::flightAirports, settings::kShowAirports),
+    OptionEntry("mnuFlitFlNr", "Show flightnumbers", &DisplayOptions::flightNumbers,
+                settings::kShowFlightNumbers),
+    OptionEntry("mnuFlitLegNr", "Show legnumbers for flights", &DisplayOptions::legNumbers,
+                settings::kShowLegNumbers),
     OptionEntry("mnuFlitSymb", "Show aircraft symbols", &DisplayOptions::aircraftSymbols,
-                "ShowAircraftSymbol"),
+                settings::kShowAircraftSymbols),
     kSeparator,
     Command{"mnuFlitNone", "Clear all flights", &Commands::ClearAllFlights},
     Command{"mnuFlitSele", "Show selected flights", &Commands::ShowSelectedFlights},

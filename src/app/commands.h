@@ -80,7 +80,7 @@ struct Command {
   const char* button = nullptr;                  ///< object name of the tool bar's button, where there is one
   const char* picture = nullptr;                 ///< its picture, a resource
   bool data::DisplayOptions::*option = nullptr;  ///< what the entry's check mark shows
-  const char* settingKey = nullptr;              ///< the option's key in section "MenuEntryChecked"
+  const settings::SwitchSetting* setting = nullptr;  ///< the option's
 };
 
 struct MenuDescription {

@@ -128,11 +128,11 @@ void frmMain::LoadSettings() {
   settings::IniFile& ini = program_.iniFile;
   settings::SaveFlags& flags = program_.saveFlags;
   // Start-up reads the splash time without a default; here its key comes into the file.
-  ini.Read("SplashWindow", "SecondsToShow", "2");
-  flags.mainWindow = ReadSwitch(ini, "MainWindow", true);
+  ini.Read(settings::kSplashSeconds);
+  flags.mainWindow = ini.Read(settings::kSaveMainWindow);
   const FramePlacement stored = ReadFramePlacement(ini, CurrentPlacement());
-  flags.windows = ReadSwitch(ini, "Windows", true);
-  flags.menuEntries = ReadSwitch(ini, "MenuEntryChecked", false);
+  flags.windows = ini.Read(settings::kSaveWindows);
+  flags.menuEntries = ini.Read(settings::kSaveMenuEntries);
   program_.display = ReadDisplayOptions(ini, flags.menuEntries);
   if (flags.mainWindow)
     Place(stored);

@@ -16,7 +16,6 @@ namespace {
 
 using settings::BoxIcon;
 
-constexpr int kDefaultSplashSeconds = 2;
 constexpr int kWaitSliceMs = 10;
 
 std::vector<std::string> InstalledFonts() {
@@ -108,10 +107,8 @@ void Main::LoadMainWindow() {
 }
 
 int Main::SplashSeconds() {
-  const auto value = program_.iniFile.Read("SplashWindow", "SecondsToShow");
-  if (!value)
-    return kDefaultSplashSeconds;
-  return std::max<int>(0, base::LeadingInt16(*value));
+  using settings::kSplashSeconds;
+  return program_.iniFile.Find(kSplashSeconds).value_or(kSplashSeconds.byDefault);
 }
 
 bool Main::ReadSettings() {

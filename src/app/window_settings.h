@@ -7,6 +7,7 @@
 
 namespace zerbal::app {
 
+/// The values of settings::kMainWindowState.
 enum class FrameState { kNormal = 0, kMinimised = 1, kMaximised = 2 };
 
 /// Position of the outer frame and size of the inside, in the window system's logical pixels.
@@ -19,14 +20,7 @@ struct FramePlacement {
   bool operator==(const FramePlacement&) const = default;
 };
 
-// Every read writes the value that holds without it when the key is missing. What cannot be read, and what is
-// none of the allowed values, counts as said for each.
-
-/// Key "Save" of a section: "1" is true, anything else false.
-bool ReadSwitch(settings::IniFile& ini, const char* section, bool byDefault);
-
-/// Section "MainWindow". Position and size are as stored, whatever can be shown of them. A state other than
-/// 0, 1, 2 is normal; `current` stands in for position and size.
+/// Position and size are as stored, whatever can be shown of them; `current` has their defaults.
 FramePlacement ReadFramePlacement(settings::IniFile& ini, const FramePlacement& current);
 /// With the part of its size that a window can have: a side is a 16-bit number in window systems, and the map
 /// is kept as a picture, here of up to 1 GiB. `pixelRatio` is the number of pixels per logical pixel.
@@ -34,7 +28,7 @@ FramePlacement Showable(FramePlacement placement, double pixelRatio);
 /// Minimised and maximised leave the stored position and size alone.
 void SaveFramePlacement(settings::IniFile& ini, const FramePlacement& placement);
 
-/// Section "MenuEntryChecked". The file is not touched, and the result is as designed, unless `saved`.
+/// Unless `saved`, the file is not used and the result has the defaults.
 data::DisplayOptions ReadDisplayOptions(settings::IniFile& ini, bool saved);
 void SaveDisplayOptions(settings::IniFile& ini, const data::DisplayOptions& options);
 

@@ -9,8 +9,6 @@
 namespace zerbal::data {
 namespace {
 
-constexpr char kSection[] = "Colors";
-
 std::string ColourText(Rgb rgb) {
   std::string text = std::to_string(rgb.red);
   text.append(",").append(std::to_string(rgb.green));
@@ -39,24 +37,26 @@ ColourTable LoadColours(const std::filesystem::path& zbldata) {
 
 bool ReadColourSettings(settings::IniFile& ini, ColourTable& colours) {
   return std::all_of(colours.rows.begin(), colours.rows.end(), [&](Colour& colour) {
-    return ReadColourSetting(ini, kSection, colour.entry, colour.rgb);
+    return ReadColourSetting(ini, settings::kColours, colour.entry, colour.rgb);
   });
 }
 
 void WriteColourSettings(settings::IniFile& ini, const ColourTable& colours) {
   for (const Colour& colour : colours.rows)
-    WriteColourSetting(ini, kSection, colour.entry, colour.rgb);
+    WriteColourSetting(ini, settings::kColours, colour.entry, colour.rgb);
 }
 
-bool ReadColourSetting(settings::IniFile& ini, std::string_view section, std::string_view key, Rgb& rgb) {
-  const auto value = ini.Read(section, key, ColourText(rgb));
+bool ReadColourSetting(settings::IniFile& ini, const settings::SettingFamily& family, std::string_view key,
+                       Rgb& rgb) {
+  const auto value = ini.Read(family, key, ColourText(rgb));
   if (value)
     rgb = ParseColour(*value);
   return value.has_value();
 }
 
-void WriteColourSetting(settings::IniFile& ini, std::string_view section, std::string_view key, Rgb rgb) {
-  ini.Write(section, key, ColourText(rgb));
+void WriteColourSetting(settings::IniFile& ini, const settings::SettingFamily& family, std::string_view key,
+                        Rgb rgb) {
+  ini.Write(family, key, ColourText(rgb));
 }
 
 }  // namespace zerbal::data

@@ -36,7 +36,7 @@ inline constexpr std::array kColourRules = {
 
 struct Colour {
   Rgb rgb;
-  std::string entry;  ///< key in section "Colors" of the settings file
+  std::string entry;  ///< key in settings::kColours
 };
 
 struct ColourTable {
@@ -48,13 +48,15 @@ struct ColourTable {
 /// all codes that are missing.
 ColourTable LoadColours(const std::filesystem::path& zbldata);
 
-/// Section "Colors". A missing key is written with the colour of the table. False when that fails.
+/// settings::kColours. A missing key is written with the colour of the table. False when that fails.
 bool ReadColourSettings(settings::IniFile& ini, ColourTable& colours);
 void WriteColourSettings(settings::IniFile& ini, const ColourTable& colours);
 
-/// One colour as a setting: "red,green,blue". Components are limited to 0..255, what is no number counts as
+/// One colour as a setting: "red,green,blue". Components are limited to 0..255, a text that is no number is
 /// 0. A missing key is written with the value of `rgb`; false when that fails.
-bool ReadColourSetting(settings::IniFile& ini, std::string_view section, std::string_view key, Rgb& rgb);
-void WriteColourSetting(settings::IniFile& ini, std::string_view section, std::string_view key, Rgb rgb);
+bool ReadColourSetting(settings::IniFile& ini, const settings::SettingFamily& family, std::string_view key,
+                       Rgb& rgb);
+void WriteColourSetting(settings::IniFile& ini, const settings::SettingFamily& family, std::string_view key,
+                        Rgb rgb);
 
 }  // namespace zerbal::data

@@ -1,19 +1,21 @@
 // What the map shows besides coastlines: the options behind the check marks of the menus.
 #pragma once
 
+#include "settings/catalogue.h"
+
 namespace zerbal::data {
 
-/// Menus and check boxes show these values; drawing reads them. The initial values are those of the design.
+/// Menus and check boxes show these values; drawing reads them.
 struct DisplayOptions {
-  bool centreOfMap = false;
-  bool rivers = false;
-  bool boundaries = false;
-  bool allAirports = false;
-  bool destinations = false;
-  bool flightAirports = true;
-  bool flightNumbers = true;
-  bool legNumbers = false;
-  bool aircraftSymbols = false;
+  bool centreOfMap = settings::kViewCentreOfMap.byDefault;
+  bool rivers = settings::kViewRivers.byDefault;
+  bool boundaries = settings::kViewBoundaries.byDefault;
+  bool allAirports = settings::kViewAllAirports.byDefault;
+  bool destinations = settings::kViewDestinations.byDefault;
+  bool flightAirports = settings::kShowAirports.byDefault;
+  bool flightNumbers = settings::kShowFlightNumbers.byDefault;
+  bool legNumbers = settings::kShowLegNumbers.byDefault;
+  bool aircraftSymbols = settings::kShowAircraftSymbols.byDefault;
   bool operator==(const DisplayOptions&) const = default;
 };
 

@@ -8,7 +8,8 @@
 
 namespace zerbal::data {
 
-enum class HowMany { kOneFlight, kRoundTrip };
+/// The values of settings::kRandomFlights.
+enum class HowMany { kOneFlight = 1, kRoundTrip = 2 };
 
 /// One drawn flight with both of its list lines.
 struct DrawnFlight {
@@ -20,18 +21,17 @@ struct DrawnFlight {
 struct FlightFinderState {
   int chosenService = 0;  ///< list position of the flight selection: 0 all services, n the n-th
   int chosenAirport = 0;  ///< list position of the airport search
-  // Types of airport that the search looks at, from section "Program" of the settings.
-  bool searchOrigin = true;
-  bool searchStopovers = true;
-  bool searchDestination = true;
-  // Random flights. Setting "RandomFlitHowMany", changed by each draw.
+  // Types of airport that the search looks at.
+  bool searchOrigin = settings::kSearchOrigin.byDefault;
+  bool searchStopovers = settings::kSearchStopovers.byDefault;
+  bool searchDestination = settings::kSearchDestination.byDefault;
+  // Random flights.
   HowMany howMany = HowMany::kRoundTrip;
   int drawnService = 0;  ///< 1-based; 0 before any draw
   std::vector<DrawnFlight> drawnFlights;
 };
 
-/// Section "Program". A value that cannot be read or is not allowed gives the default; missing keys are
-/// written with it.
+/// Reads the settings of the flight finding dialogs. Goes on after a failed write.
 void ReadFlightFinderSettings(settings::IniFile& ini, FlightFinderState& finder);
 
 }  // namespace zerbal::data

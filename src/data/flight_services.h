@@ -20,7 +20,7 @@ struct FlightService {
 /// In display order. Keys are not unique.
 using FlightServiceTable = std::vector<FlightService>;
 
-/// Section "FlightColors", by the keys of the services. A missing key is written with the colour of the
+/// settings::kFlightColours, by the keys of the services. A missing key is written with the colour of the
 /// table. False when that fails.
 bool ReadFlightColourSettings(settings::IniFile& ini, FlightServiceTable& services);
 void WriteFlightColourSettings(settings::IniFile& ini, const FlightServiceTable& services);

@@ -10,14 +10,12 @@
 namespace zerbal::data {
 namespace {
 
-constexpr char kSection[] = "Fonts";
-
 std::string FontText(const Font& font) {
   return font.name + "," + std::to_string(font.size);
 }
 
 bool ReadFont(settings::IniFile& ini, Font& font) {
-  const auto value = ini.Read(kSection, font.entry, FontText(font));
+  const auto value = ini.Read(settings::kFonts, font.entry, FontText(font));
   if (!value)
     return false;
   const auto fields = settings::SplitList(*value, 2, ",");
@@ -46,7 +44,7 @@ bool ReadFontSettings(settings::IniFile& ini, FontTable& fonts, std::span<const 
 }
 
 void WriteFontSetting(settings::IniFile& ini, const Font& font) {
-  ini.Write(kSection, font.entry, FontText(font));
+  ini.Write(settings::kFonts, font.entry, FontText(font));
 }
 
 void CheckFonts(FontTable& fonts, std::span<const std::string> installedFonts) {
@@ -57,7 +55,7 @@ void CheckFonts(FontTable& fonts, std::span<const std::string> installedFonts) {
     };
     if (std::none_of(installedFonts.begin(), installedFonts.end(), isFont))
       font.name = kFallbackFont;
-    if (font.size < kSmallestFontSize || font.size > kLargestFontSize)
+    if (font.size < settings::kSmallestFontSize || font.size > settings::kLargestFontSize)
       font.size = rule.fallbackSize;
   }
 }

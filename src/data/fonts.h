@@ -27,16 +27,13 @@ inline constexpr std::array kFontRules = {
     FontRule{FontCode::kHiRes, "HIRES", 8},
 };
 
-// Sizes are in points.
-inline constexpr int kSmallestFontSize = 6;
-inline constexpr int kLargestFontSize = 14;
 /// In place of a font that is not installed.
 inline constexpr char kFallbackFont[] = "Arial";
 
 struct Font {
   std::string name;   ///< family
   int size = 0;       ///< points
-  std::string entry;  ///< key in section "Fonts" of the settings file
+  std::string entry;  ///< key in settings::kFonts
 };
 
 struct FontTable {
@@ -48,8 +45,8 @@ struct FontTable {
 /// Loads the fonts from zbldata.mdb. Throws LoadError, which lists all codes that are missing.
 FontTable LoadFonts(const std::filesystem::path& zbldata);
 
-/// Section "Fonts": name and size of each row; then CheckFonts. A missing key is written with the font of the
-/// table. False when that fails.
+/// settings::kFonts: name and size of each row; then CheckFonts. A missing key is written with the font of
+/// the table. False when that fails.
 bool ReadFontSettings(settings::IniFile& ini, FontTable& fonts, std::span<const std::string> installedFonts);
 void WriteFontSetting(settings::IniFile& ini, const Font& font);
 

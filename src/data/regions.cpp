@@ -1,30 +1,11 @@
 #include "data/regions.h"
 
-#include <algorithm>
-
 #include "base/coordinates.h"
-#include "base/numbers.h"
 #include "data/counters.h"
 #include "data/table_access.h"
 #include "jet/error.h"
 
 namespace zerbal::data {
-namespace {
-
-constexpr char kSection[] = "Region";
-constexpr char kCentreKey[] = "CentreWorld";
-constexpr char kLongitudeKey[] = "CentreWorldAtLON";
-constexpr WorldCentre kDefaultCentre = WorldCentre::kWest75;
-
-/// Any value that is none of the settings means the default.
-WorldCentre ParseCentre(const std::string& setting) {
-  for (const WorldCentreRule& rule : kWorldCentreRules)
-    if (setting == rule.setting)
-      return rule.centre;
-  return kDefaultCentre;
-}
-
-}  // namespace
 
 void RegionTable::ComputeWorldRow() {
   constexpr double kSpan = 350;
@@ -58,17 +39,16 @@ RegionTable LoadRegions(const std::filesystem::path& zbldata) {
 }
 
 bool ReadRegionSettings(settings::IniFile& ini, RegionTable& regions) {
-  const auto centre = ini.Read(kSection, kCentreKey, RuleOf(kDefaultCentre).setting);
+  const auto centre = ini.Read(settings::kWorldCentre);
   if (!centre)
     return false;
-  const auto longitude = ini.Read(kSection, kLongitudeKey, "0");
+  const auto longitude = ini.Read(settings::kWorldCentreLongitude);
   if (!longitude)
     return false;
   if (regions.rows.empty())
     throw jet::EngineError("zbldata.mdb", "reg", "there is no region; at least one is needed");
-  regions.centreWorld = ParseCentre(*centre);
-  regions.centreWorldAtLon =
-      static_cast<float>(std::clamp(base::LeadingNumber(*longitude), -kFarthestMeridian, kFarthestMeridian));
+  regions.centreWorld = static_cast<WorldCentre>(*centre);
+  regions.centreWorldAtLon = static_cast<float>(*longitude);
   regions.ComputeWorldRow();
   return true;
 }
@@ -76,10 +56,10 @@ bool ReadRegionSettings(settings::IniFile& ini, RegionTable& regions) {
 void ChooseWorldCentre(settings::IniFile& ini, RegionTable& regions, WorldCentre centre,
                        double geoLongitude) {
   regions.centreWorld = centre;
-  ini.Write(kSection, kCentreKey, RuleOf(centre).setting);
+  ini.Write(settings::kWorldCentre, static_cast<int>(centre));
   if (centre == WorldCentre::kChosen) {
     regions.centreWorldAtLon = static_cast<float>(geoLongitude);
-    ini.Write(kSection, kLongitudeKey, base::DecimalText(geoLongitude));
+    ini.Write(settings::kWorldCentreLongitude, geoLongitude);
   }
   regions.ComputeWorldRow();
 }

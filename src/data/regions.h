@@ -11,28 +11,24 @@
 
 namespace zerbal::data {
 
-/// The meridian in the middle of the world view.
+/// The meridian in the middle of the world view: the values of settings::kWorldCentre.
 enum class WorldCentre { kGreenwich, kWest75, kChosen };
 
 struct WorldCentreRule {
   WorldCentre centre;
-  const char* setting;                ///< value of key "CentreWorld"
   const char* caption;                ///< in the map settings
   std::optional<float> geoLongitude;  ///< nothing when the user chooses it
 };
 
 /// In the order of WorldCentre.
 inline constexpr std::array kWorldCentreRules = {
-    WorldCentreRule{WorldCentre::kGreenwich, "0", "East 0°", 0.0F},
-    WorldCentreRule{WorldCentre::kWest75, "1", "West 75°", -75.0F},
-    WorldCentreRule{WorldCentre::kChosen, "2", "", std::nullopt},
+    WorldCentreRule{WorldCentre::kGreenwich, "East 0°", 0.0F},
+    WorldCentreRule{WorldCentre::kWest75, "West 75°", -75.0F},
+    WorldCentreRule{WorldCentre::kChosen, "", std::nullopt},
 };
 constexpr const WorldCentreRule& RuleOf(WorldCentre centre) {
   return kWorldCentreRules[static_cast<std::size_t>(centre)];
 }
-
-/// The farthest meridian from Greenwich that can be chosen, degrees.
-inline constexpr double kFarthestMeridian = 180;
 
 /// A region's bounds in the map frame (degrees): longitude 0..360 from 180 W eastwards, latitude 0..180 from
 /// the North Pole downwards. The east bound may be below the west bound: the region then runs through 360.
@@ -48,7 +44,7 @@ struct Region {
 /// Row 0 is the world view; rows 1..RegionCount() are the regions in display order.
 struct RegionTable {
   std::vector<Region> rows;
-  WorldCentre centreWorld = WorldCentre::kWest75;
+  WorldCentre centreWorld{settings::kWorldCentre.byDefault};
   float centreWorldAtLon = 0;  ///< of WorldCentre::kChosen: geographic longitude, -180..180
 
   int RegionCount() const { return rows.empty() ? 0 : static_cast<int>(rows.size()) - 1; }
@@ -60,9 +56,8 @@ struct RegionTable {
 /// OverflowError beyond 32767 regions.
 RegionTable LoadRegions(const std::filesystem::path& zbldata);
 
-/// Section "Region": fills the choice of the world's centre and computes row 0. Missing keys are written with
-/// the default. False when that fails. Throws an error of the engine when no region has been loaded: row 0
-/// exists only beside others.
+/// Reads the centre of the world and computes row 0. Missing keys are written with the default. False when
+/// that fails. Throws jet::EngineError when no region has been loaded: there is no row 0 then.
 bool ReadRegionSettings(settings::IniFile& ini, RegionTable& regions);
 
 /// Chooses the centre of the world in the settings file and in the table, and computes row 0. `geoLongitude`

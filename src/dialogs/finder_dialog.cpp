@@ -1,11 +1,10 @@
 #include "dialogs/finder_dialog.h"
 
-#include <utility>
-
 namespace zerbal::dialogs {
 
-FinderDialog::FinderDialog(const Placement& placement, std::string key, const FinderContext& context)
-    : PlacedDialog(placement, std::move(key)), context_(context) {}
+FinderDialog::FinderDialog(const Placement& placement, const settings::PairSetting& position,
+                           const FinderContext& context)
+    : PlacedDialog(placement, position), context_(context) {}
 
 FinderDialog::~FinderDialog() = default;
 

@@ -32,7 +32,8 @@ class FinderDialog : public PlacedDialog {
   Q_OBJECT
 
  protected:
-  FinderDialog(const Placement& placement, std::string key, const FinderContext& context);
+  FinderDialog(const Placement& placement, const settings::PairSetting& position,
+               const FinderContext& context);
   ~FinderDialog() override;
 
   /// To be called once the form is set up: its list of flights and the buttons that belong to it work from

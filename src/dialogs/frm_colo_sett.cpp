@@ -9,7 +9,7 @@ namespace zerbal::dialogs {
 
 frmColoSett::frmColoSett(const Placement& placement, data::ColourTable& colours,
                          data::FlightServiceTable& services)
-    : PlacedDialog(placement, "ColorSettings"),
+    : PlacedDialog(placement, settings::kColourSettingsPosition),
       ui_(std::make_unique<Ui::frmColoSett>()),
       ini_(placement.ini),
       colours_(colours),

@@ -5,15 +5,19 @@
 namespace zerbal::dialogs {
 namespace {
 
-const char* KeyOf(frmDeli::Layer layer) {
-  return layer == frmDeli::Layer::kAllAirports ? "DelimitAllAirport" : "DelimitDestination";
+const settings::PairSetting& PositionOf(frmDeli::Layer layer) {
+  return layer == frmDeli::Layer::kAllAirports ? settings::kDelimitAllAirportsPosition
+                                               : settings::kDelimitDestinationsPosition;
 }
 
 }  // namespace
 
 frmDeli::frmDeli(const Placement& placement, Layer layer, data::AirportCriteria& set,
                  settings::MessageBoxes& boxes)
-    : PlacedDialog(placement, KeyOf(layer)), ui_(std::make_unique<Ui::frmDeli>()), set_(set), boxes_(boxes) {
+    : PlacedDialog(placement, PositionOf(layer)),
+      ui_(std::make_unique<Ui::frmDeli>()),
+      set_(set),
+      boxes_(boxes) {
   ui_->setupUi(this);
   const bool all = layer == Layer::kAllAirports;
   setObjectName(all ? "frmDeliAprt" : "frmDeliDest");

@@ -16,7 +16,7 @@ constexpr int kEast = 1;
 
 frmMapSett::frmMapSett(const Placement& placement, data::RegionTable& regions, data::FontTable& fonts,
                        const QStringList& installedFonts, settings::MessageBoxes& boxes)
-    : PlacedDialog(placement, "MapSettings"),
+    : PlacedDialog(placement, settings::kMapSettingsPosition),
       ui_(std::make_unique<Ui::frmMapSett>()),
       ini_(placement.ini),
       regions_(regions),
@@ -58,7 +58,7 @@ void frmMapSett::FillFont(const FontRow& row, const QStringList& installedFonts)
   if (family < 0)
     family = row.family->findText(data::kFallbackFont, Qt::MatchFixedString);
   row.family->setCurrentIndex(std::max(family, 0));
-  for (int size = data::kSmallestFontSize; size <= data::kLargestFontSize; ++size)
+  for (int size = settings::kSmallestFontSize; size <= settings::kLargestFontSize; ++size)
     row.size->addItem(QString::number(size));
   row.size->setCurrentText(QString::number(font.size));
   UpdatePreview(row);
@@ -93,7 +93,7 @@ void frmMapSett::StoreFont(const FontRow& row) {
 }
 
 void frmMapSett::Confirm() {
-  if (ui_->optCentOth->isChecked() && TypedMeridian() > data::kFarthestMeridian) {
+  if (ui_->optCentOth->isChecked() && TypedMeridian() > settings::kWorldCentreLongitude.most) {
     boxes_.Show(settings::BoxIcon::kExclamation, "The value cannot be larger than 180");
     ui_->txtCentOth->AskAgain();
     return;

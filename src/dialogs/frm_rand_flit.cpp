@@ -6,7 +6,7 @@
 namespace zerbal::dialogs {
 
 frmRandFlit::frmRandFlit(const Placement& placement, const FinderContext& context, data::RandomSource& random)
-    : FinderDialog(placement, "RandomFlight", context),
+    : FinderDialog(placement, settings::kRandomFlightsPosition, context),
       random_(random),
       ui_(std::make_unique<Ui::frmRandFlit>()) {
   ui_->setupUi(this);

@@ -5,7 +5,8 @@
 namespace zerbal::dialogs {
 
 frmSeleDest::frmSeleDest(const Placement& placement, const FinderContext& context)
-    : FinderDialog(placement, "SelectDestination", context), ui_(std::make_unique<Ui::frmSeleDest>()) {
+    : FinderDialog(placement, settings::kSelectDestinationPosition, context),
+      ui_(std::make_unique<Ui::frmSeleDest>()) {
   ui_->setupUi(this);
   UseFlightList(*ui_);
   codeLines_ = std::make_unique<ListLines>(*ui_->lstDest);

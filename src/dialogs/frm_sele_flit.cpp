@@ -5,7 +5,8 @@
 namespace zerbal::dialogs {
 
 frmSeleFlit::frmSeleFlit(const Placement& placement, const FinderContext& context)
-    : FinderDialog(placement, "SelectFlight", context), ui_(std::make_unique<Ui::frmSeleFlit>()) {
+    : FinderDialog(placement, settings::kSelectFlightsPosition, context),
+      ui_(std::make_unique<Ui::frmSeleFlit>()) {
   ui_->setupUi(this);
   ui_->shpFSrv->SetColour(Qt::white);
   UseFlightList(*ui_);

@@ -5,7 +5,7 @@
 namespace zerbal::dialogs {
 
 frmUserSett::frmUserSett(const Placement& placement, settings::SaveFlags& flags)
-    : PlacedDialog(placement, "UserSettings"),
+    : PlacedDialog(placement, settings::kUserSettingsPosition),
       ui_(std::make_unique<Ui::frmUserSett>()),
       ini_(placement.ini),
       flags_(flags) {
@@ -20,14 +20,14 @@ frmUserSett::frmUserSett(const Placement& placement, settings::SaveFlags& flags)
 frmUserSett::~frmUserSett() = default;
 
 void frmUserSett::Confirm() {
-  const auto store = [this](const char* section, const QCheckBox* box, bool& flag) {
-    // A failed write has shown its box; the switch holds for this run all the same.
-    ini_.Write(section, "Save", box->isChecked() ? "1" : "0");
+  const auto store = [this](const settings::SwitchSetting& setting, const QCheckBox* box, bool& flag) {
+    // The switch applies to this run even if the write fails.
+    ini_.Write(setting, box->isChecked());
     flag = box->isChecked();
   };
-  store("MainWindow", ui_->chkMWinSave, flags_.mainWindow);
-  store("Windows", ui_->chkWinSave, flags_.windows);
-  store("MenuEntryChecked", ui_->chkMnuSave, flags_.menuEntries);
+  store(settings::kSaveMainWindow, ui_->chkMWinSave, flags_.mainWindow);
+  store(settings::kSaveWindows, ui_->chkWinSave, flags_.windows);
+  store(settings::kSaveMenuEntries, ui_->chkMnuSave, flags_.menuEntries);
   accept();
 }
 

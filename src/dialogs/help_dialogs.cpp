@@ -30,31 +30,32 @@ QPixmap Logo(qreal pixelRatio) {
 
 frmHelpRev::frmHelpRev(const Placement& placement, settings::IniValues& values,
                        const std::filesystem::path& revisionFile)
-    : PlacedDialog(placement, "HelpRevision") {
+    : PlacedDialog(placement, settings::kHelpRevisionPosition) {
   Ui::frmHelpRev ui;
   ui.setupUi(this);
-  const std::pair<const char*, QLineEdit*> rows[] = {{"RevZBLAll", ui.txtZBLAll},
-                                                     {"RevSchdMain", ui.txtSchdMain},
-                                                     {"RevSchdFSrv", ui.txtSchdFSrv},
-                                                     {"RevStemAprt", ui.txtStemAprt},
-                                                     {"RevZBLData", ui.txtZBLData}};
-  constexpr char kUnknown[] = "Unknown";
-  for (const auto& [key, box] : rows) {
-    const auto value = values.ReadIniValue(revisionFile, "RevZBL", key, kUnknown);
-    box->setText(QString::fromStdString(value.value_or(kUnknown)));
+  settings::IniFile revisions(revisionFile, values);
+  const std::pair<settings::TextSetting, QLineEdit*> rows[] = {
+      {settings::kRevisionOfAll, ui.txtZBLAll},
+      {settings::kRevisionOfSchedule, ui.txtSchdMain},
+      {settings::kRevisionOfServices, ui.txtSchdFSrv},
+      {settings::kRevisionOfAirports, ui.txtStemAprt},
+      {settings::kRevisionOfData, ui.txtZBLData}};
+  for (const auto& [setting, box] : rows) {
+    const auto value = revisions.Read(setting);
+    box->setText(QString::fromStdString(value.value_or(setting.byDefault)));
     box->setCursorPosition(0);
   }
   ui.cmdOK->setFocus();
   connect(ui.cmdOK, &QPushButton::clicked, this, &QDialog::accept);
 }
 
-frmHelpMous::frmHelpMous(const Placement& placement) : PlacedDialog(placement, "HelpUseOfMouse") {
+frmHelpMous::frmHelpMous(const Placement& placement) : PlacedDialog(placement, settings::kHelpMousePosition) {
   Ui::frmHelpMous ui;
   ui.setupUi(this);
   connect(ui.cmdOK, &QPushButton::clicked, this, &QDialog::accept);
 }
 
-frmHelpInfo::frmHelpInfo(const Placement& placement) : PlacedDialog(placement, "HelpInfo") {
+frmHelpInfo::frmHelpInfo(const Placement& placement) : PlacedDialog(placement, settings::kHelpInfoPosition) {
   InitResources();
   Ui::frmHelpInfo ui;
   ui.setupUi(this);

@@ -3,20 +3,13 @@
 #include <QLayout>
 #include <QMoveEvent>
 #include <QScreen>
-#include <utility>
 
 #include "base/numbers.h"
-#include "settings/value_text.h"
 
 namespace zerbal::dialogs {
-namespace {
 
-constexpr char kSection[] = "Windows";
-
-}  // namespace
-
-PlacedDialog::PlacedDialog(const Placement& placement, std::string key)
-    : QDialog(&placement.mainWindow), placement_(placement), key_(std::move(key)) {}
+PlacedDialog::PlacedDialog(const Placement& placement, const settings::PairSetting& position)
+    : QDialog(&placement.mainWindow), placement_(placement), position_(position) {}
 
 void PlacedDialog::setVisible(bool visible) {
   // Before the window system knows the window: a place that is given then is that of its frame.
@@ -64,11 +57,10 @@ void PlacedDialog::FitContents() {
 bool PlacedDialog::RestorePosition() {
   if (!placement_.flags.windows)
     return false;
-  const auto value = placement_.ini.Read(kSection, key_);
-  if (!value)
+  const auto position = placement_.ini.Find(position_);
+  if (!position)
     return false;
-  const auto fields = settings::SplitList(*value, 2, ",");
-  move(base::LeadingInt32(fields[1]), base::LeadingInt32(fields[2]));
+  move(position->first, position->second);
   return true;
 }
 
@@ -88,7 +80,7 @@ void PlacedDialog::Centre(QSize frame) {
 
 void PlacedDialog::RememberPosition() {
   if (placement_.flags.windows)
-    placement_.ini.Write(kSection, key_, std::to_string(x()) + "," + std::to_string(y()));
+    placement_.ini.Write(position_, {x(), y()});
 }
 
 }  // namespace zerbal::dialogs

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QDialog>
-#include <string>
 
 #include "settings/ini_values.h"
 #include "settings/save_flags.h"
@@ -16,15 +15,13 @@ struct Placement {
   const settings::SaveFlags& flags;
 };
 
-/// A modal dialog that restores its position from section "Windows" of the settings file before it is shown,
-/// and writes it there when it closes, whichever way it closes, as long as positions are remembered. A
-/// dialog's "confirmed" answer is QDialog::Accepted.
+/// A modal dialog that restores its position from the settings file before it is shown, and writes it there
+/// whenever it closes, if positions are saved. A dialog's "confirmed" answer is QDialog::Accepted.
 class PlacedDialog : public QDialog {
   Q_OBJECT
 
  public:
-  /// `key` is the dialog's key in section "Windows".
-  PlacedDialog(const Placement& placement, std::string key);
+  PlacedDialog(const Placement& placement, const settings::PairSetting& position);
 
   void done(int result) override;
   void setVisible(bool visible) override;
@@ -44,7 +41,7 @@ class PlacedDialog : public QDialog {
   void CentreOnceFramed();
 
   Placement placement_;
-  std::string key_;
+  settings::PairSetting position_;
   bool placed_ = false;
   bool awaitsFrame_ = false;  ///< stands in the middle by a guess of its frame
 };

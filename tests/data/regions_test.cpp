@@ -80,32 +80,32 @@ TEST_F(RegionsTest, TheChosenCentreIsWrittenAndTheWorldRowComputed) {
 struct RegionCase {
   const char* centre;
   const char* longitude;
-  const char* centreHeld;
+  WorldCentre centreHeld;
   float longitudeHeld;
   double from;
   double to;
 };
 
 TEST_F(RegionsTest, TheWorldIsCentredAsTheSettingsSay) {
-  const std::array<RegionCase, 12> cases = {{{"0", "0", "0", 0, 5, 355},
-                                             {"1", "0", "1", 0, 290, 280},
-                                             {"2", "170", "2", 170, 175, 165},
-                                             {"2", "0", "2", 0, 5, 355},
-                                             {"2", "200", "2", 180, 185, 175},
-                                             {"2", "-181", "2", -180, 185, 175},
-                                             {"2", "-12.5", "2", -12.5F, 352.5, 342.5},
-                                             {"2", "x", "2", 0, 5, 355},
-                                             {"7", "30", "1", 30, 290, 280},
-                                             {"", "", "1", 0, 290, 280},
-                                             {"02", "1", "1", 1, 290, 280},
-                                             {"-1", "99999999999999999999", "1", 180, 290, 280}}};
+  const std::array<RegionCase, 12> cases = {
+      {{"0", "0", WorldCentre::kGreenwich, 0, 5, 355},
+       {"1", "0", WorldCentre::kWest75, 0, 290, 280},
+       {"2", "170", WorldCentre::kChosen, 170, 175, 165},
+       {"2", "0", WorldCentre::kChosen, 0, 5, 355},
+       {"2", "200", WorldCentre::kChosen, 180, 185, 175},
+       {"2", "-181", WorldCentre::kChosen, -180, 185, 175},
+       {"2", "-12.5", WorldCentre::kChosen, -12.5F, 352.5, 342.5},
+       {"2", "x", WorldCentre::kChosen, 0, 5, 355},
+       {"7", "30", WorldCentre::kWest75, 30, 290, 280},
+       {"", "", WorldCentre::kWest75, 0, 290, 280},
+       {"02", "1", WorldCentre::kWest75, 1, 290, 280},
+       {"-1", "99999999999999999999", WorldCentre::kWest75, 180, 290, 280}}};
   for (const RegionCase& c : cases) {
     Write(std::string("[Region]\r\nCentreWorld=") + c.centre + "\r\nCentreWorldAtLON=" + c.longitude +
           "\r\n");
     RegionTable regions = SomeRegions();
     ASSERT_TRUE(ReadRegionSettings(ini_, regions));
-    EXPECT_EQ(RuleOf(regions.centreWorld).setting, std::string(c.centreHeld))
-        << c.centre << " " << c.longitude;
+    EXPECT_EQ(regions.centreWorld, c.centreHeld) << c.centre << " " << c.longitude;
     EXPECT_EQ(regions.centreWorldAtLon, c.longitudeHeld) << c.longitude;
     EXPECT_EQ(regions.rows[0].fromLon, c.from) << c.centre << " " << c.longitude;
     EXPECT_EQ(regions.rows[0].toLon, c.to) << c.centre << " " << c.longitude;

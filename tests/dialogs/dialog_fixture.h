@@ -25,6 +25,9 @@ class DialogTest : public testing::Test {
   std::string Stored(const char* section, const char* key) const {
     return settings::ReadProfileString(folder / "zerbal.ini", section, key, "(none)", 2000);
   }
+  void Store(const char* section, const char* key, std::string_view value) const {
+    ASSERT_TRUE(settings::WriteProfileString(folder / "zerbal.ini", section, key, value));
+  }
   template <class Widget>
   static Widget* Child(QWidget& window, const char* name) {
     auto* child = window.findChild<Widget*>(name);

@@ -11,7 +11,7 @@ class PlacedDialogTest : public DialogTest {
  protected:
   static constexpr char kKey[] = "HelpInfo";
   std::unique_ptr<dialogs::PlacedDialog> NewDialog() {
-    auto dialog = std::make_unique<dialogs::PlacedDialog>(placement, kKey);
+    auto dialog = std::make_unique<dialogs::PlacedDialog>(placement, settings::kHelpInfoPosition);
     dialog->setFixedSize(301, 200);
     return dialog;
   }
@@ -52,7 +52,7 @@ TEST_F(PlacedDialogTest, EveryWayOfClosingWritesThePosition) {
 }
 
 TEST_F(PlacedDialogTest, AStoredPositionOutsideOfTheScreenIsUsed) {
-  ini.Write("Windows", kKey, "-5000,12345");
+  Store("Windows", kKey, "-5000,12345");
   const auto dialog = NewDialog();
   dialog->show();
   QApplication::processEvents();  // the window system may move the dialog
@@ -60,14 +60,14 @@ TEST_F(PlacedDialogTest, AStoredPositionOutsideOfTheScreenIsUsed) {
 }
 
 TEST_F(PlacedDialogTest, AMissingFieldCountsAsZero) {
-  ini.Write("Windows", kKey, "300");
+  Store("Windows", kKey, "300");
   const auto dialog = NewDialog();
   dialog->show();
   EXPECT_EQ(dialog->pos(), QPoint(300, 0));
 }
 
 TEST_F(PlacedDialogTest, WithoutSavingADialogIsAlwaysCentredAndNoKeyIsWritten) {
-  ini.Write("Windows", kKey, "7,8");
+  Store("Windows", kKey, "7,8");
   flags.windows = false;
   const QPoint places[] = {{100, 80}, {160, 40}};
   for (const QPoint& place : places) {
@@ -98,7 +98,7 @@ TEST_F(PlacedDialogTest, AFramedDialogIsCentredOverAMainWindowWithoutAFrame) {
   bare.setGeometry(100, 80, 1000, 700);
   bare.show();
   ASSERT_EQ(bare.frameGeometry(), bare.geometry());
-  dialogs::PlacedDialog dialog({bare, ini, flags}, kKey);
+  dialogs::PlacedDialog dialog({bare, ini, flags}, settings::kHelpInfoPosition);
   dialog.show();
   ASSERT_NE(dialog.frameGeometry(), dialog.geometry());
   EXPECT_EQ(dialog.pos(), Centred(bare.geometry(), dialog.frameGeometry()));

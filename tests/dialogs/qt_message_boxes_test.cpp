@@ -37,7 +37,7 @@ TEST_F(QtMessageBoxesTest, EveryBoxOfASequenceBelongsToTheMainWindow) {
 }
 
 TEST_F(QtMessageBoxesTest, EveryBoxOfASequenceBelongsToTheOpenDialog) {
-  dialogs::PlacedDialog dialog(placement, "HelpInfo");
+  dialogs::PlacedDialog dialog(placement, settings::kHelpInfoPosition);
   dialog.setModal(true);
   dialog.show();
   QApplication::processEvents();

@@ -136,9 +136,10 @@ void RegionsCommand(const Arguments&, Context& context) {
   for (const data::Region& row : table.rows) {
     // Row 0 is the world view. It has the choice of its centre instead of a code and a name.
     const bool world = rows.isEmpty();
-    rows.append(QJsonArray{world ? QJsonValue(RuleOf(table.centreWorld).setting) : Utf8(row.code),
-                           world ? SingleValue(table.centreWorldAtLon) : QJsonValue(Utf8(row.name)),
-                           row.fromLon, row.fromLat, row.toLon, row.toLat});
+    rows.append(
+        QJsonArray{world ? QJsonValue(QString::number(static_cast<int>(table.centreWorld))) : Utf8(row.code),
+                   world ? SingleValue(table.centreWorldAtLon) : QJsonValue(Utf8(row.name)), row.fromLon,
+                   row.fromLat, row.toLon, row.toLat});
   }
   context.answer({{"regions", rows}});
 }

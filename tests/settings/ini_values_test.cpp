@@ -87,13 +87,39 @@ TEST_F(IniValuesTest, AReadOnlyFileIsReadButEveryDefaultShowsItsBox) {
   EXPECT_EQ(test::ReadBytes(file_), "[a]\r\nk=1\r\n");
 }
 
-TEST_F(IniValuesTest, AnIniFileHasAName) {
+TEST_F(IniValuesTest, FindWritesNothingAndReadWritesTheDefault) {
   IniFile ini(file_, values_);
   EXPECT_EQ(ini.Path(), file_);
-  EXPECT_EQ(ini.Read("s", "k"), std::nullopt);
-  EXPECT_EQ(ini.Read("s", "k", "d"), "d");
-  EXPECT_TRUE(ini.Write("s", "k", "e"));
-  EXPECT_EQ(ini.Read("s", "k"), "e");
+  EXPECT_EQ(ini.Find(kSplashSeconds), std::nullopt);
+  EXPECT_FALSE(std::filesystem::exists(file_));
+  EXPECT_EQ(ini.Read(kSplashSeconds), 2);
+  EXPECT_EQ(ini.Find(kSplashSeconds), 2);
+  EXPECT_EQ(test::ReadBytes(file_), "[SplashWindow]\r\nSecondsToShow=2\r\n");
+}
+
+TEST_F(IniValuesTest, EachTypeOfSettingIsReadAsItWasWritten) {
+  IniFile ini(file_, values_);
+  ini.Write(kSaveMainWindow, false);
+  ini.Write(kMainWindowState, 2);
+  ini.Write(kMainWindowPosition, {-7, 12345});
+  ini.Write(kWorldCentreLongitude, -12.5);
+  ini.Write(kColours, "Coast", "1,2,3");
+  EXPECT_EQ(test::ReadBytes(file_),
+            "[MainWindow]\r\nSave=0\r\nState=2\r\nPosition=-7,12345\r\n[Region]\r\nCentreWorldAtLON=-12.5\r\n"
+            "[Colors]\r\nCoast=1,2,3\r\n");
+  EXPECT_FALSE(ini.Read(kSaveMainWindow));
+  EXPECT_EQ(ini.Read(kMainWindowState), 2);
+  EXPECT_EQ(ini.Read(kMainWindowPosition, {0, 0}), std::pair(-7, 12345));
+  EXPECT_EQ(ini.Read(kWorldCentreLongitude), -12.5);
+  EXPECT_EQ(ini.Read(kColours, "Coast", ""), "1,2,3");
+}
+
+TEST_F(IniValuesTest, ASwitchWhoseDefaultCannotBeWrittenHasItsOtherValue) {
+  IniFile ini(folder_ / "no such folder" / "zerbal.ini", values_);
+  EXPECT_FALSE(ini.Read(kSaveMainWindow));
+  EXPECT_TRUE(ini.Read(kSearchOrigin));
+  EXPECT_EQ(ini.Read(kSplashSeconds), std::nullopt);
+  EXPECT_EQ(boxes_.shown.size(), 3U);
 }
 
 }  // namespace
