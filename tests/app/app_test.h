@@ -15,8 +15,8 @@
 
 #include "app/start_up.h"
 #include "map/recorder.h"
-#include "settings/profile_file.h"
 #include "support/recorded_boxes.h"
+#include "support/settings_file.h"
 #include "support/small_world.h"
 #include "support/temp_folder.h"
 
@@ -53,6 +53,8 @@ class FakeDialogs final : public app::Dialogs {
 
 class AppTest : public testing::Test {
  protected:
+  void SetUp() override { DisableSplashWait(folder.Path()); }
+
   /// Writes the world's files to the folder and runs the start-up there.
   bool Start() {
     world.Write(folder.Path());
@@ -69,7 +71,7 @@ class AppTest : public testing::Test {
   std::string Ini(const char* section, const char* key) const {
     return settings::ReadProfileString(IniFile(), section, key, "(missing)", 2000);
   }
-  std::filesystem::path IniFile() const { return folder / "zerbal.ini"; }
+  std::filesystem::path IniFile() const { return folder / kSettingsFile; }
   /// Makes the settings file unwritable: a folder has its name.
   void MakeIniUnwritable() { std::filesystem::create_directory(IniFile()); }
 
@@ -106,11 +108,11 @@ class AppTest : public testing::Test {
   std::optional<app::Main> main;
 };
 
-/// A program that has started without a splash wait.
+/// A program that has started.
 class RunningTest : public AppTest {
  protected:
   void SetUp() override {
-    SetIni("SplashWindow", "SecondsToShow", "0");
+    AppTest::SetUp();
     ASSERT_TRUE(Start());
   }
 };

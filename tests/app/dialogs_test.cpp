@@ -61,7 +61,7 @@ std::vector<Form> Forms() {
 class DialogOf : public test::AppTest, public testing::WithParamInterface<Form> {
  protected:
   void SetUp() override {
-    SetIni("SplashWindow", "SecondsToShow", "0");
+    AppTest::SetUp();
     world.Write(folder.Path());
     main.emplace(Environment{WithSeparator(folder.Path()), clock, random, boxes, &drawn});
     ASSERT_TRUE(main->Start());

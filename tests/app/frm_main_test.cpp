@@ -27,7 +27,6 @@ constexpr const char* kTwins[][2] = {{"mnuFlitAprt", "mnuPopFlitAprt"},
 
 class MainWindow : public test::AppTest {
  protected:
-  void SetUp() override { SetIni("SplashWindow", "SecondsToShow", "0"); }
   bool IsChecked(const char* name) { return Entry(name)->isChecked(); }
   void ExpectTwinsEqual() {
     for (const auto& twins : kTwins)

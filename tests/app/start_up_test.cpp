@@ -22,8 +22,6 @@ using Boxes = std::vector<RecordedBox>;
 
 class StartUp : public test::AppTest {
  protected:
-  void SetUp() override { SetIni("SplashWindow", "SecondsToShow", "0"); }
-
   RecordedBox NotFound(const char* folderName, const char* file) const {
     const std::string path = (folder / folderName / file).string();
     return {BoxIcon::kExclamation, "File '" + path + "' could not be found."};
@@ -206,24 +204,35 @@ TEST_F(StartUp, ShutDownUnloadsTheMainWindow) {
   EXPECT_EQ(test::ReadBytes(IniFile()), text);
 }
 
-TEST_F(StartUp, FillsTheSettingsFile) {
+TEST_F(StartUp, FillsAMissingSettingsFileWithTheDefaults) {
   std::filesystem::remove(IniFile());
   ASSERT_TRUE(Start());
-  EXPECT_EQ(Ini("SplashWindow", "SecondsToShow"), "2");
-  EXPECT_EQ(Ini("MainWindow", "Save"), "1");
-  EXPECT_EQ(Ini("MainWindow", "State"), "0");
-  EXPECT_EQ(Ini("Windows", "Save"), "1");
-  EXPECT_EQ(Ini("MenuEntryChecked", "Save"), "0");
-  EXPECT_EQ(Ini("MenuEntryChecked", "ViewRiver"), "(missing)");
-  EXPECT_EQ(Ini("Fonts", "Far"), "Arial,7");
-  EXPECT_EQ(Ini("Colors", "Coast"), "10,10,10");
-  EXPECT_EQ(Ini("FlightColors", "NORX"), "0,0,190");
-  EXPECT_EQ(Ini("Region", "CentreWorld"), "1");
-  EXPECT_EQ(Ini("Region", "CentreWorldAtLON"), "0");
-  EXPECT_EQ(Ini("Program", "RandomFlitHowMany"), "2");
-  EXPECT_EQ(Ini("Program", "SeleDestCheckDest"), "1");
-  EXPECT_EQ(Ini("Program", "SeleDestCheckStop"), "1");
-  EXPECT_EQ(Ini("Program", "SeleDestCheckArr"), "1");
+  const std::string position = Ini("MainWindow", "Position");
+  const std::string size = Ini("MainWindow", "Size");
+  EXPECT_EQ(test::ReadBytes(IniFile()),
+            "[SplashWindow]\r\nSecondsToShow=2\r\n"
+            "[MainWindow]\r\nSave=1\r\nState=0\r\nPosition=" +
+                position + "\r\nSize=" + size +
+                "\r\n[Windows]\r\nSave=1\r\n"
+                "[MenuEntryChecked]\r\nSave=0\r\n"
+                "[Fonts]\r\nFar=Arial,7\r\nNear=Arial,8\r\n"
+                "[Colors]\r\nBackground=230,240,250\r\nZoom=250,0,0\r\nCentre=120,0,120\r\n"
+                "Coast=10,10,10\r\nRivers=0,60,220\r\nBoundaries=150,75,0\r\n"
+                "OtherAirports=100,100,100\r\nDestAirports=0,120,0\r\nAircraft=255,255,255\r\n"
+                "[FlightColors]\r\nNOR=0,0,250\r\nNORX=0,0,190\r\nOCE=250,130,0\r\nNEW=8,8,8\r\n"
+                "[Region]\r\nCentreWorld=1\r\nCentreWorldAtLON=0\r\n"
+                "[Program]\r\nRandomFlitHowMany=2\r\nSeleDestCheckDest=1\r\n"
+                "SeleDestCheckStop=1\r\nSeleDestCheckArr=1\r\n");
+}
+
+TEST_F(StartUp, FillsMissingCheckMarksWithTheDefaults) {
+  SetIni("MenuEntryChecked", "Save", "1");
+  ASSERT_TRUE(Start());
+  EXPECT_NE(test::ReadBytes(IniFile()).find(
+                "[MenuEntryChecked]\r\nSave=1\r\nViewCentreOfMap=0\r\nViewRiver=0\r\n"
+                "ViewIntBoundary=0\r\nViewAllAirport=0\r\nViewDestination=0\r\nShowAirport=1\r\n"
+                "ShowFlightnumber=1\r\nShowLegnumber=0\r\nShowAircraftSymbol=0\r\n"),
+            std::string::npos);
 }
 
 TEST_F(StartUp, TheSplashStaysForTheTimeInTheSettings) {

@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include "settings/profile_file.h"
+#include "support/settings_file.h"
 #include "support/small_world.h"
 #include "support/temp_folder.h"
 
@@ -27,7 +28,7 @@ struct Ran {
 
 class ProgramTest : public testing::Test {
  protected:
-  ProgramTest() { SetIni("SplashWindow", "SecondsToShow", "0"); }
+  ProgramTest() { test::DisableSplashWait(folder.Path()); }
 
   void SetIni(const char* section, const char* key, std::string_view value) {
     settings::WriteProfileString(folder / "zerbal.ini", section, key, value);

@@ -3,6 +3,7 @@
 
 #include <filesystem>
 
+#include "settings/catalogue.h"
 #include "settings/profile_file.h"
 
 namespace zerbal::test {
@@ -12,7 +13,8 @@ inline const std::filesystem::path kSettingsFile = "zerbal.ini";
 
 /// Sets the splash time to 0, so that a test does not wait for it.
 inline void DisableSplashWait(const std::filesystem::path& folder) {
-  settings::WriteProfileString(folder / kSettingsFile, "SplashWindow", "SecondsToShow", "0");
+  const auto [section, key] = settings::kSplashSeconds.key;
+  settings::WriteProfileString(folder / kSettingsFile, section, key, "0");
 }
 
 }  // namespace zerbal::test
