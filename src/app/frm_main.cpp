@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "paint/colour.h"
 #include "settings/message_boxes.h"
 
 namespace zerbal::app {
@@ -192,7 +193,7 @@ void frmMain::ShowState() {
 
 void frmMain::SetBackground(data::Rgb colour) {
   QPalette palette = client_->palette();
-  palette.setColor(QPalette::Window, QColor(colour.red, colour.green, colour.blue));
+  palette.setColor(QPalette::Window, paint::ToQColor(colour));
   client_->setPalette(palette);
 }
 

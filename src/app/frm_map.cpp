@@ -9,6 +9,7 @@
 #include "base/numbers.h"
 #include "map/position_text.h"
 #include "map/tee_surface.h"
+#include "paint/colour.h"
 #include "paint/picture_surface.h"
 
 namespace zerbal::app {
@@ -70,8 +71,7 @@ void frmMap::TakeLooks() {
   const QFont wanted(QString::fromStdString(mapFont.name), mapFont.size);
   if (font() != wanted)
     setFont(wanted);
-  const data::Rgb background = scene_.style.colours[data::ColourCode::kMapBg];
-  background_ = QColor(background.red, background.green, background.blue);
+  background_ = paint::ToQColor(scene_.style.colours[data::ColourCode::kMapBg]);
 }
 
 void frmMap::PreparePicture() {
@@ -104,10 +104,9 @@ void frmMap::paintEvent(QPaintEvent* event) {
   if (!picture_.isNull() && picture_.devicePixelRatio() != devicePixelRatioF())
     Redraw();  // the window moved to a screen of another resolution
   QPainter painter(this);
-  const data::Rgb& margin = scene_.style.colours[data::ColourCode::kMapBg];
   const double ratio = devicePixelRatioF();
   if (picture_.width() < std::floor(width() * ratio) || picture_.height() < std::floor(height() * ratio))
-    painter.fillRect(event->rect(), QColor(margin.red, margin.green, margin.blue));
+    painter.fillRect(event->rect(), paint::ToQColor(scene_.style.colours[data::ColourCode::kMapBg]));
   // At a fractional ratio the window may start inside a device pixel; the picture starts on a whole one.
   const QPointF corner = painter.deviceTransform().map(QPointF(0, 0));
   const QPointF whole(std::round(corner.x()), std::round(corner.y()));

@@ -3,16 +3,14 @@
 #include <QGridLayout>
 #include <QLabel>
 
+#include "paint/colour.h"
+
 namespace zerbal::dialogs {
 namespace {
 
 constexpr int kFigureWidth = 56;
 constexpr int kFigureHeight = 20;
 constexpr int kGap = 12;
-
-QColor ToQColor(data::Rgb rgb) {
-  return {rgb.red, rgb.green, rgb.blue};
-}
 
 QLabel* NewLabel(QWidget& parent, const QString& name, const QString& text) {
   auto* label = new QLabel(text, &parent);
@@ -113,7 +111,7 @@ void ColourSample::AddAircraftRow() {
 }
 
 void ColourSample::SetColour(std::size_t entry, data::Rgb colour) {
-  const QColor shown = ToQColor(colour);
+  const QColor shown = paint::ToQColor(colour);
   if (entry == 0) {
     QPalette palette = map_.palette();
     palette.setColor(QPalette::Window, shown);

@@ -3,6 +3,7 @@
 #include <QSignalBlocker>
 #include <algorithm>
 
+#include "paint/colour.h"
 #include "ui_frm_colo_sett.h"
 
 namespace zerbal::dialogs {
@@ -85,7 +86,7 @@ void frmColoSett::TakeColour() {
   ui_->lblRedVal->setNum(rgb.red);
   ui_->lblGreVal->setNum(rgb.green);
   ui_->lblBluVal->setNum(rgb.blue);
-  ui_->shpSelCol->SetColour(QColor(rgb.red, rgb.green, rgb.blue));
+  ui_->shpSelCol->SetColour(paint::ToQColor(rgb));
   sample_->SetColour(current_, rgb);
 }
 

@@ -1,5 +1,6 @@
 #include "dialogs/frm_sele_flit.h"
 
+#include "paint/colour.h"
 #include "ui_frm_sele_flit.h"
 
 namespace zerbal::dialogs {
@@ -25,10 +26,9 @@ frmSeleFlit::~frmSeleFlit() = default;
 void frmSeleFlit::ListFlights() {
   const int position = ui_->cboFSrv->currentIndex();
   // With all services listed the colour of the one chosen last stays.
-  if (position > 0) {
-    const data::Rgb rgb = Context().services.at(static_cast<std::size_t>(position - 1)).rgb;
-    ui_->shpFSrv->SetColour(QColor(rgb.red, rgb.green, rgb.blue));
-  }
+  if (position > 0)
+    ui_->shpFSrv->SetColour(
+        paint::ToQColor(Context().services.at(static_cast<std::size_t>(position - 1)).rgb));
   Context().state.chosenService = position;
   const data::FlightList list =
       data::FlightsOfService(Context().Source(), position, ui_->chkCity4Stop->isChecked());

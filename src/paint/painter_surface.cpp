@@ -4,14 +4,11 @@
 #include <algorithm>
 #include <cmath>
 
+#include "paint/colour.h"
 #include "paint/prepared_pictures.h"
 
 namespace zerbal::paint {
 namespace {
-
-QColor ToColour(data::Rgb colour) {
-  return {colour.red, colour.green, colour.blue};
-}
 
 ClipArea Around(const QRectF& area) {
   const auto whole = [](double value) { return static_cast<std::int32_t>(std::clamp(value, -1e8, 1e8)); };
@@ -27,14 +24,14 @@ PainterSurface::PainterSurface(QPainter& painter, double scale, const QRectF& ar
 }
 
 void PainterSurface::Clear(data::Rgb colour) {
-  painter_.fillRect(area_, ToColour(colour));
+  painter_.fillRect(area_, ToQColor(colour));
 }
 
 void PainterSurface::UsePen(const map::Pen& pen) {
   if (pen_ == pen)
     return;
   pen_ = pen;
-  QPen result(ToColour(pen.colour), scale_.LineWidth(pen.width));
+  QPen result(ToQColor(pen.colour), scale_.LineWidth(pen.width));
   if (pen.style == map::LineStyle::kDotted) {
     result.setCapStyle(Qt::FlatCap);
     result.setDashPattern({1, 1});
@@ -100,7 +97,7 @@ void PainterSurface::Circle(TwipPoint centre, std::int32_t radius, data::Rgb col
   painter_.save();
   painter_.setRenderHint(QPainter::Antialiasing);
   if (fill)
-    painter_.setBrush(ToColour(colour));
+    painter_.setBrush(ToQColor(colour));
   painter_.drawEllipse(QPointF(at.x + middle, at.y + middle), reach, reach);
   painter_.restore();
 }
