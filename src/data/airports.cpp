@@ -32,7 +32,7 @@ struct AirportTable {
       if (field.Exists() && !field.Of(rows).IsNull())
         return field.Of(rows).AsLong();
     } catch (const jet::EngineError&) {
-      // Counts as if it had never been filled in.
+      // Treated as an empty field.
     }
     return 0;
   }
@@ -53,7 +53,7 @@ struct AirportTable {
   /// In the order of AirportCriteria::numeric.
   std::array<TableField, 3> numbers{TableField(rows, "AP_Elev"), TableField(rows, "AP_RwyNr"),
                                     TableField(rows, "AP_RwyMaxL")};
-  std::string codeText, nameText, cityText, ilsText;  // keep their memory
+  std::string codeText, nameText, cityText, ilsText;  // reused buffers
 };
 
 MapPosition Airport::Position() const {

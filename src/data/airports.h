@@ -18,7 +18,7 @@ namespace zerbal::data {
 struct AirportTable;  // the open table and its fields
 
 /// The airport that a visit or a look-up has reached; valid until the next one of the same Airports. Each
-/// value is read when it is asked for, and throws an error of the engine when it cannot be read.
+/// value is read when it is asked for, and throws jet::EngineError when it cannot be read.
 class Airport {
  public:
   MapPosition Position() const;
@@ -39,7 +39,7 @@ class Airports {
  public:
   using Visitor = std::function<void(const Airport&)>;
 
-  /// Throws an error of the engine when the table cannot be opened.
+  /// Throws jet::EngineError when the table cannot be opened.
   Airports(const jet::Database& database, const char* table);
   Airports(Airports&&) noexcept;
   Airports& operator=(Airports&&) noexcept;
@@ -48,8 +48,7 @@ class Airports {
   /// Visits every airport.
   void Visit(const Visitor& visit) const;
   /// Visits the airports that meet the criteria. A number that a criterion needs and that cannot be read
-  /// counts as 0, a text as empty. There are none to visit when the table lacks a field of position, code,
-  /// name or city.
+  /// is 0, a text is empty. Visits none when the table lacks a field of position, code, name or city.
   void VisitMeeting(const AirportCriteria& criteria, const Visitor& visit) const;
   /// The airport with exactly this code.
   std::optional<Airport> Find(std::string_view code) const;

@@ -11,9 +11,9 @@
 
 namespace zerbal::data {
 
-/// What a degree is in stored numbers.
+/// Stored units per degree.
 inline constexpr std::int32_t kStoredDegree = 1'000'000;
-/// A row with this longitude ends a line; its latitude has no meaning.
+/// A row with this longitude ends a line; its latitude is ignored.
 inline constexpr std::int32_t kEndOfLine = -kStoredDegree;
 
 /// A point of a line as it is stored: map frame, in units of 1 / kStoredDegree degrees.
@@ -34,11 +34,11 @@ struct StoredRange {
   bool Contains(std::int32_t number) const { return static_cast<std::uint32_t>(number) - lowest < count; }
 };
 
-/// Which points a reader wants.
+/// The points that a reader needs.
 struct StoredBounds {
   StoredRange lons;
   StoredRange lats;
-  bool lonsExcluded = false;  ///< `lons` are the longitudes that are not wanted
+  bool lonsExcluded = false;  ///< `lons` are the longitudes that are not needed
   bool Contain(StoredPoint point) const {
     return lons.Contains(point.lon) != lonsExcluded && lats.Contains(point.lat);
   }
@@ -48,13 +48,13 @@ enum class LineKind { kCoast, kRiver, kBoundary };
 
 struct BaseMapFiles;  // the open databases
 
-/// Tables are opened for each visit. A table that does not exist has no lines, nor has a kind without a file.
+/// Tables are opened for each visit. A table or file that does not exist has no lines.
 class BaseMap {
  public:
   /// Is given neighbouring points of one line, two or more, all of them within the bounds.
   using Visitor = std::function<void(std::span<const StoredPoint>)>;
 
-  /// The map may do without rivers and boundaries. Throws an error of the engine when a file cannot be
+  /// Rivers and boundaries are optional. Throws jet::EngineError when a file cannot be
   /// opened.
   BaseMap(const std::filesystem::path& coast, const std::optional<std::filesystem::path>& river,
           const std::optional<std::filesystem::path>& boundary);
@@ -62,8 +62,8 @@ class BaseMap {
   BaseMap& operator=(BaseMap&&) noexcept;
   ~BaseMap();
 
-  // Both visit lines in stored order. A line that leaves the bounds and comes back is visited part by part.
-  // An error of the engine is thrown after the points before it have been visited.
+  // Both visit lines in stored order. A line that leaves the bounds and comes back is visited in parts.
+  // jet::EngineError is thrown after the points before it have been visited.
 
   /// The coast of the whole world, in low detail.
   void VisitOverview(const StoredBounds& bounds, const Visitor& visit) const;

@@ -5,7 +5,7 @@
 
 namespace zerbal::data {
 
-/// A counter would exceed 32767. Ends the program as an error of the engine does.
+/// A counter would exceed 32767. Ends the program, as jet::EngineError does.
 class OverflowError : public std::runtime_error {
  public:
   OverflowError() : std::runtime_error("Overflow: more than 32767 entries.") {}

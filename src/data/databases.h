@@ -35,7 +35,7 @@ struct Databases {
   BaseMap baseMap;
 };
 
-/// Opens all of them. Throws an error of the engine when one cannot be opened.
+/// Opens all of them. Throws jet::EngineError when one cannot be opened.
 Databases OpenDatabases(const DataFiles& files);
 
 }  // namespace zerbal::data

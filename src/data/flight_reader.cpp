@@ -11,7 +11,7 @@ constexpr std::array<const char*, kMaxStopovers> kStopFields = {
     "Flit_Stop1", "Flit_Stop2", "Flit_Stop3", "Flit_Stop4", "Flit_Stop5",
     "Flit_Stop6", "Flit_Stop7", "Flit_Stop8", "Flit_Stop9", "Flit_Stop10"};
 
-/// The text at this position of the route, made if need be.
+/// The text at this position of the route, added when it is missing.
 std::string& Point(Flight& flight, std::size_t position) {
   if (position == flight.route.size())
     flight.route.emplace_back();

@@ -1,4 +1,4 @@
-// Reading flights from the rows of their table. For data/ itself and zerbal-pack.
+// Reads flights from the rows of their table. Internal to data/ and zerbal-pack.
 #pragma once
 
 #include <vector>
@@ -16,8 +16,8 @@ struct FlightFields {
   std::vector<TableField> stops;  ///< kMaxStopovers
 };
 
-/// Reads the current row into `flight`, whose memory is used again. The first Null ends the stopovers: what
-/// follows it does not count. Throws jet::EngineError when a field that is needed is missing or cannot be
+/// Reads the current row into `flight`, whose memory is reused. The first Null ends the stopovers: the fields
+/// after it are ignored. Throws jet::EngineError when a field that is needed is missing or cannot be
 /// read.
 void ReadFlight(const jet::Recordset& flights, const FlightFields& fields, Flight& flight);
 

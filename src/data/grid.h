@@ -1,4 +1,4 @@
-// The grid that cuts the world into the tiles of the detailed map.
+// The grid that divides the world into the tiles of the detailed map.
 #pragma once
 
 #include <array>

@@ -1,4 +1,4 @@
-// Reads the rows of a table that are known by their codes. For data/ itself.
+// Reads the rows of a table that are known by their codes. Internal to data/.
 #pragma once
 
 #include <cstddef>

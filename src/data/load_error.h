@@ -1,11 +1,11 @@
-// What is thrown when the databases lack what the program cannot do without.
+// The error of databases that lack rows which the program needs.
 #pragma once
 
 #include <stdexcept>
 
 namespace zerbal::data {
 
-/// The databases are sound, but rows are missing. what() is the message for the user, with settings::NL as
+/// The databases can be read, but rows are missing. what() is the message for the user, with settings::NL as
 /// line break.
 class LoadError : public std::runtime_error {
  public:

@@ -1,4 +1,4 @@
-// The source of random numbers; start-up and tests supply it.
+// The interface of the source of random numbers.
 #pragma once
 
 #include <algorithm>

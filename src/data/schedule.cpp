@@ -27,7 +27,7 @@ struct ScheduleTables {
   jet::Recordset flights;
   FlightFields fields{flights};
   bool byKey = false;  ///< the index of keys is selected
-  // Keep their memory.
+  // Reused buffers.
   Flight flight;
   std::string origin, destination;
 };

@@ -17,14 +17,13 @@ namespace zerbal::data {
 
 struct ScheduleTables;  // the open tables
 
-/// The flight that a visit or a look-up has reached; valid until the next one. Reading throws an error of the
-/// engine when a field is missing or cannot be read.
+/// The flight that a visit or a look-up has reached; valid until the next one. Reading throws
+/// jet::EngineError when a field is missing or cannot be read.
 class FlightRow {
  public:
   /// The whole flight. Valid until the next flight is read.
   const Flight& Read() const;
-  // Origin and destination alone, which takes a fraction of the time. Each is valid until it is asked for
-  // again.
+  // Origin and destination alone, which is much faster. Each is valid until it is read again.
   std::string_view Origin() const;
   std::string_view Destination() const;
 
@@ -45,7 +44,7 @@ class Schedule {
   Schedule& operator=(Schedule&&) noexcept;
   ~Schedule();
 
-  /// All services in display order. Throws LoadError when there is none, an error of the engine for a colour
+  /// All services in display order. Throws LoadError when there is none, jet::EngineError for a colour
   /// component outside 0..255, OverflowError beyond 32767 services.
   FlightServiceTable LoadServices() const;
 

@@ -1,4 +1,4 @@
-// Open tables and their fields. For data/ itself.
+// Open tables and their fields. Internal to data/.
 #pragma once
 
 #include <optional>

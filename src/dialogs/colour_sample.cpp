@@ -45,7 +45,7 @@ ColourSample::ColourSample(QWidget& map, const data::FlightServiceTable& service
   grid_->setColumnStretch(2, 1);
   grid_->setHorizontalSpacing(kGap);
   using data::ColourCode;
-  rows_.emplace_back();  // the background has no figure of its own
+  rows_.emplace_back();  // the background has no figure
   zoomBox_ = AddRow("shpMapZoomB", Shape::Kind::kInvertedFrame, "lblMapZoomB", ColourCode::kZoom);
   AddRow("shpMapCentr", Shape::Kind::kCentreMark, "lblMapCentr", ColourCode::kCentre);
   AddRow("linMapCoast", Shape::Kind::kLine, "lblMapCoast", ColourCode::kCoast);
@@ -79,7 +79,7 @@ Shape* ColourSample::AddRow(const QString& shapeName, Shape::Kind kind, const QS
 
 void ColourSample::AddAirportRow(const QString& layer, data::ColourCode colour) {
   AddRow("shpMap" + layer, Shape::Kind::kDisc, "lblMap" + layer, colour);
-  // The label that the map would put beside the marker stands in the same line.
+  // The label that the map puts beside the marker is in the same row.
   QLabel* name = rows_.back().labels.front();
   grid_->removeWidget(name);
   grid_->addWidget(name, static_cast<int>(rows_.size()) - 1, 1);

@@ -25,7 +25,7 @@ class ColourSample {
   void SetColour(std::size_t entry, data::Rgb colour);
 
  private:
-  /// One line of the sample: a figure and its label.
+  /// A row of the sample: a figure and its label.
   Shape* AddRow(const QString& shapeName, Shape::Kind kind, const QString& labelName, const QString& caption);
   Shape* AddRow(const QString& shapeName, Shape::Kind kind, const QString& labelName,
                 data::ColourCode colour);

@@ -1,5 +1,5 @@
-// What the three flight finding dialogs share: their data, and the list of flights from which the user
-// selects some to be drawn.
+// The base class of the three flight finding dialogs: their data, and the list from which the user selects
+// the flights to be drawn.
 #pragma once
 
 #include <QPushButton>
@@ -15,7 +15,7 @@
 
 namespace zerbal::dialogs {
 
-/// What the dialogs read and write beyond their own controls; all of it outlives them.
+/// What the dialogs read and write; all of it outlives them.
 struct FinderContext {
   data::FlightServiceTable& services;
   const data::Schedule& schedule;
@@ -36,8 +36,7 @@ class FinderDialog : public PlacedDialog {
                const FinderContext& context);
   ~FinderDialog() override;
 
-  /// To be called once the form is set up: its list of flights and the buttons that belong to it work from
-  /// then on.
+  /// Connects the list of flights and its buttons. Called once, after the form is set up.
   template <class Form>
   void UseFlightList(const Form& form) {
     flights_ = std::make_unique<FlightListView>(*form.lstFlit, *form.lstFUni);

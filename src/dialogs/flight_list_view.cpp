@@ -11,7 +11,7 @@
 namespace zerbal::dialogs {
 namespace {
 
-/// Shows a line that the list is too narrow for whole, in a tool tip.
+/// Shows a line in a tool tip when the list is too narrow for it.
 class WholeLineTip final : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
@@ -20,7 +20,7 @@ class WholeLineTip final : public QStyledItemDelegate {
                  const QModelIndex& index) override {
     const QRect line = view->visualRect(index);
     const bool cut = index.isValid() && sizeHint(option, index).width() > line.width();
-    // As a paragraph it is broken into lines; it is no markup itself.
+    // A paragraph is broken into lines. The text itself is not markup.
     const QString text = cut ? "<p>" + index.data().toString().toHtmlEscaped() + "</p>" : QString();
     QToolTip::showText(event->globalPos(), text, view->viewport(), line);
     return true;
@@ -55,7 +55,7 @@ void ListLines::SelectRow(int row) {
 
 std::vector<int> ListLines::SelectedRows() const {
   std::vector<int> rows;
-  // By ranges: a list of single indexes would cost an object a line.
+  // A list of single indexes would need one object per line.
   for (const QItemSelectionRange& range : view_.selectionModel()->selection()) {
     for (int row = range.top(); row <= range.bottom(); ++row)
       rows.push_back(row);

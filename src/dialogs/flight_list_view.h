@@ -11,7 +11,7 @@
 
 namespace zerbal::dialogs {
 
-/// Fills a list view through a model, so that tens of thousands of lines cost no widget each.
+/// Fills a list view through a model, so that tens of thousands of lines need no widget each.
 class ListLines {
  public:
   explicit ListLines(QListView& view);
@@ -39,8 +39,8 @@ class FlightListView {
   void Clear() { SetFlights({}, {}); }
   void SelectAll(bool selected) { lines_.SelectAll(selected); }
 
-  /// Puts the keys of the selected lines, in list order, into `selectedFlights`. With none selected says so
-  /// in a box, changes nothing and returns false. Throws OverflowError beyond 32767 flights.
+  /// Puts the keys of the selected lines, in list order, into `selectedFlights`. With none selected
+  /// shows a box, changes nothing and returns false. Throws OverflowError beyond 32767 flights.
   bool HandOver(std::vector<std::string>& selectedFlights, settings::MessageBoxes& boxes) const;
 
  private:

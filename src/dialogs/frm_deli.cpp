@@ -116,7 +116,7 @@ void frmDeli::AskAgain(const Group& group) {
 }
 
 void frmDeli::Confirm() {
-  // Every pair is looked at, selected or not, since every number is stored.
+  // Every pair is checked, selected or not, because every number is stored.
   for (const Group& group : groups_) {
     if (group.from->Number() > group.to->Number()) {
       boxes_.Show(settings::BoxIcon::kExclamation, "The from-value cannot be larger than the to-value");

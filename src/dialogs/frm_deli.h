@@ -19,8 +19,8 @@ namespace zerbal::dialogs {
 
 class NumberEdit;
 
-/// One dialog for both layers: it differs only in title, set and remembered position. OK stores every number,
-/// those of unselected limits and inactive criteria too, so that they are there again next time.
+/// One dialog for both layers: it differs only in title, set and position. OK stores every number,
+/// those of unselected limits and inactive criteria too, so that the dialog shows them again.
 class frmDeli final : public PlacedDialog {
   Q_OBJECT
 

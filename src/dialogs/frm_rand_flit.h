@@ -1,4 +1,4 @@
-// Drawing one flight or one round trip by lot.
+// The dialog that draws a random flight or round trip.
 #pragma once
 
 #include <memory>

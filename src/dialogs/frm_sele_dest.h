@@ -1,4 +1,4 @@
-// Choosing among the flights that touch one of the airline's destinations.
+// The dialog that selects flights which touch one of the destinations.
 #pragma once
 
 #include <memory>
@@ -23,7 +23,7 @@ class frmSeleDest final : public FinderDialog {
 
  private:
   void ListAirports();
-  /// The list no longer answers what the controls ask: empty and disabled.
+  /// Empties and disables the list: it no longer matches the controls.
   void DropResult();
   void EnableResult(bool enabled);
   void Search();

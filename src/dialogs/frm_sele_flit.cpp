@@ -25,7 +25,7 @@ frmSeleFlit::~frmSeleFlit() = default;
 
 void frmSeleFlit::ListFlights() {
   const int position = ui_->cboFSrv->currentIndex();
-  // With all services listed the colour of the one chosen last stays.
+  // When all services are listed, the colour of the last chosen service remains.
   if (position > 0)
     ui_->shpFSrv->SetColour(
         paint::ToQColor(Context().services.at(static_cast<std::size_t>(position - 1)).rgb));

@@ -1,4 +1,4 @@
-// Choosing flights of one flight service, or of all.
+// The dialog that selects flights of one flight service, or of all.
 #pragma once
 
 #include <memory>

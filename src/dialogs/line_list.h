@@ -5,7 +5,7 @@
 
 namespace zerbal::dialogs {
 
-/// Wants room for so many lines of so many characters of average width, and can be made smaller.
+/// Its preferred size is `lines` lines of `characters` characters of average width. It can be smaller.
 class LineList final : public QListView {
   Q_OBJECT
   Q_PROPERTY(int characters MEMBER characters_)

@@ -18,7 +18,7 @@ bool AreDigits(const QString& text) {
   return std::all_of(text.begin(), text.end(), IsDigit);
 }
 
-/// Characters are filtered; keys that write nothing (arrows, Tab, Backspace, shortcuts) are not.
+/// Keys that write no character (arrows, Tab, Backspace, shortcuts) are not filtered.
 bool WritesCharacter(const QKeyEvent& event) {
   const QString text = event.text();
   const bool isShortcut = (event.modifiers() & ~Qt::ShiftModifier) == Qt::ControlModifier;
@@ -30,7 +30,7 @@ bool WritesCharacter(const QKeyEvent& event) {
 NumberEdit::NumberEdit(QWidget* parent) : QLineEdit("0", parent) {
   setAlignment(Qt::AlignRight);
   setInputMethodHints(Qt::ImhDigitsOnly);
-  // Boxes below each other are equally wide, whatever stands beside them.
+  // All boxes of a column have the same width.
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 

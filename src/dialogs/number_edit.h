@@ -1,4 +1,4 @@
-// The text box of every whole number that is typed into a dialog.
+// The text box of the whole numbers in dialogs.
 #pragma once
 
 #include <QLineEdit>
@@ -6,19 +6,19 @@
 
 namespace zerbal::dialogs {
 
-/// Takes the digits and Backspace only (any other character is refused with a beep), selects all its text
-/// when it gets the focus, also when its window is activated anew, and turns an empty text into "0" when it
-/// loses it. Pasted text is not filtered.
+/// Accepts digits and Backspace; refuses any other character with a beep. Selects all its text when it gets
+/// the focus, also when its window is activated again. Changes an empty text to "0" when it loses the focus.
+/// Does not filter pasted text.
 class NumberEdit final : public QLineEdit {
   Q_OBJECT
 
  public:
   explicit NumberEdit(QWidget* parent = nullptr);
 
-  /// The digits up to the first other character, 0 when there are none; limited to 32 bits.
+  /// The digits up to the first other character; 0 when there are none. Limited to 32 bits.
   std::int32_t Number() const;
   void SetNumber(std::int32_t number);
-  /// Takes the focus with all text selected. In a window that is not active both show once it is.
+  /// Takes the focus with all text selected. In an inactive window both take effect when it is activated.
   void AskAgain();
 
  protected:

@@ -12,12 +12,12 @@ PlacedDialog::PlacedDialog(const Placement& placement, const settings::PairSetti
     : QDialog(&placement.mainWindow), placement_(placement), position_(position) {}
 
 void PlacedDialog::setVisible(bool visible) {
-  // Before the window system knows the window: a place that is given then is that of its frame.
+  // A position that is set before the window is created applies to its frame.
   if (visible && !placed_) {
     placed_ = true;
     FitContents();
     awaitsFrame_ = !RestorePosition();
-    // Most often the window system gives both windows the same frame.
+    // Usually both windows get the same frame.
     if (awaitsFrame_)
       Centre(size() + placement_.mainWindow.frameGeometry().size() - placement_.mainWindow.size());
   }
@@ -31,7 +31,7 @@ void PlacedDialog::showEvent(QShowEvent* event) {
 
 void PlacedDialog::moveEvent(QMoveEvent* event) {
   QDialog::moveEvent(event);
-  // A window manager frames a window after it is shown, and thereby moves its inside.
+  // A window manager adds the frame after the window is shown, and thereby moves the contents.
   if (event->spontaneous())
     CentreOnceFramed();
 }
@@ -43,7 +43,7 @@ void PlacedDialog::done(int result) {
 
 void PlacedDialog::FitContents() {
   ensurePolished();
-  // From here on the size is not below the least that the contents need.
+  // This sets the minimum size of the contents.
   if (layout() != nullptr)
     layout()->activate();
   // adjustSize() would use no more than two thirds of the screen.

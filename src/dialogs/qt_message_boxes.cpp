@@ -18,7 +18,7 @@ QMessageBox::Icon QtIcon(settings::BoxIcon icon) {
   return QMessageBox::NoIcon;
 }
 
-/// The window that the user works in. Not the active one: right after another box has closed there is none.
+/// The window that the user works in. There may be no active window right after another box has closed.
 QWidget* CurrentWindow() {
   if (QWidget* dialog = QApplication::activeModalWidget())
     return dialog;
@@ -36,10 +36,10 @@ void QtMessageBoxes::Show(settings::BoxIcon icon, const std::string& text) {
   QWidget* const parent = CurrentWindow();
   QMessageBox box(QtIcon(icon), settings::kProgramTitle, QString::fromStdString(text), QMessageBox::Ok,
                   parent);
-  // Texts hold file names: nothing in them is markup.
+  // Texts contain file names, which are not markup.
   box.setTextFormat(Qt::PlainText);
   box.exec();
-  // Without a window manager nobody else makes the parent active again.
+  // Without a window manager the parent does not become active by itself.
   if (parent != nullptr)
     parent->activateWindow();
 }

@@ -7,7 +7,7 @@
 
 namespace zerbal::dialogs {
 
-/// Modal boxes over the topmost dialog, or over the main or splash window; that is active again afterwards.
+/// Modal boxes over the topmost dialog, or over the main or splash window, which is activated afterwards.
 class QtMessageBoxes final : public settings::MessageBoxes {
  public:
   void Show(settings::BoxIcon icon, const std::string& text) override;

@@ -1,4 +1,4 @@
-// A small coloured figure: the sample of a colour, as the map would draw it.
+// A small figure that shows a colour.
 #pragma once
 
 #include <QColor>

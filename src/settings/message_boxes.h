@@ -1,4 +1,4 @@
-// How the program speaks to its user in message boxes; start-up and tests supply the boxes.
+// The interface of message boxes: on the screen, or recorded by a test.
 #pragma once
 
 #include <string>

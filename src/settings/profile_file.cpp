@@ -28,7 +28,7 @@ std::string ReadProfileString(const std::filesystem::path& file, std::string_vie
         return Cut(*value, size);
     }
   } catch (const std::exception&) {
-    // A file too large for the memory is one that cannot be read.
+    // A file that does not fit into memory cannot be read.
   }
   return Cut(WithoutTrailingSpaces(fallback), size);
 }

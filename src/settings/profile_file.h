@@ -1,6 +1,5 @@
-// Sectioned settings files: `[section]` lines and `key=value` lines, in single-byte text. These two routines
-// are the only readers and writers of such files; they work on bytes and know nothing of what the values
-// mean.
+// Sectioned settings files: `[section]` lines and `key=value` lines, in single-byte text. Only these
+// functions read and write such files. They work on bytes and do not interpret values.
 #pragma once
 
 #include <cstddef>
@@ -15,8 +14,8 @@ class FileSteps;
 namespace zerbal::settings {
 
 /// The value of `key` in `section`, at most `size` - 1 characters of it; `fallback` without its trailing
-/// spaces, cut likewise, when file, section or key is missing. Names match without regard to ASCII letter
-/// case. A pair of quotation marks around the value is removed. Never changes anything and never throws.
+/// spaces, cut in the same way, when file, section or key is missing. Names match without regard to ASCII
+/// letter case. A pair of quotation marks around the value is removed. Does not throw.
 std::string ReadProfileString(const std::filesystem::path& file, std::string_view section,
                               std::string_view key, std::string_view fallback, std::size_t size);
 

@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::string_view kBlanks = " \t\v";
-/// Around the names that a caller asks for only spaces mean nothing, around those in the file all blanks.
+/// Trimmed from the names that a caller gives; kBlanks are trimmed from those in the file.
 constexpr std::string_view kSpaces = " ";
 
 std::string_view Trim(std::string_view text, std::string_view characters) {
@@ -59,7 +59,7 @@ std::optional<std::string_view> HeaderName(std::string_view line) {
 
 struct KeyLine {
   std::string_view name;
-  std::string_view value;  ///< blanks and quotation marks still around it
+  std::string_view value;  ///< neither trimmed nor without quotation marks
 };
 
 std::optional<KeyLine> ParseKeyLine(std::string_view line) {
@@ -70,7 +70,7 @@ std::optional<KeyLine> ParseKeyLine(std::string_view line) {
   return KeyLine{Trim(text.substr(0, equals), kBlanks), text.substr(equals + 1)};
 }
 
-/// What a reading or a writing has to know of the place of one key.
+/// Where a key is, or where it would be inserted.
 struct Place {
   bool sectionFound = false;
   std::size_t insertAt = 0;  ///< below the section's last key line, or below its header
@@ -87,7 +87,7 @@ Place FindPlace(std::string_view bytes, std::string_view section, std::string_vi
   while (lines.Next(line)) {
     if (const auto name = HeaderName(line.text)) {
       if (place.sectionFound)
-        break;  // a later section of the same name does not count
+        break;  // a later section of the same name is ignored
       place.sectionFound = base::EqualsIgnoringAsciiCase(*name, section);
       place.insertAt = line.next;
     } else if (place.sectionFound) {

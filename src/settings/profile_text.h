@@ -1,5 +1,5 @@
-// The bytes of a sectioned settings file: how a value is found in them and how they change when one is
-// written. No file is touched here; texts are single bytes.
+// Finds and changes values in the bytes of a sectioned settings file. Does not access files; texts are single
+// bytes.
 #pragma once
 
 #include <optional>
@@ -10,7 +10,7 @@ namespace zerbal::settings {
 
 /// The value of `key` in the first section named `section`, without the blanks and the one pair of quotation
 /// marks around it; nullopt when there is no such section or key. Names match without regard to ASCII letter
-/// case; spaces around the asked names mean nothing. The view points into `bytes`.
+/// case; spaces around `section` and `key` are ignored. The view points into `bytes`.
 std::optional<std::string_view> FindProfileValue(std::string_view bytes, std::string_view section,
                                                  std::string_view key);
 

@@ -1,4 +1,4 @@
-// The three switches that say what the program remembers.
+// Which groups of settings are saved.
 #pragma once
 
 namespace zerbal::settings {

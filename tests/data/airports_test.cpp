@@ -15,8 +15,8 @@ namespace {
 
 using Codes = std::vector<std::string>;
 
-/// code, name, city, longitude, latitude, elevation, runways, longest runway, ILS; a Text for a number too,
-/// so that a row can hold what is none.
+/// code, name, city, longitude, latitude, elevation, runways, longest runway, ILS; numbers may be given
+/// as Text, so that a row can contain an invalid one.
 test::Table AirportTable(std::vector<test::Row> rows) {
   return {"dest",
           {test::Text("AP"), test::Text("AP_Name"), test::Text("AP_City"), test::Single("AP_Lon"),
@@ -66,7 +66,7 @@ TEST_F(AirportsTest, AnAirportIsFoundByExactlyItsCode) {
   EXPECT_FALSE(airports.Find(""));
 }
 
-TEST_F(AirportsTest, ANumberThatIsNullOrNoneCountsAsZeroForACriterion) {
+TEST_F(AirportsTest, ACriterionTreatsANullOrInvalidNumberAsZero) {
   const Airports airports = Open(
       AirportTable({AirportRow("AAA", "500"), AirportRow("BBB", test::Null()), AirportRow("CCC", "high")}));
   AirportCriteria criteria;
@@ -83,7 +83,7 @@ TEST_F(AirportsTest, AMissingIlsMeetsNeitherCriterion) {
   EXPECT_EQ(Meeting(airports, {.numeric = {}, .ilsActive = true, .withIls = false}), Codes{"BBB"});
 }
 
-TEST_F(AirportsTest, WithoutAFieldOfPlaceOrTextsNoAirportMeetsCriteria) {
+TEST_F(AirportsTest, NoAirportMeetsCriteriaWhenAPositionOrTextFieldIsMissing) {
   for (const std::size_t column : {0u, 1u, 2u, 3u, 4u}) {
     test::Table table = AirportTable({AirportRow("AAA")});
     table.columns[column].name = "Other";

@@ -58,16 +58,16 @@ TEST_F(BaseMapTest, ALineEndsWhereItsEndIsStored) {
             (std::vector<Longitudes>{{1, kEndOfLine - 1, kEndOfLine + 1, 2}}));
 }
 
-TEST_F(BaseMapTest, ALineThatLeavesTheBoundsIsVisitedPartByPart) {
+TEST_F(BaseMapTest, ALineThatLeavesTheBoundsIsVisitedInParts) {
   EXPECT_EQ(Overview({998, 999, 1000, 997, 996}), (std::vector<Longitudes>{{998, 999}, {997, 996}}));
 }
 
-TEST_F(BaseMapTest, OnePointIsNoLine) {
+TEST_F(BaseMapTest, ASinglePointIsNotALine) {
   EXPECT_TRUE(Overview({}).empty());
   EXPECT_TRUE(Overview({1, kEndOfLine, 2, 1000, 3}).empty());
 }
 
-TEST_F(BaseMapTest, BoundsMayNameTheLongitudesThatAreNotWanted) {
+TEST_F(BaseMapTest, BoundsMayExcludeARangeOfLongitudes) {
   const StoredBounds outside{{10, 5}, {0, 1}, true};
   EXPECT_EQ(Overview({8, 9, 10, 14, 15, 16}, outside), (std::vector<Longitudes>{{8, 9}, {15, 16}}));
 }
@@ -78,7 +78,7 @@ TEST_F(BaseMapTest, AnEmptyRangeContainsNothing) {
     EXPECT_FALSE(none.Contains(number)) << number;
 }
 
-TEST_F(BaseMapTest, ALongLineIsVisitedWhole) {
+TEST_F(BaseMapTest, ALongLineIsVisitedCompletely) {
   Longitudes line(10'000, 7);
   line.back() = 8;
   EXPECT_EQ(Overview(line), std::vector<Longitudes>{line});

@@ -24,7 +24,7 @@ test::Row ColourRow(const std::string& code, int red, int green, int blue) {
   return {code, red, green, blue, "Entry" + code};
 }
 
-/// All codes, stored back to front.
+/// All codes, in reverse order.
 std::vector<test::Row> AllColours() {
   std::vector<test::Row> rows;
   for (std::size_t i = kCodes.size(); i-- > 0;)
@@ -47,7 +47,7 @@ TEST_F(ColoursTest, RulesAreInTheOrderOfTheirNames) {
     EXPECT_EQ(static_cast<std::size_t>(kColourRules[i].colour), i);
 }
 
-TEST_F(ColoursTest, ColoursComeByTheirCodesInTheOrderOfTheTable) {
+TEST_F(ColoursTest, ColoursAreFoundByCodeAndStoredInTheOrderOfTheRules) {
   WriteTable(test::ColTable(AllColours()));
   const ColourTable colours = LoadColours(zbldata_);
   for (std::size_t i = 0; i < kCodes.size(); ++i) {
@@ -85,7 +85,7 @@ TEST_F(ColoursTest, ColourComponentsAreLimitedButMustBeNumbers) {
   EXPECT_THROW(LoadColours(zbldata_), jet::ConversionError);
 }
 
-TEST_F(ColoursTest, ErrorsOfTheEngineAreNotCaught) {
+TEST_F(ColoursTest, EngineErrorsAreNotCaught) {
   EXPECT_THROW(LoadColours(zbldata_), jet::EngineError) << "no file";
   test::WriteBytes(zbldata_, "no database");
   EXPECT_THROW(LoadColours(zbldata_), jet::EngineError) << "foreign file";
@@ -106,7 +106,7 @@ struct ColourCase {
   Rgb rgb;
 };
 
-TEST_F(ColoursTest, ColoursAreLimitedAndFilledUpWithZeros) {
+TEST_F(ColoursTest, ComponentsOfASettingAreLimitedAndMissingOnesAreZero) {
   const std::array<ColourCase, 11> cases = {{{"300,-5,12", {255, 0, 12}},
                                              {"10", {10, 0, 0}},
                                              {"", {0, 0, 0}},

@@ -5,7 +5,7 @@
 namespace zerbal::data {
 namespace {
 
-TEST(Counters, OverflowBeyond16Bits) {
+TEST(Counters, CountUpThrowsBeyond32767) {
   int counter = 32766;
   CountUp(counter);
   EXPECT_EQ(counter, 32767);

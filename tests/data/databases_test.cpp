@@ -58,7 +58,7 @@ TEST(FindDataFiles, LooksInBothFoldersInAnyLetterCase) {
   EXPECT_EQ(files.ibound, folder / names[5]);
 }
 
-TEST(FindDataFiles, NamesTheRequiredOnesThatAreMissing) {
+TEST(FindDataFiles, ListsTheMissingRequiredFiles) {
   const test::TempFolder folder;
   const auto [files, missing] = FindDataFiles(folder.Path());
   EXPECT_EQ(missing, (std::vector<fs::path>{folder / "app_data/zbldata.mdb", folder / "app_data/qavdata.mdb",
@@ -78,13 +78,13 @@ TEST_F(OpenDatabasesTest, OpensEverythingWithItsIndexes) {
   EXPECT_EQ(RunsOfTile(databases.baseMap), 3);
 }
 
-TEST_F(OpenDatabasesTest, GoesWithoutRiversAndBoundaries) {
+TEST_F(OpenDatabasesTest, WorksWithoutRiversAndBoundaries) {
   files_.river.reset();
   files_.ibound.reset();
   EXPECT_EQ(RunsOfTile(OpenDatabases(files_).baseMap), 1);
 }
 
-TEST_F(OpenDatabasesTest, LeavesTheFilesAsTheyAre) {
+TEST_F(OpenDatabasesTest, DoesNotChangeTheFiles) {
   const std::string before = test::ReadBytes(files_.qavdata);
   const auto time = fs::last_write_time(files_.qavdata);
   {

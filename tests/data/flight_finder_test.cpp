@@ -13,7 +13,7 @@ namespace {
 
 class FlightFinderTest : public SettingsTest {};
 
-TEST_F(FlightFinderTest, TheFlightFinderGoesOnAfterFailedWrites) {
+TEST_F(FlightFinderTest, ReadingContinuesAfterFailedWrites) {
   FlightFinderState finder;
   finder.howMany = HowMany::kOneFlight;
   finder.searchOrigin = false;

@@ -82,7 +82,7 @@ TEST_F(FlightListsTest, AServiceWithoutFlightsAddsNothing) {
   EXPECT_TRUE(data::FlightsOfService(Source(), 1, false).lines.empty());
 }
 
-TEST_F(FlightListsTest, ServicesThatDifferInLetterCaseAreToldApart) {
+TEST_F(FlightListsTest, ServicesThatDifferInLetterCaseAreDistinguished) {
   // The index takes both keys for equal and has their flights in stored order.
   world.flit.rows = {
       FlightRow("OCE", "ZB1", "1", "NRT", {}, "ANC"), FlightRow("OCE", "ZB2", "2", "ANC", {}, "NRT"),
@@ -112,7 +112,7 @@ TEST_F(FlightListsTest, LinesShowCitiesOfStopoversWhenAsked) {
   EXPECT_EQ(with.lines.at(at), "ZB103 - Oslo OSL -> Sandefjord TRF -> Copenhagen CPH");
 }
 
-TEST_F(FlightListsTest, RolesAreSearchedEachForItself) {
+TEST_F(FlightListsTest, EachRoleIsSearchedSeparately) {
   Open();
   EXPECT_EQ(Touching("TRF", {true, false, false}), std::vector<std::string>{});
   EXPECT_EQ(Touching("TRF", {false, true, false}).size(), 3u);  // ZB103, ZB104, ZB115
@@ -126,7 +126,7 @@ TEST_F(FlightListsTest, AFlightInSeveralRolesIsListedOnce) {
   EXPECT_EQ(Touching("OSL", {true, true, true}), (std::vector<std::string>{"ZB1"}));
 }
 
-TEST_F(FlightListsTest, StopoversBehindANullAreNotFound) {
+TEST_F(FlightListsTest, StopoversAfterANullAreNotFound) {
   world.flit.rows = {FlightRow("NOR", "ZB1", "1", "OSL", {jet::Null(), "BGO"}, "TOS")};
   Open();
   EXPECT_TRUE(Touching("BGO", {true, true, true}).empty());
@@ -138,7 +138,7 @@ TEST_F(FlightListsTest, CodesAreComparedExactly) {
   EXPECT_EQ(Touching("lyr", {true, true, true}), std::vector<std::string>{});
 }
 
-TEST_F(FlightListsTest, DisplayFlagsPlayNoPart) {
+TEST_F(FlightListsTest, DisplayFlagsAreIgnored) {
   Open();
   const auto before = Touching("OSL", {});
   services[1].displayFlag = true;
@@ -237,10 +237,10 @@ TEST_F(FlightListsTest, ARoundTripIsStoredInChainOrder) {
   EXPECT_EQ(state.drawnFlights[0].key, "4");
 }
 
-TEST_F(FlightListsTest, TheServiceIsDrawnBeforeAnyFlightIsLookedAt) {
+TEST_F(FlightListsTest, TheServiceIsDrawnBeforeAnyFlightIsRead) {
   Open();
   services[1].randomPick = services[2].randomPick = false;
-  // Of NEW, OCE and oce the first is drawn, which has no flights; no second value is asked for.
+  // Of NEW, OCE and oce the first is drawn, which has no flights; no second value is requested.
   FixedRandom random({0.1F});
   data::DrawRandomFlights(Source(), random, state);
   EXPECT_EQ(state.drawnService, 1);

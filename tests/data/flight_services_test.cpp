@@ -66,7 +66,7 @@ TEST_F(FlightServicesTest, AServiceColourBeyondAByteIsAConversionError) {
   EXPECT_THROW(LoadServices({row}), jet::ConversionError);
 }
 
-TEST_F(FlightServicesTest, MoreServicesThanACounterHoldsAreAnOverflow) {
+TEST_F(FlightServicesTest, MoreThan32767ServicesAreAnOverflow) {
   std::vector<test::Row> rows(32767, ServiceRow(1, "Q", 1, 1, 1));
   EXPECT_EQ(LoadServices(rows).size(), 32767u);
   rows.push_back(rows.back());

@@ -28,7 +28,7 @@ TEST_F(FontsTest, RulesAreInTheOrderOfTheirNames) {
     EXPECT_EQ(static_cast<std::size_t>(kFontRules[i].font), i);
 }
 
-TEST_F(FontsTest, FontsComeByTheirCodes) {
+TEST_F(FontsTest, FontsAreFoundByCode) {
   WriteTable(test::FonTable(
       {{"HIRES", "Arial", 8, "HighResolution"}, {"LORES", "Small Fonts", 7, "LowResolution"}}));
   const FontTable fonts = LoadFonts(zbldata_);

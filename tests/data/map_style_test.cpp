@@ -38,7 +38,7 @@ RegionTable SomeRegions() {
   return regions;
 }
 
-TEST_F(MapStyleTest, EveryMissingKeyIsWrittenWithTheValueThatHolds) {
+TEST_F(MapStyleTest, EveryMissingKeyIsWrittenWithTheValueInUse) {
   FontTable fonts = SomeFonts();
   ColourTable colours = SomeColours();
   FlightServiceTable services = {{"Q1", "1 - One", false, {1, 2, 3}, true},

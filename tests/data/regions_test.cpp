@@ -45,7 +45,7 @@ TEST_F(RegionsTest, RegionsComeInTheOrderOfTheirSortValues) {
   EXPECT_EQ(regions.rows[3].code, "C");
 }
 
-TEST_F(RegionsTest, AnEmptyRegionTableLeavesNoRowNotEvenTheWorlds) {
+TEST_F(RegionsTest, AnEmptyRegionTableGivesNoRowNotEvenTheWorld) {
   WriteTable(test::RegTable({}));
   EXPECT_TRUE(LoadRegions(zbldata_).rows.empty());
 }
@@ -59,7 +59,7 @@ TEST_F(RegionsTest, MoreThan32767RegionsAreAnOverflow) {
   EXPECT_THROW(LoadRegions(zbldata_), OverflowError);
 }
 
-TEST_F(RegionsTest, RegionCountLeavesTheWorldOut) {
+TEST_F(RegionsTest, RegionCountExcludesTheWorld) {
   RegionTable regions;
   EXPECT_EQ(regions.RegionCount(), 0);
   regions.rows.resize(4);

@@ -1,4 +1,4 @@
-// The chain rule of round trips, against examples and against a slow reading of it on random schedules.
+// The chain rule of round trips, against examples and against a slow implementation on random schedules.
 #include <string>
 #include <vector>
 
@@ -28,9 +28,9 @@ Trips TripsByRule(const std::vector<Leg>& legs) {
   return trips;
 }
 
-/// The rule read another way, with no state between rows: from a row where nothing is open, look how far the
-/// flights follow each other; the first return to the start closes, a break or a flight in a circle makes a
-/// new beginning.
+/// Another implementation, without state between rows: from a row without an open chain, follow the flights
+/// while they connect. The first return to the start closes the chain; a flight that does not connect or that
+/// is a round trip by itself ends it.
 Trips TripsBySearch(const std::vector<Leg>& legs) {
   Trips trips;
   std::size_t begin = 0;
@@ -78,7 +78,7 @@ TEST(RoundTripChain, AnOpenChainAtTheEndIsNotCounted) {
   EXPECT_EQ(Of({{"A", "B"}, {"B", "C"}}), Trips{});
 }
 
-TEST(RoundTripChain, ABrokenChainBeginsAnewWithTheBreakingFlight) {
+TEST(RoundTripChain, AFlightThatDoesNotConnectBeginsANewChain) {
   EXPECT_EQ(Of({{"A", "B"}, {"C", "D"}, {"D", "C"}}), (Trips{{1, 2}}));
 }
 

@@ -1,5 +1,4 @@
-// The program's own tables, to be filled by a test row by row; the comment above each names the cells of a
-// row.
+// The program's tables, filled by tests. The comment of each names the values of a row.
 #pragma once
 
 #include <initializer_list>
@@ -36,8 +35,8 @@ inline Table RegTable(std::vector<Row> rows) {
           std::move(rows)};
 }
 
-/// sort value, key, line number, name, red, green, blue; the components are integers, so that a row can hold
-/// what is no colour
+/// sort value, key, line number, name, red, green, blue; the components are integers, so that a row can
+/// contain an invalid colour
 inline Table FsrvTable(std::vector<Row> rows) {
   return {"fsrv",
           {Long("FSrv_Sort"), Text("FSrv"), Text("FSrv_LiNr"), Text("FSrv_Name"), Integer("FSrv_R"),

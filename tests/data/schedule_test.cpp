@@ -99,7 +99,7 @@ TEST_F(ScheduleTest, AStopColumnThatIsNotTextEndsTheStopovers) {
   EXPECT_EQ(Find("1").route, (Codes{"AAA", "BBB", "ZZZ"}));
 }
 
-TEST_F(ScheduleTest, NothingOfAFlightIsLeftInTheNextOne) {
+TEST_F(ScheduleTest, AFlightContainsNothingOfThePreviousOne) {
   Open({test::Flight("Q1", "4", "AAA", {"B1", "B2", "B3"}, "ZZZ"), test::Flight("Q1", "1", "AAA", {}, "ZZZ"),
         test::Flight("Q1", "2", "AAA", {"LONGERCODETHANFITSINPLACE", "CCC"}, "ZZZ"),
         test::Flight("Q1", "3", "X", {"Y"}, "Z")});
@@ -116,7 +116,7 @@ TEST_F(ScheduleTest, NothingOfAFlightIsLeftInTheNextOne) {
                                         {"X", "Y", "Z"}}));
 }
 
-TEST_F(ScheduleTest, TheFlightsOfAServiceStandTogetherInItsIndex) {
+TEST_F(ScheduleTest, TheFlightsOfAServiceAreAdjacentInItsIndex) {
   Open({test::Flight("Q2", "1", "A", {}, "B"), test::Flight("Q1", "2", "A", {}, "B"),
         test::Flight("Q2X", "3", "A", {}, "B"), test::Flight("Q2", "4", "A", {}, "B"),
         test::Flight("Q3", "5", "A", {}, "B")});
@@ -135,7 +135,7 @@ TEST_F(ScheduleTest, ServiceKeysAreComparedExactly) {
   EXPECT_EQ(KeysOf("Pac"), Codes{});
 }
 
-TEST_F(ScheduleTest, AVisitEndsWhenTheVisitorSaysSo) {
+TEST_F(ScheduleTest, AVisitEndsWhenTheVisitorReturnsFalse) {
   Open({test::Flight("Q1", "1", "A", {}, "B"), test::Flight("Q1", "2", "A", {}, "B"),
         test::Flight("Q1", "3", "A", {}, "B")});
   int rows = 0;
@@ -143,7 +143,7 @@ TEST_F(ScheduleTest, AVisitEndsWhenTheVisitorSaysSo) {
   EXPECT_EQ(rows, 2);
 }
 
-TEST_F(ScheduleTest, VisitsAndLookUpsTakeTurns) {
+TEST_F(ScheduleTest, VisitsAndLookUpsCanAlternate) {
   Open({test::Flight("Q2", "1", "A", {}, "B"), test::Flight("Q1", "2", "A", {}, "B")});
   EXPECT_EQ(Find("1").service, "Q2");
   EXPECT_EQ(KeysOf("Q1"), Codes{"2"});
@@ -158,7 +158,7 @@ TEST_F(ScheduleTest, AnEmptyScheduleHasNoFlights) {
   EXPECT_EQ(KeysOf("Q1"), Codes{});
 }
 
-TEST_F(ScheduleTest, AFlightLineNamesTheCitiesThatItKnows) {
+TEST_F(ScheduleTest, AFlightLineNamesKnownCities) {
   Open({}, {{"AAA", "Alpha"}, {"BBB", "Beta"}, {"CCC", "Gamma"}, {"NUL", jet::Null()}});
   const auto line = [&](Codes route, bool cities) {
     return FlightLine({"key", "Q1", "123", std::move(route)}, *destinations_, cities);

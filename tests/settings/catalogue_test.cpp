@@ -41,7 +41,7 @@ TEST(Catalogue, ALongitudeIsBroughtIntoTheRange) {
   EXPECT_EQ(kWorldCentreLongitude.TextOf(0), "0");
 }
 
-TEST(Catalogue, APairLacksNoNumber) {
+TEST(Catalogue, AMissingNumberOfAPairIsZero) {
   EXPECT_EQ(kMainWindowSize.ValueOf("500,700"), std::pair(500, 700));
   EXPECT_EQ(kMainWindowSize.ValueOf("500"), std::pair(500, 0));
   EXPECT_EQ(kMainWindowSize.ValueOf("-99999999999,x"), std::pair(-2147483647 - 1, 0));

@@ -24,7 +24,7 @@ TEST(SplitList, TakesTheFirstCharacterOfTheDelimiter) {
   EXPECT_EQ(SplitList("a,b", 2, ""), (Fields{"", "a,b", ""}));
 }
 
-TEST(SplitList, OfNoFieldsIsJustTheUnusedOne) {
+TEST(SplitList, WithoutFieldsReturnsTheUnusedOne) {
   EXPECT_EQ(SplitList("a,b", 0, ","), Fields{""});
   EXPECT_EQ(SplitList("a,b", -3, ","), Fields{""});
 }
