@@ -50,8 +50,7 @@ LargeSchedule& Schedule() {
 
 void OpenSelection(benchmark::State& state) {
   LargeSchedule& schedule = Schedule();
-  settings::IniValues values(schedule.boxes);
-  settings::IniFile ini(schedule.folder / "zerbal.ini", values);
+  settings::IniFile ini(schedule.folder / "zerbal.ini", schedule.boxes);
   const settings::SaveFlags flags;
   QMainWindow mainWindow;
   data::FlightFinderState finder;

@@ -59,7 +59,7 @@ bool ProgramDialogs::Confirmed(DialogKind kind, const dialogs::Placement& placem
     case DialogKind::kSelectDestination:
       return Accepted<dialogs::frmSeleDest>(placement, Finder(program));
     case DialogKind::kHelpRevision:
-      return Accepted<dialogs::frmHelpRev>(placement, program.iniValues, RevisionFile(program.files));
+      return Accepted<dialogs::frmHelpRev>(placement, boxes, RevisionFile(program.files));
     case DialogKind::kHelpMouse:
       return Accepted<dialogs::frmHelpMous>(placement);
     case DialogKind::kHelpInfo:

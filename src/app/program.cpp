@@ -16,8 +16,7 @@ std::filesystem::path IniPath(const std::filesystem::path& appPath) {
 
 Program::Program(const Environment& outside)
     : environment(outside),
-      iniValues(environment.boxes),
-      iniFile(IniPath(environment.appPath), iniValues),
+      iniFile(IniPath(environment.appPath), environment.boxes),
       viewport(data::kGridBands) {}
 
 std::filesystem::path WithSeparator(const std::filesystem::path& folder) {

@@ -16,7 +16,7 @@
 #include "data/map_style.h"
 #include "map/surface.h"
 #include "map/viewport.h"
-#include "settings/ini_values.h"
+#include "settings/ini_file.h"
 #include "settings/message_boxes.h"
 #include "settings/save_flags.h"
 
@@ -40,7 +40,6 @@ struct Program {
   Program& operator=(const Program&) = delete;
 
   Environment environment;
-  settings::IniValues iniValues;
   settings::IniFile iniFile;  ///< "zerbal.ini" in the working directory
   data::DataFiles files;
   bool riverAvailable = false;

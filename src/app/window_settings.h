@@ -2,7 +2,7 @@
 #pragma once
 
 #include "data/display_options.h"
-#include "settings/ini_values.h"
+#include "settings/ini_file.h"
 #include "settings/save_flags.h"
 
 namespace zerbal::app {

@@ -25,7 +25,7 @@ struct NumericCriterion {
 struct AirportCriteria {
   std::array<NumericCriterion, 3> numeric;  ///< elevation (ft), runways, longest runway (ft)
   bool ilsActive = false;
-  bool withIls = true;  ///< "1" passes; when false, "0" passes. Any other text never does
+  bool withIls = true;  ///< "1" passes; when false, "0" passes. any other text fails
   bool operator==(const AirportCriteria&) const = default;
 
   bool AnyActive() const;

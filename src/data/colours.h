@@ -8,13 +8,13 @@
 #include <string_view>
 
 #include "data/rgb.h"
-#include "settings/ini_values.h"
+#include "settings/ini_file.h"
 
 namespace zerbal::data {
 
 enum class ColourCode { kMapBg, kZoom, kCentre, kCoast, kRiver, kIBound, kApAll, kApDest, kAcSymb };
 
-/// What is the same in every installation.
+/// What is the same for all databases.
 struct ColourRule {
   ColourCode colour;
   const char* code;     ///< of its row in the database

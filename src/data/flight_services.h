@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "data/rgb.h"
-#include "settings/ini_values.h"
+#include "settings/ini_file.h"
 
 namespace zerbal::data {
 

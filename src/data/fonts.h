@@ -7,14 +7,14 @@
 #include <span>
 #include <string>
 
-#include "settings/ini_values.h"
+#include "settings/ini_file.h"
 
 namespace zerbal::data {
 
 /// In overview mode and in detail mode.
 enum class FontCode { kLoRes, kHiRes };
 
-/// What is the same in every installation.
+/// What is the same for all databases.
 struct FontRule {
   FontCode font;
   const char* code;  ///< of its row in the database

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "settings/ini_values.h"
+#include "settings/ini_file.h"
 
 namespace zerbal::data {
 

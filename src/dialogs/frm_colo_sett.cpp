@@ -12,7 +12,6 @@ frmColoSett::frmColoSett(const Placement& placement, data::ColourTable& colours,
                          data::FlightServiceTable& services)
     : PlacedDialog(placement, settings::kColourSettingsPosition),
       ui_(std::make_unique<Ui::frmColoSett>()),
-      ini_(placement.ini),
       colours_(colours),
       services_(services) {
   ui_->setupUi(this);
@@ -25,7 +24,7 @@ frmColoSett::frmColoSett(const Placement& placement, data::ColourTable& colours,
     working_.push_back(service.rgb);
   }
   sample_ = std::make_unique<ColourSample>(*ui_->picMap, services_);
-  // Names are shown whole in any font: the sample map scrolls downwards only.
+  // The sample map scrolls only vertically, so the frame is wide enough for all names.
   ui_->picAll->setMinimumWidth(std::max(ui_->picAll->minimumWidth(), ui_->picMap->sizeHint().width()));
   for (std::size_t entry = 0; entry < working_.size(); ++entry)
     sample_->SetColour(entry, working_[entry]);
@@ -51,7 +50,7 @@ void frmColoSett::showEvent(QShowEvent* event) {
   FitSample();
 }
 
-/// Gives the sample map the frame's width and lets the scroll bar reach its end.
+/// Gives the sample map the width of the frame, and the scroll bar its range.
 void frmColoSett::FitSample() {
   const QRect frame = ui_->picAll->contentsRect();
   const QSize wanted = ui_->picMap->layout()->sizeHint();
@@ -77,7 +76,7 @@ void frmColoSett::ShowObject() {
   TakeColour();
 }
 
-/// Makes the colour that the bars show the current entry's, and shows it everywhere.
+/// Gives the current entry the colour of the scroll bars.
 void frmColoSett::TakeColour() {
   const data::Rgb rgb{static_cast<std::uint8_t>(ui_->hsbRed->value()),
                       static_cast<std::uint8_t>(ui_->hsbGre->value()),
@@ -95,8 +94,8 @@ void frmColoSett::Confirm() {
     colours_.rows[i].rgb = working_[i];
   for (std::size_t i = 0; i < services_.size(); ++i)
     services_[i].rgb = working_[colours_.rows.size() + i];
-  data::WriteColourSettings(ini_, colours_);
-  data::WriteFlightColourSettings(ini_, services_);
+  data::WriteColourSettings(Ini(), colours_);
+  data::WriteFlightColourSettings(Ini(), services_);
   accept();
 }
 

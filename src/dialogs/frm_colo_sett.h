@@ -35,7 +35,6 @@ class frmColoSett final : public PlacedDialog {
   void Confirm();
 
   std::unique_ptr<Ui::frmColoSett> ui_;
-  settings::IniFile& ini_;
   data::ColourTable& colours_;
   data::FlightServiceTable& services_;
   std::vector<data::Rgb> working_;  ///< as the object list: the nine colours, then the services

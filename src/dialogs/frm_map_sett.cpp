@@ -18,7 +18,6 @@ frmMapSett::frmMapSett(const Placement& placement, data::RegionTable& regions, d
                        const QStringList& installedFonts, settings::MessageBoxes& boxes)
     : PlacedDialog(placement, settings::kMapSettingsPosition),
       ui_(std::make_unique<Ui::frmMapSett>()),
-      ini_(placement.ini),
       regions_(regions),
       fonts_(fonts),
       boxes_(boxes) {
@@ -71,7 +70,7 @@ void frmMapSett::UpdatePreview(const FontRow& row) {
 }
 
 double frmMapSett::TypedMeridian() const {
-  // Neither sign nor point can be typed, but a stored fraction stands until it is overwritten.
+  // Neither sign nor point can be typed, but a stored fraction remains until it is overwritten.
   const QString typed = ui_->txtCentOth->text().trimmed();
   return typed.startsWith('-') || typed.startsWith('+') ? 0 : base::LeadingNumber(typed.toStdString());
 }
@@ -82,14 +81,14 @@ void frmMapSett::StoreCentre() {
                                                      : data::WorldCentre::kChosen;
   const double meridian = TypedMeridian();
   const bool west = ui_->cboCentOth->currentIndex() == kWest && meridian != 0;
-  data::ChooseWorldCentre(ini_, regions_, centre, west ? -meridian : meridian);
+  data::ChooseWorldCentre(Ini(), regions_, centre, west ? -meridian : meridian);
 }
 
 void frmMapSett::StoreFont(const FontRow& row) {
   data::Font& font = fonts_[row.code];
   font.name = row.family->currentText().toStdString();
   font.size = base::LeadingInt16(row.size->currentText().toStdString());
-  data::WriteFontSetting(ini_, font);
+  data::WriteFontSetting(Ini(), font);
 }
 
 void frmMapSett::Confirm() {

@@ -1,4 +1,4 @@
-// The dialog of the world view's centre and the map's fonts.
+// The dialog of the centre of the world view and the fonts of the map.
 #pragma once
 
 #include <QStringList>
@@ -18,8 +18,8 @@ class frmMapSett;
 
 namespace zerbal::dialogs {
 
-/// OK stores the choices in the tables and in the settings file. The world row of the regions is computed
-/// anew; the current view stays.
+/// OK stores the choices in the tables and in the settings file. The world row of the regions is
+/// recomputed; the current view does not change.
 class frmMapSett final : public PlacedDialog {
   Q_OBJECT
 
@@ -47,7 +47,6 @@ class frmMapSett final : public PlacedDialog {
   void Confirm();
 
   std::unique_ptr<Ui::frmMapSett> ui_;
-  settings::IniFile& ini_;
   data::RegionTable& regions_;
   data::FontTable& fonts_;
   settings::MessageBoxes& boxes_;

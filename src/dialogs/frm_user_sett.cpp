@@ -7,7 +7,6 @@ namespace zerbal::dialogs {
 frmUserSett::frmUserSett(const Placement& placement, settings::SaveFlags& flags)
     : PlacedDialog(placement, settings::kUserSettingsPosition),
       ui_(std::make_unique<Ui::frmUserSett>()),
-      ini_(placement.ini),
       flags_(flags) {
   ui_->setupUi(this);
   ui_->chkMWinSave->setChecked(flags_.mainWindow);
@@ -22,7 +21,7 @@ frmUserSett::~frmUserSett() = default;
 void frmUserSett::Confirm() {
   const auto store = [this](const settings::SwitchSetting& setting, const QCheckBox* box, bool& flag) {
     // The switch applies to this run even if the write fails.
-    ini_.Write(setting, box->isChecked());
+    Ini().Write(setting, box->isChecked());
     flag = box->isChecked();
   };
   store(settings::kSaveMainWindow, ui_->chkMWinSave, flags_.mainWindow);

@@ -1,4 +1,4 @@
-// The dialog of the three switches that say what the program remembers.
+// The dialog of settings::SaveFlags.
 #pragma once
 
 #include <memory>
@@ -24,7 +24,6 @@ class frmUserSett final : public PlacedDialog {
   void Confirm();
 
   std::unique_ptr<Ui::frmUserSett> ui_;
-  settings::IniFile& ini_;
   settings::SaveFlags& flags_;
 };
 

@@ -1,12 +1,13 @@
 #include "dialogs/help_dialogs.h"
 
 #include <QImageReader>
+#include <array>
 
 #include "ui_frm_help_info.h"
 #include "ui_frm_help_mous.h"
 #include "ui_frm_help_rev.h"
 
-/// Resources of a static library are linked only when somebody asks for them; the macro wants the global
+/// Resources of a static library are linked only when they are used. The macro must be in the global
 /// namespace.
 static void InitResources() {
   Q_INIT_RESOURCE(dialogs);
@@ -17,7 +18,7 @@ namespace {
 
 constexpr int kLogoSize = 96;  // logical pixels
 
-/// Read anew each time: an icon would keep every picture it ever gave in the program-wide cache.
+/// Read each time: a QIcon would keep each of its pictures in the program-wide cache.
 QPixmap Logo(qreal pixelRatio) {
   QImageReader reader(":/dialogs/logo.svg");
   reader.setScaledSize((QSizeF(kLogoSize, kLogoSize) * pixelRatio).toSize());
@@ -28,22 +29,19 @@ QPixmap Logo(qreal pixelRatio) {
 
 }  // namespace
 
-frmHelpRev::frmHelpRev(const Placement& placement, settings::IniValues& values,
+frmHelpRev::frmHelpRev(const Placement& placement, settings::MessageBoxes& messages,
                        const std::filesystem::path& revisionFile)
     : PlacedDialog(placement, settings::kHelpRevisionPosition) {
   Ui::frmHelpRev ui;
   ui.setupUi(this);
-  settings::IniFile revisions(revisionFile, values);
-  const std::pair<settings::TextSetting, QLineEdit*> rows[] = {
-      {settings::kRevisionOfAll, ui.txtZBLAll},
-      {settings::kRevisionOfSchedule, ui.txtSchdMain},
-      {settings::kRevisionOfServices, ui.txtSchdFSrv},
-      {settings::kRevisionOfAirports, ui.txtStemAprt},
-      {settings::kRevisionOfData, ui.txtZBLData}};
-  for (const auto& [setting, box] : rows) {
-    const auto value = revisions.Read(setting);
-    box->setText(QString::fromStdString(value.value_or(setting.byDefault)));
-    box->setCursorPosition(0);
+  settings::IniFile revisions(revisionFile, messages);
+  const std::array boxes{ui.txtZBLAll, ui.txtSchdMain, ui.txtSchdFSrv, ui.txtStemAprt, ui.txtZBLData};
+  static_assert(boxes.size() == settings::kRevisionKeys.size());
+  for (std::size_t i = 0; i < boxes.size(); ++i) {
+    const auto value =
+        revisions.Read(settings::kRevisions, settings::kRevisionKeys[i], settings::kUnknownRevision);
+    boxes[i]->setText(QString::fromStdString(value.value_or(settings::kUnknownRevision)));
+    boxes[i]->setCursorPosition(0);
   }
   ui.cmdOK->setFocus();
   connect(ui.cmdOK, &QPushButton::clicked, this, &QDialog::accept);

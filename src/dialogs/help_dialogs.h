@@ -7,17 +7,17 @@
 
 namespace zerbal::dialogs {
 
-/// Revision numbers of the installed data, as the revision file holds them.
+/// The revision numbers of the data, from the revision file.
 class frmHelpRev final : public PlacedDialog {
   Q_OBJECT
 
  public:
-  /// Reads the five numbers through `values`: a missing one is shown and written back as "Unknown".
-  frmHelpRev(const Placement& placement, settings::IniValues& values,
+  /// A missing number is shown and written as "Unknown".
+  frmHelpRev(const Placement& placement, settings::MessageBoxes& boxes,
              const std::filesystem::path& revisionFile);
 };
 
-/// What the mouse does, in words.
+/// What the mouse does.
 class frmHelpMous final : public PlacedDialog {
   Q_OBJECT
 

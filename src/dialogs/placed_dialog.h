@@ -1,9 +1,9 @@
-// What all dialogs share: they open where they were closed, or centred over the main window.
+// The base class of all dialogs: they open where they were closed, or centred over the main window.
 #pragma once
 
 #include <QDialog>
 
-#include "settings/ini_values.h"
+#include "settings/ini_file.h"
 #include "settings/save_flags.h"
 
 namespace zerbal::dialogs {
@@ -27,23 +27,24 @@ class PlacedDialog : public QDialog {
   void setVisible(bool visible) override;
 
  protected:
+  settings::IniFile& Ini() const { return placement_.ini; }
   void showEvent(QShowEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
 
  private:
-  /// Takes the size that its contents ask for, as far as the screen has room for it.
+  /// Takes the preferred size of its contents, limited to the screen.
   void FitContents();
-  /// False when there is none to restore.
+  /// False when there is no position to restore.
   bool RestorePosition();
   void RememberPosition();
-  /// Moves the frame, of the given size, into the middle of the main window's frame.
+  /// Centres the frame, of the given size, over the frame of the main window.
   void Centre(QSize frame);
   void CentreOnceFramed();
 
   Placement placement_;
   settings::PairSetting position_;
   bool placed_ = false;
-  bool awaitsFrame_ = false;  ///< stands in the middle by a guess of its frame
+  bool awaitsFrame_ = false;  ///< centred with an estimated frame
 };
 
 }  // namespace zerbal::dialogs

@@ -2,6 +2,7 @@
 // or a key. IniFile reads and writes these settings; a missing key is written with its default.
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -65,16 +66,7 @@ struct PairSetting {
   std::string TextOf(const Value& value) const;
 };
 
-struct TextSetting {
-  using Value = std::string;
-  SettingKey key;
-  const char* byDefault;
-
-  std::string ValueOf(std::string_view text) const { return std::string(text); }
-  std::string TextOf(const std::string& value) const { return value; }
-};
-
-/// The settings of a section whose keys and defaults come from the databases.
+/// The settings of a section whose values are texts. The keys come from the databases or are listed below.
 struct SettingFamily {
   const char* section;
 };
@@ -144,12 +136,11 @@ inline constexpr SwitchSetting kSearchOrigin{{kProgram, "SeleDestCheckDest"}, tr
 inline constexpr SwitchSetting kSearchStopovers{{kProgram, "SeleDestCheckStop"}, true, true};
 inline constexpr SwitchSetting kSearchDestination{{kProgram, "SeleDestCheckArr"}, true, true};
 
-// The revision numbers, in a file of their own.
-inline constexpr char kRevisions[] = "RevZBL";
-inline constexpr TextSetting kRevisionOfAll{{kRevisions, "RevZBLAll"}, "Unknown"};
-inline constexpr TextSetting kRevisionOfSchedule{{kRevisions, "RevSchdMain"}, "Unknown"};
-inline constexpr TextSetting kRevisionOfServices{{kRevisions, "RevSchdFSrv"}, "Unknown"};
-inline constexpr TextSetting kRevisionOfAirports{{kRevisions, "RevStemAprt"}, "Unknown"};
-inline constexpr TextSetting kRevisionOfData{{kRevisions, "RevZBLData"}, "Unknown"};
+// The revision numbers of the data, in a file of their own.
+inline constexpr SettingFamily kRevisions{"RevZBL"};
+/// Of everything, schedule, flight services, airports and Zerbal's data.
+inline constexpr std::array kRevisionKeys{"RevZBLAll", "RevSchdMain", "RevSchdFSrv", "RevStemAprt",
+                                          "RevZBLData"};
+inline constexpr char kUnknownRevision[] = "Unknown";  ///< the default
 
 }  // namespace zerbal::settings

@@ -18,8 +18,7 @@ class WindowSettings : public testing::Test {
 
   test::TempFolder folder;
   test::RecordedBoxes boxes;
-  settings::IniValues values{boxes};
-  settings::IniFile ini{folder / "zerbal.ini", values};
+  settings::IniFile ini{folder / "zerbal.ini", boxes};
 };
 
 TEST_F(WindowSettings, ASizeIsWhatTheFieldsGive) {

@@ -1,4 +1,4 @@
-// A settings file in a folder of its own, and one that can never be written.
+// A settings file in a temporary folder, and one that cannot be written.
 #pragma once
 
 #include <string>
@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "data/load_error.h"
-#include "settings/ini_values.h"
+#include "settings/ini_file.h"
 #include "support/database_builder.h"
 #include "support/recorded_boxes.h"
 #include "support/temp_folder.h"
@@ -16,19 +16,19 @@ namespace zerbal::data {
 
 class SettingsTest : public testing::Test {
  protected:
-  void Write(std::string_view bytes) { test::WriteBytes(ini_.Path(), bytes); }
-  std::string Bytes() { return test::ReadBytes(ini_.Path()); }
+  void Write(std::string_view bytes) { test::WriteBytes(file_, bytes); }
+  std::string Bytes() { return test::ReadBytes(file_); }
   void WriteTable(const test::Table& table) { test::WriteDatabase(zbldata_, {table}); }
 
   test::TempFolder folder_;
   std::filesystem::path zbldata_ = folder_ / "zbldata.mdb";
+  std::filesystem::path file_ = folder_ / "zerbal.ini";
   test::RecordedBoxes boxes_;
-  settings::IniValues values_{boxes_};
-  settings::IniFile ini_{folder_ / "zerbal.ini", values_};
-  settings::IniFile unwritable_{folder_ / "missing" / "zerbal.ini", values_};
+  settings::IniFile ini_{file_, boxes_};
+  settings::IniFile unwritable_{folder_ / "missing" / "zerbal.ini", boxes_};
 };
 
-/// The words of the LoadError that `load` throws; "none" when it throws none.
+/// The text of the LoadError that `load` throws; "none" when it throws none.
 template <typename Load>
 std::string WordsOf(const Load& load) {
   try {

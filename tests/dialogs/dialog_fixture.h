@@ -48,8 +48,7 @@ class DialogTest : public testing::Test {
 
   TempFolder folder;
   RecordedBoxes boxes;
-  settings::IniValues values{boxes};
-  settings::IniFile ini{folder / "zerbal.ini", values};
+  settings::IniFile ini{folder / "zerbal.ini", boxes};
   settings::SaveFlags flags{true, true, false};
   QMainWindow mainWindow;
   dialogs::Placement placement{mainWindow, ini, flags};

@@ -124,7 +124,7 @@ TEST_F(FrmColoSettTest, OkStoresEveryColour) {
 TEST_F(FrmColoSettTest, TheColoursAreWrittenBeforeTheFlightColoursEachInTheOrderOfItsTable) {
   const auto dialog = NewDialog();
   Child<QPushButton>(*dialog, "cmdOK")->click();
-  EXPECT_EQ(ReadBytes(ini.Path()).substr(0, ReadBytes(ini.Path()).find("[Windows]")),
+  EXPECT_EQ(ReadBytes(folder / "zerbal.ini").substr(0, ReadBytes(folder / "zerbal.ini").find("[Windows]")),
             "[Colors]\r\nMapBack=0,1,2\r\nZoom=10,11,12\r\nCentre=20,21,22\r\nCoast=30,31,32\r\n"
             "River=40,41,42\r\nIBound=50,51,52\r\nAll=60,61,62\r\nDest=70,71,72\r\nSymbol=80,81,82\r\n"
             "[FlightColors]\r\nS1=200,100,1\r\nS2=200,100,2\r\n");

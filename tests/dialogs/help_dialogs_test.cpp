@@ -17,7 +17,7 @@ constexpr const char* kKeys[] = {"RevZBLAll", "RevSchdMain", "RevSchdFSrv", "Rev
 TEST_F(HelpDialogsTest, MissingRevisionsAreShownAndWrittenAsUnknown) {
   const auto file = folder / "zblrev.ini";
   WriteBytes(file, "[RevZBL]\r\nRevZBLAll=2026-11\r\n");
-  dialogs::frmHelpRev dialog(placement, values, file);
+  dialogs::frmHelpRev dialog(placement, boxes, file);
   EXPECT_EQ(Child<QLineEdit>(dialog, "txtZBLAll")->text(), "2026-11");
   for (const char* name : {"txtSchdMain", "txtSchdFSrv", "txtStemAprt", "txtZBLData"})
     EXPECT_EQ(Child<QLineEdit>(dialog, name)->text(), "Unknown") << name;
@@ -31,7 +31,7 @@ TEST_F(HelpDialogsTest, RevisionsAreShownUnchanged) {
   WriteBytes(file,
              "[RevZBL]\r\nRevZBLAll=\"  7.2 \"\r\nRevSchdMain=007\r\nRevSchdFSrv=\r\nRevStemAprt=1,5e2\r\n"
              "RevZBLData=a  b;c\r\n");
-  dialogs::frmHelpRev dialog(placement, values, file);
+  dialogs::frmHelpRev dialog(placement, boxes, file);
   EXPECT_EQ(Child<QLineEdit>(dialog, "txtZBLAll")->text(), "  7.2 ");
   EXPECT_EQ(Child<QLineEdit>(dialog, "txtSchdMain")->text(), "007");
   EXPECT_EQ(Child<QLineEdit>(dialog, "txtSchdFSrv")->text(), "");
@@ -41,14 +41,14 @@ TEST_F(HelpDialogsTest, RevisionsAreShownUnchanged) {
 
 TEST_F(HelpDialogsTest, AMissingRevisionFileIsCreated) {
   const auto file = folder / "zblrev.ini";
-  dialogs::frmHelpRev dialog(placement, values, file);
+  dialogs::frmHelpRev dialog(placement, boxes, file);
   for (const char* key : kKeys)
     EXPECT_EQ(settings::ReadProfileString(file, "RevZBL", key, "", 2000), "Unknown") << key;
   EXPECT_TRUE(boxes.shown.empty());
 }
 
 TEST_F(HelpDialogsTest, AFailedWriteShowsItsBoxForEachKey) {
-  dialogs::frmHelpRev dialog(placement, values, folder / "no such folder" / "zblrev.ini");
+  dialogs::frmHelpRev dialog(placement, boxes, folder / "no such folder" / "zblrev.ini");
   EXPECT_EQ(boxes.shown.size(), 5u);
   EXPECT_EQ(Child<QLineEdit>(dialog, "txtZBLData")->text(), "Unknown");
 }
@@ -73,7 +73,7 @@ TEST_F(HelpDialogsTest, TheMouseTableHasSixRows) {
 }
 
 TEST_F(HelpDialogsTest, EachRemembersItsOwnPosition) {
-  dialogs::frmHelpRev revision(placement, values, folder / "zblrev.ini");
+  dialogs::frmHelpRev revision(placement, boxes, folder / "zblrev.ini");
   dialogs::frmHelpMous mouse(placement);
   dialogs::frmHelpInfo info(placement);
   int left = 10;

@@ -6,7 +6,7 @@
 #include <stdexcept>
 
 #include "data/flight_lists.h"
-#include "settings/ini_values.h"
+#include "settings/ini_file.h"
 
 namespace zerbal::mapcommand {
 namespace {
@@ -87,11 +87,10 @@ void MapJob::LoadTables() {
 }
 
 void MapJob::ReadSettings() {
-  settings::IniValues values;
   if (options_.settingsFile && !std::filesystem::is_regular_file(*options_.settingsFile))
     throw NotFound(*options_.settingsFile);
   // Without a settings file every key is missing, and the defaults hold.
-  settings::IniFile ini(options_.settingsFile.value_or(""), values);
+  settings::IniFile ini(options_.settingsFile.value_or(""));
   std::vector<std::string> fonts;
   for (const QString& family : QFontDatabase::families())
     fonts.push_back(family.toStdString());
