@@ -10,16 +10,18 @@ namespace zerbal::data {
 namespace {
 
 std::string ColourText(Rgb rgb) {
-  std::string text = std::to_string(rgb.red);
-  text.append(",").append(std::to_string(rgb.green));
-  text.append(",").append(std::to_string(rgb.blue));
-  return text;
+  return std::to_string(rgb.red) + "," + std::to_string(rgb.green) + "," + std::to_string(rgb.blue);
 }
 
-Rgb ParseColour(std::string_view text) {
-  const auto fields = settings::SplitList(text, 3, ",");
-  return ClampRgb(base::LeadingInt16(fields[1]), base::LeadingInt16(fields[2]),
-                  base::LeadingInt16(fields[3]));
+/// The setting is "red,green,blue"; components are limited to 0..255, and a text that is no number is 0.
+bool ReadColour(settings::IniFile& ini, const settings::SettingFamily& family, const std::string& key,
+                Rgb& rgb) {
+  const auto value = ini.Read(family, key, ColourText(rgb));
+  if (!value)
+    return false;
+  const auto fields = settings::SplitList(*value, 3, ",");
+  rgb = ClampRgb(base::LeadingInt16(fields[1]), base::LeadingInt16(fields[2]), base::LeadingInt16(fields[3]));
+  return true;
 }
 
 }  // namespace
@@ -37,26 +39,24 @@ ColourTable LoadColours(const std::filesystem::path& zbldata) {
 
 bool ReadColourSettings(settings::IniFile& ini, ColourTable& colours) {
   return std::all_of(colours.rows.begin(), colours.rows.end(), [&](Colour& colour) {
-    return ReadColourSetting(ini, settings::kColours, colour.entry, colour.rgb);
+    return ReadColour(ini, settings::kColours, colour.entry, colour.rgb);
   });
 }
 
 void WriteColourSettings(settings::IniFile& ini, const ColourTable& colours) {
   for (const Colour& colour : colours.rows)
-    WriteColourSetting(ini, settings::kColours, colour.entry, colour.rgb);
+    ini.Write(settings::kColours, colour.entry, ColourText(colour.rgb));
 }
 
-bool ReadColourSetting(settings::IniFile& ini, const settings::SettingFamily& family, std::string_view key,
-                       Rgb& rgb) {
-  const auto value = ini.Read(family, key, ColourText(rgb));
-  if (value)
-    rgb = ParseColour(*value);
-  return value.has_value();
+bool ReadFlightColourSettings(settings::IniFile& ini, FlightServiceTable& services) {
+  return std::all_of(services.begin(), services.end(), [&](FlightService& service) {
+    return ReadColour(ini, settings::kFlightColours, service.key, service.rgb);
+  });
 }
 
-void WriteColourSetting(settings::IniFile& ini, const settings::SettingFamily& family, std::string_view key,
-                        Rgb rgb) {
-  ini.Write(family, key, ColourText(rgb));
+void WriteFlightColourSettings(settings::IniFile& ini, const FlightServiceTable& services) {
+  for (const FlightService& service : services)
+    ini.Write(settings::kFlightColours, service.key, ColourText(service.rgb));
 }
 
 }  // namespace zerbal::data

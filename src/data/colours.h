@@ -1,12 +1,12 @@
-// The colours of the map.
+// The colours of the map, and the settings of all colours.
 #pragma once
 
 #include <array>
 #include <cstddef>
 #include <filesystem>
 #include <string>
-#include <string_view>
 
+#include "data/flight_services.h"
 #include "data/rgb.h"
 #include "settings/ini_file.h"
 
@@ -48,15 +48,14 @@ struct ColourTable {
 /// all codes that are missing.
 ColourTable LoadColours(const std::filesystem::path& zbldata);
 
-/// settings::kColours. A missing key is written with the colour of the table. False when that fails.
+// A missing key is written with the colour of the table. False when that fails.
+
+/// settings::kColours.
 bool ReadColourSettings(settings::IniFile& ini, ColourTable& colours);
 void WriteColourSettings(settings::IniFile& ini, const ColourTable& colours);
 
-/// One colour as a setting: "red,green,blue". Components are limited to 0..255, a text that is no number is
-/// 0. A missing key is written with the value of `rgb`; false when that fails.
-bool ReadColourSetting(settings::IniFile& ini, const settings::SettingFamily& family, std::string_view key,
-                       Rgb& rgb);
-void WriteColourSetting(settings::IniFile& ini, const settings::SettingFamily& family, std::string_view key,
-                        Rgb rgb);
+/// settings::kFlightColours, by the keys of the services.
+bool ReadFlightColourSettings(settings::IniFile& ini, FlightServiceTable& services);
+void WriteFlightColourSettings(settings::IniFile& ini, const FlightServiceTable& services);
 
 }  // namespace zerbal::data

@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "data/rgb.h"
-#include "settings/ini_file.h"
 
 namespace zerbal::data {
 
@@ -19,10 +18,5 @@ struct FlightService {
 
 /// In display order. Keys are not unique.
 using FlightServiceTable = std::vector<FlightService>;
-
-/// settings::kFlightColours, by the keys of the services. A missing key is written with the colour of the
-/// table. False when that fails.
-bool ReadFlightColourSettings(settings::IniFile& ini, FlightServiceTable& services);
-void WriteFlightColourSettings(settings::IniFile& ini, const FlightServiceTable& services);
 
 }  // namespace zerbal::data

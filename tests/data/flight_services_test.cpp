@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include "data/colours.h"
 #include "data/counters.h"
 #include "data/schedule.h"
 #include "jet/database.h"

@@ -5,8 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include "data/colours.h"
 #include "data/flight_finder.h"
-#include "data/flight_services.h"
 #include "settings_fixture.h"
 
 namespace zerbal::data {
