@@ -68,10 +68,6 @@ BaseMap::BaseMap(const std::filesystem::path& coast, const std::optional<std::fi
                  const std::optional<std::filesystem::path>& boundary)
     : files_(new BaseMapFiles{jet::Database::Open(coast), OpenIfPresent(river), OpenIfPresent(boundary)}) {}
 
-BaseMap::BaseMap(BaseMap&&) noexcept = default;
-BaseMap& BaseMap::operator=(BaseMap&&) noexcept = default;
-BaseMap::~BaseMap() = default;
-
 void BaseMap::VisitOverview(const StoredBounds& bounds, const Visitor& visit) const {
   VisitTable(files_->coast, "wcl", bounds, visit);
 }

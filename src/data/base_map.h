@@ -58,9 +58,6 @@ class BaseMap {
   /// opened.
   BaseMap(const std::filesystem::path& coast, const std::optional<std::filesystem::path>& river,
           const std::optional<std::filesystem::path>& boundary);
-  BaseMap(BaseMap&&) noexcept;
-  BaseMap& operator=(BaseMap&&) noexcept;
-  ~BaseMap();
 
   // Both visit lines in stored order. A line that leaves the bounds and comes back is visited in parts.
   // jet::EngineError is thrown after the points before it have been visited.
@@ -72,7 +69,7 @@ class BaseMap {
                  const Visitor& visit) const;
 
  private:
-  std::unique_ptr<const BaseMapFiles> files_;
+  std::shared_ptr<const BaseMapFiles> files_;  ///< copies share the open databases
 };
 
 }  // namespace zerbal::data

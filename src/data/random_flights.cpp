@@ -91,7 +91,10 @@ bool RoundTripChain::Add(std::string_view origin, std::string_view destination) 
     return true;
   }
   if (!open_ || origin != end_) {
-    Begin(origin, destination);
+    open_ = true;
+    start_ = origin;
+    end_ = destination;
+    length_ = 1;
     return false;
   }
   CountUp(length_);
@@ -101,13 +104,6 @@ bool RoundTripChain::Add(std::string_view origin, std::string_view destination) 
   }
   end_ = destination;
   return false;
-}
-
-void RoundTripChain::Begin(std::string_view origin, std::string_view destination) {
-  open_ = true;
-  start_ = origin;
-  end_ = destination;
-  length_ = 1;
 }
 
 void DrawRandomFlights(FlightSource source, RandomSource& random, FlightFinderState& state) {

@@ -22,8 +22,6 @@ class RoundTripChain {
   int Length() const { return length_; }
 
  private:
-  void Begin(std::string_view origin, std::string_view destination);
-
   bool open_ = false;
   std::string start_;
   std::string end_;

@@ -46,11 +46,11 @@ ColourSample::ColourSample(QWidget& map, const data::FlightServiceTable& service
   grid_->setHorizontalSpacing(kGap);
   using data::ColourCode;
   rows_.emplace_back();  // the background has no figure
-  zoomBox_ = AddRow("shpMapZoomB", Shape::Kind::kInvertedFrame, "lblMapZoomB", ColourCode::kZoom);
-  AddRow("shpMapCentr", Shape::Kind::kCentreMark, "lblMapCentr", ColourCode::kCentre);
-  AddRow("linMapCoast", Shape::Kind::kLine, "lblMapCoast", ColourCode::kCoast);
-  AddRow("linMapRiver", Shape::Kind::kLine, "lblMapRiver", ColourCode::kRiver);
-  AddRow("linMapIBoun", Shape::Kind::kLine, "lblMapIBoun", ColourCode::kIBound);
+  zoomBox_ = AddRow("shpMapZoomB", Shape::Kind::kInvertedFrame, "lblMapZoomB", CaptionOf(ColourCode::kZoom));
+  AddRow("shpMapCentr", Shape::Kind::kCentreMark, "lblMapCentr", CaptionOf(ColourCode::kCentre));
+  AddRow("linMapCoast", Shape::Kind::kLine, "lblMapCoast", CaptionOf(ColourCode::kCoast));
+  AddRow("linMapRiver", Shape::Kind::kLine, "lblMapRiver", CaptionOf(ColourCode::kRiver));
+  AddRow("linMapIBoun", Shape::Kind::kLine, "lblMapIBoun", CaptionOf(ColourCode::kIBound));
   AddAirportRow("APAll", ColourCode::kApAll);
   AddAirportRow("APDst", ColourCode::kApDest);
   AddAircraftRow();
@@ -72,13 +72,8 @@ Shape* ColourSample::AddRow(const QString& shapeName, Shape::Kind kind, const QS
   return shape;
 }
 
-Shape* ColourSample::AddRow(const QString& shapeName, Shape::Kind kind, const QString& labelName,
-                            data::ColourCode colour) {
-  return AddRow(shapeName, kind, labelName, CaptionOf(colour));
-}
-
 void ColourSample::AddAirportRow(const QString& layer, data::ColourCode colour) {
-  AddRow("shpMap" + layer, Shape::Kind::kDisc, "lblMap" + layer, colour);
+  AddRow("shpMap" + layer, Shape::Kind::kDisc, "lblMap" + layer, CaptionOf(colour));
   // The label that the map puts beside the marker is in the same row.
   QLabel* name = rows_.back().labels.front();
   grid_->removeWidget(name);

@@ -27,8 +27,6 @@ class ColourSample {
  private:
   /// A row of the sample: a figure and its label.
   Shape* AddRow(const QString& shapeName, Shape::Kind kind, const QString& labelName, const QString& caption);
-  Shape* AddRow(const QString& shapeName, Shape::Kind kind, const QString& labelName,
-                data::ColourCode colour);
   void AddAirportRow(const QString& layer, data::ColourCode colour);
   void AddAircraftRow();
 

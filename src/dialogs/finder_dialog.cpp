@@ -6,8 +6,6 @@ FinderDialog::FinderDialog(const Placement& placement, const settings::PairSetti
                            const FinderContext& context)
     : PlacedDialog(placement, position), context_(context) {}
 
-FinderDialog::~FinderDialog() = default;
-
 void FinderDialog::Display() {
   if (flights_->HandOver(context_.selectedFlights, context_.boxes))
     accept();

@@ -34,7 +34,6 @@ class FinderDialog : public PlacedDialog {
  protected:
   FinderDialog(const Placement& placement, const settings::PairSetting& position,
                const FinderContext& context);
-  ~FinderDialog() override;
 
   /// Connects the list of flights and its buttons. Called once, after the form is set up.
   template <class Form>

@@ -43,10 +43,7 @@ void ListLines::SetLines(const std::vector<std::string>& lines) {
 }
 
 void ListLines::SelectAll(bool selected) {
-  if (selected)
-    view_.selectAll();
-  else
-    view_.clearSelection();
+  selected ? view_.selectAll() : view_.clearSelection();
 }
 
 void ListLines::SelectRow(int row) {

@@ -3,18 +3,11 @@
 #include "ui_frm_deli.h"
 
 namespace zerbal::dialogs {
-namespace {
-
-const settings::PairSetting& PositionOf(frmDeli::Layer layer) {
-  return layer == frmDeli::Layer::kAllAirports ? settings::kDelimitAllAirportsPosition
-                                               : settings::kDelimitDestinationsPosition;
-}
-
-}  // namespace
 
 frmDeli::frmDeli(const Placement& placement, Layer layer, data::AirportCriteria& set,
                  settings::MessageBoxes& boxes)
-    : PlacedDialog(placement, PositionOf(layer)),
+    : PlacedDialog(placement, layer == Layer::kAllAirports ? settings::kDelimitAllAirportsPosition
+                                                           : settings::kDelimitDestinationsPosition),
       ui_(std::make_unique<Ui::frmDeli>()),
       set_(set),
       boxes_(boxes) {

@@ -7,15 +7,9 @@ namespace zerbal::dialogs {
 namespace {
 
 QMessageBox::Icon QtIcon(settings::BoxIcon icon) {
-  switch (icon) {
-    case settings::BoxIcon::kExclamation:
-      return QMessageBox::Warning;
-    case settings::BoxIcon::kCritical:
-      return QMessageBox::Critical;
-    case settings::BoxIcon::kNone:
-      break;
-  }
-  return QMessageBox::NoIcon;
+  return icon == settings::BoxIcon::kCritical      ? QMessageBox::Critical
+         : icon == settings::BoxIcon::kExclamation ? QMessageBox::Warning
+                                                   : QMessageBox::NoIcon;
 }
 
 /// The window that the user works in. There may be no active window right after another box has closed.

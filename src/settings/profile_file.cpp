@@ -34,11 +34,6 @@ std::string ReadProfileString(const std::filesystem::path& file, std::string_vie
 }
 
 bool WriteProfileString(const std::filesystem::path& file, std::string_view section, std::string_view key,
-                        std::string_view value) {
-  return WriteProfileString(file, section, key, value, base::SystemFileSteps());
-}
-
-bool WriteProfileString(const std::filesystem::path& file, std::string_view section, std::string_view key,
                         std::string_view value, base::FileSteps& steps) {
   try {
     return base::ChangeFile(

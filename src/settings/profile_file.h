@@ -7,9 +7,7 @@
 #include <string>
 #include <string_view>
 
-namespace zerbal::base {
-class FileSteps;
-}
+#include "base/file_steps.h"
 
 namespace zerbal::settings {
 
@@ -22,10 +20,6 @@ std::string ReadProfileString(const std::filesystem::path& file, std::string_vie
 /// Replaces the key's line, or adds the key (and the section), keeping every other byte of the file. The file
 /// is replaced as a whole or not at all; a missing file is created. False when it could not be written.
 bool WriteProfileString(const std::filesystem::path& file, std::string_view section, std::string_view key,
-                        std::string_view value);
-
-/// The same with other file calls.
-bool WriteProfileString(const std::filesystem::path& file, std::string_view section, std::string_view key,
-                        std::string_view value, base::FileSteps& steps);
+                        std::string_view value, base::FileSteps& steps = base::SystemFileSteps());
 
 }  // namespace zerbal::settings
