@@ -15,11 +15,40 @@ if(ZERBAL_ASSERTIONS)
   target_compile_definitions(zerbal_options INTERFACE ZERBAL_ASSERTIONS)
 endif()
 
-# zerbal_room(NAME SOURCES... [DEPENDS libraries...]): the library of one room of src/.
-# Headers are included by their path below src/, as "jet/recordset.h".
-function(zerbal_room name)
-  cmake_parse_arguments(ROOM "" "" "SOURCES;DEPENDS" ${ARGN})
-  add_library(zerbal_${name} STATIC ${ROOM_SOURCES})
-  target_include_directories(zerbal_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
-  target_link_libraries(zerbal_${name} PUBLIC ${ROOM_DEPENDS} PRIVATE zerbal_options)
+# zerbal_include_root(TARGET FOLDER): TARGET and its users include the headers of FOLDER as "NAME/header.h", NAME being
+# the folder's last part. The include path holds a link to FOLDER and nothing beside it.
+function(zerbal_include_root target folder)
+  cmake_path(GET folder FILENAME name)
+  file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/layers/${name})
+  file(CREATE_LINK ${folder} ${PROJECT_BINARY_DIR}/layers/${name}/${name} SYMBOLIC)
+  target_include_directories(${target} PUBLIC ${PROJECT_BINARY_DIR}/layers/${name})
+endfunction()
+
+# zerbal_layer(NAME SOURCES... [USES libraries...] [USES_INSIDE libraries...] [INTERNALS]): the library of one layer of
+# src/. Its sources can include the headers of the layer itself and of the layers that it names, as the table of
+# docs/architecture.md lists them. Users of the layer also see the headers of USES, because its own headers include
+# them, but not those of USES_INSIDE.
+# INTERNALS: headers in subfolders are private. Users see the headers of the folder alone, and those that name
+# zerbal_NAME_internals, as tests do, see all.
+function(zerbal_layer name)
+  cmake_parse_arguments(LAYER "INTERNALS" "" "SOURCES;USES;USES_INSIDE" ${ARGN})
+  set(folder ${PROJECT_SOURCE_DIR}/src/${name})
+  add_library(zerbal_${name} STATIC ${LAYER_SOURCES})
+  target_link_libraries(zerbal_${name} PUBLIC ${LAYER_USES} PRIVATE ${LAYER_USES_INSIDE} zerbal_options)
+  if(NOT LAYER_INTERNALS)
+    zerbal_include_root(zerbal_${name} ${folder})
+    return()
+  endif()
+  set(root ${PROJECT_BINARY_DIR}/layers/${name})
+  file(REMOVE_RECURSE ${root})
+  file(MAKE_DIRECTORY ${root}/public/${name} ${root}/all)
+  file(CREATE_LINK ${folder} ${root}/all/${name} SYMBOLIC)
+  file(GLOB headers CONFIGURE_DEPENDS RELATIVE ${folder} ${folder}/*.h)
+  foreach(header IN LISTS headers)
+    file(CREATE_LINK ${folder}/${header} ${root}/public/${name}/${header} SYMBOLIC)
+  endforeach()
+  target_include_directories(zerbal_${name} INTERFACE ${root}/public PRIVATE ${root}/all)
+  add_library(zerbal_${name}_internals INTERFACE)
+  target_include_directories(zerbal_${name}_internals BEFORE INTERFACE ${root}/all)
+  target_link_libraries(zerbal_${name}_internals INTERFACE zerbal_${name})
 endfunction()
