@@ -1,18 +1,22 @@
-// The errors that a user can cause or meet. A mistake of the program itself is an assertion instead.
+// The family of errors. Broken invariants of the program itself are not errors but assertions
+// (base/assert.h).
 #pragma once
 
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace zerbal::base {
 
-/// what() is a sentence for the user.
+/// The base of all; what() is a sentence for the user. The message box of `zerbal`, and RunPack and Run of
+/// the commands, show every error that nobody has handled before.
 class Error : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
-/// A file is missing, damaged, foreign, or cannot be read or written. what() is "File 'NAME': reason".
+/// A file is missing, damaged, foreign, or cannot be read or written. what() is "File 'NAME': reason". Thrown
+/// by whatever opens, reads or replaces files.
 class FileError : public Error {
  public:
   FileError(std::string file, std::string reason)
@@ -31,7 +35,13 @@ class FileError : public Error {
   std::string reason_;
 };
 
-/// The user ended a command before it was done.
+/// A command line is not valid. Thrown by its readers, caught by RunPack and Run, which end with status 2.
+class UsageError : public Error {
+ public:
+  using Error::Error;
+};
+
+/// The user interrupted a command. Thrown where zerbal-pack reports its progress, caught by RunPack.
 class Cancelled : public Error {
  public:
   using Error::Error;

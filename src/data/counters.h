@@ -1,14 +1,14 @@
 // Counts of table rows and list entries are at most 32767. They are checked where they are filled.
 #pragma once
 
-#include <stdexcept>
+#include "base/error.h"
 
 namespace zerbal::data {
 
-/// A counter would exceed 32767. Ends the program, as jet::EngineError does.
-class OverflowError : public std::runtime_error {
+/// A counter would exceed 32767. Thrown by CountUp; ends the program as an engine error does.
+class OverflowError : public base::Error {
  public:
-  OverflowError() : std::runtime_error("Overflow: more than 32767 entries.") {}
+  OverflowError() : Error("Overflow: more than 32767 entries.") {}
 };
 
 inline constexpr int kLargestCount = 32767;

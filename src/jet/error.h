@@ -8,7 +8,8 @@
 namespace zerbal::jet {
 
 /// A database file is damaged, foreign, missing, or lacks what was asked for (a table, an index, a field).
-/// what() is one sentence that names the file, the table where there is one, and the reason.
+/// what() is one sentence that names the file, the table where there is one, and the reason. Thrown by all
+/// operations of the interface.
 class EngineError : public base::FileError {
  public:
   EngineError(std::string file, std::string table, std::string reason);
@@ -19,7 +20,8 @@ class EngineError : public base::FileError {
   std::string table_;
 };
 
-/// A field's value cannot be converted to the requested type.
+/// A field's value cannot be converted to the requested type. Thrown by the conversions of Field; callers
+/// that can do without the value catch it.
 class ConversionError : public EngineError {
  public:
   enum class Cause {

@@ -3,16 +3,16 @@
 #include <QFontDatabase>
 #include <cstdint>
 #include <limits>
-#include <stdexcept>
 
+#include "base/error.h"
 #include "data/flight_lists.h"
 #include "settings/ini_file.h"
 
 namespace zerbal::mapcommand {
 namespace {
 
-std::runtime_error NotFound(const std::string& file) {
-  return std::runtime_error("File '" + file + "' could not be found.");
+base::Error NotFound(const std::string& file) {
+  return base::Error("File '" + file + "' could not be found.");
 }
 
 bool SameName(const std::string& a, const std::string& b) {

@@ -14,7 +14,7 @@ namespace zerbal::mapcommand {
 class MapJob {
  public:
   /// Opens the data. Throws UsageError for a value that the data does not know (region, service, flight,
-  /// airport), another std::exception when the data cannot be used. Writes nothing.
+  /// airport), another base::Error when the data cannot be used. Writes nothing.
   explicit MapJob(const Options& options);
 
   /// Draws the map as the map window does; the surface's area has the options' logical size.

@@ -5,19 +5,19 @@
 #include <QSizeF>
 #include <QStringList>
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "base/error.h"
 #include "data/airport_criteria.h"
 #include "data/display_options.h"
 
 namespace zerbal::mapcommand {
 
-/// The command line makes no sense; what() names the wrong value and what is possible.
-class UsageError : public std::runtime_error {
+/// what() names the wrong value and what is possible.
+class UsageError : public base::UsageError {
  public:
-  explicit UsageError(const QString& reason) : std::runtime_error(reason.toStdString()) {}
+  explicit UsageError(const QString& reason) : base::UsageError(reason.toStdString()) {}
 };
 
 /// Bounds in geographic degrees, east and north positive; west may be greater than east.

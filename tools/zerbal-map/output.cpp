@@ -10,6 +10,7 @@
 #include <QSvgGenerator>
 #include <cmath>
 
+#include "base/error.h"
 #include "paint/painter_surface.h"
 #include "paint/picture_surface.h"
 #include "paint/prepared_pictures.h"
@@ -21,13 +22,13 @@ namespace {
 constexpr int kVectorGrid = 8;
 
 [[noreturn]] void FailWriting(const Options& options, const QString& reason) {
-  throw std::runtime_error("File '" + options.outputFile + "' cannot be written: " + reason.toStdString());
+  throw base::Error("File '" + options.outputFile + "' cannot be written: " + reason.toStdString());
 }
 
 QImage DrawPicture(MapJob& job, const Options& options) {
   QImage picture(options.PixelSize(), QImage::Format_RGB32);
   if (picture.isNull())
-    throw std::runtime_error("There is not enough memory for a picture of this size.");
+    throw base::Error("There is not enough memory for a picture of this size.");
   paint::PreparedPictures prepared;
   {
     paint::PictureSurface surface(picture, options.dpi / kScreenDpi, prepared);

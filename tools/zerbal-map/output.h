@@ -6,7 +6,7 @@
 namespace zerbal::mapcommand {
 
 /// Draws the map and writes it to the options' file, which is there as a whole or not at all. Throws
-/// std::runtime_error when it cannot be written.
+/// base::Error when it cannot be written.
 void WriteMap(MapJob& job, const Options& options);
 
 }  // namespace zerbal::mapcommand

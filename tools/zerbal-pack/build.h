@@ -4,10 +4,10 @@
 #include <cstddef>
 #include <filesystem>
 #include <functional>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "base/error.h"
 #include "zerbal-pack/problems.h"
 
 namespace zerbal::pack {
@@ -35,9 +35,9 @@ inline constexpr const char* kMapFolder = "app_map";
 inline constexpr const char* kRevisionFile = "zblrev.ini";
 
 /// A refusal that is no fault of a source: `out` holds data that is not ours.
-class BuildRefused : public std::runtime_error {
+class BuildRefused : public base::Error {
  public:
-  using std::runtime_error::runtime_error;
+  using base::Error::Error;
 };
 
 /// Fills `out` with app_data and app_map, which appear together when everything is well; otherwise nothing

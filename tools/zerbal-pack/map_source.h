@@ -8,18 +8,18 @@
 
 #include <filesystem>
 #include <functional>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "base/error.h"
 #include "zerbal-pack/map_point.h"
 
 namespace zerbal::pack {
 
 /// A source file is missing, damaged or foreign; what() is a sentence for the user.
-class MapSourceError : public std::runtime_error {
+class MapSourceError : public base::Error {
  public:
-  using std::runtime_error::runtime_error;
+  using base::Error::Error;
 };
 
 enum class MapDetail { kLow, kIntermediate, kHigh, kFull };

@@ -4,19 +4,19 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 
 #include "base/bytes.h"
+#include "base/error.h"
 
 namespace zerbal::jet {
 
 /// What is wrong in a file. Thrown inside the reader; DatabaseState::Guarded turns it into an EngineError
 /// that names file and table.
-class Damage : public std::runtime_error {
+class Damage : public base::Error {
  public:
-  using std::runtime_error::runtime_error;
+  using base::Error::Error;
 };
 
 [[noreturn]] void ThrowOutside();  ///< throws Damage: an offset points outside its page or row

@@ -1,15 +1,14 @@
-// Why something cannot be written. Thrown inside the writer; DatabaseWriter turns it into an EngineError that
-// names file and table.
+// Why something cannot be written.
 #pragma once
 
-#include <stdexcept>
-#include <string>
+#include "base/error.h"
 
 namespace zerbal::jet {
 
-class Refusal : public std::runtime_error {
+/// Thrown inside the writer; DatabaseWriter turns it into an EngineError that names file and table.
+class Refusal : public base::Error {
  public:
-  using std::runtime_error::runtime_error;
+  using base::Error::Error;
 };
 
 }  // namespace zerbal::jet
