@@ -83,7 +83,7 @@ constexpr data::DisplayOptions kEverything{.centreOfMap = true,
 constexpr data::DisplayOptions kMapAndAirports{
     .rivers = true, .boundaries = true, .allAirports = true, .destinations = true};
 
-// The corner of four cells in northern Norway: fjords, islands, rivers and three borders. The window's shape
+// The corner of four tiles in northern Norway: fjords, islands, rivers and three borders. The window's shape
 // leaves 14 of the 20 degrees of longitude that a view with detail may span.
 constexpr View kWorldView{"W", "world, everything shown", 5, 0, 355, 180, kEverything, true};
 constexpr View kRoughCoast{"R",    "rough coast, four cells", 192.95F, 15.05F, 207.05F,

@@ -9,8 +9,8 @@
 
 #include <gtest/gtest.h>
 
-#include "zerbal-pack/map_cells.h"
 #include "zerbal-pack/map_join.h"
+#include "zerbal-pack/map_tiles.h"
 
 namespace zerbal::pack {
 namespace {
@@ -201,7 +201,7 @@ bool RunsAlongABorder(const Segment& segment) {
 // Joining and cutting neither lose nor add a segment of the source.
 TEST_F(MapTables, HaveExactlyTheSegmentsOfTheSource) {
   for (const MapTheme theme : kThemes) {
-    CellCutter cutter({9, 9});
+    TileCutter cutter({9, 9});
     std::vector<Segment> source;
     for (const SourcePiece& piece :
          ReadMapSource(kMapSourceFolder, theme, MapDetail::kLow, [](const MapFeature&) { return true; })) {
@@ -215,8 +215,8 @@ TEST_F(MapTables, HaveExactlyTheSegmentsOfTheSource) {
       }
     }
     std::vector<Segment> joined;
-    for (std::vector<MapPiece>& cell : cutter.Cells()) {
-      for (const MapLine& line : JoinPieces(std::move(cell))) {
+    for (std::vector<MapPiece>& tile : cutter.Tiles()) {
+      for (const MapLine& line : JoinPieces(std::move(tile))) {
         for (std::size_t i = 1; i < line.size(); ++i)
           joined.push_back(Normal(line[i - 1], line[i]));
       }

@@ -22,7 +22,7 @@ using ProgressSink = std::function<void(double)>;
 
 struct MapTableSize {
   std::string file;   ///< "coast.mdb"
-  std::string table;  ///< "wcl" or a cell's name and "wdb2"
+  std::string table;  ///< "wcl" or a tile's name and "wdb2"
   std::size_t rows = 0;
   std::size_t lines = 0;
 };

@@ -4,15 +4,15 @@
 #include <cstdint>
 #include <utility>
 
-#include "zerbal-pack/map_cells.h"
 #include "zerbal-pack/map_join.h"
+#include "zerbal-pack/map_tiles.h"
 
 namespace zerbal::pack {
 
 namespace {
 
-constexpr CellGrid kWorldGrid{1, 1};
-constexpr CellGrid kDetailGrid{9, 9};
+constexpr TileGrid kWorldGrid{1, 1};
+constexpr TileGrid kDetailGrid{9, 9};
 constexpr char kBandLetters[] = "ACEGIKMOQ";
 
 // The low resolution knows places to 5 km, so that a smaller island is hardly more than a splinter; smaller
@@ -47,17 +47,17 @@ bool IsNationalBoundary(const MapFeature& feature) {
 
 using Selection = bool (*)(const MapFeature&);
 
-std::string CellTableName(const CellGrid& grid, std::size_t cell) {
-  if (grid.CellCount() == 1)
+std::string TileTableName(const TileGrid& grid, std::size_t tile) {
+  if (grid.TileCount() == 1)
     return "wcl";
   const std::size_t rows = static_cast<std::size_t>(grid.rows);
-  return std::string{kBandLetters[cell / rows], kBandLetters[cell % rows]} + "wdb2";
+  return std::string{kBandLetters[tile / rows], kBandLetters[tile % rows]} + "wdb2";
 }
 
-// Reads sources of one detail and cuts them into cells.
+// Reads sources of one detail and cuts them into tiles.
 class SourceCutter {
  public:
-  SourceCutter(const CellGrid& grid, MapDetail detail, const std::filesystem::path& folder)
+  SourceCutter(const TileGrid& grid, MapDetail detail, const std::filesystem::path& folder)
       : cutter_(grid), detail_(detail), folder_(folder) {}
 
   void Add(MapTheme theme, Selection selection) {
@@ -68,10 +68,10 @@ class SourceCutter {
     }
   }
 
-  CellCutter& Cutter() { return cutter_; }
+  TileCutter& Cutter() { return cutter_; }
 
  private:
-  CellCutter cutter_;
+  TileCutter cutter_;
   MapDetail detail_;
   const std::filesystem::path& folder_;
 };
@@ -81,15 +81,15 @@ enum class Repeats {
   kDrop,
 };
 
-void AppendTables(CellCutter& cutter, Repeats repeats, std::int32_t longestSegment,
+void AppendTables(TileCutter& cutter, Repeats repeats, std::int32_t longestSegment,
                   std::vector<MapTable>& tables) {
-  for (std::size_t cell = 0; cell < cutter.Cells().size(); ++cell) {
-    std::vector<MapPiece> pieces = std::move(cutter.Cells()[cell]);
+  for (std::size_t tile = 0; tile < cutter.Tiles().size(); ++tile) {
+    std::vector<MapPiece> pieces = std::move(cutter.Tiles()[tile]);
     if (pieces.empty())
       continue;
     if (repeats == Repeats::kDrop)
       DropRepeatedSegments(pieces);
-    MapTable table{CellTableName(cutter.Grid(), cell), JoinPieces(std::move(pieces))};
+    MapTable table{TileTableName(cutter.Grid(), tile), JoinPieces(std::move(pieces))};
     for (MapLine& line : table.lines)
       SubdivideLongSegments(line, longestSegment);
     SortForDrawing(table.lines);

@@ -23,7 +23,7 @@ struct MapTable {
 };
 
 /// Everything that coast.mdb, river.mdb or ibound.mdb holds, in the order in which it is written: for the
-/// coast first the overview of the world, always from the low resolution, then the cells that have lines.
+/// coast first the overview of the world, always from the low resolution, then the tiles that have lines.
 std::vector<MapTable> MakeMapTables(MapTheme theme, MapDetail detail,
                                     const std::filesystem::path& sourceFolder);
 

@@ -1,4 +1,4 @@
-#include "zerbal-pack/map_cells.h"
+#include "zerbal-pack/map_tiles.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -49,7 +49,7 @@ std::int32_t LongitudeAt(MapPoint from, MapPoint to, std::int32_t lat) {
   return Between(from.lon, to.lon, from.lat, to.lat, lat);
 }
 
-void CellCutter::Add(const MapPiece& piece) {
+void TileCutter::Add(const MapPiece& piece) {
   group_ = piece.group;
   for (std::size_t i = 1; i < piece.points.size(); ++i) {
     if (piece.points[i - 1] != piece.points[i])
@@ -60,13 +60,13 @@ void CellCutter::Add(const MapPiece& piece) {
   runs_.clear();
 }
 
-void CellCutter::AddSegment(MapPoint from, MapPoint to) {
+void TileCutter::AddSegment(MapPoint from, MapPoint to) {
   if (InOnlyRun(from, to)) {
     runs_.front().points.push_back(to);
     return;
   }
-  const std::int32_t width = grid_.CellWidth();
-  const std::int32_t height = grid_.CellHeight();
+  const std::int32_t width = grid_.TileWidth();
+  const std::int32_t height = grid_.TileHeight();
   const auto [west, east] = std::minmax(from.lon, to.lon);
   const auto [north, south] = std::minmax(from.lat, to.lat);
   cuts_.clear();
@@ -89,24 +89,24 @@ void CellCutter::AddSegment(MapPoint from, MapPoint to) {
 }
 
 // Whether the segment goes on inside the one open run, away from every border: almost always so.
-bool CellCutter::InOnlyRun(MapPoint from, MapPoint to) const {
+bool TileCutter::InOnlyRun(MapPoint from, MapPoint to) const {
   if (runs_.size() != 1 || runs_.front().points.back() != from)
     return false;
   const Run& run = runs_.front();
-  const std::int32_t west = run.column * grid_.CellWidth();
-  const std::int32_t north = run.row * grid_.CellHeight();
-  return to.lon > west && to.lon < west + grid_.CellWidth() && to.lat > north &&
-         to.lat < north + grid_.CellHeight();
+  const std::int32_t west = run.column * grid_.TileWidth();
+  const std::int32_t north = run.row * grid_.TileHeight();
+  return to.lon > west && to.lon < west + grid_.TileWidth() && to.lat > north &&
+         to.lat < north + grid_.TileHeight();
 }
 
-void CellCutter::AddUncut(MapPoint from, MapPoint to) {
-  const Band columns = BandOf(from.lon, to.lon, grid_.CellWidth());
-  const Band rows = BandOf(from.lat, to.lat, grid_.CellHeight());
+void TileCutter::AddUncut(MapPoint from, MapPoint to) {
+  const Band columns = BandOf(from.lon, to.lon, grid_.TileWidth());
+  const Band rows = BandOf(from.lat, to.lat, grid_.TileHeight());
   for (Run& run : runs_)
     run.extended = false;
   for (int column = columns.first; column <= columns.last; ++column) {
     for (int row = rows.first; row <= rows.last; ++row) {
-      if (row >= 0 && row < grid_.rows)  // along a pole there is a cell on one side only
+      if (row >= 0 && row < grid_.rows)  // along a pole there is a tile on one side only
         Extend(column, row, from, to);
     }
   }
@@ -117,7 +117,7 @@ void CellCutter::AddUncut(MapPoint from, MapPoint to) {
   std::erase_if(runs_, [](const Run& run) { return !run.extended; });
 }
 
-void CellCutter::Extend(int column, int row, MapPoint from, MapPoint to) {
+void TileCutter::Extend(int column, int row, MapPoint from, MapPoint to) {
   const auto run = std::find_if(runs_.begin(), runs_.end(), [column, row](const Run& candidate) {
     return candidate.column == column && candidate.row == row;
   });
@@ -129,13 +129,13 @@ void CellCutter::Extend(int column, int row, MapPoint from, MapPoint to) {
   }
 }
 
-void CellCutter::Store(Run& run) {
+void TileCutter::Store(Run& run) {
   // Column -1 is the west side of a line along longitude 0: the last column, at longitude 360.
   const int turns = (run.column + grid_.columns) / grid_.columns - 1;
   for (MapPoint& point : run.points)
     point.lon -= turns * kFrameWidth;
   const int column = run.column - turns * grid_.columns;
-  cells_[grid_.CellIndex(column, run.row)].push_back({std::move(run.points), group_});
+  tiles_[grid_.TileIndex(column, run.row)].push_back({std::move(run.points), group_});
 }
 
 }  // namespace zerbal::pack
