@@ -8,6 +8,8 @@
 #include <utility>
 #include <variant>
 
+#include <fmt/format.h>
+
 #include "base/case_folding.h"
 #include "data/flight.h"
 #include "data/map_style.h"
@@ -54,16 +56,15 @@ void CheckReference(const CsvTable& table, const CsvRow& row, std::size_t column
     table.Report(problems, row, column, *std::move(fault));
 }
 
-/// The first empty stopover ends a flight's stopovers: one behind it would never be flown.
+/// The first empty stopover ends a flight's stopovers; the program ignores those after it.
 void CheckStopGaps(const CsvTable& flights, const CsvRow& row, Problems& problems) {
   const std::size_t first = flights.layout->ColumnIndex("Flit_Stop1");
   for (std::size_t stop = 1; stop < data::kMaxStopovers; ++stop) {
     const bool before = !std::holds_alternative<jet::Null>(row.values[first + stop - 1]);
     const bool here = !std::holds_alternative<jet::Null>(row.values[first + stop]);
     if (here && !before) {
-      flights.Report(
-          problems, row, first + stop,
-          Quoted(row.Text(first + stop)).append(" follows an empty stopover ").append(std::to_string(stop)));
+      flights.Report(problems, row, first + stop,
+                     fmt::format("{} follows an empty stopover {}", Quoted(row.Text(first + stop)), stop));
       return;
     }
   }

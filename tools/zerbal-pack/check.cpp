@@ -6,6 +6,8 @@
 #include <set>
 #include <string_view>
 
+#include <fmt/format.h>
+
 #include "base/case_folding.h"
 #include "base/find_file.h"
 #include "data/flight_reader.h"
@@ -27,7 +29,7 @@ namespace fs = std::filesystem;
 namespace {
 
 std::string TableOf(const std::string& file, const std::string& table) {
-  return std::string(file).append(": table '").append(table).append("'");
+  return fmt::format("{}: table '{}'", file, table);
 }
 
 class FolderCheck {
@@ -173,26 +175,26 @@ class FolderCheck {
     const std::string code = row["AP"].AsText();
     if (!airports_.insert(code).second)
       report_.Add("app_data/qavdata.mdb: table 'dest'", "twice",
-                  "destination " + Quoted(code) + " is there twice");
+                  fmt::format("destination {} is there twice", Quoted(code)));
   }
 
   void CheckFlight(const jet::Recordset& row) {
     const std::string where = "app_data/qavdata.mdb: table 'flit'";
     data::Flight flight;
     data::ReadFlight(row, data::FlightFields(row), flight);
-    const std::string name = "flight " + Quoted(flight.number) + " (key " + Quoted(flight.key) + ")";
+    const std::string name = fmt::format("flight {} (key {})", Quoted(flight.number), Quoted(flight.key));
     if (!flights_.insert(flight.key).second)
       report_.Add(where, "twice", name + ": another flight has the same key");
     if (knowServices_ && !services_.contains(flight.service))
       report_.Add(where, "service",
-                  name + ": there is no flight service " + Quoted(flight.service) +
-                      ", so it is drawn black or not at all");
+                  fmt::format("{}: there is no flight service {}, so it is drawn black or not at all", name,
+                              Quoted(flight.service)));
     for (const std::string& code : flight.route) {
       if (!knowDestinations_ || airports_.contains(code))
         continue;
-      report_.Add(
-          where, "airport",
-          name + ": airport " + Quoted(code) + " is not among the destinations, so it is never drawn");
+      report_.Add(where, "airport",
+                  fmt::format("{}: airport {} is not among the destinations, so it is never drawn", name,
+                              Quoted(code)));
       break;
     }
     CheckStops(row, flight, where, name);
@@ -202,11 +204,11 @@ class FolderCheck {
                   const std::string& name) {
     const int used = static_cast<int>(flight.route.size()) - 2;
     for (int stop = used + 1; stop <= data::kMaxStopovers; ++stop) {
-      if (row["Flit_Stop" + std::to_string(stop)].IsNull())
+      if (row[fmt::format("Flit_Stop{}", stop)].IsNull())
         continue;
-      report_.Add(where, "gap",
-                  name + ": stopover " + std::to_string(stop) + " is ignored, because stopover " +
-                      std::to_string(used + 1) + " is empty");
+      report_.Add(
+          where, "gap",
+          fmt::format("{}: stopover {} is ignored, because stopover {} is empty", name, stop, used + 1));
       return;
     }
   }
@@ -229,7 +231,7 @@ class FolderCheck {
       report_.Add(file, "wcl", "table 'wcl' is missing; there is no coastline in wide views");
     std::size_t tables = 0;
     for (const std::string& table : database->TableNames()) {
-      const bool detail = IsCellTable(table);
+      const bool detail = IsTileTable(table);
       tables += detail ? 1 : 0;
       if (detail || (coast && base::EqualsIgnoringAsciiCase(table, "wcl")))
         CheckLines(*database, TableOf(file, table), table);
@@ -239,8 +241,8 @@ class FolderCheck {
     report_.AddCount(tables, "cell in " + name, "cells in " + name);
   }
 
-  /// A cell's name, two of the letters A, C, E, ... Q, and "wdb2".
-  static bool IsCellTable(std::string_view name) {
+  /// A tile's name, two of the letters A, C, E, ... Q, and "wdb2".
+  static bool IsTileTable(std::string_view name) {
     const std::string plain = base::LowerAscii(name);
     const auto isBand = [](char c) { return c >= 'a' && c <= 'q' && (c - 'a') % 2 == 0; };
     return plain.size() == 6 && isBand(plain[0]) && isBand(plain[1]) && plain.ends_with("wdb2");
@@ -276,8 +278,7 @@ class FolderCheck {
         if (lon == kPenUp || (lon >= 0 && lon <= kFrameWidth && lat >= 0 && lat <= kFrameHeight))
           continue;
         report_.Add(where, "point",
-                    "row " + std::to_string(number) + ": the point " + std::to_string(lon) + ", " +
-                        std::to_string(lat) + " is outside the map frame");
+                    fmt::format("row {}: the point {}, {} is outside the map frame", number, lon, lat));
       }
     }
     NoteLostRows(rows, number, where, report_);

@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <vector>
 
+#include <fmt/format.h>
+
 #include "base/case_folding.h"
 #include "jet/error.h"
 #include "zerbal-pack/csv_value.h"
@@ -36,7 +38,7 @@ bool CheckFields(const jet::Recordset& rows, const TableLayout& layout, const st
   for (const ColumnLayout& column : layout.columns) {
     if (!column.read || rows.FindField(column.field.name))
       continue;
-    report.Add(where, "field", "field " + Quoted(column.field.name) + " is missing");
+    report.Add(where, "field", fmt::format("field {} is missing", Quoted(column.field.name)));
     all = false;
   }
   return all;
@@ -46,7 +48,7 @@ void CheckIndex(const jet::Recordset& rows, const NeededIndex& needed, const std
                 CheckReport& report) {
   const jet::IndexInfo* found = FindIndex(rows, needed.index);
   if (found == nullptr) {
-    report.Add(where, "index", "index " + Quoted(needed.index) + " is missing");
+    report.Add(where, "index", fmt::format("index {} is missing", Quoted(needed.index)));
     return;
   }
   if (needed.field.empty())
@@ -54,8 +56,9 @@ void CheckIndex(const jet::Recordset& rows, const NeededIndex& needed, const std
   const bool onField = found->columns.size() == 1 &&
                        base::EqualsIgnoringEuropeanCase(found->columns.front().name, needed.field);
   if (!onField)
-    report.Add(where, "index",
-               "index " + Quoted(needed.index) + " is not on the one field " + Quoted(needed.field));
+    report.Add(
+        where, "index",
+        fmt::format("index {} is not on the one field {}", Quoted(needed.index), Quoted(needed.field)));
 }
 
 /// How many of the keys are found.
@@ -86,14 +89,14 @@ void CheckOrder(jet::Recordset& rows, const NeededIndex& needed, std::size_t cou
   }
   const std::size_t found = CountFound(rows, keys);
   const auto add = [&](const std::string& text) {
-    report.Add(where, "index", "index " + Quoted(index->name) + " " + text);
+    report.Add(where, "index", fmt::format("index {} {}", Quoted(index->name), text));
   };
   if (rows.IndexDamaged())
     add("is damaged; the rows are sorted anew whenever it is used");
   if (reached < count && !index->ignoreNulls)
-    add("leads to " + std::to_string(reached) + " of " + std::to_string(count) + " rows");
+    add(fmt::format("leads to {} of {} rows", reached, count));
   if (found < keys.size())
-    add("finds " + std::to_string(found) + " of its " + std::to_string(keys.size()) + " keys");
+    add(fmt::format("finds {} of its {} keys", found, keys.size()));
 }
 
 /// Throws ConversionError where the program's own conversion would.
@@ -102,17 +105,16 @@ std::string NumberFault(const jet::Field& field, const ColumnLayout& column) {
     case ColumnUse::kWhole: {
       const std::int64_t value = field.AsLong();
       if (value < column.least || value > column.most)
-        return Quoted(field.AsText()) + " is not within " + std::to_string(column.least) + " to " +
-               std::to_string(column.most);
+        return fmt::format("{} is not within {} to {}", Quoted(field.AsText()), column.least, column.most);
       return {};
     }
     case ColumnUse::kLongitude:
     case ColumnUse::kLatitude: {
-      const double most = column.use == ColumnUse::kLongitude ? 360 : 180;
+      const int most = column.use == ColumnUse::kLongitude ? 360 : 180;
       const double value = field.AsDouble();
       if (value >= 0 && value <= most)
         return {};
-      return Quoted(field.AsText()) + " is outside the map frame (0 to " + (most > 180 ? "360" : "180") + ")";
+      return fmt::format("{} is outside the map frame (0 to {})", Quoted(field.AsText()), most);
     }
     default:
       return {};
@@ -159,7 +161,8 @@ void CheckValues(const jet::Recordset& rows, const TableLayout& layout, const st
       continue;
     const std::string fault = ValueFault(rows[column.field.name], column);
     if (!fault.empty())
-      report.Add(where, column.field.name, RowName(rows, layout) + ": " + column.field.name + " " + fault);
+      report.Add(where, column.field.name,
+                 fmt::format("{}: {} {}", RowName(rows, layout), column.field.name, fault));
   }
 }
 
@@ -182,8 +185,8 @@ std::optional<jet::Recordset> OpenChecked(const jet::Database& database, const s
 void NoteLostRows(const jet::Recordset& rows, std::size_t count, const std::string& where,
                   CheckReport& report) {
   if (count < rows.NotedRows())
-    report.AddNote(where, "has " + std::to_string(count) + " of the " + std::to_string(rows.NotedRows()) +
-                              " rows that it had; some may be lost");
+    report.AddNote(
+        where, fmt::format("has {} of the {} rows that it had; some may be lost", count, rows.NotedRows()));
 }
 
 bool CheckTable(jet::Recordset& rows, const TableLayout& layout, const std::string& where,

@@ -7,6 +7,8 @@
 #include <utility>
 #include <variant>
 
+#include <fmt/format.h>
+
 #include "base/case_folding.h"
 #include "data/flight.h"
 #include "zerbal-pack/csv.h"
@@ -84,7 +86,7 @@ std::string KnownColumns(const TableLayout& layout) {
       continue;
     names.append(names.empty() ? "" : ", ").append(column.title);
     if (column.use == ColumnUse::kStop)
-      names.append(" to Stop ").append(std::to_string(data::kMaxStopovers));
+      names += fmt::format(" to Stop {}", data::kMaxStopovers);
   }
   return names;
 }
@@ -140,7 +142,7 @@ class TableReader {
       if (!table_.titles[i].empty())
         continue;
       if (!layout_.columns[i].optional)
-        Report(record.line, "", "there is no column '" + layout_.columns[i].title + "'");
+        Report(record.line, "", fmt::format("there is no column '{}'", layout_.columns[i].title));
       table_.titles[i] = layout_.columns[i].title;
     }
     return problems_.List().size() == before;
@@ -150,7 +152,8 @@ class TableReader {
     const std::optional<Target> target = FindTarget(name, layout_);
     if (!target) {
       Report(line, name,
-             "no such column in a table of " + layout_.rowName + "s; they are " + KnownColumns(layout_));
+             fmt::format("no such column in a table of {}s; they are {}", layout_.rowName,
+                         KnownColumns(layout_)));
       return;
     }
     header_.push_back(*target);
@@ -158,15 +161,15 @@ class TableReader {
       return;
     std::string& title = table_.titles[target->column];
     if (!title.empty())
-      Report(line, name, title == name ? "occurs twice" : "means the same as column '" + title + "'");
+      Report(line, name,
+             title == name ? "occurs twice" : fmt::format("means the same as column '{}'", title));
     title = name;
   }
 
   void ReadRow(const CsvRecord& record) {
     if (record.fields.size() != header_.size()) {
       Report(record.line, "",
-             "has " + std::to_string(record.fields.size()) + " columns, the header " +
-                 std::to_string(header_.size()));
+             fmt::format("has {} columns, the header {}", record.fields.size(), header_.size()));
       return;
     }
     CsvRow row;
@@ -185,8 +188,8 @@ class TableReader {
   void ReadExtraStop(const CsvRecord& record, std::size_t i) {
     if (!record.fields[i].text.empty())
       Report(record.line, names_[i],
-             Quoted(record.fields[i].text) + " is one stopover too many; a flight has at most " +
-                 std::to_string(data::kMaxStopovers));
+             fmt::format("{} is one stopover too many; a flight has at most {}",
+                         Quoted(record.fields[i].text), data::kMaxStopovers));
   }
 
   void ReadValue(const CsvRecord& record, std::size_t i, CsvRow& row) {
@@ -205,9 +208,9 @@ class TableReader {
     const auto [first, isNew] = keys_[name].try_emplace(base::LowerAscii(key), line, key);
     if (isNew)
       return;
-    std::string reason = Quoted(key) + " is already on line " + std::to_string(first->second.first);
+    std::string reason = fmt::format("{} is already on line {}", Quoted(key), first->second.first);
     if (first->second.second != key)
-      reason += " (as " + Quoted(first->second.second) + ", which is the same)";
+      reason += fmt::format(" (as {}, which is the same)", Quoted(first->second.second));
     Report(line, name, std::move(reason));
   }
 

@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <utility>
 
+#include <fmt/format.h>
+
 #include "base/utf8.h"
 
 namespace zerbal::pack {
@@ -56,12 +58,7 @@ CsvValue TextValue(const CsvField& field, const ColumnLayout& column) {
     return Fault(field, "holds a control character");
   if (const std::size_t count = CharacterCount(field.text);
       count > static_cast<std::size_t>(column.field.length)) {
-    return Fault(Quoted(field.text)
-                     .append(" is ")
-                     .append(std::to_string(count))
-                     .append(" characters long, at most ")
-                     .append(std::to_string(column.field.length))
-                     .append(" fit"));
+    return Fault(field, fmt::format("is {} characters long, at most {} fit", count, column.field.length));
   }
   if (column.settingsKey && !CanBeSettingsKey(field.text))
     return Fault(field, "cannot be a key of the settings file");
@@ -84,11 +81,7 @@ CsvValue WholeValue(const CsvField& field, const ColumnLayout& column) {
     return Fault(field, "is not a whole number");
   const std::optional<std::int64_t> number = Parsed<std::int64_t>(field.text);
   if (!number || *number < column.least || *number > column.most) {
-    return Fault(Quoted(field.text)
-                     .append(" is not within ")
-                     .append(std::to_string(column.least))
-                     .append(" to ")
-                     .append(std::to_string(column.most)));
+    return Fault(field, fmt::format("is not within {} to {}", column.least, column.most));
   }
   return {static_cast<std::int32_t>(*number), {}};
 }

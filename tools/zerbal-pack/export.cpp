@@ -6,6 +6,8 @@
 #include <set>
 #include <vector>
 
+#include <fmt/format.h>
+
 #include "base/case_folding.h"
 #include "base/file_replacement.h"
 #include "jet/database.h"
@@ -89,7 +91,7 @@ class Exporter {
       return base::EqualsIgnoringEuropeanCase(name, options_.table);
     });
     if (found == tables.end()) {
-      Fail("there is no table '" + options_.table + "'; the tables are: " + Joined(tables));
+      Fail(fmt::format("there is no table '{}'; the tables are: {}", options_.table, Joined(tables)));
       return false;
     }
     tables = {*found};
@@ -121,7 +123,8 @@ class Exporter {
     std::vector<std::string> names;
     for (const jet::IndexInfo& index : rows.Indexes())
       names.push_back(index.name);
-    Fail("table '" + table + "' has no index '" + options_.index + "'; its indexes are: " + Joined(names));
+    Fail(fmt::format("table '{}' has no index '{}'; its indexes are: {}", table, options_.index,
+                     Joined(names)));
     return false;
   }
 
@@ -130,7 +133,7 @@ class Exporter {
     const std::string plain = CsvFileName(table);
     std::string name = plain + ".csv";
     for (int number = 2; !fileNames_.insert(base::LowerAscii(name)).second; ++number)
-      name = plain + "_" + std::to_string(number) + ".csv";
+      name = fmt::format("{}_{}.csv", plain, number);
     return name;
   }
 

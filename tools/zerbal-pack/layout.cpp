@@ -5,6 +5,8 @@
 #include <limits>
 #include <utility>
 
+#include <fmt/format.h>
+
 #include "data/counters.h"
 #include "data/flight.h"
 
@@ -177,10 +179,10 @@ jet::TableSpec TableLayout::Spec() const {
 
 std::optional<std::string> CountFault(const TableLayout& layout, std::size_t rows) {
   if (rows == 0)
-    return "there is no " + layout.rowName + "; the program needs at least one";
+    return fmt::format("there is no {}; the program needs at least one", layout.rowName);
   if (rows > std::size_t{data::kLargestCount})
-    return "there are " + std::to_string(rows) + " " + layout.rowName + "s; the program counts up to " +
-           std::to_string(data::kLargestCount);
+    return fmt::format("there are {} {}s; the program counts up to {}", rows, layout.rowName,
+                       data::kLargestCount);
   return std::nullopt;
 }
 

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include <fmt/format.h>
 #include <netcdf.h>
 
 #include "zerbal-pack/map_source.h"
@@ -11,7 +12,7 @@ namespace zerbal::pack {
 NetcdfFile::NetcdfFile(std::filesystem::path file) : file_(std::move(file)) {
   const int status = nc_open(file_.c_str(), NC_NOWRITE, &id_);
   if (status != NC_NOERR)
-    Fail(std::string("it cannot be opened as a netCDF file (") + nc_strerror(status) + ")");
+    Fail(fmt::format("it cannot be opened as a netCDF file ({})", nc_strerror(status)));
 }
 
 NetcdfFile::~NetcdfFile() {
@@ -19,12 +20,12 @@ NetcdfFile::~NetcdfFile() {
 }
 
 void NetcdfFile::Fail(const std::string& reason) const {
-  throw MapSourceError("The map source " + file_.string() + " cannot be used: " + reason + ".");
+  throw MapSourceError(fmt::format("The map source {} cannot be used: {}.", file_.string(), reason));
 }
 
 void NetcdfFile::Check(int status, const char* name) const {
   if (status != NC_NOERR)
-    Fail(std::string("reading \"") + name + "\" failed (" + nc_strerror(status) + ")");
+    Fail(fmt::format("reading \"{}\" failed ({})", name, nc_strerror(status)));
 }
 
 std::size_t NetcdfFile::Length(const char* name) const {
@@ -35,7 +36,7 @@ std::size_t NetcdfFile::Length(const char* name) const {
   Check(nc_inq_varid(id_, name, &variable), name);
   Check(nc_inq_varndims(id_, variable, &dimensions), name);
   if (dimensions != 1)
-    Fail(std::string("\"") + name + "\" is not a list");
+    Fail(fmt::format("\"{}\" is not a list", name));
   Check(nc_inq_vardimid(id_, variable, &dimension), name);
   Check(nc_inq_dimlen(id_, dimension, &length), name);
   return length;
@@ -44,8 +45,7 @@ std::size_t NetcdfFile::Length(const char* name) const {
 int NetcdfFile::Variable(const char* name, std::size_t count) const {
   const std::size_t length = Length(name);
   if (length != count)
-    Fail(std::string("\"") + name + "\" has " + std::to_string(length) + " values where " +
-         std::to_string(count) + " are needed");
+    Fail(fmt::format("\"{}\" has {} values where {} are needed", name, length, count));
   int variable = 0;
   Check(nc_inq_varid(id_, name, &variable), name);
   return variable;

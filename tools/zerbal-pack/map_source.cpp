@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <utility>
 
+#include <fmt/format.h>
+
 #include "zerbal-pack/map_netcdf.h"
 
 namespace zerbal::pack {
@@ -96,7 +98,7 @@ Segments ReadShoreSegments(const NetcdfFile& file) {
     const auto bits = static_cast<std::uint32_t>(packed[i]);
     const std::int32_t polygon = polygons[i];
     if (polygon < 0 || Size(polygon) >= polygonCount)
-      file.Fail("segment " + std::to_string(i) + " belongs to no polygon");
+      file.Fail(fmt::format("segment {} belongs to no polygon", i));
     segments.features.push_back(
         {static_cast<int>((bits >> 6) & 7), polygon, std::abs(areas[Size(polygon)]), inRiver[Size(polygon)]});
     segments.pointCount.push_back(static_cast<std::int32_t>(bits >> 9));
@@ -129,13 +131,13 @@ void CheckRanges(const NetcdfFile& file, const Bins& bins, const Segments& segme
     const std::int64_t first = bins.firstSegment[i];
     const std::int64_t count = bins.segmentCount[i];
     if (count < 0 || (count > 0 && (first < 0 || Size(first + count) > segments.features.size())))
-      file.Fail("bin " + std::to_string(i) + " names segments that are not there");
+      file.Fail(fmt::format("bin {} names segments that are not there", i));
   }
   for (std::size_t i = 0; i < segments.features.size(); ++i) {
     const std::int64_t first = segments.firstPoint[i];
     const std::int64_t count = segments.pointCount[i];
     if (first < 0 || Size(first + count) > points.east.size())
-      file.Fail("segment " + std::to_string(i) + " names points that are not there");
+      file.Fail(fmt::format("segment {} names points that are not there", i));
   }
 }
 
@@ -163,16 +165,16 @@ MapLine PointsOf(std::int64_t bin, std::int64_t first, std::int64_t count, const
 std::filesystem::path MapSourceFile(const std::filesystem::path& folder, MapTheme theme, MapDetail detail) {
   constexpr const char* kThemes[] = {"GSHHS", "river", "border"};
   constexpr const char* kDetails[] = {"l", "i", "h", "f"};
-  return folder / (std::string("binned_") + kThemes[static_cast<std::size_t>(theme)] + "_" +
-                   kDetails[static_cast<std::size_t>(detail)] + ".nc");
+  return folder / fmt::format("binned_{}_{}.nc", kThemes[static_cast<std::size_t>(theme)],
+                              kDetails[static_cast<std::size_t>(detail)]);
 }
 
 std::vector<SourcePiece> ReadMapSource(const std::filesystem::path& folder, MapTheme theme, MapDetail detail,
                                        const std::function<bool(const MapFeature&)>& wanted) {
   const std::filesystem::path path = MapSourceFile(folder, theme, detail);
   if (!std::filesystem::exists(path)) {
-    throw MapSourceError("The map source " + path.string() + " is missing. Install the Debian package " +
-                         PackageOf(detail) + ".");
+    throw MapSourceError(fmt::format("The map source {} is missing. Install the Debian package {}.",
+                                     path.string(), PackageOf(detail)));
   }
   const NetcdfFile file(path);
   const Bins bins = ReadBins(file);

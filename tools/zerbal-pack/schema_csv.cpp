@@ -3,6 +3,8 @@
 #include <initializer_list>
 #include <string_view>
 
+#include <fmt/format.h>
+
 #include "base/file_replacement.h"
 #include "jet/error.h"
 #include "jet/recordset.h"
@@ -101,14 +103,12 @@ void AppendTable(const jet::Recordset& table, std::string& csv) {
 }  // namespace
 
 std::string TypeText(const jet::ColumnInfo& column) {
-  std::string text(TypeName(column.type));
+  const std::string_view name = TypeName(column.type);
   if (column.type == jet::ColumnType::kText || column.type == jet::ColumnType::kBinary)
-    text.append("(").append(std::to_string(column.length)).append(")");
-  if (column.type == jet::ColumnType::kNumeric) {
-    text.append("(").append(std::to_string(column.precision)).append(",");
-    text.append(std::to_string(column.scale)).append(")");
-  }
-  return text;
+    return fmt::format("{}({})", name, column.length);
+  if (column.type == jet::ColumnType::kNumeric)
+    return fmt::format("{}({},{})", name, column.precision, column.scale);
+  return std::string(name);
 }
 
 void WriteSchemaCsv(const jet::Database& database, const std::vector<std::string>& tables,

@@ -3,9 +3,14 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <chrono>
 #include <cmath>
 #include <cstdint>
-#include <cstdio>
+#include <iterator>
+
+#include <fmt/format.h>
+
+#include "jet/format/date.h"
 
 namespace zerbal::jet {
 namespace {
@@ -57,44 +62,31 @@ void AppendCurrency(ByteView value, std::string& out) {
 
 void AppendGuid(ByteView value, std::string& out) {
   const std::uint8_t* b = Sized(value, 16).Data();
-  std::array<char, 40> text = {};
-  std::snprintf(text.data(), text.size(), "{%08x-%04x-%04x-%02x%02x-%02x%02x%02x%02x%02x%02x}", LoadU32(b),
-                unsigned{LoadU16(b + 4)}, unsigned{LoadU16(b + 6)}, b[8], b[9], b[10], b[11], b[12], b[13],
-                b[14], b[15]);
-  out += text.data();
+  fmt::format_to(std::back_inserter(out), "{{{:08x}-{:04x}-{:04x}-{:02x}{:02x}-{:02x}}}", LoadU32(b),
+                 LoadU16(b + 4), LoadU16(b + 6), b[8], b[9], fmt::join(b + 10, b + 16, ""));
 }
 
-/// `days` since 1899-12-30. The absolute fraction is the time of day.
+/// `days` since kDayZero. The absolute fraction is the time of day.
 void AppendDateTime(double days, std::string& out) {
+  namespace chrono = std::chrono;
   constexpr double kLimit = 4e6;  // larger numbers are not dates
-  constexpr std::int64_t kMillisecondsADay = 86'400'000;
+  constexpr double kMillisecondsPerDay = 86'400'000;
   if (!(std::fabs(days) < kLimit)) {
     AppendNumber(days, out);
     return;
   }
   const double whole = std::trunc(days);
-  auto milliseconds = static_cast<std::int64_t>(std::nearbyint(std::fabs(days - whole) * kMillisecondsADay));
-  auto day = static_cast<std::int64_t>(whole) + milliseconds / kMillisecondsADay;
-  milliseconds %= kMillisecondsADay;
-  // Civil date from a day number, counted in eras of 400 years that begin on the first of March.
-  day += 693'899;
-  const std::int64_t era = (day >= 0 ? day : day - 146'096) / 146'097;
-  const std::int64_t dayOfEra = day - era * 146'097;
-  const std::int64_t yearOfEra = (dayOfEra - dayOfEra / 1460 + dayOfEra / 36'524 - dayOfEra / 146'096) / 365;
-  const std::int64_t dayOfYear = dayOfEra - (365 * yearOfEra + yearOfEra / 4 - yearOfEra / 100);
-  const std::int64_t marchMonth = (5 * dayOfYear + 2) / 153;
-  const int dayOfMonth = static_cast<int>(dayOfYear - (153 * marchMonth + 2) / 5 + 1);
-  const int month = static_cast<int>(marchMonth < 10 ? marchMonth + 3 : marchMonth - 9);
-  const int year = static_cast<int>(yearOfEra + era * 400 + (month <= 2 ? 1 : 0));
-  const int seconds = static_cast<int>(milliseconds / 1000);
-  std::array<char, 64> text = {};
-  std::snprintf(text.data(), text.size(), "%04d-%02d-%02d %02d:%02d:%02d", year, month, dayOfMonth,
-                seconds / 3600, seconds / 60 % 60, seconds % 60);
-  out += text.data();
-  if (milliseconds % 1000 != 0) {
-    std::snprintf(text.data(), text.size(), ".%03d", static_cast<int>(milliseconds % 1000));
-    out += text.data();
-  }
+  const auto milliseconds = static_cast<int>(std::nearbyint(std::fabs(days - whole) * kMillisecondsPerDay));
+  const auto time = kDayZero + chrono::days(static_cast<int>(whole)) + chrono::milliseconds(milliseconds);
+  const auto day = chrono::floor<chrono::days>(time);
+  const chrono::year_month_day date(day);
+  const chrono::hh_mm_ss clock(time - day);
+  fmt::format_to(std::back_inserter(out), "{:04}-{:02}-{:02} {:02}:{:02}:{:02}",
+                 static_cast<int>(date.year()), static_cast<unsigned>(date.month()),
+                 static_cast<unsigned>(date.day()), clock.hours().count(), clock.minutes().count(),
+                 clock.seconds().count());
+  if (clock.subseconds().count() != 0)
+    fmt::format_to(std::back_inserter(out), ".{:03}", clock.subseconds().count());
 }
 
 void AppendHex(ByteView value, std::string& out) {

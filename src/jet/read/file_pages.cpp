@@ -1,8 +1,9 @@
 #include "jet/read/file_pages.h"
 
 #include <algorithm>
-#include <string>
 #include <utility>
+
+#include <fmt/format.h>
 
 #include "jet/format/code_page.h"
 #include "jet/read/page_cipher.h"
@@ -22,14 +23,13 @@ FilePages::FilePages(FileImage image)
 }
 
 void FilePages::ThrowNoPage(std::uint32_t number) const {
-  throw Damage("page " + std::to_string(number) + " is wanted, but the file has only " +
-               std::to_string(pageCount_) + " pages");
+  throw Damage(fmt::format("page {} is wanted, but the file has only {} pages", number, pageCount_));
 }
 
 void FilePages::ThrowWrongKind(std::uint32_t number, PageKind kind) {
   static constexpr const char* kNames[] = {"header",     "data",       "table definition",
                                            "index node", "index leaf", "usage map"};
-  throw Damage("page " + std::to_string(number) + " is not a " + kNames[static_cast<int>(kind)] + " page");
+  throw Damage(fmt::format("page {} is not a {} page", number, kNames[static_cast<int>(kind)]));
 }
 
 }  // namespace zerbal::jet

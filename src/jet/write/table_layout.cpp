@@ -4,6 +4,8 @@
 #include <numeric>
 #include <utility>
 
+#include <fmt/format.h>
+
 #include "base/assert.h"
 #include "jet/format/bytes.h"
 #include "jet/format/catalog_layout.h"
@@ -51,33 +53,33 @@ std::vector<std::uint8_t> NameKey(const std::string& name) {
 void CheckName(const std::string& what, const std::string& name) {
   const std::u16string text = ToUtf16Strictly(name);
   if (text.empty() || text.size() > kMaxName)
-    throw Refusal(what + " '" + name + "': a name has 1 to " + std::to_string(kMaxName) + " characters");
+    throw Refusal(fmt::format("{} '{}': a name has 1 to {} characters", what, name, kMaxName));
   const bool proper =
       text.front() != ' ' && std::ranges::none_of(text, [](char16_t unit) {
         return unit < 0x20 || unit == '.' || unit == '!' || unit == '`' || unit == '[' || unit == ']';
       });
   if (!proper)
-    throw Refusal(what + " '" + name + "': the name has a character that names cannot have");
+    throw Refusal(fmt::format("{} '{}': the name has a character that names cannot have", what, name));
 }
 
 template <class Items>
 void CheckNames(const std::string& what, const Items& items, std::size_t most) {
   if (items.size() > most)
-    throw Refusal("a table has at most " + std::to_string(most) + " of '" + what + "'");
+    throw Refusal(fmt::format("a table has at most {} of '{}'", most, what));
   std::vector<std::vector<std::uint8_t>> seen;
   for (const auto& item : items) {
     CheckName(what, item.name);
     const std::vector<std::uint8_t> key = NameKey(item.name);
     if (std::ranges::find(seen, key) != seen.end())
-      throw Refusal(what + " '" + item.name + "' is there twice");
+      throw Refusal(fmt::format("{} '{}' is there twice", what, item.name));
     seen.push_back(key);
   }
 }
 
 void CheckRange(const ColumnInfo& column, const std::string& what, int value, int low, int high) {
   if (value < low || value > high)
-    throw Refusal("column '" + column.name + "': a " + what + " of " + std::to_string(value) + " is not in " +
-                  std::to_string(low) + " to " + std::to_string(high));
+    throw Refusal(
+        fmt::format("column '{}': a {} of {} is not in {} to {}", column.name, what, value, low, high));
 }
 
 void CheckColumn(const ColumnInfo& column) {
@@ -112,18 +114,16 @@ bool CanBeIndexed(ColumnType type) {
 IndexLayout::Part LayOutPart(const TableLayout& table, const IndexInfo& index, const IndexColumn& part) {
   const auto column = std::ranges::find_if(
       table.columns, [&](const ColumnLayout& one) { return IsSameName(one.info.name, part.name); });
-  const std::string where = "index '" + index.name + "': column '" + part.name + "' ";
-  if (column == table.columns.end())
-    throw Refusal(where + "is not in the table");
-  if (!CanBeIndexed(column->info.type))
-    throw Refusal(where + "is of a type that cannot be indexed");
+  const bool missing = column == table.columns.end();
+  if (missing || !CanBeIndexed(column->info.type))
+    throw Refusal(fmt::format("index '{}': column '{}' {}", index.name, part.name,
+                              missing ? "is not in the table" : "is of a type that cannot be indexed"));
   return {column->number, part.ascending};
 }
 
 IndexLayout LayOutIndex(const TableLayout& table, const IndexInfo& index) {
   if (index.columns.empty() || index.columns.size() > kMaxIndexColumns)
-    throw Refusal("index '" + index.name + "' must have 1 to " + std::to_string(kMaxIndexColumns) +
-                  " columns");
+    throw Refusal(fmt::format("index '{}' must have 1 to {} columns", index.name, kMaxIndexColumns));
   if (index.foreignKey)
     throw Refusal("index '" + index.name + "': relationships cannot be written");
   IndexLayout layout;
@@ -132,7 +132,7 @@ IndexLayout LayOutIndex(const TableLayout& table, const IndexInfo& index) {
     layout.parts.push_back(LayOutPart(table, index, part));
     for (std::size_t i = 0; i + 1 < layout.parts.size(); ++i) {
       if (layout.parts[i].column == layout.parts.back().column)
-        throw Refusal("index '" + index.name + "' has column '" + part.name + "' twice");
+        throw Refusal(fmt::format("index '{}' has column '{}' twice", index.name, part.name));
     }
   }
   layout.kind = index.primary ? IndexKind::kPrimaryKey : IndexKind::kOrdinary;

@@ -4,6 +4,8 @@
 #include <array>
 #include <utility>
 
+#include <fmt/format.h>
+
 #include "jet/format/bytes.h"
 #include "jet/format/data_page_layout.h"
 #include "jet/format/index_page_layout.h"
@@ -109,14 +111,14 @@ TableWriter::TableWriter(OutputFile& file, TableLayout layout, std::optional<std
 }
 
 void TableWriter::Refuse(std::size_t column, const std::string& reason) const {
-  throw Refusal("row " + std::to_string(counts_.rows + 1) + ", column '" + layout_.columns[column].info.name +
-                "': " + reason);
+  throw Refusal(
+      fmt::format("row {}, column '{}': {}", counts_.rows + 1, layout_.columns[column].info.name, reason));
 }
 
 void TableWriter::AddRow(std::span<const Value> row) {
   if (row.size() != layout_.columns.size())
-    throw Refusal("row " + std::to_string(counts_.rows + 1) + " has " + std::to_string(row.size()) +
-                  " values for " + std::to_string(layout_.columns.size()) + " columns");
+    throw Refusal(fmt::format("row {} has {} values for {} columns", counts_.rows + 1, row.size(),
+                              layout_.columns.size()));
   EncodeValues(row);
   CheckRowSize();
   BuildKeys();
@@ -163,8 +165,8 @@ void TableWriter::CheckRowSize() const {
     size += !column.IsLong() ? content : kDescriptorSize + (content <= kInlineLongValue ? content : 0);
   }
   if (size > kMaxRow)
-    throw Refusal("row " + std::to_string(counts_.rows + 1) + " takes " + std::to_string(size) +
-                  " bytes; a row has at most " + std::to_string(kMaxRow));
+    throw Refusal(
+        fmt::format("row {} takes {} bytes; a row has at most {}", counts_.rows + 1, size, kMaxRow));
 }
 
 void TableWriter::BuildKeys() {
@@ -274,8 +276,8 @@ void TableWriter::CheckUnique(std::size_t index) const {
     const auto key = keys.Entry(i).first(keys.Entry(i).size() - kEntryPointerSize);
     if (std::ranges::equal(key, allNull))
       continue;
-    throw Refusal("rows " + std::to_string(keys.Ordinal(i - 1)) + " and " + std::to_string(keys.Ordinal(i)) +
-                  " are the same in the unique index '" + layout.name + "'");
+    throw Refusal(fmt::format("rows {} and {} are the same in the unique index '{}'", keys.Ordinal(i - 1),
+                              keys.Ordinal(i), layout.name));
   }
 }
 

@@ -10,7 +10,10 @@
 #include <string_view>
 #include <variant>
 
+#include <fmt/format.h>
+
 #include "jet/format/bytes.h"
+#include "jet/format/date.h"
 #include "jet/format/key.h"
 #include "jet/format/long_value_layout.h"
 #include "jet/write/refusal.h"
@@ -19,9 +22,13 @@
 namespace zerbal::jet {
 namespace {
 
-// 1 January 100 is day -657434. Its times of day are -657434.0 to -657434.99, so this is the limit.
-constexpr double kBeforeFirstDay = -657435;
-constexpr double kAfterLastDay = 2958466;  // 1 January 10000
+constexpr int DayNumber(std::chrono::year_month_day date) {
+  return (std::chrono::sys_days(date) - kDayZero).count();
+}
+
+// The first one has the times of day -657434.0 to -657434.99, hence the 1.
+constexpr double kBeforeFirstDay = DayNumber(std::chrono::year(100) / 1 / 1) - 1;
+constexpr double kAfterLastDay = DayNumber(std::chrono::year(10000) / 1 / 1);
 
 [[noreturn]] void ThrowWrongType(const char* wanted) {
   throw Refusal(std::string("the value is not of the column's type, which is ") + wanted);
@@ -49,7 +56,7 @@ void EncodeInteger(const Value& value, const char* type, std::string& out) {
   if (!number)
     ThrowWrongType(type);
   if (*number < std::numeric_limits<Integer>::min() || *number > std::numeric_limits<Integer>::max())
-    throw Refusal("the number " + std::to_string(*number) + " does not fit the type " + type);
+    throw Refusal(fmt::format("the number {} does not fit the type {}", *number, type));
   AppendLittleEndian(out, sizeof(Integer), static_cast<std::uint64_t>(*number));
 }
 
@@ -58,7 +65,7 @@ template <class Real>
 Real ToReal(const Value& value, const char* type) {
   if (const std::optional<double> number = RealNumber(value)) {
     if (!std::isfinite(*number) || std::abs(*number) > double{std::numeric_limits<Real>::max()})
-      throw Refusal("the number " + std::to_string(*number) + " does not fit the type " + type);
+      throw Refusal(fmt::format("the number {:f} does not fit the type {}", *number, type));
     return static_cast<Real>(*number);
   }
   const std::optional<std::int64_t> number = WholeNumber(value);
@@ -66,14 +73,14 @@ Real ToReal(const Value& value, const char* type) {
     ThrowWrongType(type);
   constexpr std::int64_t kExact = std::int64_t{1} << std::numeric_limits<Real>::digits;
   if (*number < -kExact || *number > kExact)
-    throw Refusal("the number " + std::to_string(*number) + " has more digits than the type " + type);
+    throw Refusal(fmt::format("the number {} has more digits than the type {}", *number, type));
   return static_cast<Real>(*number);
 }
 
 void EncodeDateTime(const Value& value, std::string& out) {
   const auto days = ToReal<double>(value, "DateTime");
   if (days <= kBeforeFirstDay || days >= kAfterLastDay)
-    throw Refusal("the date " + std::to_string(days) + " lies outside the years 100 to 9999");
+    throw Refusal(fmt::format("the date {:f} lies outside the years 100 to 9999", days));
   AppendLittleEndian(out, 8, std::bit_cast<std::uint64_t>(days));
 }
 
@@ -147,8 +154,7 @@ void EncodeBytes(const Value& value, const char* type, std::size_t least, std::s
   if (bytes == nullptr)
     ThrowWrongType(type);
   if (bytes->size() < least || bytes->size() > most)
-    throw Refusal("the value has " + std::to_string(bytes->size()) + " bytes, the column holds " +
-                  std::to_string(most));
+    throw Refusal(fmt::format("the value has {} bytes, the column holds {}", bytes->size(), most));
   out.assign(bytes->begin(), bytes->end());
 }
 
@@ -162,8 +168,8 @@ const std::string& TextOf(const Value& value, const char* type) {
 void EncodeText(const ColumnInfo& column, const Value& value, EncodedValue& out) {
   out.text = ToUtf16Strictly(TextOf(value, "Text"));
   if (out.text.size() > static_cast<std::size_t>(column.length))
-    throw Refusal("the text has " + std::to_string(out.text.size()) + " characters, the column holds " +
-                  std::to_string(column.length));
+    throw Refusal(
+        fmt::format("the text has {} characters, the column holds {}", out.text.size(), column.length));
   out.stored = StoredText(out.text, column.compressed);
 }
 
