@@ -1,83 +1,100 @@
 #include "zerbal-pack/command_line.h"
 
 #include <algorithm>
-#include <optional>
+
+#include <CLI/CLI.hpp>
+#include <fmt/format.h>
 
 namespace zerbal::pack {
 
 namespace {
 
-bool Contains(const std::vector<std::string>& names, const std::string& name) {
-  return std::find(names.begin(), names.end(), name) != names.end();
+void AddOption(CLI::App& app, const std::string& name, std::string& value, bool required = false) {
+  const auto notEmpty = [](const std::string& text) { return text.empty() ? "no value" : ""; };
+  app.add_option(name, value)->check(notEmpty)->required(required);
 }
 
-class Parser {
- public:
-  Parser(const std::vector<std::string>& words, const CommandSyntax& syntax)
-      : words_(words), syntax_(syntax) {}
-
-  CommandLine Parse() {
-    bool optionsEnded = false;
-    while (at_ < words_.size()) {
-      const std::string& word = words_[at_++];
-      if (optionsEnded || word.size() < 2 || !word.starts_with('-'))
-        line_.operands.push_back(word);
-      else if (word == "--")
-        optionsEnded = true;
-      else
-        ReadOption(word);
-    }
-    CheckComplete();
-    return line_;
+/// The options and arguments of the line's command.
+void AddArguments(CLI::App& app, CommandLine& line) {
+  if (line.command == "build") {
+    AddOption(app, "--out", line.out, true);
+    AddOption(app, "--detail", line.detail);
+    AddOption(app, "--pack", line.sources);
+  } else if (line.command == "schedule") {
+    AddOption(app, "--out", line.out, true);
+    AddOption(app, "--services", line.services, true);
+    AddOption(app, "--destinations", line.destinations, true);
+    AddOption(app, "--flights", line.flights, true);
+  } else if (line.command == "export") {
+    app.add_option("FILE.mdb", line.file)->required();
+    app.add_option("DIR", line.folder)->required();
+    AddOption(app, "--table", line.table);
+    AddOption(app, "--index", line.index);
+    app.add_flag("--schema", line.schema)
+        ->disable_flag_override()
+        ->multi_option_policy(CLI::MultiOptionPolicy::Throw);
+  } else if (line.command == "check") {
+    app.add_option("DIR", line.folder)->required();
+  } else {
+    throw base::UsageError(fmt::format("there is no command '{}'", line.command));
   }
+}
 
- private:
-  void ReadOption(const std::string& word) {
-    const std::size_t equals = word.find('=');
-    const std::string name = word.substr(0, equals);
-    std::optional<std::string> value;
-    if (equals != std::string::npos)
-      value = word.substr(equals + 1);
-    const bool flag = Contains(syntax_.flags, name);
-    if (!flag && !Contains(syntax_.neededOptions, name) && !Contains(syntax_.possibleOptions, name))
-      throw UsageError("there is no option '" + name + "' here");
-    if (line_.Has(name))
-      throw UsageError("option '" + name + "' is given twice");
-    if (flag && value)
-      throw UsageError("option '" + name + "' takes no value");
-    if (!flag && !value && at_ < words_.size())
-      value = words_[at_++];
-    if (!flag && value.value_or("").empty())
-      throw UsageError("option '" + name + "' needs a value");
-    line_.options[name] = value.value_or("");
+/// The library's error in the words of the other messages.
+std::string Reason(const CLI::App& app, const CLI::ParseError& error) {
+  if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr) {
+    std::vector<std::string> extras = app.remaining();
+    std::erase(extras, "--");
+    const std::string& word = extras.front();
+    return word.starts_with('-') ? fmt::format("there is no option '{}' here", word)
+                                 : fmt::format("'{}' is one argument too many", word);
   }
-
-  void CheckComplete() const {
-    if (line_.operands.size() > syntax_.operands.size())
-      throw UsageError("'" + line_.operands[syntax_.operands.size()] + "' is one argument too many");
-    if (line_.operands.size() < syntax_.operands.size())
-      throw UsageError(syntax_.operands[line_.operands.size()] + " is missing");
-    for (const std::string& option : syntax_.neededOptions) {
-      if (!line_.Has(option))
-        throw UsageError("option '" + option + "' is missing");
-    }
-  }
-
-  const std::vector<std::string>& words_;
-  const CommandSyntax& syntax_;
-  std::size_t at_ = 0;
-  CommandLine line_;
-};
+  // The message begins with the name of the option or argument, sometimes without dashes.
+  const std::string text = error.what();
+  std::string name = text.substr(0, text.find_first_of(": "));
+  const CLI::Option* option = app.get_option_no_throw(name);
+  if (option == nullptr)
+    option = app.get_option_no_throw(name.insert(0, "--"));
+  if (option == nullptr)
+    return text;
+  if (!option->get_positional())
+    name = fmt::format("option '{}'", name);
+  if (dynamic_cast<const CLI::RequiredError*>(&error) != nullptr)
+    return name + " is missing";
+  if (option->count() > 1)
+    return name + " is given twice";
+  return name + (option->get_expected_max() == 0 ? " takes no value" : " needs a value");
+}
 
 }  // namespace
 
-std::string CommandLine::Value(const std::string& option) const {
-  const auto found = options.find(option);
-  return found == options.end() ? std::string() : found->second;
-}
-
-CommandLine ParseCommandLine(const std::vector<std::string>& words, const CommandSyntax& syntax) {
-  return Parser(words, syntax).Parse();
+CommandLine ParseCommandLine(std::vector<std::string> words) {
+  CommandLine line;
+  if (words.empty())
+    throw base::UsageError("a command is missing");
+  line.command = words.front();
+  const auto optionsEnd = std::ranges::find(words, "--");
+  for (auto word = words.begin(); word != optionsEnd; ++word) {
+    if (*word == "--help" || *word == "-h")
+      line.command = "--help";
+  }
+  if (line.command == "--help" || line.command == "--version")
+    return line;
+  CLI::App app;
+  app.set_help_flag();
+  AddArguments(app, line);
+  for (auto word = words.begin(); word != optionsEnd; ++word) {
+    if (word->starts_with("--") && word->ends_with('='))  // the library would take the next word
+      throw base::UsageError(fmt::format("option '{}' needs a value", word->substr(0, word->size() - 1)));
+  }
+  try {
+    words.erase(words.begin());
+    std::ranges::reverse(words);  // the library reads from the end
+    app.parse(std::move(words));
+  } catch (const CLI::ParseError& error) {
+    throw base::UsageError(Reason(app, error));
+  }
+  return line;
 }
 
 }  // namespace zerbal::pack

@@ -1,38 +1,25 @@
-// What the user asked for.
+// The command line of zerbal-pack.
 #pragma once
 
-#include <map>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "base/error.h"
+
 namespace zerbal::pack {
 
-/// The command line makes no sense; what() says why.
-class UsageError : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
-
-/// What one command takes.
-struct CommandSyntax {
-  std::vector<std::string> operands;         ///< their names for messages, all needed
-  std::vector<std::string> neededOptions;    ///< with a value, as "--out"
-  std::vector<std::string> possibleOptions;  ///< with a value
-  std::vector<std::string> flags;            ///< without a value
-};
-
+/// What the user asks for. Commands set the members that belong to them; texts that are not given are empty.
 struct CommandLine {
-  std::vector<std::string> operands;
-  std::map<std::string, std::string> options;  ///< a flag has an empty value
-
-  bool Has(const std::string& option) const { return options.contains(option); }
-  /// "" when it was not given.
-  std::string Value(const std::string& option) const;
+  std::string command;                   ///< "build", "schedule", "export", "check", "--help" or "--version"
+  std::string out;                       ///< build: the folder, schedule: the file
+  std::string detail = "high", sources;  // build
+  std::string services, destinations, flights;  // schedule
+  std::string file, folder, table, index;       // export; check: the folder
+  bool schema = false;                          // export
 };
 
-/// Sorts out the words behind a command: options anywhere, as "--out DIR" or "--out=DIR", each once; after
-/// "--" everything is an operand. Throws UsageError.
-CommandLine ParseCommandLine(const std::vector<std::string>& words, const CommandSyntax& syntax);
+/// Reads the words after the program's name. Options may stand anywhere after the command, as "--out DIR" or
+/// "--out=DIR", each once. After "--" everything is an argument. Throws base::UsageError.
+CommandLine ParseCommandLine(std::vector<std::string> words);
 
 }  // namespace zerbal::pack

@@ -1,10 +1,11 @@
 #include "zerbal-pack/run.h"
 
-#include <array>
 #include <exception>
 #include <ostream>
-#include <stdexcept>
 
+#include <fmt/format.h>
+
+#include "base/error.h"
 #include "zerbal-pack/airline.h"
 #include "zerbal-pack/build.h"
 #include "zerbal-pack/check.h"
@@ -33,7 +34,7 @@ int ReportProblems(const Problems& problems, const RunContext& context) {
 }
 
 MapDetail ToDetail(const std::string& name) {
-  if (name.empty() || name == "high")
+  if (name == "high")
     return MapDetail::kHigh;
   if (name == "low")
     return MapDetail::kLow;
@@ -41,7 +42,7 @@ MapDetail ToDetail(const std::string& name) {
     return MapDetail::kIntermediate;
   if (name == "full")
     return MapDetail::kFull;
-  throw UsageError("detail '" + name + "' is none of low, intermediate, high and full");
+  throw base::UsageError(fmt::format("detail '{}' is none of low, intermediate, high and full", name));
 }
 
 MapBuilder MapBuilderFor(MapDetail detail) {
@@ -57,18 +58,18 @@ MapBuilder MapBuilderFor(MapDetail detail) {
 }
 
 int Build(const CommandLine& line, const RunContext& context) {
-  const MapDetail detail = ToDetail(line.Value("--detail"));
-  const BuildOptions options{line.Value("--out"), line.Has("--pack") ? fs::path(line.Value("--pack"))
-                                                                     : FindSources(context.executable)};
+  const MapDetail detail = ToDetail(line.detail);
+  const BuildOptions options{line.out,
+                             line.sources.empty() ? FindSources(context.executable) : fs::path(line.sources)};
   if (options.sources.empty())
-    throw UsageError("the sources of the sample data are not found; name their folder with --pack");
+    throw base::UsageError("the sources of the sample data are not found; name their folder with --pack");
   Problems problems;
   std::vector<TableSize> sizes;
   {
     ProgressBar bar(context.err, context.errIsTerminal);
     const auto progress = [&](double done, const std::string& what) {
       if (context.interrupted())
-        throw std::runtime_error("interrupted; nothing was written");
+        throw base::Cancelled("interrupted; nothing was written");
       bar.Show(done, what);
     };
     sizes = BuildFolder(options, MapBuilderFor(detail), progress, problems);
@@ -83,11 +84,10 @@ int Build(const CommandLine& line, const RunContext& context) {
 
 int MakeSchedule(const CommandLine& line, const RunContext& context) {
   Problems problems;
-  const Schedule schedule = ReadSchedule(
-      {line.Value("--services"), line.Value("--destinations"), line.Value("--flights")}, problems);
+  const Schedule schedule = ReadSchedule({line.services, line.destinations, line.flights}, problems);
   if (!problems.Empty())
     return ReportProblems(problems, context);
-  WriteSchedule(line.Value("--out"), schedule);
+  WriteSchedule(line.out, schedule);
   context.out << schedule.services.rows.size() << " flight services, " << schedule.destinations.rows.size()
               << " destinations, " << schedule.flights.rows.size() << " flights\n";
   return kExitGood;
@@ -95,74 +95,44 @@ int MakeSchedule(const CommandLine& line, const RunContext& context) {
 
 int Export(const CommandLine& line, const RunContext& context) {
   ExportOptions options;
-  options.file = line.operands[0];
-  options.folder = line.operands[1];
-  options.table = line.Value("--table");
-  options.index = line.Value("--index");
-  options.schema = line.Has("--schema");
+  options.file = line.file;
+  options.folder = line.folder;
+  options.table = line.table;
+  options.index = line.index;
+  options.schema = line.schema;
   return ExportTables(options, context.err) ? kExitGood : kExitBadData;
 }
 
 int Check(const CommandLine& line, const RunContext& context) {
-  const fs::path folder = line.operands[0];
-  if (!fs::is_directory(folder))
-    throw std::runtime_error(folder.string() + " is not a folder");
-  const CheckReport report = CheckFolder(folder);
+  if (!fs::is_directory(line.folder))
+    throw base::Error(line.folder + " is not a folder");
+  const CheckReport report = CheckFolder(line.folder);
   report.Print(context.out);
   return report.AllIsWell() ? kExitGood : kExitBadData;
 }
 
-struct Command {
-  std::string name;
-  CommandSyntax syntax;
-  int (*run)(const CommandLine&, const RunContext&);
-};
-
-const std::array<Command, 4>& Commands() {
-  static const std::array<Command, 4> kCommands = {
-      {{"build", {{}, {"--out"}, {"--detail", "--pack"}, {}}, Build},
-       {"schedule", {{}, {"--out", "--services", "--destinations", "--flights"}, {}, {}}, MakeSchedule},
-       {"export", {{"FILE.mdb", "DIR"}, {}, {"--table", "--index"}, {"--schema"}}, Export},
-       {"check", {{"DIR"}, {}, {}, {}}, Check}}};
-  return kCommands;
-}
-
-bool AsksForHelp(const std::vector<std::string>& words) {
-  for (const std::string& word : words) {
-    if (word == "--")
-      return false;
-    if (word == "--help" || word == "-h")
-      return true;
-  }
-  return false;
-}
-
-int RunCommand(const std::vector<std::string>& words, const RunContext& context) {
-  if (AsksForHelp(words)) {
-    context.out << kHelpText;
-    return kExitGood;
-  }
-  if (words.empty())
-    throw UsageError("a command is missing");
-  if (words.front() == "--version") {
+int RunCommand(const CommandLine& line, const RunContext& context) {
+  if (line.command == "build")
+    return Build(line, context);
+  if (line.command == "schedule")
+    return MakeSchedule(line, context);
+  if (line.command == "export")
+    return Export(line, context);
+  if (line.command == "check")
+    return Check(line, context);
+  if (line.command == "--version")
     context.out << "zerbal-pack " << ZERBAL_VERSION << "\n";
-    return kExitGood;
-  }
-  for (const Command& command : Commands()) {
-    if (words.front() != command.name)
-      continue;
-    const std::vector<std::string> rest(words.begin() + 1, words.end());
-    return command.run(ParseCommandLine(rest, command.syntax), context);
-  }
-  throw UsageError("there is no command '" + words.front() + "'");
+  else
+    context.out << kHelpText;
+  return kExitGood;
 }
 
 }  // namespace
 
 int RunPack(const std::vector<std::string>& words, const RunContext& context) {
   try {
-    return RunCommand(words, context);
-  } catch (const UsageError& error) {
+    return RunCommand(ParseCommandLine(words), context);
+  } catch (const base::UsageError& error) {
     context.err << "zerbal-pack: " << error.what() << "\nTry 'zerbal-pack --help'.\n";
     return kExitBadUsage;
   } catch (const std::exception& error) {
