@@ -1,5 +1,6 @@
-// How fast the database engine reads: a walk over a large table of points against libmdb on the same file,
-// searches in a large text index, opening. The files are made in the temporary folder and removed at the end.
+// The speed of the database engine: reading a large table of points, compared with libmdb on the same file;
+// searching a large text index; opening. The files are created in the temporary folder and removed at the
+// end.
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -36,7 +37,7 @@ ColumnInfo Column(const char* name, ColumnType type, int length) {
   return column;
 }
 
-/// Made on first use: a file with the points, and one with the airports under a text index.
+/// Created on first use: a file with the points, and one with the airports under a text index.
 class Files {
  public:
   static const Files& Get() {
@@ -141,7 +142,7 @@ void WalkWithRecordset(benchmark::State& state) {
 }
 BENCHMARK(WalkWithRecordset)->Unit(benchmark::kMillisecond);
 
-/// libmdb hands every value over as text.
+/// libmdb returns every value as text.
 void WalkWithLibmdb(benchmark::State& state) {
   MdbHandle* handle = mdb_open(Files::Get().Points().c_str(), MDB_NOFLAGS);
   if (handle == nullptr) {

@@ -1,5 +1,5 @@
-// How long the flight selection takes to open on all flights of a large schedule, beside the time to fill a
-// list that makes an item for each line.
+// The time in which the flight selection opens on all flights of a large schedule, compared with filling a
+// list that creates an item per line.
 #include <QApplication>
 #include <QListWidget>
 #include <QMainWindow>

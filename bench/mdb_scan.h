@@ -1,4 +1,4 @@
-// Reading tables with libmdb, the measure for our own reader.
+// Reads tables with libmdb, for comparison with our own reader.
 #pragma once
 
 #include <cstddef>
@@ -9,7 +9,7 @@
 
 namespace zerbal::bench {
 
-/// A database that stays open between scans, as ours do.
+/// A database that stays open between scans, like ours.
 class MdbScan {
  public:
   explicit MdbScan(const std::filesystem::path& file);

@@ -1,6 +1,6 @@
-// How long does a complete redraw take? Four scenes on built sample data, each beside three measures taken in
-// the same run: the same operations drawn one QPainter call each ("naive"), QPainter drawing nothing but the
-// already projected line segments ("lines"), and libmdb reading the same rows ("scan").
+// The time of a complete redraw of four scenes on built sample data, compared with three measures of the same
+// run: the same operations with one QPainter call each ("naive"), QPainter drawing only the line segments,
+// which are already projected ("lines"), and libmdb reading the same rows ("scan").
 //
 //     bench_redraw DATA [FULL] [--picture DIR] [--seconds N]
 //
@@ -40,7 +40,7 @@ data::DataFiles FilesOf(const fs::path& folder) {
   return found.files;
 }
 
-/// One folder's data and what a redraw takes from it.
+/// The data of one folder that a redraw needs.
 struct World {
   explicit World(const data::DataFiles& files)
       : databases(data::OpenDatabases(files)),
@@ -103,7 +103,7 @@ QPoint ToPixel(TwipPoint twips) {
   return {pixel.x, pixel.y};
 }
 
-/// Each recorded operation by one call, as straightforward drawing code would do.
+/// Draws each recorded operation with one call, as simple drawing code would.
 void DrawNaively(const std::vector<map::Operation>& operations, QImage& picture) {
   QPainter painter(&picture);
   map::TextFont fontName;
@@ -168,7 +168,7 @@ void DrawLines(const std::vector<Strokes>& strokes, QImage& picture) {
   }
 }
 
-/// The databases of one folder opened with libmdb, to read what a redraw of a view reads.
+/// The databases of one folder opened with libmdb; reads what a redraw of a view reads.
 class Scanner {
  public:
   /// Of rivers and boundaries too.
@@ -208,7 +208,7 @@ class Scanner {
 
 // ---- Measuring ----
 
-/// Processor time, so that what else runs on the machine counts as little as possible.
+/// Processor time, so that other processes influence the result as little as possible.
 double Seconds(const std::function<void()>& work) {
   const auto now = [] {
     timespec time{};
@@ -231,10 +231,10 @@ struct Measure {
   }
 };
 
-/// Takes turns, so that whatever else the machine does meets all of them alike; medians count.
+/// Measures in turns, so that other processes affect all measures equally. The results are medians.
 void TakeTurns(std::vector<Measure>& measures, double seconds) {
   for (Measure& measure : measures)
-    measure.work();  // warms caches, the glyphs' too
+    measure.work();  // fills caches, also of glyphs
   double spent = 0;
   for (int round = 0; round < 5 || spent < seconds; ++round) {
     for (Measure& measure : measures) {

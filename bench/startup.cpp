@@ -1,10 +1,10 @@
-// How long the program takes from its first instruction to the first painted map, against an empty Qt main
-// window, both as processes of their own, in turns, in one run:
+// The time from the first instruction of the program to the first painted map, compared with an empty Qt main
+// window. Both run as processes of their own, in turns:
 //
 //   bench_startup DIR [RUNS]
 //
-// DIR holds app_data and app_map and is not changed. Prints the medians and their ratio; fails when the ratio
-// is above 2.
+// DIR contains app_data and app_map and is not changed. Prints the medians and their ratio; fails when the
+// ratio is above 2.
 #include <QApplication>
 #include <QMainWindow>
 #include <algorithm>
@@ -70,7 +70,7 @@ int ShowMap(int argc, char** argv) {
   return 1;
 }
 
-/// Runs this program again with `part` as its task; seconds until it ended.
+/// Runs this program again with `part` as its task; returns the seconds until its end.
 double SecondsOf(const char* self, const char* part) {
   const auto begin = std::chrono::steady_clock::now();
   const pid_t child = ::fork();

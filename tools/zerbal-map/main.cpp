@@ -6,7 +6,7 @@
 
 int main(int argc, char** argv) {
   zerbal::jet::InstallMappedFileGuard();
-  // Pictures need fonts but no screen.
+  // Drawing needs fonts but no screen.
   qputenv("QT_QPA_PLATFORM", "offscreen");
   QGuiApplication application(argc, argv);
   return zerbal::mapcommand::Run(QGuiApplication::arguments().mid(1), std::cout, std::cerr);

@@ -44,7 +44,7 @@ const data::Region& FindRegion(const data::RegionTable& regions, const std::stri
                        .arg(QString::fromStdString(wanted), Joined(names)));
 }
 
-/// The code as it stands in the table.
+/// The code as in the table.
 std::string FindDestination(const data::Airports& destinations, const std::string& wanted) {
   std::optional<std::string> found;
   QStringList codes;

@@ -1,4 +1,4 @@
-// One map to be drawn: the data, the view and what is to be shown, put together from the options.
+// One map to be drawn: data, view and contents, as the options say.
 #pragma once
 
 #include <optional>

@@ -31,7 +31,7 @@ QStringList Items(const QString& text) {
   return text.split(',', Qt::SkipEmptyParts);
 }
 
-/// Turns on just the switches that are named; "none" names none.
+/// Turns on exactly the named switches; "none" names none.
 template <std::size_t N>
 void SetSwitches(const QString& text, const QString& option, const Switch (&switches)[N],
                  data::DisplayOptions& display) {
@@ -64,7 +64,7 @@ GeoBounds ParseView(const QString& text) {
   return bounds;
 }
 
-/// As many degrees of longitude around a place; the picture's shape decides how many of latitude.
+/// `span` degrees of longitude around a place; the picture's shape gives those of latitude.
 GeoBounds ParseCentre(const QString& text, double span, const QSizeF& size) {
   const QStringList parts = text.split(',');
   if (parts.size() != 2)

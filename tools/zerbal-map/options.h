@@ -1,4 +1,4 @@
-// What the user of zerbal-map asked for, checked as far as it can be without data.
+// The command line of zerbal-map, checked as far as possible without data.
 #pragma once
 
 #include <QSize>
@@ -28,7 +28,7 @@ struct GeoBounds {
   double south = 0;
 };
 
-/// Logical pixels an inch.
+/// Logical pixels per inch.
 inline constexpr double kScreenDpi = 96;
 
 enum class OutputKind { kPng, kSvg, kPdf };

@@ -50,8 +50,7 @@ void DrawOn(QPaintDevice& device, MapJob& job, const QSizeF& logicalSize) {
 void WritePng(MapJob& job, const Options& options, QIODevice& file) {
   const QImage picture = DrawPicture(job, options);
   QImageWriter writer(&file, "png");
-  // Maps are mostly plain areas: a light compression is nearly as small as the strongest and many times as
-  // fast.
+  // Maps are mostly plain areas: light compression is much faster and nearly as small as the strongest.
   writer.setCompression(30);
   if (!writer.write(picture))
     FailWriting(options, writer.errorString());

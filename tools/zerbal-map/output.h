@@ -5,7 +5,7 @@
 
 namespace zerbal::mapcommand {
 
-/// Draws the map and writes it to the options' file, which is there as a whole or not at all. Throws
+/// Draws the map and writes it to the options' file, which is written completely or not at all. Throws
 /// base::Error when it cannot be written.
 void WriteMap(MapJob& job, const Options& options);
 

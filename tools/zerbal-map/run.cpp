@@ -14,7 +14,7 @@ constexpr int kDone = 0;
 constexpr int kBadData = 1;
 constexpr int kBadUsage = 2;
 
-/// Larger pictures are announced, because they take long.
+/// Larger pictures are announced, because drawing takes long.
 constexpr qint64 kLargePicture = 20'000'000;
 
 bool WantsProgress(const Options& options) {

@@ -1,4 +1,4 @@
-// The whole of zerbal-map but for main().
+// zerbal-map except main().
 #pragma once
 
 #include <QStringList>
@@ -7,7 +7,7 @@
 namespace zerbal::mapcommand {
 
 /// Draws one map as `words` (without the program's name) say. Errors go to `errors`. Returns the exit status:
-/// 0 done, 1 something is wrong with the data or a file, 2 the command makes no sense. Needs a
+/// 0 done, 1 the data or a file is not valid, 2 the command line is not valid. Needs a
 /// QGuiApplication.
 int Run(const QStringList& words, std::ostream& output, std::ostream& errors);
 

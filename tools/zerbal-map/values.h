@@ -8,8 +8,8 @@
 
 namespace zerbal::mapcommand {
 
-/// "12.5", "-12.5", "12.5W", "s33": degrees, east and north positive. Letters may be large or small, before
-/// or behind the number; a letter of the other axis is refused. Throws UsageError naming `option`.
+/// "12.5", "-12.5", "12.5W", "s33": degrees, east and north positive. Letters may be upper or lower case,
+/// before or after the number; a letter of the other axis is refused. Throws UsageError naming `option`.
 double ParseLongitude(const QString& text, const QString& option);
 double ParseLatitude(const QString& text, const QString& option);
 
@@ -19,8 +19,7 @@ double ParsePositive(const QString& text, const QString& option);
 /// "A-B" between, "N+" at least, "N-" at most, "N" exactly. Throws UsageError.
 data::NumericCriterion ParseLimit(const QString& text, const QString& option);
 
-/// The sizes of a standard paper in inches, wider than high. Throws UsageError that names the papers there
-/// are.
+/// The sizes of a standard paper in inches, wider than high. Throws UsageError, which names the known papers.
 QSizeF ParsePaper(const QString& text);
 
 }  // namespace zerbal::mapcommand

@@ -29,7 +29,7 @@ class KeySet {
       keys_.emplace(base::LowerAscii(row.Text(column)), row.Text(column));
   }
 
-  /// Why `key` refers to nothing; nothing when it does, or when the keys could not be read at all.
+  /// Why `key` refers to no row; nullopt when it does, or when the keys could not be read.
   std::optional<std::string> Fault(std::string_view key, std::string_view what) const {
     if (!known_)
       return std::nullopt;

@@ -27,13 +27,13 @@ struct ProgramData {
   CsvTable regions;
 };
 
-/// Each reads its files and reports everything that is wrong with them, also between them. What was read is
-/// only to be used when nothing was reported.
+/// Each reads its files and reports every fault in them, including those that concern several files. The
+/// result is valid only when nothing was reported.
 Schedule ReadSchedule(const ScheduleSources& sources, Problems& problems);
 ProgramData ReadProgramData(const std::filesystem::path& folder, Problems& problems);
 CsvTable ReadAirports(const std::filesystem::path& file, Problems& problems);
 
-/// What depends on several rows or tables; the readers above call these.
+/// Rules that concern several rows or tables. The readers above call these.
 void CheckSchedule(const Schedule& schedule, Problems& problems);
 void CheckProgramData(const ProgramData& program, Problems& problems);
 

@@ -17,7 +17,7 @@ namespace {
 
 constexpr double kDataShare = 0.08;  // of the whole work
 
-/// Stands in the revision file and tells that a folder is ours to replace.
+/// Marks the revision file of folders that zerbal-pack made and may replace.
 constexpr const char* kMark = "MadeBy=zerbal-pack";
 
 struct Sources {
@@ -35,7 +35,7 @@ std::string ReadText(const fs::path& file) {
   return text.str();
 }
 
-/// The revision file's lines as the program's settings files have them, with our mark at the end.
+/// The revision file with the line ends of settings files, and the mark at the end.
 std::string RevisionText(const std::string& source) {
   std::istringstream lines(source);
   std::string text;

@@ -13,7 +13,7 @@
 namespace zerbal::pack {
 
 struct BuildOptions {
-  std::filesystem::path out;      ///< made when it is missing
+  std::filesystem::path out;      ///< created when it is missing
   std::filesystem::path sources;  ///< the folder with the CSV files
 };
 
@@ -23,10 +23,11 @@ struct TableSize {
   std::size_t rows = 0;
 };
 
-/// Told how far the work is (0 to 1) and what is being done. May throw to end the work.
+/// Called with the share of the work that is done (0 to 1) and the current step. May throw, which ends the
+/// work.
 using BuildProgress = std::function<void(double, const std::string&)>;
 
-/// Makes the databases of app_map in its `folder`, whose parent it is given, and says what they hold.
+/// Writes the databases of app_map below `parent` and returns the sizes of their tables.
 using MapBuilder = std::function<std::vector<TableSize>(const std::filesystem::path& parent,
                                                         const std::function<void(double)>&)>;
 
@@ -34,13 +35,13 @@ inline constexpr const char* kDataFolder = "app_data";
 inline constexpr const char* kMapFolder = "app_map";
 inline constexpr const char* kRevisionFile = "zblrev.ini";
 
-/// A refusal that is no fault of a source: `out` holds data that is not ours.
+/// `out` contains data that zerbal-pack did not make. Thrown by BuildFolder, caught by RunPack.
 class BuildRefused : public base::Error {
  public:
   using base::Error::Error;
 };
 
-/// Fills `out` with app_data and app_map, which appear together when everything is well; otherwise nothing
+/// Fills `out` with app_data and app_map, which appear together when all steps succeed; otherwise nothing
 /// changes there. Data that this program did not make is never replaced (BuildRefused). Bad rows of the
 /// sources are added to `problems`, and nothing is written then. Throws what the writers throw.
 std::vector<TableSize> BuildFolder(const BuildOptions& options, const MapBuilder& buildMap,

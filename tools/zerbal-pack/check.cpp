@@ -68,7 +68,7 @@ class FolderCheck {
     }
   }
 
-  /// Rows of the table; nothing when they could not be looked at.
+  /// The number of rows of the table; nullopt when they could not be checked.
   std::optional<std::size_t> Check(const jet::Database& database, const std::string& file,
                                    const TableLayout& layout, const RowAction& action) {
     const std::string where = TableOf(file, layout.name);

@@ -1,4 +1,4 @@
-// Looks through a folder of data as the program would read it, and says in plain words what is wrong.
+// Checks a folder of data against what the program reads from it.
 #pragma once
 
 #include <filesystem>

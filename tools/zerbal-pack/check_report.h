@@ -1,4 +1,4 @@
-// What a check of a folder found, and how it is told.
+// The findings of a check, and how they are printed.
 #pragma once
 
 #include <cstddef>
@@ -10,14 +10,14 @@
 
 namespace zerbal::pack {
 
-/// What a check found. Findings of one kind beyond the first few are only counted.
+/// Findings of one kind after the first few are only counted.
 class CheckReport {
  public:
   /// `where` names the file, and the table where there is one; `kind` is the rule that was broken.
   void Add(const std::string& where, const std::string& kind, const std::string& text);
-  /// Something worth knowing that is not wrong.
+  /// Adds information that is not a fault.
   void AddNote(const std::string& where, const std::string& text);
-  /// `one` and `many` are what is counted: "region" and "regions".
+  /// `one` and `many` name what is counted: "region" and "regions".
   void AddCount(std::size_t count, const std::string& one, const std::string& many);
 
   bool AllIsWell() const { return findings_ == 0; }

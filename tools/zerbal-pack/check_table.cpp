@@ -15,12 +15,12 @@ namespace zerbal::pack {
 
 namespace {
 
-/// An index that the program selects. A field is given where it matters which one it is on.
+/// An index that the program selects. `field` is given where the index must be on it.
 struct NeededIndex {
   std::string_view table;
   std::string_view index;
   std::string_view field;
-  bool sought;  ///< by key; others are only walked
+  bool sought;  ///< searched by key; other indexes only give the order
 };
 
 constexpr std::array<NeededIndex, 8> kNeededIndexes = {{{"col", "colcode", "", true},
@@ -61,7 +61,7 @@ void CheckIndex(const jet::Recordset& rows, const NeededIndex& needed, const std
         fmt::format("index {} is not on the one field {}", Quoted(needed.index), Quoted(needed.field)));
 }
 
-/// How many of the keys are found.
+/// The number of keys that are found.
 std::size_t CountFound(jet::Recordset& rows, const std::vector<std::string>& keys) {
   std::size_t found = 0;
   for (const std::string& key : keys) {

@@ -12,22 +12,22 @@
 
 namespace zerbal::pack {
 
-/// Opens a table; nothing, with a finding, when that cannot be done.
+/// Opens a table; nullopt, with a finding, when that fails.
 std::optional<jet::Recordset> OpenChecked(const jet::Database& database, const std::string& where,
                                           const std::string& table, CheckReport& report);
 
-/// Checks that the fields and indexes of `layout` that the program uses are there, then every row's values,
-/// in stored order, then that the indexes lead to the rows. `row` is called for each row. Damage ends the
-/// table with a finding. `where` names file and table. False when a field is missing and no row was looked
-/// at.
+/// Checks that the table has the fields and indexes of `layout` that the program uses, then the values of
+/// every row in stored order, then that the indexes find the rows. Calls `row` for each row. Damage ends the
+/// check of the table with a finding. `where` names file and table. False when a field is missing and no row
+/// was checked.
 bool CheckTable(jet::Recordset& rows, const TableLayout& layout, const std::string& where,
                 CheckReport& report, const std::function<void(const jet::Recordset&)>& row);
 
-/// Notes that fewer rows were found than the file tells of.
+/// Notes that fewer rows were found than the file states.
 void NoteLostRows(const jet::Recordset& rows, std::size_t count, const std::string& where,
                   CheckReport& report);
 
-/// How messages call the current row: "flight 'QV101'".
+/// The name of the current row in messages: "flight 'QV101'".
 std::string RowName(const jet::Recordset& rows, const TableLayout& layout);
 
 }  // namespace zerbal::pack

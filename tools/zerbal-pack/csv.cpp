@@ -51,7 +51,7 @@ void CsvReader::ReadQuoted(CsvRecord& record, std::string& text) {
   const std::size_t begin = ++at_;
   while (true) {
     if (at_ >= text_.size()) {
-      // Most likely one quote is missing on this line: take up reading again behind it, to find other faults.
+      // Probably one quote is missing on this line: continues after the opening one, to find other faults.
       at_ = begin;
       line_ = opened;
       return Fail(record, opened, "the quotation mark that begins the field is never closed");

@@ -1,4 +1,4 @@
-// CSV as RFC 4180 has it: commas, quotes with "" inside them for one, line breaks inside quotes.
+// CSV as in RFC 4180: commas, quotes with "" inside them for one, line breaks inside quotes.
 #pragma once
 
 #include <cstddef>
@@ -9,7 +9,7 @@
 
 namespace zerbal::pack {
 
-/// One field of a record, as UTF-8. Quotes matter: nothing at all is Null, "" is the empty text.
+/// One field of a record, as UTF-8. Nothing at all is Null, "" is the empty text.
 struct CsvField {
   std::string text;
   bool quoted = false;
@@ -17,9 +17,9 @@ struct CsvField {
   bool IsNull() const { return text.empty() && !quoted; }
 };
 
-/// What is wrong with the form of a record (not with its values).
+/// An error in the form of a record, not in its values.
 struct CsvFault {
-  std::size_t line = 0;   ///< where it shows, from 1
+  std::size_t line = 0;   ///< where it is detected, from 1
   std::size_t field = 0;  ///< number of the field in its record, from 1
   std::string reason;
 };
@@ -27,15 +27,15 @@ struct CsvFault {
 struct CsvRecord {
   std::size_t line = 0;  ///< line of the file on which it begins, from 1
   std::vector<CsvField> fields;
-  std::optional<CsvFault> fault;  ///< the first one; the fields are then not to be used
+  std::optional<CsvFault> fault;  ///< the first one; the fields are then invalid
 
   /// A line with nothing on it.
   bool IsBlank() const { return !fault && fields.size() == 1 && fields.front().IsNull(); }
 };
 
-/// Reads the records of a text one after the other. Lines end with CR LF, LF or CR; a byte order mark in
-/// front is skipped; bytes that are no UTF-8 and the character NUL are faults. After a fault reading goes on
-/// with the next line, so that one pass finds them all.
+/// Reads the records of a text in order. Lines end with CR LF, LF or CR. A byte order mark at the start is
+/// skipped. Invalid UTF-8 and the character NUL are faults. After a fault, reading continues with the next
+/// line, so that one pass finds them all.
 class CsvReader {
  public:
   explicit CsvReader(std::string_view text);
@@ -57,7 +57,7 @@ class CsvReader {
   std::size_t line_ = 1;
 };
 
-/// `text` in quotes, those in it doubled.
+/// Appends `text` in quotes, with the quotes in it doubled.
 void AppendCsvText(std::string_view text, std::string& out);
 
 /// Ends a record.

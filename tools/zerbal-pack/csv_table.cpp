@@ -18,14 +18,14 @@ namespace zerbal::pack {
 
 namespace {
 
-/// Where a column of the file goes.
+/// The column of the layout that a column of the file fills.
 struct Target {
   static constexpr std::size_t kExtraStop = static_cast<std::size_t>(-1);  ///< a stopover beyond the last one
   std::size_t column = 0;                                                  ///< of the layout
   bool mapFrame = false;
 };
 
-using Header = std::vector<Target>;  // one for each column of the file
+using Header = std::vector<Target>;  // one per column of the file
 
 /// A header's name without the note in brackets that may follow it.
 std::string PlainName(std::string_view header) {
@@ -51,7 +51,7 @@ bool SameName(std::string_view a, std::string_view b) {
   return base::EqualsIgnoringAsciiCase(WithoutBlanks(a), WithoutBlanks(b));
 }
 
-/// "Stop 11" and so on, which a planner may well have, but no flight.
+/// "Stop 11" and so on: a file may have such columns, but they must be empty.
 bool IsExtraStop(std::string_view name, const TableLayout& layout) {
   if (&layout != &FlightLayout())
     return false;
@@ -204,7 +204,7 @@ class TableReader {
   }
 
   void CheckTwice(std::size_t line, const std::string& name, const std::string& key) {
-    // Neither indexes nor the settings file look at letter case.
+    // Indexes and the settings file ignore letter case.
     const auto [first, isNew] = keys_[name].try_emplace(base::LowerAscii(key), line, key);
     if (isNew)
       return;

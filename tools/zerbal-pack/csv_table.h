@@ -15,7 +15,7 @@ namespace zerbal::pack {
 
 struct CsvRow {
   std::size_t line = 0;
-  std::vector<jet::Value> values;  ///< one for each column of the layout; Null where the file's value was bad
+  std::vector<jet::Value> values;  ///< one per column of the layout; Null for invalid values
 
   /// The text in a column; "" when it holds none.
   std::string_view Text(std::size_t column) const;
@@ -31,10 +31,9 @@ struct CsvTable {
   void Report(Problems& problems, const CsvRow& row, std::size_t column, std::string reason) const;
 };
 
-/// Reads `file` and reports everything that is wrong with it and its values alone: form, header, missing and
-/// superfluous columns, values that do not fit, keys that occur twice. What depends on other tables is left
-/// to the caller. Rows whose form is right are kept even when a value is bad, so that others can refer to
-/// them.
+/// Reads `file` and reports every fault that concerns this file alone: form, header, missing and superfluous
+/// columns, values that do not fit, repeated keys. The caller checks what depends on other tables. Rows of
+/// valid form are kept even when a value is invalid, so that others can refer to them.
 CsvTable ReadCsvTable(const std::filesystem::path& file, const TableLayout& layout, Problems& problems);
 
 /// The same from a text in memory.

@@ -41,7 +41,7 @@ std::optional<Number> Parsed(std::string_view text) {
   return number;
 }
 
-/// Digits, with a sign before them or not, and nothing else.
+/// Digits with an optional sign, and nothing else.
 bool LooksWhole(std::string_view text) {
   text = Trimmed(text);
   if (text.starts_with('-'))
@@ -87,9 +87,9 @@ CsvValue WholeValue(const CsvField& field, const ColumnLayout& column) {
 }
 
 /// Degrees of the map frame: longitude from 180 W eastwards, latitude from the North Pole downwards. Digits
-/// that only come from subtracting are rounded away, so that 90 - 71.8 is 18.2.
+/// that only result from the subtraction are rounded away, so that 90 - 71.8 is 18.2.
 double ToMapFrame(double degrees, ColumnUse use) {
-  constexpr double kUnits = 1e9;  // a degree
+  constexpr double kUnits = 1e9;  // per degree
   const double mapDegrees = use == ColumnUse::kLongitude ? degrees + 180.0 : 90.0 - degrees;
   return std::round(mapDegrees * kUnits) / kUnits;
 }
@@ -111,7 +111,7 @@ CsvValue PositionValue(const CsvField& field, const ColumnLayout& column, bool m
   }
   if (column.field.type == jet::ColumnType::kDouble)
     return {mapDegrees + 0.0, {}};  // no negative zero
-  // A single that the database gave out comes back unchanged: it is not rounded by way of a double.
+  // Parsed as a single, so that an exported value is read back unchanged.
   const float single = mapFrame ? Parsed<float>(field.text).value_or(0.0F) : static_cast<float>(mapDegrees);
   return {single + 0.0F, {}};
 }

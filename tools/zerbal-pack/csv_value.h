@@ -1,4 +1,4 @@
-// One value of a CSV file, checked and turned into what the database stores.
+// One value of a CSV file, checked and converted to the type of its field.
 #pragma once
 
 #include <cstddef>
@@ -12,7 +12,7 @@
 
 namespace zerbal::pack {
 
-/// A value, or why there is none.
+/// A value, or the reason why there is none.
 struct CsvValue {
   jet::Value value;
   std::optional<std::string> fault;
@@ -24,7 +24,7 @@ CsvValue ToValue(const CsvField& field, const ColumnLayout& column, bool mapFram
 /// Characters as the database counts them (UTF-16 units).
 std::size_t CharacterCount(std::string_view text);
 
-/// A text within single quotation marks, cut when it is long, for messages.
+/// A text in single quotation marks for messages; a long one is cut.
 std::string Quoted(std::string_view text);
 
 }  // namespace zerbal::pack

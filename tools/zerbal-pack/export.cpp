@@ -128,7 +128,7 @@ class Exporter {
     return false;
   }
 
-  /// Tables whose names differ only in what a file name cannot show get a number.
+  /// Tables whose names differ only in characters that CsvFileName replaces get a number.
   std::string FreeFileName(const std::string& table) {
     const std::string plain = CsvFileName(table);
     std::string name = plain + ".csv";

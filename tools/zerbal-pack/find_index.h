@@ -1,4 +1,4 @@
-// Looking an index up by its name.
+// Finds an index by its name.
 #pragma once
 
 #include <algorithm>
@@ -9,7 +9,7 @@
 
 namespace zerbal::pack {
 
-/// The table's index of that name, letter case aside; nullptr when there is none. Lives as long as `rows`.
+/// The table's index of that name, ignoring letter case; nullptr when there is none. Valid as long as `rows`.
 inline const jet::IndexInfo* FindIndex(const jet::Recordset& rows, std::string_view name) {
   const auto& indexes = rows.Indexes();
   const auto found = std::find_if(indexes.begin(), indexes.end(), [&](const jet::IndexInfo& index) {

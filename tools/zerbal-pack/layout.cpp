@@ -41,7 +41,7 @@ ColumnLayout Number(std::string field, std::string title, ColumnUse use, ColumnT
   return column;
 }
 
-/// For fields that only index and order the rows, or only a reader of the table looks at.
+/// For fields that the program does not read: they order the rows or inform a reader of the table.
 ColumnLayout NotRead(ColumnLayout column) {
   column.read = false;
   return column;

@@ -14,13 +14,13 @@
 
 namespace zerbal::pack {
 
-/// What may stand in a column of a CSV file.
+/// The values that a column of a CSV file can have.
 enum class ColumnUse {
   kKey,           ///< never empty, plain ASCII, different in every row
   kReference,     ///< a key of another table: never empty, plain ASCII
   kStop,          ///< as kReference, but may be empty or missing
   kText,          ///< anything, Null too
-  kRequiredText,  ///< anything but nothing
+  kRequiredText,  ///< not Null
   kWhole,         ///< a whole number from `least` to `most`
   kSort,          ///< as kWhole; when missing rows are numbered 10, 20, ...
   kLongitude,     ///< see ColumnLayout::title
@@ -36,7 +36,7 @@ struct ColumnLayout {
   std::string title;
   ColumnUse use = ColumnUse::kText;
   bool optional = false;     ///< the CSV file need not have the column
-  bool read = true;          ///< the program reads the field, by this very name
+  bool read = true;          ///< the program reads the field by exactly this name
   bool settingsKey = false;  ///< a key of the settings file, different in every row
   std::int64_t least = 0;    ///< whole numbers
   std::int64_t most = 0;
@@ -52,8 +52,8 @@ struct TableLayout {
   jet::TableSpec Spec() const;
 };
 
-/// Why the program cannot work with so many rows of a table that it keeps in memory (regions, flight
-/// services); nothing when it can.
+/// Why the program cannot use so many rows of a table that it keeps in memory (regions, flight services);
+/// nullopt when it can.
 std::optional<std::string> CountFault(const TableLayout& layout, std::size_t rows);
 
 /// Whether the settings file gives back what is written under this key.

@@ -23,7 +23,7 @@ void OnInterrupt(int signalNumber) {
 int main(int argc, char** argv) {
   zerbal::jet::InstallMappedFileGuard();
   const std::vector<std::string> words(argv + 1, argv + argc);
-  // A build that is interrupted clears away what it has begun; the other commands may just end.
+  // An interrupted build removes its temporary files; the other commands have none.
   if (!words.empty() && words.front() == "build") {
     for (const int signalNumber : {SIGINT, SIGTERM, SIGHUP})
       std::signal(signalNumber, OnInterrupt);

@@ -30,7 +30,7 @@ std::size_t OtherEnd(std::size_t end) {
 // Pairs the ends that meet at one point: first within a group, then those left over.
 void PairEndsAtPoint(std::vector<PieceEnd>::const_iterator first, std::vector<PieceEnd>::const_iterator last,
                      std::vector<std::size_t>& partner) {
-  std::size_t waiting = kNone;  // an end that found no partner in its group
+  std::size_t waiting = kNone;  // an end without a partner in its group
   while (first != last) {
     const auto next = std::next(first);
     std::size_t left = first->end;
@@ -57,7 +57,7 @@ std::vector<std::size_t> PairEnds(const std::vector<MapPiece>& pieces) {
   for (std::size_t i = 0; i < pieces.size(); ++i) {
     const MapLine& points = pieces[i].points;
     if (points.front() == points.back())
-      continue;  // a ring is whole already
+      continue;  // a ring is complete
     ends.push_back({points.front(), pieces[i].group, 2 * i});
     ends.push_back({points.back(), pieces[i].group, 2 * i + 1});
   }
@@ -125,7 +125,7 @@ std::vector<bool> FindRepeats(const std::vector<MapPiece>& pieces, bool& any) {
   return repeated;
 }
 
-// The stretches of `piece` whose segments are not repeated; `number` is that of its first segment.
+// The parts of `piece` whose segments are not repeated; `number` is that of its first segment.
 void KeepUnrepeated(MapPiece& piece, const std::vector<bool>& repeated, std::size_t number,
                     std::vector<MapPiece>& kept) {
   const MapLine& points = piece.points;
@@ -201,7 +201,7 @@ void SubdivideLongSegments(MapLine& line, std::int32_t longest) {
       const std::int32_t finish = alongLon ? to.lon : to.lat;
       const std::int64_t parts = (std::int64_t{span(from, to)} + longest - 1) / longest;
       for (std::int64_t part = 1; part < parts; ++part) {
-        // Counted from the smaller end, so that the way back finds the same points.
+        // Counted from the smaller end, so that both directions give the same points.
         const std::int64_t step = start < finish ? part : parts - part;
         const std::int64_t offset = step * span(from, to) / parts;
         const auto at = static_cast<std::int32_t>(std::min(start, finish) + offset);

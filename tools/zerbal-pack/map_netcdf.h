@@ -22,7 +22,7 @@ class NetcdfFile {
   /// `count` values or cannot be converted.
   std::vector<std::int32_t> Ints(const char* name, std::size_t count) const;
   std::vector<double> Doubles(const char* name, std::size_t count) const;
-  /// 16-bit values that are meant without sign, as the file's offsets are.
+  /// 16-bit values without sign, as the file's offsets are.
   std::vector<std::uint16_t> Offsets(const char* name, std::size_t count) const;
   std::int32_t Int(const char* name) const { return Ints(name, 1).front(); }
 

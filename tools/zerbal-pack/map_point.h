@@ -15,7 +15,7 @@ inline constexpr std::int32_t kFrameHeight = 180 * kDegree;  ///< map latitude 0
 inline constexpr std::int32_t kPenUp = data::kEndOfLine;
 
 /// A position in the map frame: map longitude grows eastwards from 180 W, map latitude southwards from the
-/// North Pole. Tables hold longitudes 0 to 360 degrees; on the way there a line may run on beyond 360.
+/// North Pole. Tables hold longitudes 0 to 360 degrees; while it is built, a line may continue beyond 360.
 struct MapPoint {
   std::int32_t lon = 0;
   std::int32_t lat = 0;
@@ -24,8 +24,8 @@ struct MapPoint {
 
 using MapLine = std::vector<MapPoint>;
 
-/// A stretch of line that came in one piece. `group` tells what it is part of (a shore's polygon, a level of
-/// rivers): where several pieces meet, those of one group are joined first.
+/// A part of a line. Pieces with the same `group` (a shore's polygon, a level of rivers) are joined first
+/// where several meet.
 struct MapPiece {
   MapLine points;
   std::int32_t group = 0;
@@ -37,7 +37,7 @@ constexpr std::int64_t DivideRounded(std::int64_t numerator, std::int64_t denomi
 }
 
 /// The place on the segment from `from` to `to` whose longitude is `lon`, which lies between theirs (they
-/// differ). The same whichever way round the segment is given.
+/// differ). Both directions of the segment give the same.
 std::int32_t LatitudeAt(MapPoint from, MapPoint to, std::int32_t lon);
 std::int32_t LongitudeAt(MapPoint from, MapPoint to, std::int32_t lat);
 

@@ -13,10 +13,10 @@ namespace zerbal::pack {
 
 namespace {
 
-constexpr std::int64_t kBinUnits = 65535;  // a bin's size in units of its points' offsets
+constexpr std::int64_t kBinUnits = 65535;  // the size of a bin in units of offsets
 
 struct Bins {
-  std::int64_t minutes = 0;  // size of a bin, both ways
+  std::int64_t minutes = 0;  // width and height of a bin
   std::int64_t columns = 0;
   std::int64_t rows = 0;
   std::vector<std::int32_t> firstSegment;
@@ -141,8 +141,8 @@ void CheckRanges(const NetcdfFile& file, const Bins& bins, const Segments& segme
   }
 }
 
-// Reckoned from the whole world's corner, not the bin's, so that a point on the edge between two bins comes
-// out the same from both.
+// Computed from the corner of the whole world, not of the bin, so that a point on the edge between two bins
+// is the same in both.
 std::int32_t Millionths(std::int64_t units, const Bins& bins) {
   return static_cast<std::int32_t>(DivideRounded(units * bins.minutes * kDegree, 60 * kBinUnits));
 }

@@ -15,12 +15,12 @@ constexpr TileGrid kWorldGrid{1, 1};
 constexpr TileGrid kDetailGrid{9, 9};
 constexpr char kBandLetters[] = "ACEGIKMOQ";
 
-// The low resolution knows places to 5 km, so that a smaller island is hardly more than a splinter; smaller
-// lakes would be specks that hide the coasts.
+// The low resolution is accurate to 5 km, so the shape of a smaller island is lost; smaller lakes would be
+// dots that hide the coasts.
 constexpr double kOverviewIslandKm2 = 10;
 constexpr double kOverviewLakeKm2 = 1000;
 
-// Antarctica is shown as far as its ice reaches, which is what a traveller sees. Wide rivers are
+// Antarctica is shown by its ice front. Wide rivers are
 // shown with the other rivers.
 bool InDetailCoast(const MapFeature& feature) {
   return feature.level != kGroundingLine && !feature.riverLake;
@@ -36,7 +36,7 @@ bool IsPermanentRiver(const MapFeature& feature) {
   return feature.level >= kMajorRiver && feature.level <= kMinorRiver;
 }
 
-// The banks of wide rivers are taken from the shores, where they have their islands.
+// The banks of wide rivers are taken from the shores, because only there they have their islands.
 bool IsWideRiver(const MapFeature& feature) {
   return feature.riverLake;
 }
@@ -62,7 +62,7 @@ class SourceCutter {
 
   void Add(MapTheme theme, Selection selection) {
     for (SourcePiece& piece : ReadMapSource(folder_, theme, detail_, selection)) {
-      // Shores have numbers from 0; rivers and boundaries are told apart by level only.
+      // Shores have numbers from 0; rivers and boundaries differ by level only.
       const int group = theme == MapTheme::kCoast ? piece.feature.polygon : -1 - piece.feature.level;
       cutter_.Add({std::move(piece.points), group});
     }
@@ -77,7 +77,7 @@ class SourceCutter {
 };
 
 enum class Repeats {
-  kKeep,  // shores: rings, which a repeated segment (a spike there and back) does not harm
+  kKeep,  // shores: rings, in which a repeated segment is harmless
   kDrop,
 };
 

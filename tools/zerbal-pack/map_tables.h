@@ -1,4 +1,4 @@
-// What the map databases hold: which shores, rivers and boundaries are shown, as lines in tables.
+// The contents of the map databases: selects shores, rivers and boundaries and makes tables of lines.
 #pragma once
 
 #include <filesystem>
@@ -16,13 +16,13 @@ inline constexpr std::int32_t kLongestDetailSegment = kDegree / 20;
 /// The same in the overview, whose closest view spans 20 degrees.
 inline constexpr std::int32_t kLongestOverviewSegment = kDegree / 2;
 
-/// One table of a map database: its lines as they are drawn, the markers between them left out.
+/// One table of a map database: its lines, without the markers between them.
 struct MapTable {
   std::string name;
   std::vector<MapLine> lines;
 };
 
-/// Everything that coast.mdb, river.mdb or ibound.mdb holds, in the order in which it is written: for the
+/// All tables that coast.mdb, river.mdb or ibound.mdb holds, in the order in which it is written: for the
 /// coast first the overview of the world, always from the low resolution, then the tiles that have lines.
 std::vector<MapTable> MakeMapTables(MapTheme theme, MapDetail detail,
                                     const std::filesystem::path& sourceFolder);

@@ -8,7 +8,7 @@ namespace zerbal::pack {
 
 namespace {
 
-struct Band {  // the one or two rows (or columns) that a stretch between two borders belongs to
+struct Band {  // the one or two rows (or columns) that a part between two borders belongs to
   int first = 0;
   int last = 0;
 };
@@ -21,14 +21,14 @@ Band BandOf(std::int32_t from, std::int32_t to, std::int32_t size) {
   return {band, band};
 }
 
-// The first border that lies truly beyond `low`.
+// The first border greater than `low`.
 std::int32_t NextBorder(std::int32_t low, std::int32_t size) {
   return (low / size + 1) * size;
 }
 
 std::int32_t Between(std::int32_t fromA, std::int32_t toA, std::int32_t fromB, std::int32_t toB,
                      std::int32_t b) {
-  // Reckoned from the end with the smaller b, so that both directions round alike.
+  // Computed from the end with the smaller b, so that both directions are rounded in the same way.
   if (fromB > toB) {
     std::swap(fromA, toA);
     std::swap(fromB, toB);
@@ -74,7 +74,7 @@ void TileCutter::AddSegment(MapPoint from, MapPoint to) {
     cuts_.push_back({lon, LatitudeAt(from, to, lon)});
   for (std::int32_t lat = NextBorder(north, height); lat < south; lat += height)
     cuts_.push_back({LongitudeAt(from, to, lat), lat});
-  // Both coordinates change one way only along the segment, so their sum tells how far along a cut is.
+  // Both coordinates are monotonic along the segment, so their sum orders the cuts.
   const auto distance = [from](MapPoint p) {
     return std::int64_t{std::abs(p.lon - from.lon)} + std::abs(p.lat - from.lat);
   };
@@ -88,7 +88,7 @@ void TileCutter::AddSegment(MapPoint from, MapPoint to) {
   }
 }
 
-// Whether the segment goes on inside the one open run, away from every border: almost always so.
+// Whether the segment continues the only open run, away from every border: the usual case.
 bool TileCutter::InOnlyRun(MapPoint from, MapPoint to) const {
   if (runs_.size() != 1 || runs_.front().points.back() != from)
     return false;

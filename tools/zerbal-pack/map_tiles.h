@@ -23,20 +23,20 @@ struct TileGrid {
 
 /// Cuts pieces into the tiles that they run through.
 ///
-/// A segment that crosses a border is cut at the border and the point there ends the line on this side and
+/// A segment that crosses a border is cut at the border. The point there ends the line on one side and
 /// begins it on the other, so that each tile draws its part up to the border. A segment that runs along a
-/// border belongs to the tiles on both sides. Longitudes wrap: a line that runs on beyond 360 degrees is cut
-/// at exactly 360 and goes on at exactly 0.
+/// border belongs to the tiles on both sides. Longitudes wrap: a line that continues beyond 360 degrees is
+/// cut at exactly 360 and continues at exactly 0.
 class TileCutter {
  public:
   explicit TileCutter(TileGrid grid) : grid_(grid), tiles_(grid.TileCount()) {}
 
-  /// Longitudes 0 to 720 degrees, latitudes 0 to 180. Points equal to the one before are left out; a piece
-  /// without two different points leaves nothing.
+  /// Longitudes 0 to 720 degrees, latitudes 0 to 180. Points equal to the one before are dropped, and so are
+  /// pieces without two different points.
   void Add(const MapPiece& piece);
 
   const TileGrid& Grid() const { return grid_; }
-  /// What lies in a tile, longitudes 0 to 360, in the order of adding; by TileIndex.
+  /// The pieces in a tile, longitudes 0 to 360, in the order of adding; by TileIndex.
   std::vector<std::vector<MapPiece>>& Tiles() { return tiles_; }
 
  private:

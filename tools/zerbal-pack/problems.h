@@ -1,4 +1,4 @@
-// What is wrong with a planner's files, collected so that one run tells everything.
+// Faults in a planner's files, collected so that one run reports all.
 #pragma once
 
 #include <cstddef>
@@ -11,8 +11,8 @@ namespace zerbal::pack {
 
 struct Problem {
   std::string file;
-  std::size_t line = 0;  ///< from 1; 0 when the whole file is meant
-  std::string column;    ///< as the file's header names it; empty when the whole row is meant
+  std::size_t line = 0;  ///< from 1; 0 = the whole file
+  std::string column;    ///< as the file's header names it; empty = the whole row
   std::string reason;
 };
 

@@ -1,4 +1,4 @@
-// A bar that shows how far a long piece of work has come.
+// A progress bar.
 #pragma once
 
 #include <iosfwd>
@@ -6,8 +6,8 @@
 
 namespace zerbal::pack {
 
-/// Draws itself again on the same line; silent when it is not shown. The line is gone when the bar is
-/// destroyed.
+/// Overwrites its own line of the terminal; prints nothing when it is not shown. The destructor clears the
+/// line.
 class ProgressBar {
  public:
   ProgressBar(std::ostream& out, bool shown) : out_(out), shown_(shown) {}
@@ -21,7 +21,7 @@ class ProgressBar {
  private:
   std::ostream& out_;
   bool shown_;
-  std::string line_;  ///< as it stands on the screen
+  std::string line_;  ///< as shown
 };
 
 }  // namespace zerbal::pack

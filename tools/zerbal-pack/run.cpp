@@ -22,7 +22,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// One file of the sources, by which their folder is recognised.
+/// The folder of the sources contains this file.
 constexpr const char* kTellTale = "airports.csv";
 
 int ReportProblems(const Problems& problems, const RunContext& context) {

@@ -11,20 +11,20 @@ namespace zerbal::pack {
 
 enum ExitStatus { kExitGood = 0, kExitBadData = 1, kExitBadUsage = 2 };
 
-/// The world around a run.
+/// The environment of a run.
 struct RunContext {
   std::ostream& out;
   std::ostream& err;
   bool errIsTerminal = false;        ///< a progress bar is shown
-  std::filesystem::path executable;  ///< by which the sources of the sample data are found
+  std::filesystem::path executable;  ///< its location leads to the sources of the sample data
   std::function<bool()> interrupted = [] { return false; };
 };
 
-/// Runs one command; `words` are those behind the program's name.
+/// Runs one command; `words` are those after the program's name.
 int RunPack(const std::vector<std::string>& words, const RunContext& context);
 
-/// Where the CSV files of the sample data are: beside a source tree that the executable was built in, or
-/// where an installation of the executable puts them. Empty when there are none.
+/// The folder with the CSV files of the sample data: that of the source tree in which the executable was
+/// built, or of its installation. Empty when there is none.
 std::filesystem::path FindSources(const std::filesystem::path& executable);
 
 }  // namespace zerbal::pack

@@ -119,7 +119,7 @@ void WriteSchemaCsv(const jet::Database& database, const std::vector<std::string
     try {
       AppendTable(database.OpenTable(table), csv);
     } catch (const jet::EngineError&) {
-      continue;  // reported when its rows were to be written
+      continue;  // reported when its rows were exported
     }
   }
   base::FileReplacement output(file);

@@ -12,7 +12,7 @@ namespace zerbal::pack {
 
 inline constexpr const char* kSchemaFile = "schema.csv";
 
-/// One record for each column and each index of `tables`; tables that cannot be read are left out.
+/// Writes one record per column and index of `tables`, except tables that cannot be read.
 void WriteSchemaCsv(const jet::Database& database, const std::vector<std::string>& tables,
                     const std::filesystem::path& file);
 

@@ -19,7 +19,7 @@ namespace {
   throw fs::filesystem_error(what, path, std::error_code(reason, std::generic_category()));
 }
 
-/// A folder of its own with a name that begins with `prefix`, and with the rights that any new folder gets.
+/// Creates a folder whose name begins with `prefix`, with the permissions of any new folder.
 fs::path MakeWorkFolder(const fs::path& prefix) {
   std::string pattern = prefix.string() + "XXXXXX";
   if (mkdtemp(pattern.data()) == nullptr)
@@ -30,8 +30,7 @@ fs::path MakeWorkFolder(const fs::path& prefix) {
   return pattern;
 }
 
-/// Both exist; afterwards each has the other's name. At no moment is either missing where the system can do
-/// that.
+/// Exchanges two existing folders; atomically where the system supports that.
 void Exchange(const fs::path& a, const fs::path& b) {
   if (renameat2(AT_FDCWD, a.c_str(), AT_FDCWD, b.c_str(), RENAME_EXCHANGE) == 0)
     return;
@@ -104,7 +103,7 @@ void StagedFolders::SwapBack(std::size_t count) noexcept {
       else
         fs::rename(target_ / names_[i], work_ / names_[i]);
     } catch (const fs::filesystem_error&) {
-      continue;  // the others can still go back
+      continue;  // continues with the others
     }
   }
 }

@@ -1,4 +1,4 @@
-// Replacing sub-folders of a folder all together or not at all.
+// Replaces several sub-folders of a folder, all or none.
 #pragma once
 
 #include <filesystem>
@@ -7,9 +7,9 @@
 
 namespace zerbal::pack {
 
-/// New sub-folders of `target`, made in a working folder on the same file system and put in their places by
-/// Commit(). A target that does not exist yet appears complete. Without Commit() everything is as it was
-/// before. Failures are std::filesystem::filesystem_error.
+/// New sub-folders of `target`, made in a temporary folder on the same file system and moved to their places
+/// by Commit(). A target that does not exist yet appears complete. Without Commit() nothing changes. Failures
+/// are std::filesystem::filesystem_error.
 class StagedFolders {
  public:
   StagedFolders(const std::filesystem::path& target, std::vector<std::string> names);
@@ -17,7 +17,7 @@ class StagedFolders {
   StagedFolders(const StagedFolders&) = delete;
   StagedFolders& operator=(const StagedFolders&) = delete;
 
-  /// Holds the new sub-folders, empty at first.
+  /// Contains the new sub-folders, which are empty at first.
   const std::filesystem::path& WorkFolder() const { return work_; }
 
   /// Puts the new sub-folders in place of the old ones, which are removed.
