@@ -27,28 +27,6 @@ constexpr std::chrono::seconds kLockPatience{5};
 constexpr int kTemporaryNameTries = 100;
 constexpr int kMaxLinks = 40;
 
-/// An open file that is closed at the end of its scope.
-class OpenFile {
- public:
-  explicit OpenFile(FileSteps& steps) : steps_(steps) {}
-  OpenFile(const OpenFile&) = delete;
-  OpenFile& operator=(const OpenFile&) = delete;
-  ~OpenFile() { Close(); }
-
-  bool Open(const fs::path& path, int flags, mode_t mode = 0) {
-    file_ = steps_.Open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY | O_NONBLOCK, mode);
-    return IsOpen();
-  }
-  bool IsOpen() const { return file_ >= 0; }
-  int Number() const { return file_; }
-  /// False when the system reports a late write error.
-  bool Close() { return !IsOpen() || steps_.Close(std::exchange(file_, -1)) == 0; }
-
- private:
-  FileSteps& steps_;
-  int file_ = -1;
-};
-
 bool ReadAll(FileSteps& steps, int file, std::string& bytes) {
   char buffer[16384];
   for (;;) {

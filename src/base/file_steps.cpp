@@ -47,4 +47,9 @@ FileSteps& SystemFileSteps() {
   return steps;
 }
 
+bool OpenFile::Open(const std::filesystem::path& path, int flags, mode_t mode) {
+  file_ = steps_.Open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY | O_NONBLOCK, mode);
+  return IsOpen();
+}
+
 }  // namespace zerbal::base

@@ -3,6 +3,8 @@
 #pragma once
 
 #include <cstddef>
+#include <filesystem>
+#include <utility>
 
 #include <sys/stat.h>
 #include <sys/types.h>
@@ -29,5 +31,25 @@ class FileSteps {
 
 /// The real calls.
 FileSteps& SystemFileSteps();
+
+/// An open file that is closed at the end of its scope.
+class OpenFile {
+ public:
+  explicit OpenFile(FileSteps& steps = SystemFileSteps()) : steps_(steps) {}
+  OpenFile(const OpenFile&) = delete;
+  OpenFile& operator=(const OpenFile&) = delete;
+  ~OpenFile() { Close(); }
+
+  /// `flags` as of open(). Never waits for the other end of a pipe. Sets errno when it fails.
+  bool Open(const std::filesystem::path& path, int flags, mode_t mode = 0);
+  bool IsOpen() const { return file_ >= 0; }
+  int Number() const { return file_; }
+  /// False when the system reports a late write error.
+  bool Close() { return !IsOpen() || steps_.Close(std::exchange(file_, -1)) == 0; }
+
+ private:
+  FileSteps& steps_;
+  int file_ = -1;
+};
 
 }  // namespace zerbal::base

@@ -16,6 +16,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "base/file_steps.h"
 #include "jet/mapped_file_guard.h"
 #include "jet/read/file_image.h"
 
@@ -109,21 +110,6 @@ class Mapping {
   Slot* slot_;
 };
 
-class Descriptor {
- public:
-  explicit Descriptor(int number) : number_(number) {}
-  ~Descriptor() {
-    if (number_ >= 0)
-      close(number_);
-  }
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-  int Number() const { return number_; }
-
- private:
-  int number_;
-};
-
 [[noreturn]] void ThrowSystem(const std::string& what) {
   throw Damage(what + " (" + std::generic_category().message(errno) + ")");
 }
@@ -142,18 +128,18 @@ void InstallMappedFileGuard() {
 }
 
 FileImage MapFile(const std::filesystem::path& file) {
-  const Descriptor descriptor(open(file.c_str(), O_RDONLY | O_CLOEXEC));
-  if (descriptor.Number() < 0)
+  base::OpenFile opened;
+  if (!opened.Open(file, O_RDONLY))
     ThrowSystem("the file cannot be opened");
   struct stat status = {};
-  if (fstat(descriptor.Number(), &status) != 0)
+  if (fstat(opened.Number(), &status) != 0)
     ThrowSystem("the file cannot be examined");
   if (!S_ISREG(status.st_mode))
     throw Damage("this is not an ordinary file");
   if (status.st_size <= 0)
     return ImageOf({});
   const auto size = static_cast<std::size_t>(status.st_size);
-  void* start = mmap(nullptr, size, PROT_READ, MAP_PRIVATE, descriptor.Number(), 0);
+  void* start = mmap(nullptr, size, PROT_READ, MAP_PRIVATE, opened.Number(), 0);
   if (start == MAP_FAILED)
     ThrowSystem("the file cannot be mapped into memory");
   auto mapping = std::make_shared<const Mapping>(start, size);
