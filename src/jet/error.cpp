@@ -15,7 +15,4 @@ std::string Subject(const std::string& file, const std::string& table) {
 EngineError::EngineError(std::string file, std::string table, std::string reason)
     : FileError(Subject(file, table), file, std::move(reason)), table_(std::move(table)) {}
 
-ConversionError::ConversionError(Cause cause, std::string file, std::string table, std::string reason)
-    : EngineError(std::move(file), std::move(table), std::move(reason)), cause_(cause) {}
-
 }  // namespace zerbal::jet

@@ -21,20 +21,11 @@ class EngineError : public base::FileError {
 };
 
 /// A field's value cannot be converted to the requested type. Thrown by the conversions of Field; callers
-/// that can do without the value catch it.
+/// that can do without the value catch it. The reason is that the value is Null, is no number, or does not
+/// fit.
 class ConversionError : public EngineError {
  public:
-  enum class Cause {
-    kNull,       ///< the value is Null
-    kRange,      ///< the number is outside the range of the type
-    kNotANumber  ///< the text is not a number, or the column's type is not convertible
-  };
-  ConversionError(Cause cause, std::string file, std::string table, std::string reason);
-
-  Cause Why() const { return cause_; }
-
- private:
-  Cause cause_;
+  using EngineError::EngineError;
 };
 
 }  // namespace zerbal::jet

@@ -14,7 +14,6 @@
 #include "jet/read/field_value.h"
 #include "jet/read/number_text.h"
 #include "jet/read/table_cursor.h"
-#include "jet/read/value_text.h"
 #include "jet/schema.h"
 
 namespace zerbal::jet {
@@ -25,20 +24,19 @@ bool IsReal(ColumnType type) {
   return type == ColumnType::kSingle || type == ColumnType::kDouble;
 }
 
-[[noreturn]] void Refuse(const TableCursor& cursor, int column, ConversionError::Cause cause,
-                         std::string_view what) {
-  throw ConversionError(cause, cursor.SharedDatabase()->fileName, cursor.Table().name,
+[[noreturn]] void Refuse(const TableCursor& cursor, int column, std::string_view what) {
+  throw ConversionError(cursor.SharedDatabase()->fileName, cursor.Table().name,
                         "field '" + cursor.Column(column).name + "' " + std::string(what));
 }
 
 [[noreturn]] void RefuseRange(const TableCursor& cursor, int column) {
-  Refuse(cursor, column, ConversionError::Cause::kRange, "holds a number out of range");
+  Refuse(cursor, column, "holds a number out of range");
 }
 
 /// The number in a text field, blanks around it ignored.
 std::optional<Number> NumberInText(const TableCursor& cursor, int column) {
   std::string text;
-  AppendText(cursor, column, text);
+  cursor.AppendText(column, text);
   const std::size_t first = text.find_first_not_of(' ');
   if (first == std::string::npos)
     return std::nullopt;
@@ -51,11 +49,11 @@ Number ReadNumber(const TableCursor& cursor, int column) {
     return Number::Of(std::int64_t{cursor.Has(column)});
   const std::optional<ByteView> value = cursor.Value(column);
   if (!value)
-    Refuse(cursor, column, ConversionError::Cause::kNull, "is Null");
+    Refuse(cursor, column, "is Null");
   const std::optional<Number> number =
       IsTextType(info.type) ? NumberInText(cursor, column) : NumberOf(info, *value);
   if (!number)
-    Refuse(cursor, column, ConversionError::Cause::kNotANumber, "holds no number");
+    Refuse(cursor, column, "holds no number");
   return *number;
 }
 
@@ -82,7 +80,7 @@ Whole ReadWhole(const TableCursor& cursor, int column) {
 }  // namespace
 
 bool Field::IsNull() const {
-  return cursor_->Guarded([this] { return jet::IsNull(*cursor_, column_); });
+  return cursor_->Guarded([this] { return cursor_->IsNull(column_); });
 }
 
 bool Field::HoldsText() const {
@@ -96,7 +94,7 @@ std::string Field::AsText() const {
 }
 
 void Field::AppendText(std::string& out) const {
-  cursor_->Guarded([&] { jet::AppendText(*cursor_, column_, out); });
+  cursor_->Guarded([&] { cursor_->AppendText(column_, out); });
 }
 
 bool Field::EqualsText(std::string_view text) const {
@@ -104,8 +102,8 @@ bool Field::EqualsText(std::string_view text) const {
     if (IsTextType(Column().type))
       return cursor_->StoredTextIs(column_, text);
     std::string own;
-    jet::AppendText(*cursor_, column_, own);
-    return !jet::IsNull(*cursor_, column_) && own == text;
+    cursor_->AppendText(column_, own);
+    return !cursor_->IsNull(column_) && own == text;
   });
 }
 

@@ -163,7 +163,7 @@ void PairReader::State::Convert(std::span<LongPair> out, std::size_t& count) {
 }
 
 void PairReader::State::RefuseNull(std::size_t column) const {
-  throw ConversionError(ConversionError::Cause::kNull, database->fileName, table->name,
+  throw ConversionError(database->fileName, table->name,
                         "field '" + table->columns[column].name + "' is Null");
 }
 

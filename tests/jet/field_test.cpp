@@ -86,7 +86,7 @@ TEST_P(FieldTest, GivesTextsOfNumerics) {
   EXPECT_EQ(numeric(0, 0, 1250, 2).At(0).AsLong(), 12);  // a tie goes to even
   EXPECT_EQ(numeric(0, 0, 1350, 2).At(0).AsLong(), 14);
   EXPECT_EQ(numeric(0x80, 0, 425, 1).At(0).AsDouble(), -42.5);
-  EXPECT_EQ(CauseOf([&] { numeric(0, 1, 0, 0).At(0).AsLong(); }), "range");
+  EXPECT_EQ(CauseOf([&] { numeric(0, 1, 0, 0).At(0).AsLong(); }), "holds a number out of range");
   EXPECT_THAT(ReasonOf([&] { numeric(0, 0, 1, 29); }), HasSubstr("decimals"));
 }
 
@@ -129,16 +129,16 @@ TEST_P(FieldTest, RoundsToNearestTiesToEven) {
 }
 
 TEST_P(FieldTest, RefusesWhatDoesNotFit) {
-  EXPECT_EQ(CauseOf([&] { Long(256).At(0).AsByte(); }), "range");
-  EXPECT_EQ(CauseOf([&] { Long(-1).At(0).AsByte(); }), "range");
-  EXPECT_EQ(CauseOf([&] { Long(32768).At(0).AsInteger(); }), "range");
-  EXPECT_EQ(CauseOf([&] { Double(255.5).At(0).AsByte(); }), "range");
-  EXPECT_EQ(CauseOf([&] { Double(2147483647.5).At(0).AsLong(); }), "range");
-  EXPECT_EQ(CauseOf([&] { Double(1e300).At(0).AsLong(); }), "range");
-  EXPECT_EQ(CauseOf([&] { Double(std::nan("")).At(0).AsLong(); }), "range");
-  EXPECT_EQ(CauseOf([&] { Double(1e39).At(0).AsSingle(); }), "range");
-  EXPECT_EQ(CauseOf([&] { Text("99999999999").At(0).AsLong(); }), "range");
-  EXPECT_EQ(CauseOf([&] { Text("1e999").At(0).AsDouble(); }), "range");
+  EXPECT_EQ(CauseOf([&] { Long(256).At(0).AsByte(); }), "holds a number out of range");
+  EXPECT_EQ(CauseOf([&] { Long(-1).At(0).AsByte(); }), "holds a number out of range");
+  EXPECT_EQ(CauseOf([&] { Long(32768).At(0).AsInteger(); }), "holds a number out of range");
+  EXPECT_EQ(CauseOf([&] { Double(255.5).At(0).AsByte(); }), "holds a number out of range");
+  EXPECT_EQ(CauseOf([&] { Double(2147483647.5).At(0).AsLong(); }), "holds a number out of range");
+  EXPECT_EQ(CauseOf([&] { Double(1e300).At(0).AsLong(); }), "holds a number out of range");
+  EXPECT_EQ(CauseOf([&] { Double(std::nan("")).At(0).AsLong(); }), "holds a number out of range");
+  EXPECT_EQ(CauseOf([&] { Double(1e39).At(0).AsSingle(); }), "holds a number out of range");
+  EXPECT_EQ(CauseOf([&] { Text("99999999999").At(0).AsLong(); }), "holds a number out of range");
+  EXPECT_EQ(CauseOf([&] { Text("1e999").At(0).AsDouble(); }), "holds a number out of range");
   EXPECT_EQ(Single(std::numeric_limits<float>::max()).At(0).AsSingle(), std::numeric_limits<float>::max());
 }
 
@@ -146,16 +146,16 @@ TEST_P(FieldTest, RefusesNull) {
   for (const ColumnType type : {ColumnType::kLong, ColumnType::kDouble}) {
     Recordset rows = One(type, type == ColumnType::kLong ? 4 : 8, kNull);
     const Field field = rows.At(0);
-    EXPECT_EQ(CauseOf([&] { field.AsByte(); }), "Null");
-    EXPECT_EQ(CauseOf([&] { field.AsInteger(); }), "Null");
-    EXPECT_EQ(CauseOf([&] { field.AsLong(); }), "Null");
-    EXPECT_EQ(CauseOf([&] { field.AsSingle(); }), "Null");
-    EXPECT_EQ(CauseOf([&] { field.AsDouble(); }), "Null");
-    EXPECT_EQ(CauseOf([&] { field.AsBoolean(); }), "Null");
+    EXPECT_EQ(CauseOf([&] { field.AsByte(); }), "is Null");
+    EXPECT_EQ(CauseOf([&] { field.AsInteger(); }), "is Null");
+    EXPECT_EQ(CauseOf([&] { field.AsLong(); }), "is Null");
+    EXPECT_EQ(CauseOf([&] { field.AsSingle(); }), "is Null");
+    EXPECT_EQ(CauseOf([&] { field.AsDouble(); }), "is Null");
+    EXPECT_EQ(CauseOf([&] { field.AsBoolean(); }), "is Null");
     EXPECT_TRUE(field.IsNull());
     EXPECT_TRUE(field.AsBytes().empty());
   }
-  EXPECT_EQ(CauseOf([&] { One(ColumnType::kText, 0, kNull).At(0).AsLong(); }), "Null");
+  EXPECT_EQ(CauseOf([&] { One(ColumnType::kText, 0, kNull).At(0).AsLong(); }), "is Null");
   EXPECT_THAT(ReasonOf([&] { One(ColumnType::kLong, 4, kNull).At(0).AsLong(); }),
               HasSubstr("field 'F' is Null"));
 }
@@ -167,9 +167,9 @@ TEST_P(FieldTest, ConvertsTextsThatAreNumbers) {
   EXPECT_EQ(Text("8.57").At(0).AsSingle(), 8.57f);
   EXPECT_EQ(Text("1").At(0).AsBoolean(), true);
   for (const char* text : {"", "abc", "12 ft", "0x10", "nan", " "})
-    EXPECT_EQ(CauseOf([&] { Text(text).At(0).AsLong(); }), "not a number") << text;
-  EXPECT_EQ(CauseOf([&] { One(ColumnType::kGuid, 16, Bytes(16)).At(0).AsLong(); }), "not a number");
-  EXPECT_EQ(CauseOf([&] { One(ColumnType::kBinary, 0, Bytes{1}).At(0).AsDouble(); }), "not a number");
+    EXPECT_EQ(CauseOf([&] { Text(text).At(0).AsLong(); }), "holds no number") << text;
+  EXPECT_EQ(CauseOf([&] { One(ColumnType::kGuid, 16, Bytes(16)).At(0).AsLong(); }), "holds no number");
+  EXPECT_EQ(CauseOf([&] { One(ColumnType::kBinary, 0, Bytes{1}).At(0).AsDouble(); }), "holds no number");
 }
 
 TEST_P(FieldTest, ComparesTexts) {

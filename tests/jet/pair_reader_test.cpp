@@ -132,7 +132,7 @@ TEST_P(PairReaderTest, DeliversTheRowsBeforeABadOne) {
     std::vector<LongPair> buffer(10);
     ASSERT_EQ(reader.Read(buffer), 1u);
     EXPECT_EQ(buffer[0].second, 2);
-    EXPECT_EQ(CauseOf([&] { reader.Read(buffer); }), "Null");
+    EXPECT_EQ(CauseOf([&] { reader.Read(buffer); }), "is Null");
     EXPECT_THAT(ReasonOf([&] { reader.Read(buffer); }), HasSubstr("'Lat' is Null"));  // and again
   }
 }

@@ -25,13 +25,9 @@ std::string CauseOf(Work&& work) {
   try {
     std::forward<Work>(work)();
   } catch (const ConversionError& error) {
-    switch (error.Why()) {
-      case ConversionError::Cause::kNull:
-        return "Null";
-      case ConversionError::Cause::kRange:
-        return "range";
-      case ConversionError::Cause::kNotANumber:
-        return "not a number";
+    for (const std::string cause : {"is Null", "holds no number", "holds a number out of range"}) {
+      if (error.Reason().ends_with(cause))
+        return cause;
     }
   }
   return "none";

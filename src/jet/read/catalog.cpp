@@ -12,7 +12,6 @@
 #include "jet/read/field_value.h"
 #include "jet/read/table_cursor.h"
 #include "jet/read/table_definition.h"
-#include "jet/read/value_text.h"
 #include "jet/schema.h"
 
 namespace zerbal::jet {
@@ -41,7 +40,7 @@ std::optional<CatalogEntry> ReadEntry(const TableCursor& cursor, const CatalogCo
   if (WholeNumber(cursor, columns.type) != kTableObject)
     return std::nullopt;
   CatalogEntry entry;
-  AppendText(cursor, columns.name, entry.name);
+  cursor.AppendText(columns.name, entry.name);
   entry.foldedName = base::LowerEuropean(entry.name);
   entry.definitionPage =
       static_cast<std::uint32_t>(WholeNumber(cursor, columns.id).value_or(0)) & (kMaxPageCount - 1);

@@ -90,12 +90,8 @@ void AppendDateTime(double days, std::string& out) {
 }
 
 void AppendHex(ByteView value, std::string& out) {
-  constexpr std::string_view kDigits = "0123456789abcdef";
-  out += "0x";
-  for (std::size_t i = 0; i < value.Size(); ++i) {
-    out += kDigits[value.Data()[i] >> 4];
-    out += kDigits[value.Data()[i] & 15];
-  }
+  fmt::format_to(std::back_inserter(out), "0x{:02x}",
+                 fmt::join(value.Data(), value.Data() + value.Size(), ""));
 }
 
 }  // namespace

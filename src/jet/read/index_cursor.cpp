@@ -115,11 +115,7 @@ bool IndexCursor::MoveNext() {
     entry_ = next;
     return true;
   }
-  IndexPage leaf = page_;
-  if (!Neighbour(leaf, true))
-    return false;
-  StandOn(leaf, 0);
-  return true;
+  return MoveAcross(true);
 }
 
 bool IndexCursor::MovePrevious() {
@@ -128,10 +124,15 @@ bool IndexCursor::MovePrevious() {
     entry_ = page_.Before(entry_);
     return true;
   }
+  return MoveAcross(false);
+}
+
+/// Moves to the nearest entry of a neighbouring leaf.
+bool IndexCursor::MoveAcross(bool forward) {
   IndexPage leaf = page_;
-  if (!Neighbour(leaf, false))
+  if (!Neighbour(leaf, forward))
     return false;
-  StandOn(leaf, leaf.Last());
+  StandOn(leaf, forward ? 0 : leaf.Last());
   return true;
 }
 

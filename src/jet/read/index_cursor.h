@@ -50,6 +50,7 @@ class IndexCursor {
   IndexPage Descend(Choose&& choose);
   IndexPage FirstLeaf();
   IndexPage LastLeaf();
+  bool MoveAcross(bool forward);
   bool Neighbour(IndexPage& leaf, bool forward);
   void CheckEnd(const IndexPage& end, bool forward);
   void StandOn(const IndexPage& page, unsigned entry);

@@ -32,28 +32,14 @@ bool RowWalk::Find(std::uint32_t number, bool forward) {
   return false;
 }
 
-bool RowWalk::MoveFirst() {
-  return Find(owned_.Next(0), true);
-}
-
-bool RowWalk::MoveNext() {
-  for (unsigned row = row_ + 1; row < page_.RowCount(); ++row) {
+bool RowWalk::Step(bool forward) {
+  for (unsigned row = row_; forward ? ++row < page_.RowCount() : row-- > 0;) {
     if (IsVisible(row)) {
       row_ = row;
       return true;
     }
   }
-  return Find(owned_.Next(number_), true);
-}
-
-bool RowWalk::MovePrevious() {
-  for (unsigned row = row_; row-- > 0;) {
-    if (IsVisible(row)) {
-      row_ = row;
-      return true;
-    }
-  }
-  return Find(owned_.Previous(number_), false);
+  return Find(forward ? owned_.Next(number_) : owned_.Previous(number_), forward);
 }
 
 }  // namespace zerbal::jet

@@ -20,9 +20,9 @@ class RowWalk {
   RowWalk(const FilePages& pages, const TableDefinition& table);
 
   // Each returns whether there is such a row; otherwise the walk stays where it is. All throw Damage.
-  bool MoveFirst();
-  bool MoveNext();
-  bool MovePrevious();
+  bool MoveFirst() { return Find(owned_.Next(0), true); }
+  bool MoveNext() { return Step(true); }
+  bool MovePrevious() { return Step(false); }
 
   /// The pointer to the row; nullopt when the row's number does not fit a pointer.
   std::optional<RecordPointer> Here() const {
@@ -38,6 +38,7 @@ class RowWalk {
 
  private:
   bool Find(std::uint32_t number, bool forward);
+  bool Step(bool forward);
   bool IsVisible(unsigned row) const { return (page_.Flags(row) & kRowHidden) == 0; }
 
   const FilePages* pages_ = nullptr;

@@ -10,7 +10,6 @@
 #include "jet/format/text.h"
 #include "jet/read/data_page.h"
 #include "jet/read/field_value.h"
-#include "jet/read/value_text.h"
 
 namespace zerbal::jet {
 
@@ -217,7 +216,7 @@ std::unique_ptr<TextLookup> TableCursor::MakeLookup(int column) {
   auto lookup = std::make_unique<TextLookup>();
   for (bool found = StepFirst(); found; found = StepNext()) {
     const std::string text = LoadText(column);
-    if (!IsNull(*this, column))
+    if (!IsNull(column))
       lookup->Add(text, sorted_ ? sorted_->Here() : index_.Here());
   }
   if (!sorted && sorted_)  // the index proved damaged: places in the tree are not valid in the sorted rows
@@ -229,8 +228,29 @@ std::unique_ptr<TextLookup> TableCursor::MakeLookup(int column) {
 std::string TableCursor::LoadText(int column) {
   LoadRow();
   std::string text;
-  AppendText(*this, column, text);
+  AppendText(column, text);
   return Canonical(Column(column), text).value_or(std::string());
+}
+
+bool TableCursor::IsNull(int column) const {
+  return Column(column).type != ColumnType::kBoolean && !Value(column).has_value();
+}
+
+void TableCursor::AppendText(int column, std::string& out) const {
+  const ColumnInfo& info = Column(column);
+  if (info.type == ColumnType::kBoolean) {
+    out += Has(column) ? '1' : '0';
+    return;
+  }
+  const std::optional<ByteView> value = Value(column);
+  if (!value)
+    return;
+  database_->WithBytes(info.type, *value, [&](ByteView bytes) {
+    if (IsTextType(info.type))
+      AppendStoredText(bytes, Pages().TextCodePage(), out);
+    else
+      AppendValue(info, bytes, out);
+  });
 }
 
 bool TableCursor::StoredTextIs(int column, std::string_view text) const {

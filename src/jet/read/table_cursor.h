@@ -49,6 +49,9 @@ class TableCursor {
   bool Has(int column) const { return row_.Has(Place(column).number); }
   std::optional<ByteView> Value(int column) const { return row_.Value(Column(column), Place(column)); }
   const ColumnInfo& Column(int column) const { return table_->columns[Checked(column)]; }
+  bool IsNull(int column) const;
+  /// Appends the value as UTF-8 text; nothing for Null. Throws Damage.
+  void AppendText(int column, std::string& out) const;
   bool StoredTextIs(int column, std::string_view text) const;
 
   /// DatabaseState::Guarded for this table.

@@ -170,8 +170,7 @@ class Parser {
   void SortByNumber(std::vector<ColumnInfo> infos, std::vector<ColumnPlace> places) {
     std::vector<std::size_t> order(infos.size());
     std::iota(order.begin(), order.end(), std::size_t{0});
-    std::stable_sort(order.begin(), order.end(),
-                     [&](std::size_t a, std::size_t b) { return places[a].number < places[b].number; });
+    std::ranges::stable_sort(order, {}, [&](std::size_t i) { return places[i].number; });
     for (const std::size_t i : order) {
       if (!table_.places.empty() && table_.places.back().number == places[i].number)
         throw Damage("two columns have the same number");
@@ -194,8 +193,7 @@ class Parser {
   }
 
   int ColumnOfNumber(std::uint16_t number) const {
-    const auto found = std::find_if(table_.places.begin(), table_.places.end(),
-                                    [&](const ColumnPlace& place) { return place.number == number; });
+    const auto found = std::ranges::find(table_.places, number, &ColumnPlace::number);
     if (found == table_.places.end())
       throw Damage("an index names a column that the table does not have");
     return static_cast<int>(found - table_.places.begin());

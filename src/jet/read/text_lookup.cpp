@@ -14,14 +14,11 @@ void TextLookup::Add(std::string_view text, const IndexCursor::Place& place) {
 }
 
 void TextLookup::Finish() {
-  // Stable, so that equal texts stay in index order.
-  std::stable_sort(entries_.begin(), entries_.end(),
-                   [](const Entry& a, const Entry& b) { return a.hash < b.hash; });
+  std::ranges::stable_sort(entries_, {}, &Entry::hash);  // equal texts stay in index order
 }
 
 std::vector<TextLookup::Entry>::const_iterator TextLookup::FirstWith(std::uint64_t hash) const {
-  return std::lower_bound(entries_.begin(), entries_.end(), hash,
-                          [](const Entry& entry, std::uint64_t wanted) { return entry.hash < wanted; });
+  return std::ranges::lower_bound(entries_, hash, {}, &Entry::hash);
 }
 
 }  // namespace zerbal::jet
