@@ -8,6 +8,7 @@
 #include "data/colours.h"
 #include "data/flight_finder.h"
 #include "settings_fixture.h"
+#include "some_regions.h"
 
 namespace zerbal::data {
 namespace {
@@ -30,12 +31,6 @@ ColourTable SomeColours() {
     colours.rows[i] = {{shade, 2, 255}, "Entry" + std::to_string(i)};
   }
   return colours;
-}
-
-RegionTable SomeRegions() {
-  RegionTable regions;
-  regions.rows = {{}, {"EU", "Europe", 160, 20, 220, 60}};
-  return regions;
 }
 
 TEST_F(MapStyleTest, EveryMissingKeyIsWrittenWithTheValueInUse) {

@@ -10,17 +10,12 @@
 #include "jet/error.h"
 #include "sample_databases.h"
 #include "settings_fixture.h"
+#include "some_regions.h"
 
 namespace zerbal::data {
 namespace {
 
 class RegionsTest : public SettingsTest {};
-
-RegionTable SomeRegions() {
-  RegionTable regions;
-  regions.rows = {{}, {"EU", "Europe", 160, 20, 220, 60}};
-  return regions;
-}
 
 test::Row RegionRow(int sort, const std::string& code, double fromLon) {
   return {sort, code, "Name of " + code, fromLon, 10.5, 230.25, 80.0};

@@ -36,7 +36,7 @@ std::uint32_t BigEndian(std::string_view bytes) {
   return value;
 }
 
-struct Column {
+struct StoredColumn {
   std::string name;
   ColumnType type = ColumnType::kLong;
   unsigned number = 0;
@@ -59,7 +59,7 @@ struct Definition {
   std::uint32_t rows = 0;
   std::uint32_t ownedMap = 0;
   std::uint32_t freeMap = 0;
-  std::map<unsigned, Column> columns;
+  std::map<unsigned, StoredColumn> columns;
   std::vector<Tree> trees;
   std::map<std::string, std::size_t> indexes;  ///< name to tree
   struct LongMaps {
@@ -232,8 +232,8 @@ class Inspection {
     const std::size_t columns = Number(all, 0x2D, 2);
     const std::size_t indexes = Number(all, 0x2F, 4);
     std::size_t at = 0x3F + 12 * indexes;
-    std::vector<Column> records(columns);
-    for (Column& column : records) {
+    std::vector<StoredColumn> records(columns);
+    for (StoredColumn& column : records) {
       column.type = static_cast<ColumnType>(all.at(at));
       column.number = Number(all, at + 5, 2);
       column.variableIndex = Number(all, at + 7, 2);
@@ -247,7 +247,7 @@ class Inspection {
       at += 2 + size;
       return Ascii(all.substr(at - size, size));
     };
-    for (Column& column : records) {
+    for (StoredColumn& column : records) {
       column.name = name();
       out.columns[column.number] = column;
     }
@@ -274,7 +274,7 @@ class Inspection {
 
   /// The stored bytes of a value; booleans are one byte.
   static std::optional<std::string> Value(std::string_view row, const Definition& table,
-                                          const Column& column) {
+                                          const StoredColumn& column) {
     const std::size_t mask = row.size() - (table.columns.size() + 7) / 8;
     const bool bit = (row.at(mask + column.number / 8) >> column.number % 8 & 1) != 0;
     if (column.type == ColumnType::kBoolean)
@@ -335,7 +335,7 @@ class Inspection {
   Key RowKey(const Definition& table, const Tree& tree, std::string_view row) {
     Key key;
     for (const auto& [number, ascending] : tree.parts) {
-      const Column& column = table.columns.at(number);
+      const StoredColumn& column = table.columns.at(number);
       const std::optional<std::string> value = Value(row, table, column);
       if (!value)
         jet::AppendNullKey(ascending, key);

@@ -11,7 +11,6 @@ namespace zerbal::map {
 namespace {
 
 constexpr data::Rgb kAll = ColourOf(data::ColourCode::kApAll);
-constexpr data::Rgb kDest = ColourOf(data::ColourCode::kApDest);
 
 std::string Label(const char* name, const char* city, bool detail = true) {
   std::string label;

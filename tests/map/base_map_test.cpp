@@ -160,10 +160,10 @@ Strings Drawn(Rows rows) {
 
 const data::StoredPoint kA = At(110, 45), kB = At(111, 45), kC = At(112, 46), kD = At(113, 46);
 const data::StoredPoint kOutside = At(90, 45);
-const std::string kAB = "1000,500-1100,500", kBC = "1100,500-1200,600", kCD = "1200,600-1300,600";
+const std::string kLineAB = "1000,500-1100,500", kLineBC = "1100,500-1200,600", kLineCD = "1200,600-1300,600";
 
 TEST(LineLayer, JoinsThePointsOfARun) {
-  EXPECT_EQ(Drawn({kA, kB, kC, kD}), (Strings{kAB, kBC, kCD}));
+  EXPECT_EQ(Drawn({kA, kB, kC, kD}), (Strings{kLineAB, kLineBC, kLineCD}));
 }
 
 TEST(LineLayer, TablesWithFewerThanTwoRowsDrawNothing) {
@@ -173,21 +173,21 @@ TEST(LineLayer, TablesWithFewerThanTwoRowsDrawNothing) {
 }
 
 TEST(LineLayer, AMarkerEndsALine) {
-  EXPECT_EQ(Drawn({kA, kB, kPenUp, kC, kD}), (Strings{kAB, kCD}));
+  EXPECT_EQ(Drawn({kA, kB, kPenUp, kC, kD}), (Strings{kLineAB, kLineCD}));
 }
 
 TEST(LineLayer, RepeatedAndLeadingMarkersDrawNothing) {
-  EXPECT_EQ(Drawn({kPenUp, kA, kB, kPenUp, kPenUp, kC, kD, kPenUp}), (Strings{kAB, kCD}));
+  EXPECT_EQ(Drawn({kPenUp, kA, kB, kPenUp, kPenUp, kC, kD, kPenUp}), (Strings{kLineAB, kLineCD}));
   EXPECT_EQ(Drawn({kPenUp, kPenUp, kPenUp}), Strings{});
 }
 
 TEST(LineLayer, TheLatitudeOfAMarkerIsIgnored) {
-  EXPECT_EQ(Drawn({kA, kB, {-1'000'000, 45'000'000}, kC, kD}), (Strings{kAB, kCD}));
+  EXPECT_EQ(Drawn({kA, kB, {-1'000'000, 45'000'000}, kC, kD}), (Strings{kLineAB, kLineCD}));
 }
 
 TEST(LineLayer, ALineThatLeavesTheViewIsTwoPieces) {
-  EXPECT_EQ(Drawn({kA, kB, kOutside, kC, kD}), (Strings{kAB, kCD}));
-  EXPECT_EQ(Drawn({kOutside, kA, kB, kOutside, kOutside}), Strings{kAB});
+  EXPECT_EQ(Drawn({kA, kB, kOutside, kC, kD}), (Strings{kLineAB, kLineCD}));
+  EXPECT_EQ(Drawn({kOutside, kA, kB, kOutside, kOutside}), Strings{kLineAB});
 }
 
 TEST(LineLayer, ASinglePointInsideDrawsNothing) {
@@ -195,8 +195,8 @@ TEST(LineLayer, ASinglePointInsideDrawsNothing) {
 }
 
 TEST(LineLayer, AfterAMarkerThePenStaysUpUntilAPointIsInView) {
-  EXPECT_EQ(Drawn({kA, kB, kPenUp, kOutside, kC, kD}), (Strings{kAB, kCD}));
-  EXPECT_EQ(Drawn({kA, kB, kPenUp, kOutside, kOutside, kC}), Strings{kAB});
+  EXPECT_EQ(Drawn({kA, kB, kPenUp, kOutside, kC, kD}), (Strings{kLineAB, kLineCD}));
+  EXPECT_EQ(Drawn({kA, kB, kPenUp, kOutside, kOutside, kC}), Strings{kLineAB});
 }
 
 TEST(LineLayer, NothingInViewLeavesTheLayerEmpty) {

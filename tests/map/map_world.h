@@ -52,6 +52,8 @@ constexpr data::Rgb ColourOf(data::ColourCode code) {
   return {static_cast<std::uint8_t>(static_cast<int>(code) + 1), 100, 200};
 }
 
+inline constexpr data::Rgb kDest = ColourOf(data::ColourCode::kApDest);
+
 class MapWorld {
  public:
   MapWorld();

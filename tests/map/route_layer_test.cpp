@@ -14,7 +14,6 @@ namespace {
 constexpr data::Rgb kBlack{0, 0, 0};
 constexpr data::Rgb kRed{200, 0, 0};
 constexpr data::Rgb kGreen{0, 200, 0};
-constexpr data::Rgb kDest = ColourOf(data::ColourCode::kApDest);
 constexpr data::Rgb kSymbol = ColourOf(data::ColourCode::kAcSymb);
 
 /// The view is 100..160 by 40..70, so that a position is at 100 (lon - 100), 100 (lat - 40). Airports lie

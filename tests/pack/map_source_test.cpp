@@ -51,7 +51,7 @@ int Packed(int points, int level) {
 
 // A line from the bin north-east of Greenwich and the equator into the bin east of it, and a line in the
 // south-western bin at the far side of the frame.
-TinySource Lines() {
+TinySource TwoLines() {
   TinySource source;
   source.ints = {{"Bin_size_in_minutes", {90 * 60}},
                  {"N_bins_in_360_longitude_range", {4}},
@@ -68,7 +68,7 @@ TinySource Lines() {
 
 // Shores in one bin: land, the banks of a wide river, an island in the river, a pond on the island.
 TinySource Shores() {
-  TinySource source = Lines();
+  TinySource source = TwoLines();
   source.ints.erase("N_points_for_a_segment");
   source.ints.erase("Hierarchial_level_of_a_segment");
   source.ints["Id_of_first_segment_in_a_bin"] = {0, 4, 4, 4, 4, 4, 4, 4};
@@ -102,7 +102,7 @@ class MapSource : public testing::Test {
 };
 
 TEST_F(MapSource, ConvertsPointsToTheMapFrame) {
-  const std::vector<SourcePiece> pieces = Read(Lines(), MapTheme::kRiver);
+  const std::vector<SourcePiece> pieces = Read(TwoLines(), MapTheme::kRiver);
   ASSERT_EQ(pieces.size(), 3u);
   // 45 E on the equator, then 90 E 30 N on the edge between two bins.
   EXPECT_EQ(pieces[0].points, (MapLine{{225'000'687, 90'000'000}, {270'000'000, 60'000'000}}));
@@ -115,7 +115,7 @@ TEST_F(MapSource, ConvertsPointsToTheMapFrame) {
 }
 
 TEST_F(MapSource, ReadsOnlyTheRequestedLines) {
-  Lines().WriteTo(MapSourceFile(folder_.Path(), MapTheme::kBoundary, MapDetail::kFull));
+  TwoLines().WriteTo(MapSourceFile(folder_.Path(), MapTheme::kBoundary, MapDetail::kFull));
   const auto pieces = ReadMapSource(folder_.Path(), MapTheme::kBoundary, MapDetail::kFull,
                                     [](const MapFeature& feature) { return feature.level == 4; });
   ASSERT_EQ(pieces.size(), 1u);
@@ -182,14 +182,14 @@ TEST_F(MapSource, RefusesDamagedFilesWithAMessage) {
        "\"Relative_latitude_from_SW_corner_of_bin\" has 1 values where 7 are needed"},
   };
   for (const Damage& damage : damages) {
-    TinySource source = Lines();
+    TinySource source = TwoLines();
     source.ints[damage.variable] = damage.values;
     const std::string message = Failure(source, MapTheme::kRiver);
     EXPECT_NE(message.find(damage.message), std::string::npos) << message;
     EXPECT_NE(message.find("binned_river_l.nc"), std::string::npos) << message;
   }
-  for (const auto& [variable, values] : Lines().ints) {
-    TinySource source = Lines();
+  for (const auto& [variable, values] : TwoLines().ints) {
+    TinySource source = TwoLines();
     source.ints.erase(variable);
     const std::string message = Failure(source, MapTheme::kRiver);
     EXPECT_NE(message.find("reading \"" + variable + "\" failed"), std::string::npos) << message;

@@ -11,9 +11,9 @@ namespace zerbal::pack {
 namespace {
 
 namespace fs = std::filesystem;
-using test::ReadBytes;
-using test::TempFolder;
-using test::WriteBytes;
+using zerbal::test::ReadBytes;
+using zerbal::test::TempFolder;
+using zerbal::test::WriteBytes;
 
 std::set<std::string> Names(const fs::path& folder) {
   std::set<std::string> names;

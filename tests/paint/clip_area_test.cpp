@@ -1,18 +1,16 @@
 #include "paint/clip_area.h"
 
 #include <cmath>
-#include <limits>
 #include <random>
 
 #include <gtest/gtest.h>
 
+#include "extremes.h"
 #include "support/test_random.h"
 
 namespace zerbal::paint {
 namespace {
 
-constexpr std::int32_t kFar = std::numeric_limits<std::int32_t>::max();
-constexpr std::int32_t kFarNegative = std::numeric_limits<std::int32_t>::min();
 constexpr ClipArea kArea{0, 0, 99, 49};
 
 TEST(ClipArea, KeepsLinesInside) {

@@ -1,10 +1,10 @@
 #include "paint/painter_surface.h"
 
 #include <QPicture>
-#include <limits>
 
 #include <gtest/gtest.h>
 
+#include "extremes.h"
 #include "paint/picture_surface.h"
 #include "support/pictures.h"
 
@@ -14,9 +14,6 @@ namespace {
 using test::Blank;
 using test::Ink;
 using Rows = std::vector<std::string>;
-
-constexpr data::Rgb kBlack{0, 0, 0};
-constexpr map::Pen kPen{.colour = kBlack};
 
 template <typename Draw>
 QImage Drawn(int width, int height, double scale, const Draw& draw) {
@@ -84,8 +81,6 @@ TEST(PainterSurface, APenDoesNotAffectTheNextOperation) {
 }
 
 TEST(PainterSurface, AcceptsTheLargestCoordinates) {
-  constexpr std::int32_t kFar = std::numeric_limits<std::int32_t>::max();
-  constexpr std::int32_t kFarNegative = std::numeric_limits<std::int32_t>::min();
   const QImage image = Drawn(50, 40, 2, [](map::Surface& surface) {
     const TwipPoint far[] = {
         {kFarNegative, 150}, {kFar, 150}, {kFarNegative, kFar}, {150, kFarNegative}, {150, kFar}};

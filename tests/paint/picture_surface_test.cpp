@@ -1,10 +1,10 @@
 #include "paint/picture_surface.h"
 
 #include <chrono>
-#include <limits>
 
 #include <gtest/gtest.h>
 
+#include "extremes.h"
 #include "support/pictures.h"
 
 namespace zerbal::paint {
@@ -13,11 +13,6 @@ namespace {
 using test::Blank;
 using test::Ink;
 using test::InkBounds;
-
-constexpr data::Rgb kBlack{0, 0, 0};
-constexpr map::Pen kPen{.colour = kBlack};
-constexpr std::int32_t kFar = std::numeric_limits<std::int32_t>::max();
-constexpr std::int32_t kFarNegative = std::numeric_limits<std::int32_t>::min();
 
 class PictureSurfaceTest : public testing::Test {
  protected:

@@ -239,13 +239,13 @@ void AddPhysicalIndex(Definition& out, const IndexLayout& index) {
 
 void AddLogicalIndex(Definition& out, const IndexLayout& index, std::size_t number) {
   constexpr TableDefinitionLayout::LogicalIndex kIndex = kJet4Definition.logical;
-  constexpr std::uint32_t kNone = 0xFFFFFFFF;
+  constexpr std::uint32_t kNoOtherIndex = 0xFFFFFFFF;
   constexpr std::uint8_t kNoRelationship = 4;
   out.Begin(kIndex.size);
   out.Put32(kLogicalMarkAt, kDefinitionMark);
   out.Put32(kLogicalNumberAt, number);
   out.Put32(kIndex.physical, number);
-  out.Put32(kOtherIndexAt, kNone);
+  out.Put32(kOtherIndexAt, kNoOtherIndex);
   out.Put8(kUpdateRuleAt, kNoRelationship);
   out.Put8(kDeleteRuleAt, kNoRelationship);
   out.Put8(kIndex.kind, static_cast<std::uint8_t>(index.kind));

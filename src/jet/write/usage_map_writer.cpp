@@ -10,34 +10,34 @@
 namespace zerbal::jet {
 namespace {
 
-using Row = std::vector<std::uint8_t>;
+using MapRow = std::vector<std::uint8_t>;
 
 constexpr std::size_t kRowSize = 69;
 constexpr std::size_t kInlinePages = (kRowSize - kInlineBitmapAt) * 8;
 constexpr std::size_t kPagesPerBitmap = PagesPerMapPage(Format::kJet4);
 constexpr std::size_t kLargestInlineGlobalMap = 8000;  // pages; its row still leaves room on page 1
 
-void SetBit(Row& row, std::size_t bit) {
+void SetBit(MapRow& row, std::size_t bit) {
   std::uint8_t& byte = row[kInlineBitmapAt + bit / 8];
   byte = static_cast<std::uint8_t>(byte | 1u << bit % 8);
 }
 
-Row EmptyReferenceMap() {
-  Row row(kRowSize, 0);
+MapRow EmptyReferenceMap() {
+  MapRow row(kRowSize, 0);
   row[0] = static_cast<std::uint8_t>(UsageMapKind::kReference);
   return row;
 }
 
-Row InlineMap(const PageList& members, std::uint32_t start) {
-  Row row(kRowSize, 0);
+MapRow InlineMap(const PageList& members, std::uint32_t start) {
+  MapRow row(kRowSize, 0);
   StoreLittleEndian(&row[kInlineStartAt], 4, start);
   for (std::uint32_t member : members)
     SetBit(row, member - start);
   return row;
 }
 
-Row ReferenceMap(OutputFile& file, const PageList& members) {
-  Row row = EmptyReferenceMap();
+MapRow ReferenceMap(OutputFile& file, const PageList& members) {
+  MapRow row = EmptyReferenceMap();
   for (auto member = members.begin(); member != members.end();) {
     const std::size_t range = *member / kPagesPerBitmap;
     PageBytes bitmap(PageKind::kUsageMap);
@@ -50,7 +50,7 @@ Row ReferenceMap(OutputFile& file, const PageList& members) {
   return row;
 }
 
-Row EncodeMap(OutputFile& file, const PageList& members) {
+MapRow EncodeMap(OutputFile& file, const PageList& members) {
   if (members.empty() || members.back() < kInlinePages)
     return InlineMap(members, 0);
   const std::uint32_t start = members.front() / 8 * 8;
@@ -59,19 +59,19 @@ Row EncodeMap(OutputFile& file, const PageList& members) {
   return ReferenceMap(file, members);
 }
 
-Row InlineGlobalMap(std::size_t pageCount) {
-  Row row(std::max(kRowSize, kInlineBitmapAt + 4 * ((pageCount + 31) / 32)), 0);
+MapRow InlineGlobalMap(std::size_t pageCount) {
+  MapRow row(std::max(kRowSize, kInlineBitmapAt + 4 * ((pageCount + 31) / 32)), 0);
   for (std::size_t page = pageCount; page < (row.size() - kInlineBitmapAt) * 8; ++page)
     SetBit(row, page);
   return row;
 }
 
-Row ReferenceGlobalMap(OutputFile& file) {
+MapRow ReferenceGlobalMap(OutputFile& file) {
   // The bitmap pages are themselves pages of the file.
   PageList bitmaps;
   while (bitmaps.size() * kPagesPerBitmap < file.PageCount())
     bitmaps.push_back(file.Allocate());
-  Row row = EmptyReferenceMap();
+  MapRow row = EmptyReferenceMap();
   for (std::size_t i = 0; i < bitmaps.size(); ++i) {
     PageBytes bitmap(PageKind::kUsageMap);
     const std::size_t first = i * kPagesPerBitmap;
@@ -87,7 +87,7 @@ Row ReferenceGlobalMap(OutputFile& file) {
 }  // namespace
 
 UsageMapPages::UsageMapPages(OutputFile& file, std::size_t count, PageList pages)
-    : file_(file), pages_(std::move(pages)), rows_(count, Row(kRowSize, 0)) {
+    : file_(file), pages_(std::move(pages)), rows_(count, MapRow(kRowSize, 0)) {
   while (pages_.size() * kMapsPerPage < count)
     pages_.push_back(file_.Allocate());
 }
@@ -118,7 +118,7 @@ void WriteGlobalMap(OutputFile& file) {
   const bool isInline = file.PageCount() <= kLargestInlineGlobalMap;
   DataPageBuilder page(1);
   page.Add(isInline ? InlineGlobalMap(file.PageCount()) : ReferenceGlobalMap(file));
-  page.Add(Row(kRowSize, 0));
+  page.Add(MapRow(kRowSize, 0));
   file.Write(1, page.Finished());
 }
 
