@@ -7,6 +7,10 @@ target_compile_options(zerbal_options INTERFACE
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # GCC 12 sees overlapping copies in plain assignments to std::string (its bug 105651).
   target_compile_options(zerbal_options INTERFACE -Wno-restrict)
+  if(CMAKE_UNITY_BUILD)
+    # A source included by another one counts as a header, and types of unnamed namespaces in it as an error.
+    target_compile_options(zerbal_options INTERFACE -Wno-subobject-linkage)
+  endif()
 endif()
 if(ZERBAL_WARNINGS_AS_ERRORS)
   target_compile_options(zerbal_options INTERFACE -Werror)
