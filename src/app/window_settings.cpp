@@ -8,17 +8,15 @@
 
 namespace zerbal::app {
 
-using settings::kMainWindowPosition;
-using settings::kMainWindowSize;
-using settings::kMainWindowState;
-
 FramePlacement ReadFramePlacement(settings::IniFile& ini, const FramePlacement& current) {
+  using settings::kMainWindowState;
   FramePlacement placement;
   placement.state = static_cast<FrameState>(ini.Read(kMainWindowState).value_or(kMainWindowState.byDefault));
   const std::pair position{current.left, current.top};
   const std::pair size{current.height, current.width};
-  std::tie(placement.left, placement.top) = ini.Read(kMainWindowPosition, position).value_or(position);
-  std::tie(placement.height, placement.width) = ini.Read(kMainWindowSize, size).value_or(size);
+  std::tie(placement.left, placement.top) =
+      ini.Read(settings::kMainWindowPosition, position).value_or(position);
+  std::tie(placement.height, placement.width) = ini.Read(settings::kMainWindowSize, size).value_or(size);
   return placement;
 }
 
@@ -33,11 +31,11 @@ FramePlacement Showable(FramePlacement placement, double pixelRatio) {
 }
 
 void SaveFramePlacement(settings::IniFile& ini, const FramePlacement& placement) {
-  ini.Write(kMainWindowState, static_cast<int>(placement.state));
+  ini.Write(settings::kMainWindowState, static_cast<int>(placement.state));
   if (placement.state != FrameState::kNormal)
     return;
-  ini.Write(kMainWindowPosition, {placement.left, placement.top});
-  ini.Write(kMainWindowSize, {placement.height, placement.width});
+  ini.Write(settings::kMainWindowPosition, {placement.left, placement.top});
+  ini.Write(settings::kMainWindowSize, {placement.height, placement.width});
 }
 
 data::DisplayOptions ReadDisplayOptions(settings::IniFile& ini, bool saved) {

@@ -20,15 +20,11 @@ constexpr std::array<Words, 3> kWords{{
 }};
 
 bool Passes(const NumericCriterion& criterion, std::int32_t value) {
-  switch (criterion.limit) {
-    case Limit::kBetween:
-      return criterion.from <= value && value <= criterion.to;
-    case Limit::kAtLeast:
-      return value >= criterion.atLeast;
-    case Limit::kAtMost:
-      break;
-  }
-  return value <= criterion.atMost;
+  if (criterion.limit == Limit::kAtLeast)
+    return value >= criterion.atLeast;
+  if (criterion.limit == Limit::kAtMost)
+    return value <= criterion.atMost;
+  return criterion.from <= value && value <= criterion.to;
 }
 
 std::string One(const Words& words, std::int32_t value, std::string_view end) {
@@ -36,21 +32,17 @@ std::string One(const Words& words, std::int32_t value, std::string_view end) {
 }
 
 std::string Piece(const NumericCriterion& criterion, const Words& words) {
-  switch (criterion.limit) {
-    case Limit::kBetween:
-      if (criterion.from == criterion.to)
-        return One(words, criterion.from, "");
-      return std::string(words.betweenStart)
-          .append(std::to_string(criterion.from))
-          .append(" and ")
-          .append(std::to_string(criterion.to))
-          .append(words.betweenEnd);
-    case Limit::kAtLeast:
-      return One(words, criterion.atLeast, words.orMore);
-    case Limit::kAtMost:
-      break;
-  }
-  return One(words, criterion.atMost, words.orLess);
+  if (criterion.limit == Limit::kAtLeast)
+    return One(words, criterion.atLeast, words.orMore);
+  if (criterion.limit == Limit::kAtMost)
+    return One(words, criterion.atMost, words.orLess);
+  if (criterion.from == criterion.to)
+    return One(words, criterion.from, "");
+  return std::string(words.betweenStart)
+      .append(std::to_string(criterion.from))
+      .append(" and ")
+      .append(std::to_string(criterion.to))
+      .append(words.betweenEnd);
 }
 
 void Append(std::string& text, std::string_view piece) {
@@ -62,8 +54,7 @@ void Append(std::string& text, std::string_view piece) {
 }  // namespace
 
 bool AirportCriteria::AnyActive() const {
-  return ilsActive ||
-         std::any_of(numeric.begin(), numeric.end(), [](const NumericCriterion& one) { return one.active; });
+  return ilsActive || std::ranges::any_of(numeric, &NumericCriterion::active);
 }
 
 bool AirportPassesCriteria(const AirportCriteria& set, std::int32_t elevation, std::int32_t runways,
