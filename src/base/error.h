@@ -19,7 +19,7 @@ class Error : public std::runtime_error {
 /// by whatever opens, reads or replaces files.
 class FileError : public Error {
  public:
-  FileError(std::string file, std::string reason)
+  FileError(const std::string& file, std::string reason)
       : FileError("File '" + file + "'", file, std::move(reason)) {}
 
   const std::string& File() const { return file_; }      ///< as the caller named the file

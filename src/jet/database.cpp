@@ -26,16 +26,17 @@ Database Database::Open(const std::filesystem::path& file, const OpenOptions& op
   }
 }
 
-Database Database::FromBytes(std::vector<std::uint8_t> bytes, std::string name, const OpenOptions& options) {
-  return FromImage(ImageOf(std::move(bytes)), std::move(name), options);
+Database Database::FromBytes(std::vector<std::uint8_t> bytes, const std::string& name,
+                             const OpenOptions& options) {
+  return FromImage(ImageOf(std::move(bytes)), name, options);
 }
 
-Database Database::FromImage(FileImage image, std::string name, const OpenOptions& options) {
+Database Database::FromImage(FileImage image, const std::string& name, const OpenOptions& options) {
   std::shared_ptr<DatabaseState> state;
   try {
     state = std::make_shared<DatabaseState>(name, std::move(image), options);
   } catch (const Damage& damage) {
-    throw EngineError(std::move(name), "", damage.what());
+    throw EngineError(name, "", damage.what());
   }
   state->catalog = ReadCatalog(state);
   return Database(std::move(state));

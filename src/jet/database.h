@@ -30,7 +30,7 @@ class Database {
   static Database Open(const std::filesystem::path& file, const OpenOptions& options = {});
 
   /// The same for a file whose bytes are in memory; messages call it `name`.
-  static Database FromBytes(std::vector<std::uint8_t> bytes, std::string name,
+  static Database FromBytes(std::vector<std::uint8_t> bytes, const std::string& name,
                             const OpenOptions& options = {});
 
   /// Names of the user tables, in the order of the catalog, tables that cannot be opened included.
@@ -43,7 +43,7 @@ class Database {
 
  private:
   explicit Database(std::shared_ptr<const DatabaseState> state);
-  static Database FromImage(FileImage image, std::string name, const OpenOptions& options);
+  static Database FromImage(FileImage image, const std::string& name, const OpenOptions& options);
 
   std::shared_ptr<const DatabaseState> state_;
 };

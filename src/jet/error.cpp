@@ -12,7 +12,7 @@ std::string Subject(const std::string& file, const std::string& table) {
 
 }  // namespace
 
-EngineError::EngineError(std::string file, std::string table, std::string reason)
+EngineError::EngineError(const std::string& file, std::string table, std::string reason)
     : FileError(Subject(file, table), file, std::move(reason)), table_(std::move(table)) {}
 
 }  // namespace zerbal::jet

@@ -12,7 +12,7 @@ namespace zerbal::jet {
 /// operations of the interface.
 class EngineError : public base::FileError {
  public:
-  EngineError(std::string file, std::string table, std::string reason);
+  EngineError(const std::string& file, std::string table, std::string reason);
 
   const std::string& Table() const { return table_; }  ///< empty when no table is concerned
 

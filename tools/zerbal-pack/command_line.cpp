@@ -50,7 +50,7 @@ std::string Reason(const CLI::App& app, const CLI::ParseError& error) {
                                  : fmt::format("'{}' is one argument too many", word);
   }
   // The message begins with the name of the option or argument, sometimes without dashes.
-  const std::string text = error.what();
+  std::string text = error.what();
   std::string name = text.substr(0, text.find_first_of(": "));
   const CLI::Option* option = app.get_option_no_throw(name);
   if (option == nullptr)
