@@ -21,7 +21,7 @@
 #include <unistd.h>
 
 #include "app/application.h"
-#include "app/start_up.h"
+#include "app/running_program.h"
 #include "dialogs/qt_message_boxes.h"
 #include "settings/profile_file.h"
 
@@ -62,7 +62,7 @@ int ShowMap(int argc, char** argv) {
   app::Application application(argc, argv, boxes);
   app::SystemClock clock;
   app::MersenneRandom random;
-  app::Main program({app::WithSeparator(fs::current_path()), clock, random, boxes});
+  app::RunningProgram program({app::WithSeparator(fs::current_path()), clock, random, boxes});
   if (!program.Start())
     return 1;
   EndWhenPainted end(program.MainWindow().MapWindow());

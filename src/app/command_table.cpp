@@ -1,3 +1,5 @@
+#include "app/command_table.h"
+
 #include <array>
 
 #include "app/commands.h"
@@ -10,8 +12,12 @@ using data::DisplayOptions;
 constexpr Command kSeparator;
 
 constexpr Command OptionEntry(const char* name, const char* caption, bool DisplayOptions::*option,
-                              const settings::SwitchSetting& setting) {
-  return {.name = name, .caption = caption, .option = option, .setting = &setting};
+                              const settings::SwitchSetting& setting, const char* checkBox = nullptr) {
+  return {name, caption, option, checkBox, nullptr, nullptr, &setting};
+}
+constexpr Command Delimitation(const char* name, const char* caption, void (Commands::*run)(),
+                               const char* checkBox) {
+  return {.name = name, .caption = caption, .action = run, .rightClick = checkBox};
 }
 
 constexpr std::array kFile = {
@@ -35,17 +41,21 @@ constexpr std::array kViews = {
     OptionEntry("mnuViewRiver", "Rivers", &DisplayOptions::rivers, settings::kViewRivers),
     OptionEntry("mnuViewIBound", "Int. boundaries", &DisplayOptions::boundaries, settings::kViewBoundaries),
     kSeparator,
-    OptionEntry("mnuViewAprt", "All airports", &DisplayOptions::allAirports, settings::kViewAllAirports),
-    OptionEntry("mnuViewDest", "QAV destinations", &DisplayOptions::destinations,
-                settings::kViewDestinations),
+    OptionEntry("mnuViewAprt", "All airports", &DisplayOptions::allAirports, settings::kViewAllAirports,
+                "chkAprt"),
+    OptionEntry("mnuViewDest", "QAV destinations", &DisplayOptions::destinations, settings::kViewDestinations,
+                "chkDest"),
     kSeparator,
-    Command{"mnuViewAprtDeli", "Delimitation for all airports...", &Commands::DelimitAllAirports},
-    Command{"mnuViewDestDeli", "Delimitation for QAV destinations...", &Commands::DelimitDestinations},
+    Delimitation("mnuViewAprtDeli", "Delimitation for all airports...", &Commands::DelimitAllAirports,
+                 "chkAprt"),
+    Delimitation("mnuViewDestDeli", "Delimitation for QAV destinations...", &Commands::DelimitDestinations,
+                 "chkDest"),
 };
 
 constexpr std::array kRegion = {
-    Command{"mnuRegWorld", "World", &Commands::ShowWorld},
+    Command{"mnuRegWorld", "World", &Commands::ShowRegion},
 };
+constexpr Command kRegionPart{"mnuRegPart", "", &Commands::ShowRegion};
 
 constexpr std::array kFlights = {
     OptionEntry("mnuFlitAprt", "Show airports", &DisplayOptions::flightAirports, settings::kShowAirports),
@@ -68,6 +78,7 @@ constexpr std::array kFlights = {
     kSeparator,
     Command{"mnuFlitFSrv(0)", "Show all flights", &Commands::ShowAllFlights},
 };
+constexpr Command kFlightService{"mnuFlitFSrv", "", &Commands::ToggleService};
 
 constexpr std::array kHelp = {
     Command{"mnuHelpRev", "&Revision number...", &Commands::HelpRevision},
@@ -79,8 +90,8 @@ constexpr std::array kMenus = {
     MenuDescription{"mnuFile", "&File", kFile},
     MenuDescription{"mnuZoom", "&Zoom", kZoom},
     MenuDescription{"mnuView", "&Views", kViews},
-    MenuDescription{"mnuReg", "&Region", kRegion, "mnuRegPart"},
-    MenuDescription{"mnuFlit", "&Flights", kFlights, "mnuFlitFSrv", "mnuPop"},
+    MenuDescription{"mnuReg", "&Region", kRegion, kRegionPart},
+    MenuDescription{"mnuFlit", "&Flights", kFlights, kFlightService, "mnuPop"},
     MenuDescription{"mnuHelp", "&?", kHelp},
 };
 
@@ -93,7 +104,7 @@ std::span<const MenuDescription> MenuTable() {
 void ForEachOption(const std::function<void(const Command&)>& visit) {
   for (const MenuDescription& menu : kMenus) {
     for (const Command& command : menu.commands) {
-      if (command.option != nullptr)
+      if (command.Option() != nullptr)
         visit(command);
     }
   }

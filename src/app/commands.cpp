@@ -11,34 +11,43 @@ constexpr float kZoomBigStep = 50;
 
 }  // namespace
 
-Commands::Commands(Program& program, frmMap& mapWindow, Dialogs& dialogs, const dialogs::Placement& placement,
+Commands::Commands(MapState& state, frmMap& mapWindow, Dialogs& dialogs, QWidget& mainWindow,
                    std::function<void()> stateChanged, std::function<void()> criteriaChanged)
-    : program_(program),
+    : state_(state),
       map_(mapWindow),
       dialogs_(dialogs),
-      placement_(placement),
+      mainWindow_(mainWindow),
       stateChanged_(std::move(stateChanged)),
       criteriaChanged_(std::move(criteriaChanged)) {}
 
+void Commands::Run(const Command& command, int index) {
+  if (const auto* operation = std::get_if<void (Commands::*)()>(&command.action))
+    (this->**operation)();
+  else if (const auto* indexed = std::get_if<void (Commands::*)(int)>(&command.action))
+    (this->**indexed)(index);
+  else
+    Toggle(command.Option());
+}
+
 void Commands::UserSettings() {
-  Confirmed(DialogKind::kUserSettings);
+  ShowModal(DialogKind::kUserSettings);
 }
 
 void Commands::MapSettings() {
-  const auto mapFont = [this] { return map::MapFont(program_.viewport, program_.style.fonts); };
+  const auto mapFont = [this] { return map::MapFont(state_.viewport, state_.style.fonts); };
   const map::TextFont before = mapFont();
-  Confirmed(DialogKind::kMapSettings);
+  ShowModal(DialogKind::kMapSettings);
   if (mapFont() != before)
     map_.Redraw();
 }
 
 void Commands::ColourSettings() {
-  if (Confirmed(DialogKind::kColourSettings))
+  if (ShowModal(DialogKind::kColourSettings))
     map_.Redraw();
 }
 
 void Commands::Quit() {
-  placement_.mainWindow.close();
+  mainWindow_.close();
 }
 
 void Commands::ViewChanged(bool changed) {
@@ -47,31 +56,27 @@ void Commands::ViewChanged(bool changed) {
 }
 
 void Commands::ZoomIn() {
-  ViewChanged(program_.viewport.ZoomIn(kZoomStep));
+  ViewChanged(state_.viewport.ZoomIn(kZoomStep));
 }
 
 void Commands::ZoomInMore() {
-  ViewChanged(program_.viewport.ZoomIn(kZoomBigStep));
+  ViewChanged(state_.viewport.ZoomIn(kZoomBigStep));
 }
 
 void Commands::ZoomReset() {
-  ViewChanged(program_.viewport.ZoomReset());
+  ViewChanged(state_.viewport.ZoomReset());
 }
 
 void Commands::ZoomOutMore() {
-  ViewChanged(program_.viewport.ZoomOut(kZoomBigStep));
+  ViewChanged(state_.viewport.ZoomOut(kZoomBigStep));
 }
 
 void Commands::ZoomOut() {
-  ViewChanged(program_.viewport.ZoomOut(kZoomStep));
+  ViewChanged(state_.viewport.ZoomOut(kZoomStep));
 }
 
 void Commands::Toggle(bool data::DisplayOptions::*option) {
-  Set(option, !(program_.display.*option));
-}
-
-void Commands::Set(bool data::DisplayOptions::*option, bool value) {
-  program_.display.*option = value;
+  state_.display.*option = !(state_.display.*option);
   stateChanged_();
   map_.Redraw();
 }
@@ -85,25 +90,21 @@ void Commands::DelimitDestinations() {
 }
 
 void Commands::Delimit(DialogKind kind, bool data::DisplayOptions::*layer) {
-  if (!Confirmed(kind))
+  if (!ShowModal(kind))
     return;
   criteriaChanged_();
-  if (program_.display.*layer)
+  if (state_.display.*layer)
     map_.Redraw();
-}
-
-void Commands::ShowWorld() {
-  ShowRegion(0);
 }
 
 void Commands::ShowRegion(int region) {
   const auto row = static_cast<std::size_t>(region);
-  ViewChanged(program_.viewport.SelectRegion(program_.style.regions.rows.at(row)));
+  ViewChanged(state_.viewport.SelectRegion(state_.style.regions.rows.at(row)));
 }
 
 bool Commands::SetAllServices(bool display) {
   bool changed = false;
-  for (data::FlightService& service : program_.services) {
+  for (data::FlightService& service : state_.services) {
     changed = changed || service.displayFlag != display;
     service.displayFlag = display;
   }
@@ -111,24 +112,24 @@ bool Commands::SetAllServices(bool display) {
 }
 
 void Commands::ShowFlights(bool serviceMode) {
-  program_.flights.serviceMode = serviceMode;
+  state_.flights.serviceMode = serviceMode;
   stateChanged_();
   map_.Redraw();
 }
 
 void Commands::ShowAllFlights() {
-  if (SetAllServices(true) || !program_.flights.serviceMode)
+  if (SetAllServices(true) || !state_.flights.serviceMode)
     ShowFlights(true);
 }
 
 void Commands::ToggleService(int service) {
-  data::FlightService& row = program_.services.at(static_cast<std::size_t>(service) - 1);
+  data::FlightService& row = state_.services.at(static_cast<std::size_t>(service) - 1);
   row.displayFlag = !row.displayFlag;
   ShowFlights(true);
 }
 
 void Commands::ClearAllFlights() {
-  if (SetAllServices(false) || !program_.flights.serviceMode)
+  if (SetAllServices(false) || !state_.flights.serviceMode)
     ShowFlights(true);
 }
 
@@ -150,22 +151,22 @@ void Commands::SelectDestination() {
 }
 
 void Commands::FindFlights(DialogKind kind) {
-  if (!Confirmed(kind))
+  if (!ShowModal(kind))
     return;
   selectionAvailable_ = true;
   ShowSelectedFlights();
 }
 
 void Commands::HelpRevision() {
-  Confirmed(DialogKind::kHelpRevision);
+  ShowModal(DialogKind::kHelpRevision);
 }
 
 void Commands::HelpMouse() {
-  Confirmed(DialogKind::kHelpMouse);
+  ShowModal(DialogKind::kHelpMouse);
 }
 
 void Commands::HelpInfo() {
-  Confirmed(DialogKind::kHelpInfo);
+  ShowModal(DialogKind::kHelpInfo);
 }
 
 }  // namespace zerbal::app

@@ -1,24 +1,27 @@
-// What the user can tell the program to do. Each command is described once, in the table of MenuTable();
-// menu entries, their pop-up twins and the tool bar's buttons are all built from it.
+// What the commands of the command table do, and how often each redraws the map.
 #pragma once
 
-#include <QObject>
 #include <functional>
-#include <span>
 
+#include "app/command_table.h"
 #include "app/dialogs.h"
 #include "app/frm_map.h"
-#include "app/program.h"
-#include "dialogs/placed_dialog.h"
+#include "app/program_state.h"
 
 namespace zerbal::app {
 
-class Commands final : public QObject {
+class Commands final {
  public:
-  /// `stateChanged` is called when what check marks and enabled entries show has changed; `criteriaChanged`
-  /// when a delimitation has. Everything given outlives this.
-  Commands(Program& program, frmMap& mapWindow, Dialogs& dialogs, const dialogs::Placement& placement,
+  /// `stateChanged` is called after changes of what check marks and enabled entries show, `criteriaChanged`
+  /// after changes of a delimitation. The references outlive this.
+  Commands(MapState& state, frmMap& mapWindow, Dialogs& dialogs, QWidget& mainWindow,
            std::function<void()> stateChanged, std::function<void()> criteriaChanged);
+
+  /// Every menu entry and every control of the tool bar ends here.
+  void Run(const Command& command, int index);
+
+  /// Whether there are selected flights to show: true once a flight finding dialog was accepted.
+  bool SelectionAvailable() const { return selectionAvailable_; }
 
   // File
   void UserSettings();
@@ -32,13 +35,10 @@ class Commands final : public QObject {
   void ZoomOutMore();
   void ZoomOut();
   // Views
-  void Toggle(bool data::DisplayOptions::*option);
-  void Set(bool data::DisplayOptions::*option, bool value);
   void DelimitAllAirports();
   void DelimitDestinations();
   // Region
-  void ShowWorld();
-  void ShowRegion(int region);  ///< 1 to RegionCount
+  void ShowRegion(int region);  ///< 0, the world, to RegionCount
   // Flights
   void ClearAllFlights();
   void ShowSelectedFlights();
@@ -52,49 +52,22 @@ class Commands final : public QObject {
   void HelpMouse();
   void HelpInfo();
 
-  /// Whether there are selected flights to show: true once a flight finding dialog was confirmed.
-  bool SelectionAvailable() const { return selectionAvailable_; }
-
  private:
-  bool Confirmed(DialogKind kind) { return dialogs_.Confirmed(kind, placement_); }
+  bool ShowModal(DialogKind kind) { return dialogs_.ShowModal(kind, mainWindow_); }
+  void Toggle(bool data::DisplayOptions::*option);
   void ViewChanged(bool changed);
   void Delimit(DialogKind kind, bool data::DisplayOptions::*layer);
   void FindFlights(DialogKind kind);
   bool SetAllServices(bool display);
   void ShowFlights(bool serviceMode);
 
-  Program& program_;
+  MapState& state_;
   frmMap& map_;
   Dialogs& dialogs_;
-  dialogs::Placement placement_;
+  QWidget& mainWindow_;
   std::function<void()> stateChanged_;
   std::function<void()> criteriaChanged_;
   bool selectionAvailable_ = false;
 };
-
-/// One command of the menu bar.
-struct Command {
-  const char* name = nullptr;  ///< object name of the menu entry; nullptr stands for a separator
-  const char* caption = "";
-  void (Commands::*run)() = nullptr;             ///< nullptr for entries that switch an option
-  const char* button = nullptr;                  ///< object name of the tool bar's button, where there is one
-  const char* picture = nullptr;                 ///< its picture, a resource
-  bool data::DisplayOptions::*option = nullptr;  ///< what the entry's check mark shows
-  const settings::SwitchSetting* setting = nullptr;  ///< the option's
-};
-
-struct MenuDescription {
-  const char* name;
-  const char* title;
-  std::span<const Command> commands;
-  const char* indexed = nullptr;  ///< name of the array of entries that start-up adds at the end
-  const char* twin = nullptr;     ///< a pop-up menu with a twin of every entry
-};
-
-/// The menu bar from left to right.
-std::span<const MenuDescription> MenuTable();
-
-/// Calls `visit` for each command that switches an option, in the order of the settings file.
-void ForEachOption(const std::function<void(const Command&)>& visit);
 
 }  // namespace zerbal::app

@@ -23,43 +23,48 @@ bool Accepted(Parts&&... parts) {
   return dialog.exec() == QDialog::Accepted;
 }
 
-/// Where the numbers of the installed data stand, or will be made: beside the other data.
+/// The file of the revision numbers, which need not exist. It is in the folder of the other data.
 std::filesystem::path RevisionFile(const data::DataFiles& files) {
   constexpr char kName[] = "zblrev.ini";
   const std::filesystem::path folder = files.zbldata.parent_path();
   return base::FindFile(folder, kName).value_or(folder / kName);
 }
 
-dialogs::FinderContext Finder(Program& program) {
-  return {program.services, program.databases->schedule,     program.databases->destinations,
-          program.finder,   program.flights.selectedFlights, program.environment.boxes};
-}
-
 }  // namespace
 
-bool ProgramDialogs::Confirmed(DialogKind kind, const dialogs::Placement& placement) {
-  Program& program = program_;
-  settings::MessageBoxes& boxes = program.environment.boxes;
+dialogs::FinderContext ProgramDialogs::Finder() const {
+  const data::Databases& databases = *subjects_.databases;
+  return {subjects_.map.services,
+          databases.schedule,
+          databases.destinations,
+          subjects_.finder,
+          subjects_.map.flights.selectedFlights,
+          subjects_.boxes};
+}
+
+bool ProgramDialogs::ShowModal(DialogKind kind, QWidget& mainWindow) {
+  auto& [settingsFile, boxes, random, files, databases, map, delimitations, finder] = subjects_;
+  const dialogs::Placement placement{mainWindow, settingsFile.ini, settingsFile.saveFlags};
   switch (kind) {
     case DialogKind::kUserSettings:
-      return Accepted<dialogs::frmUserSett>(placement, program.saveFlags);
+      return Accepted<dialogs::frmUserSett>(placement, settingsFile.saveFlags);
     case DialogKind::kMapSettings:
-      return Accepted<dialogs::frmMapSett>(placement, program.style.regions, program.style.fonts,
+      return Accepted<dialogs::frmMapSett>(placement, map.style.regions, map.style.fonts,
                                            QFontDatabase::families(), boxes);
     case DialogKind::kColourSettings:
-      return Accepted<dialogs::frmColoSett>(placement, program.style.colours, program.services);
+      return Accepted<dialogs::frmColoSett>(placement, map.style.colours, map.services);
     case DialogKind::kDelimitAllAirports:
-      return Accepted<frmDeli>(placement, frmDeli::Layer::kAllAirports, program.allAirportCriteria, boxes);
+      return Accepted<frmDeli>(placement, frmDeli::Layer::kAllAirports, delimitations.allAirports, boxes);
     case DialogKind::kDelimitDestinations:
-      return Accepted<frmDeli>(placement, frmDeli::Layer::kDestinations, program.destinationCriteria, boxes);
+      return Accepted<frmDeli>(placement, frmDeli::Layer::kDestinations, delimitations.destinations, boxes);
     case DialogKind::kRandomFlights:
-      return Accepted<dialogs::frmRandFlit>(placement, Finder(program), program.environment.random);
+      return Accepted<dialogs::frmRandFlit>(placement, Finder(), random);
     case DialogKind::kSelectFlights:
-      return Accepted<dialogs::frmSeleFlit>(placement, Finder(program));
+      return Accepted<dialogs::frmSeleFlit>(placement, Finder());
     case DialogKind::kSelectDestination:
-      return Accepted<dialogs::frmSeleDest>(placement, Finder(program));
+      return Accepted<dialogs::frmSeleDest>(placement, Finder());
     case DialogKind::kHelpRevision:
-      return Accepted<dialogs::frmHelpRev>(placement, boxes, RevisionFile(program.files));
+      return Accepted<dialogs::frmHelpRev>(placement, boxes, RevisionFile(files));
     case DialogKind::kHelpMouse:
       return Accepted<dialogs::frmHelpMous>(placement);
     case DialogKind::kHelpInfo:

@@ -1,9 +1,9 @@
-// How the main window opens the program's dialogs. Only the implementation knows their classes, so that the
-// commands can be tested without them.
+// How commands open the program's dialogs. Only the implementation knows their classes, so that commands are
+// tested without them.
 #pragma once
 
-#include "app/program.h"
-#include "dialogs/placed_dialog.h"
+#include "app/program_state.h"
+#include "dialogs/finder_dialog.h"
 
 namespace zerbal::app {
 
@@ -24,19 +24,31 @@ enum class DialogKind {
 class Dialogs {
  public:
   virtual ~Dialogs() = default;
-  /// Shows the dialog modally; true when the user confirmed it.
-  virtual bool Confirmed(DialogKind kind, const dialogs::Placement& placement) = 0;
+  /// Shows the dialog over the main window until it is closed. True when the user accepted it.
+  virtual bool ShowModal(DialogKind kind, QWidget& mainWindow) = 0;
 };
 
 /// The real ones.
 class ProgramDialogs final : public Dialogs {
  public:
-  /// `program` outlives this.
-  explicit ProgramDialogs(Program& program) : program_(program) {}
-  bool Confirmed(DialogKind kind, const dialogs::Placement& placement) override;
+  /// What the dialogs read and change; all of it outlives this.
+  struct Subjects {
+    SettingsFile& settingsFile;
+    settings::MessageBoxes& boxes;
+    data::RandomSource& random;
+    const data::DataFiles& files;
+    const std::optional<data::Databases>& databases;  ///< open whenever a dialog is shown
+    MapState& map;
+    Delimitations& delimitations;
+    data::FlightFinderState& finder;
+  };
+  explicit ProgramDialogs(const Subjects& subjects) : subjects_(subjects) {}
+  bool ShowModal(DialogKind kind, QWidget& mainWindow) override;
 
  private:
-  Program& program_;
+  dialogs::FinderContext Finder() const;
+
+  Subjects subjects_;
 };
 
 }  // namespace zerbal::app

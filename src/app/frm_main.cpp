@@ -49,10 +49,19 @@ class frmMain::Client final : public QWidget {
   QWidget* child_ = nullptr;
 };
 
-frmMain::frmMain(Program& program, Dialogs& dialogs) : program_(program), dialogs_(dialogs) {
+frmMain::frmMain(SettingsFile& settingsFile, MapState& state, const Delimitations& delimitations,
+                 std::optional<data::Databases>& databases, Dialogs& dialogs)
+    : settingsFile_(settingsFile),
+      state_(state),
+      delimitations_(delimitations),
+      databases_(databases),
+      dialogs_(dialogs) {
   setObjectName("frmMain");
   setWindowTitle(settings::kProgramTitle);
-  const auto run = [this](const Command& command) { Run(command); };
+  const auto run = [this](const Command& command, int index) {
+    if (commands_ != nullptr)
+      commands_->Run(command, index);
+  };
   menu_ = std::make_unique<MainMenu>(*menuBar(), *this, run);
   auto* inside = new QWidget(this);
   auto* column = new QVBoxLayout(inside);
@@ -113,82 +122,56 @@ FramePlacement frmMain::PlacementToSave() const {
   return placement;
 }
 
-void frmMain::Load() {
+void frmMain::Load(const data::DataFiles& files) {
   LoadSettings();
+  if (!files.river)
+    DisableOption("mnuViewRiver", &data::DisplayOptions::rivers);
+  if (!files.ibound)
+    DisableOption("mnuViewIBound", &data::DisplayOptions::boundaries);
   MakeMapWindow();
-  if (!program_.riverAvailable)
-    menu_->Disable("mnuViewRiver");
-  if (!program_.boundaryAvailable)
-    menu_->Disable("mnuViewIBound");
-  MakeIndexedEntries();
-  ConnectLayerBoxes();
+  menu_->AddRegions(state_.style.regions);
+  menu_->AddServices(state_.services);
   ShowState();
+  UpdateDelimitationInfo();
 }
 
 void frmMain::LoadSettings() {
-  settings::IniFile& ini = program_.iniFile;
-  settings::SaveFlags& flags = program_.saveFlags;
-  // Start-up reads the splash time without a default; here its key comes into the file.
+  settings::IniFile& ini = settingsFile_.ini;
+  settings::SaveFlags& flags = settingsFile_.saveFlags;
+  // Start-up reads the splash time without a default; this writes the key when it is missing.
   ini.Read(settings::kSplashSeconds);
   flags.mainWindow = ini.Read(settings::kSaveMainWindow);
   const FramePlacement stored = ReadFramePlacement(ini, CurrentPlacement());
   flags.windows = ini.Read(settings::kSaveWindows);
   flags.menuEntries = ini.Read(settings::kSaveMenuEntries);
-  program_.display = ReadDisplayOptions(ini, flags.menuEntries);
+  state_.display = ReadDisplayOptions(ini, flags.menuEntries);
   if (flags.mainWindow)
     Place(stored);
-  // An entry without anything to show keeps the check mark of the design, whatever was saved.
-  const data::DisplayOptions designed;
-  if (!program_.riverAvailable)
-    program_.display.rivers = designed.rivers;
-  if (!program_.boundaryAvailable)
-    program_.display.boundaries = designed.boundaries;
+}
+
+void frmMain::DisableOption(const char* entry, bool data::DisplayOptions::*option) {
+  menu_->Disable(entry);
+  // It keeps the check mark of the design, whatever was saved.
+  state_.display.*option = data::DisplayOptions{}.*option;
 }
 
 void frmMain::MakeMapWindow() {
-  scene_.emplace(map::MapScene{program_.viewport, program_.display, program_.style, program_.services,
-                               *program_.databases, program_.allAirportCriteria, program_.destinationCriteria,
-                               program_.flights});
-  map_ = std::make_unique<frmMap>(*scene_, program_.viewport, client_);
-  map_->SetObserver(program_.environment.mapObserver);
+  scene_.emplace(map::MapScene{state_.viewport, state_.display, state_.style, state_.services, *databases_,
+                               delimitations_.allAirports, delimitations_.destinations, state_.flights});
+  map_ = std::make_unique<frmMap>(*scene_, state_.viewport, client_);
   map_->hide();
   client_->Hold(map_.get());
   commands_ = std::make_unique<Commands>(
-      program_, *map_, dialogs_, dialogs::Placement{*this, program_.iniFile, program_.saveFlags},
-      [this] { ShowState(); }, [this] { UpdateDelimitationInfo(); });
+      state_, *map_, dialogs_, *this, [this] { ShowState(); }, [this] { UpdateDelimitationInfo(); });
   connect(map_.get(), &frmMap::PositionChanged, picStat_, &StatusBar::ShowPosition);
   connect(map_.get(), &frmMap::ExtentChanged, picStat_, &StatusBar::ShowExtent);
   connect(map_.get(), &frmMap::PopupRequested, this,
           [this](const QPoint& position) { menu_->Popup().popup(position); });
 }
 
-void frmMain::MakeIndexedEntries() {
-  menu_->AddRegions(program_.style.regions, [this](int region) { commands_->ShowRegion(region); });
-  menu_->AddServices(program_.services, [this](int service) { commands_->ToggleService(service); });
-}
-
-void frmMain::ConnectLayerBoxes() {
-  connect(picTool_, &ToolBar::AllAirportsClicked, commands_.get(),
-          [this](bool checked) { commands_->Set(&data::DisplayOptions::allAirports, checked); });
-  connect(picTool_, &ToolBar::DestinationsClicked, commands_.get(),
-          [this](bool checked) { commands_->Set(&data::DisplayOptions::destinations, checked); });
-  connect(picTool_, &ToolBar::AllAirportsRightClicked, commands_.get(), &Commands::DelimitAllAirports);
-  connect(picTool_, &ToolBar::DestinationsRightClicked, commands_.get(), &Commands::DelimitDestinations);
-}
-
-void frmMain::Run(const Command& command) {
-  if (commands_ == nullptr)
-    return;
-  if (command.option != nullptr)
-    commands_->Toggle(command.option);
-  else
-    (commands_.get()->*command.run)();
-}
-
 void frmMain::ShowState() {
-  const data::DisplayOptions& options = program_.display;
-  menu_->Show({options, program_.services, commands_->SelectionAvailable()});
-  picTool_->ShowLayers(options.allAirports, options.destinations);
+  menu_->Show({state_.display, state_.services, commands_->SelectionAvailable()});
+  picTool_->ShowOptions(state_.display);
 }
 
 void frmMain::SetBackground(data::Rgb colour) {
@@ -202,21 +185,21 @@ QColor frmMain::BackgroundColour() const {
 }
 
 void frmMain::UpdateDelimitationInfo() {
-  picTool_->ShowDelimitations(QString::fromStdString(data::DelimitationText(program_.allAirportCriteria)),
-                              QString::fromStdString(data::DelimitationText(program_.destinationCriteria)));
+  picTool_->ShowDelimitations(QString::fromStdString(data::DelimitationText(delimitations_.allAirports)),
+                              QString::fromStdString(data::DelimitationText(delimitations_.destinations)));
 }
 
 void frmMain::Unload() {
   if (!Loaded())
     return;
-  if (program_.saveFlags.mainWindow)
-    SaveFramePlacement(program_.iniFile, PlacementToSave());
-  if (program_.saveFlags.menuEntries)
-    SaveDisplayOptions(program_.iniFile, program_.display);
+  if (settingsFile_.saveFlags.mainWindow)
+    SaveFramePlacement(settingsFile_.ini, PlacementToSave());
+  if (settingsFile_.saveFlags.menuEntries)
+    SaveDisplayOptions(settingsFile_.ini, state_.display);
   client_->LetGo();
   commands_.reset();
   map_.reset();
-  program_.databases.reset();
+  databases_.reset();
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {

@@ -9,30 +9,31 @@
 #include "app/dialogs.h"
 #include "app/frm_map.h"
 #include "app/main_menu.h"
-#include "app/program.h"
+#include "app/program_state.h"
 #include "app/status_bar.h"
 #include "app/tool_bar.h"
 #include "app/window_settings.h"
 
 namespace zerbal::app {
 
-/// Made as designed; Load brings in what the settings and the databases say, Unload takes leave of them.
+/// Made as designed; Load applies settings and databases, Unload saves the settings and closes the databases.
 class frmMain final : public QMainWindow {
   Q_OBJECT
   /// The colour behind the map window.
   Q_PROPERTY(QColor colour READ BackgroundColour)
 
  public:
-  /// Both outlive the window.
-  frmMain(Program& program, Dialogs& dialogs);
+  /// All of them outlive the window.
+  frmMain(SettingsFile& settingsFile, MapState& state, const Delimitations& delimitations,
+          std::optional<data::Databases>& databases, Dialogs& dialogs);
   ~frmMain() override;
 
   /// Reads the switches of what is saved, state, position, size and check marks; makes the entries of regions
-  /// and services and the map window, both windows still hidden. Needs the databases open and the regions and
-  /// services loaded.
-  void Load();
-  /// Saves what is to be saved, does away with the map window and closes the databases. Once only; closing
-  /// the window does it too.
+  /// and services and the map window. Both windows stay hidden. The databases are open, and style and
+  /// services loaded. Options whose file is missing are disabled.
+  void Load(const data::DataFiles& files);
+  /// Saves settings and check marks, deletes the map window and closes the databases. Only the first call
+  /// does anything; closing the window calls it.
   void Unload();
   bool Loaded() const { return map_ != nullptr; }
 
@@ -41,8 +42,6 @@ class frmMain final : public QMainWindow {
 
   void SetBackground(data::Rgb colour);
   QColor BackgroundColour() const;
-  /// Puts the description of both sets of criteria into the QuickInfos of the layers' check boxes.
-  void UpdateDelimitationInfo();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -57,16 +56,19 @@ class frmMain final : public QMainWindow {
   void PlaceAsDesigned();
   void Place(const FramePlacement& placement);
   void LoadSettings();
+  void DisableOption(const char* entry, bool data::DisplayOptions::*option);
   void MakeMapWindow();
-  void MakeIndexedEntries();
-  void ConnectLayerBoxes();
-  void Run(const Command& command);
   void ShowState();
+  /// Shows the descriptions of both delimitations as tool tips of the layers' check boxes.
+  void UpdateDelimitationInfo();
 
-  Program& program_;
+  SettingsFile& settingsFile_;
+  MapState& state_;
+  const Delimitations& delimitations_;
+  std::optional<data::Databases>& databases_;
   Dialogs& dialogs_;
   QSize storedSize_;
-  QSize shownSize_;  ///< what came of storedSize_
+  QSize shownSize_;  ///< the size that it resulted in
   ToolBar* picTool_;
   StatusBar* picStat_;
   Client* client_;

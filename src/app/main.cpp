@@ -1,7 +1,26 @@
-#include "app/run_program.h"
+#include <filesystem>
+#include <optional>
+
+#include "app/application.h"
+#include "app/running_program.h"
+#include "dialogs/qt_message_boxes.h"
 #include "jet/mapped_file_guard.h"
 
+using namespace zerbal::app;
+
+/// Runs the program in the current working directory. The exit status is 0 when the main window was closed,
+/// another when the start was refused or an error ended the program.
 int main(int argc, char** argv) {
   zerbal::jet::InstallMappedFileGuard();
-  return zerbal::app::RunProgram(argc, argv);
+  zerbal::dialogs::QtMessageBoxes boxes;
+  Application application(argc, argv, boxes);
+  SystemClock clock;
+  MersenneRandom random;
+  std::optional<RunningProgram> program;
+  bool started = false;
+  application.Guard([&] {
+    program.emplace(Environment{WithSeparator(std::filesystem::current_path()), clock, random, boxes});
+    started = program->Start();
+  });
+  return started ? application.Run() : Application::kErrorStatus;
 }

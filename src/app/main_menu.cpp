@@ -8,17 +8,11 @@ namespace {
 
 constexpr char kShowSelected[] = "mnuFlitSele";
 constexpr std::string_view kPrefix = "mnu";
-constexpr char kRegionArray[] = "mnuRegPart";
-constexpr char kServiceArray[] = "mnuFlitFSrv";
 
 /// The entry of the pop-up menu that does the same: "mnuFlitAprt", "mnuPopFlitAprt".
 QString TwinName(std::string_view name) {
   name.remove_prefix(kPrefix.size());
   return "mnuPop" + QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
-}
-
-QString Indexed(const QString& array, int index) {
-  return array + '(' + QString::number(index) + ')';
 }
 
 /// A text from a database as a caption: an ampersand in it is no access key.
@@ -33,62 +27,70 @@ MainMenu::MainMenu(QMenuBar& bar, QWidget& owner, RunCommand run) : owner_(owner
     QMenu* menu = bar.addMenu(description.title);
     menu->setObjectName(description.name);
     Build(description, *menu, false);
-    if (description.indexed != nullptr && description.twin == nullptr)
-      regionMenu_ = menu;
     if (description.twin == nullptr)
       continue;
     popup_ = new QMenu("Popup", &owner);
     popup_->setObjectName(description.twin);
     Build(description, *popup_, true);
-    flightMenus_ = {menu, popup_};
   }
 }
 
 void MainMenu::Build(const MenuDescription& description, QMenu& menu, bool twin) {
+  const auto nameOf = [&](const Command& command) {
+    return twin ? TwinName(command.name) : QString(command.name);
+  };
   for (const Command& command : description.commands) {
     if (command.name == nullptr) {
       menu.addSeparator();
       continue;
     }
-    QAction* entry = AddEntry(menu, twin ? TwinName(command.name) : command.name, command.caption);
-    QObject::connect(entry, &QAction::triggered, &owner_, [this, &command] { run_(command); });
-    if (command.option != nullptr) {
+    QAction* entry = AddEntry(menu, nameOf(command), command.caption, command);
+    if (command.Option() != nullptr) {
       entry->setCheckable(true);
-      options_.push_back({entry, command.option});
+      options_.push_back({entry, command.Option()});
     }
     if (std::string_view(command.name) == kShowSelected)
       selectionEntries_.push_back(entry);
   }
+  const Command& indexed = description.indexed;
+  if (indexed.name == nullptr)
+    return;
+  const IndexedMenu indexedMenu{&menu, &indexed, nameOf(indexed)};
+  if (description.twin == nullptr)
+    regionMenu_ = indexedMenu;
+  else
+    flightMenus_.push_back(indexedMenu);
 }
 
-QAction* MainMenu::AddEntry(QMenu& menu, const QString& name, const QString& caption) {
+QAction* MainMenu::AddEntry(QMenu& menu, const QString& name, const QString& caption, const Command& command,
+                            int index) {
   auto* entry = new QAction(caption, &owner_);
   entry->setObjectName(name);
   entry->setMenuRole(QAction::NoRole);
+  QObject::connect(entry, &QAction::triggered, &owner_, [this, &command, index] { run_(command, index); });
   menu.addAction(entry);
   return entry;
 }
 
-void MainMenu::AddRegions(const data::RegionTable& regions, const RunEntry& show) {
-  QAction* line = AddEntry(*regionMenu_, Indexed(kRegionArray, 0), {});
-  line->setSeparator(true);
-  line->setVisible(regions.RegionCount() > 0);
-  for (int i = 1; i <= regions.RegionCount(); ++i) {
-    const std::string& name = regions.rows[static_cast<std::size_t>(i)].name;
-    QAction* entry = AddEntry(*regionMenu_, Indexed(kRegionArray, i), Caption(name));
-    QObject::connect(entry, &QAction::triggered, &owner_, [show, i] { show(i); });
-  }
+QAction* MainMenu::AddIndexed(const IndexedMenu& menu, int index, const std::string& text) {
+  const QString name = QString("%1(%2)").arg(menu.array).arg(index);
+  return AddEntry(*menu.menu, name, Caption(text), *menu.command, index);
 }
 
-void MainMenu::AddServices(const data::FlightServiceTable& services, const RunEntry& toggle) {
+void MainMenu::AddRegions(const data::RegionTable& regions) {
+  QAction* line = AddIndexed(regionMenu_, 0, {});
+  line->setSeparator(true);
+  line->setVisible(regions.RegionCount() > 0);
+  for (int i = 1; i <= regions.RegionCount(); ++i)
+    AddIndexed(regionMenu_, i, regions.rows[static_cast<std::size_t>(i)].name);
+}
+
+void MainMenu::AddServices(const data::FlightServiceTable& services) {
   serviceEntries_.resize(services.size());
-  for (QMenu* menu : flightMenus_) {
-    const QString array = menu == popup_ ? TwinName(kServiceArray) : QString(kServiceArray);
+  for (const IndexedMenu& menu : flightMenus_) {
     for (std::size_t i = 0; i < services.size(); ++i) {
-      const int index = static_cast<int>(i) + 1;
-      QAction* entry = AddEntry(*menu, Indexed(array, index), Caption(services[i].displayText));
+      QAction* entry = AddIndexed(menu, static_cast<int>(i) + 1, services[i].displayText);
       entry->setCheckable(true);
-      QObject::connect(entry, &QAction::triggered, &owner_, [toggle, index] { toggle(index); });
       serviceEntries_[i].push_back(entry);
     }
   }

@@ -1,13 +1,12 @@
-// The menu bar and the pop-up menu of the main window, built from the commands' table.
+// The menu bar and the pop-up menu of the main window, built from the command table.
 #pragma once
 
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
-#include <functional>
 #include <vector>
 
-#include "app/commands.h"
+#include "app/command_table.h"
 #include "data/flight_services.h"
 #include "data/regions.h"
 
@@ -22,19 +21,16 @@ struct MenuState {
 
 class MainMenu {
  public:
-  using RunCommand = std::function<void(const Command&)>;
-  using RunEntry = std::function<void(int index)>;
-
   /// Fills `bar`; every entry belongs to `owner`, the pop-up menu too.
   MainMenu(QMenuBar& bar, QWidget& owner, RunCommand run);
   // The entries call back into this object.
   MainMenu(const MainMenu&) = delete;
   MainMenu& operator=(const MainMenu&) = delete;
 
-  /// One entry a region behind "World". Entry 0 of the array is the line above them.
-  void AddRegions(const data::RegionTable& regions, const RunEntry& show);
-  /// One entry a flight service behind "Show all flights", in the menu bar and in the pop-up menu.
-  void AddServices(const data::FlightServiceTable& services, const RunEntry& toggle);
+  /// One entry per region after "World". Entry 0 of the array is the line above them.
+  void AddRegions(const data::RegionTable& regions);
+  /// One entry per flight service after "Show all flights", in the menu bar and in the pop-up menu.
+  void AddServices(const data::FlightServiceTable& services);
 
   void Show(const MenuState& state);
   /// Grays an entry that has nothing to show in this run.
@@ -49,14 +45,23 @@ class MainMenu {
     bool data::DisplayOptions::*option;
   };
 
+  /// A menu that ends in an array of entries.
+  struct IndexedMenu {
+    QMenu* menu;
+    const Command* command;
+    QString array;
+  };
+
   void Build(const MenuDescription& description, QMenu& menu, bool twin);
-  QAction* AddEntry(QMenu& menu, const QString& name, const QString& caption);
+  QAction* AddEntry(QMenu& menu, const QString& name, const QString& caption, const Command& command,
+                    int index = 0);
+  QAction* AddIndexed(const IndexedMenu& menu, int index, const std::string& text);
 
   QWidget& owner_;
   RunCommand run_;
   QMenu* popup_ = nullptr;
-  QMenu* regionMenu_ = nullptr;
-  std::vector<QMenu*> flightMenus_;  ///< in the menu bar; the pop-up menu
+  IndexedMenu regionMenu_{};
+  std::vector<IndexedMenu> flightMenus_;  ///< in the menu bar; the pop-up menu
   std::vector<OptionEntry> options_;
   std::vector<QAction*> selectionEntries_;             ///< "Show selected flights"
   std::vector<std::vector<QAction*>> serviceEntries_;  ///< the entries of each service

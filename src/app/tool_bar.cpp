@@ -22,7 +22,7 @@ QString ButtonText(const Command& command) {
 
 }  // namespace
 
-ToolBar::ToolBar(const std::function<void(const Command&)>& run, QWidget* parent) : QFrame(parent) {
+ToolBar::ToolBar(RunCommand run, QWidget* parent) : QFrame(parent), run_(std::move(run)) {
   setObjectName("picTool");
   setAccessibleName(tr("Tool bar"));
   auto* row = new FlowLayout(this);
@@ -31,20 +31,19 @@ ToolBar::ToolBar(const std::function<void(const Command&)>& run, QWidget* parent
   for (const MenuDescription& menu : MenuTable()) {
     row->AddGap();
     for (const Command& command : menu.commands) {
-      if (command.button != nullptr)
-        AddButton(command, run);
+      if (command.button != nullptr && command.Option() == nullptr)
+        AddButton(command);
     }
   }
-  row->AddGap();
-  chkAprt_ = AddLayerBox("chkAprt", tr("All airports"));
-  row->AddGap();
-  chkDest_ = AddLayerBox("chkDest", tr("QAV destinations"));
-  // A click is a user's: setting a box from the program neither redraws nor asks for it.
-  connect(chkAprt_, &QCheckBox::clicked, this, &ToolBar::AllAirportsClicked);
-  connect(chkDest_, &QCheckBox::clicked, this, &ToolBar::DestinationsClicked);
+  ForEachOption([&](const Command& command) {
+    if (command.button == nullptr)
+      return;
+    row->AddGap();
+    layerBoxes_.emplace_back(AddLayerBox(command), command.Option());
+  });
 }
 
-void ToolBar::AddButton(const Command& command, const std::function<void(const Command&)>& run) {
+void ToolBar::AddButton(const Command& command) {
   auto* button = new QToolButton(this);
   const QString text = ButtonText(command);
   button->setObjectName(command.button);
@@ -55,48 +54,51 @@ void ToolBar::AddButton(const Command& command, const std::function<void(const C
   button->setIconSize({kPictureSize, kPictureSize});
   button->setToolButtonStyle(Qt::ToolButtonIconOnly);
   button->setAutoRaise(true);
-  connect(button, &QToolButton::clicked, this, [run, &command] { run(command); });
+  connect(button, &QToolButton::clicked, this, [this, &command] { run_(command, 0); });
   layout()->addWidget(button);
 }
 
-QCheckBox* ToolBar::AddLayerBox(const char* name, const QString& caption) {
-  auto* box = new QCheckBox(caption, this);
-  box->setObjectName(name);
-  box->setAccessibleName(caption);
+QCheckBox* ToolBar::AddLayerBox(const Command& command) {
+  auto* box = new QCheckBox(command.caption, this);
+  box->setObjectName(command.button);
+  box->setAccessibleName(command.caption);
   box->installEventFilter(this);
+  // Only the user clicks; setChecked() does not emit this.
+  connect(box, &QCheckBox::clicked, this, [this, &command] { run_(command, 0); });
   layout()->addWidget(box);
   return box;
 }
 
-void ToolBar::ShowLayers(bool allAirports, bool destinations) {
-  chkAprt_->setChecked(allAirports);
-  chkDest_->setChecked(destinations);
+void ToolBar::ShowOptions(const data::DisplayOptions& options) {
+  for (const auto& [box, option] : layerBoxes_)
+    box->setChecked(options.*option);
 }
 
 void ToolBar::ShowDelimitations(const QString& allAirports, const QString& destinations) {
-  chkAprt_->setToolTip(allAirports);
-  chkDest_->setToolTip(destinations);
+  for (const auto& [box, option] : layerBoxes_)
+    box->setToolTip(option == &data::DisplayOptions::allAirports ? allAirports : destinations);
 }
 
 void ToolBar::resizeEvent(QResizeEvent* event) {
   QFrame::resizeEvent(event);
-  // A window takes no heed of how many rows its width makes, and would be too low for them.
+  // The layout of a window ignores how many rows its width makes.
   setMinimumHeight(heightForWidth(width()));
 }
 
 bool ToolBar::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::MouseButtonRelease) {
-    const auto* release = static_cast<QMouseEvent*>(event);
-    const auto* box = static_cast<QWidget*>(watched);
-    if (release->button() == Qt::RightButton && box->rect().contains(release->position().toPoint())) {
-      if (watched == chkAprt_)
-        emit AllAirportsRightClicked();
-      else
-        emit DestinationsRightClicked();
-      return true;
+  if (event->type() != QEvent::MouseButtonRelease)
+    return false;
+  const auto* release = static_cast<QMouseEvent*>(event);
+  const auto* box = static_cast<QWidget*>(watched);
+  if (release->button() != Qt::RightButton || !box->rect().contains(release->position().toPoint()))
+    return false;
+  for (const MenuDescription& menu : MenuTable()) {
+    for (const Command& command : menu.commands) {
+      if (command.rightClick != nullptr && watched->objectName() == command.rightClick)
+        run_(command, 0);
     }
   }
-  return QFrame::eventFilter(watched, event);
+  return true;
 }
 
 }  // namespace zerbal::app

@@ -3,9 +3,10 @@
 
 #include <QCheckBox>
 #include <QFrame>
-#include <functional>
+#include <utility>
+#include <vector>
 
-#include "app/commands.h"
+#include "app/command_table.h"
 
 namespace zerbal::app {
 
@@ -13,31 +14,24 @@ class ToolBar final : public QFrame {
   Q_OBJECT
 
  public:
-  /// Makes a button for each command of the menu table that has one.
-  ToolBar(const std::function<void(const Command&)>& run, QWidget* parent);
+  /// Makes the controls of all commands that have one.
+  ToolBar(RunCommand run, QWidget* parent);
 
-  /// The boxes' check marks; nothing is emitted.
-  void ShowLayers(bool allAirports, bool destinations);
-  /// The boxes' QuickInfos: which delimitations are set.
+  /// Sets the check marks of the boxes; runs no command.
+  void ShowOptions(const data::DisplayOptions& options);
+  /// Sets the tool tips of the boxes, which say what delimitations are set.
   void ShowDelimitations(const QString& allAirports, const QString& destinations);
-
- signals:
-  void AllAirportsClicked(bool checked);
-  void DestinationsClicked(bool checked);
-  /// The right button was released over a box.
-  void AllAirportsRightClicked();
-  void DestinationsRightClicked();
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  void AddButton(const Command& command, const std::function<void(const Command&)>& run);
-  QCheckBox* AddLayerBox(const char* name, const QString& caption);
+  void AddButton(const Command& command);
+  QCheckBox* AddLayerBox(const Command& command);
 
-  QCheckBox* chkAprt_;
-  QCheckBox* chkDest_;
+  RunCommand run_;
+  std::vector<std::pair<QCheckBox*, bool data::DisplayOptions::*>> layerBoxes_;
 };
 
 }  // namespace zerbal::app

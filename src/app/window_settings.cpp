@@ -4,7 +4,7 @@
 #include <tuple>
 #include <utility>
 
-#include "app/commands.h"
+#include "app/command_table.h"
 
 namespace zerbal::app {
 
@@ -42,12 +42,12 @@ data::DisplayOptions ReadDisplayOptions(settings::IniFile& ini, bool saved) {
   data::DisplayOptions options;
   if (!saved)
     return options;
-  ForEachOption([&](const Command& command) { options.*command.option = ini.Read(*command.setting); });
+  ForEachOption([&](const Command& command) { options.*command.Option() = ini.Read(*command.setting); });
   return options;
 }
 
 void SaveDisplayOptions(settings::IniFile& ini, const data::DisplayOptions& options) {
-  ForEachOption([&](const Command& command) { ini.Write(*command.setting, options.*command.option); });
+  ForEachOption([&](const Command& command) { ini.Write(*command.setting, options.*command.Option()); });
 }
 
 }  // namespace zerbal::app

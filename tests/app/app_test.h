@@ -13,7 +13,7 @@
 
 #include <gtest/gtest.h>
 
-#include "app/start_up.h"
+#include "app/running_program.h"
 #include "map/recorder.h"
 #include "support/recorded_boxes.h"
 #include "support/settings_file.h"
@@ -40,7 +40,7 @@ class FakeClock final : public app::Clock {
 
 class FakeDialogs final : public app::Dialogs {
  public:
-  bool Confirmed(app::DialogKind kind, const dialogs::Placement&) override {
+  bool ShowModal(app::DialogKind kind, QWidget&) override {
     shown.push_back(kind);
     if (whileOpen)
       whileOpen();
@@ -61,8 +61,9 @@ class AppTest : public testing::Test {
     return StartHere();
   }
   bool StartHere() {
-    main.emplace(app::Environment{app::WithSeparator(folder.Path()), clock, random, boxes, &drawn}, dialogs);
-    return main->Start();
+    program.emplace(app::Environment{app::WithSeparator(folder.Path()), clock, random, boxes, &drawn},
+                    dialogs);
+    return program->Start();
   }
   void SetIni(const char* section, const char* key, std::string_view value) {
     ASSERT_TRUE(settings::WriteProfileString(IniFile(), section, key, value));
@@ -75,8 +76,8 @@ class AppTest : public testing::Test {
   /// Makes the settings file unwritable: a folder has its name.
   void MakeIniUnwritable() { std::filesystem::create_directory(IniFile()); }
 
-  app::frmMain& Window() { return main->MainWindow(); }
-  app::Program& State() { return main->State(); }
+  app::frmMain& Window() { return program->MainWindow(); }
+  app::ProgramState& State() { return program->State(); }
   int Draws() { return Window().MapWindow().Draws(); }
   QAction* Entry(const char* name) {
     auto* action = Window().findChild<QAction*>(name);
@@ -105,7 +106,7 @@ class AppTest : public testing::Test {
   RecordedBoxes boxes;
   FakeDialogs dialogs;
   map::Recorder drawn;
-  std::optional<app::Main> main;
+  std::optional<app::RunningProgram> program;
 };
 
 /// A program that has started.

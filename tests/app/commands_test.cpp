@@ -13,8 +13,8 @@ class CommandTest : public test::RunningTest {
   /// The services that are checked in the menu bar and in the pop-up menu, and flagged in the table.
   std::vector<int> Shown() {
     std::vector<int> shown;
-    for (int i = 1; i <= static_cast<int>(State().services.size()); ++i) {
-      const bool flag = State().services[static_cast<std::size_t>(i) - 1].displayFlag;
+    for (int i = 1; i <= static_cast<int>(State().map.services.size()); ++i) {
+      const bool flag = State().map.services[static_cast<std::size_t>(i) - 1].displayFlag;
       for (const char* array : {"mnuFlitFSrv(%1)", "mnuPopFlitFSrv(%1)"})
         EXPECT_EQ(IsChecked(QString(array).arg(i).toUtf8().constData()), flag) << i;
       if (flag)
@@ -29,17 +29,17 @@ using Services = std::vector<int>;
 
 TEST_F(CommandTest, ZoomStepsAre20And50Percent) {
   Entry("mnuRegPart(2)")->trigger();
-  const float span = State().viewport.MapLonSpan();
+  const float span = State().map.viewport.MapLonSpan();
   EXPECT_EQ(DrawsOf("mnuZoomIn"), 1);
-  EXPECT_NEAR(State().viewport.MapLonSpan(), span * 0.8F, 1e-3);
+  EXPECT_NEAR(State().map.viewport.MapLonSpan(), span * 0.8F, 1e-3);
   EXPECT_EQ(DrawsOf("mnuZoomOut"), 1);
-  EXPECT_NEAR(State().viewport.MapLonSpan(), span * 0.96F, 1e-3);
+  EXPECT_NEAR(State().map.viewport.MapLonSpan(), span * 0.96F, 1e-3);
   EXPECT_EQ(DrawsOf("mnuZoomIn2"), 1);
-  EXPECT_NEAR(State().viewport.MapLonSpan(), span * 0.48F, 1e-3);
+  EXPECT_NEAR(State().map.viewport.MapLonSpan(), span * 0.48F, 1e-3);
   EXPECT_EQ(DrawsOf("mnuZoomOut2"), 1);
-  EXPECT_NEAR(State().viewport.MapLonSpan(), span * 0.72F, 1e-3);
+  EXPECT_NEAR(State().map.viewport.MapLonSpan(), span * 0.72F, 1e-3);
   EXPECT_EQ(DrawsOf("mnuZoomReset"), 1);
-  EXPECT_EQ(State().viewport.MapLonSpan(), 350);
+  EXPECT_EQ(State().map.viewport.MapLonSpan(), 350);
 }
 
 TEST_F(CommandTest, ARefusedZoomDoesNotRedraw) {
@@ -53,18 +53,18 @@ TEST_F(CommandTest, ARefusedZoomDoesNotRedraw) {
 
 TEST_F(CommandTest, RegionsAreShown) {
   EXPECT_EQ(DrawsOf("mnuRegPart(2)"), 1);
-  EXPECT_EQ(State().viewport.ReqLonMin(), 182);
-  EXPECT_EQ(State().viewport.ReqLatMax(), 37);
+  EXPECT_EQ(State().map.viewport.ReqLonMin(), 182);
+  EXPECT_EQ(State().map.viewport.ReqLatMax(), 37);
   EXPECT_EQ(DrawsOf("mnuRegWorld"), 1);
-  EXPECT_EQ(State().viewport.ReqLonMin(), 290);
+  EXPECT_EQ(State().map.viewport.ReqLonMin(), 290);
   EXPECT_EQ(DrawsOf("mnuRegWorld"), 1) << "the same region again";
 }
 
 TEST_F(CommandTest, RegionsWithoutExtentAreRequestedButNotShown) {
   for (const char* name : {"mnuRegPart(8)", "mnuRegPart(9)"})
     EXPECT_EQ(DrawsOf(name), 0) << name;
-  EXPECT_EQ(State().viewport.ReqLonMin(), 185);
-  EXPECT_EQ(State().viewport.MapLonSpan(), 350);
+  EXPECT_EQ(State().map.viewport.ReqLonMin(), 185);
+  EXPECT_EQ(State().map.viewport.MapLonSpan(), 350);
 }
 
 TEST_F(CommandTest, TogglesRedrawOnce) {
@@ -99,7 +99,7 @@ TEST_F(CommandTest, TheMarkIsDrawnWithTheNewState) {
 }
 
 TEST_F(CommandTest, AConfirmedDelimitationIsDescribedAndDrawnIfItsLayerIsShown) {
-  dialogs.whileOpen = [&] { State().allAirportCriteria.ilsActive = true; };
+  dialogs.whileOpen = [&] { State().delimitations.allAirports.ilsActive = true; };
   EXPECT_EQ(DrawsOf("mnuViewAprtDeli"), 0);
   EXPECT_EQ(Find<QCheckBox>("chkAprt")->toolTip(), "No delimitations set") << "aborted";
   Confirm(true);
@@ -169,7 +169,7 @@ TEST_F(CommandTest, AConfirmedFlightDialogShowsTheSelection) {
     EXPECT_EQ(DrawsOf(finder.entry), 1);
     EXPECT_EQ(dialogs.shown, Kinds{finder.kind});
     EXPECT_EQ(Shown(), Services{});
-    EXPECT_FALSE(State().flights.serviceMode);
+    EXPECT_FALSE(State().map.flights.serviceMode);
     EXPECT_TRUE(Entry("mnuFlitSele")->isEnabled());
     EXPECT_TRUE(Entry("mnuPopFlitSele")->isEnabled());
   }
@@ -177,24 +177,24 @@ TEST_F(CommandTest, AConfirmedFlightDialogShowsTheSelection) {
 
 TEST_F(CommandTest, TheSelectionIsKeptWhileOtherFlightsAreShown) {
   Confirm(true);
-  dialogs.whileOpen = [&] { State().flights.selectedFlights = {"K1012"}; };
+  dialogs.whileOpen = [&] { State().map.flights.selectedFlights = {"K1012"}; };
   Entry("mnuFlitSeleFlit")->trigger();
   EXPECT_EQ(DrawsOf("mnuFlitNone"), 1) << "no flag was set, but the selection was shown";
-  EXPECT_TRUE(State().flights.serviceMode);
+  EXPECT_TRUE(State().map.flights.serviceMode);
   EXPECT_EQ(DrawsOf("mnuFlitSele"), 1);
-  EXPECT_FALSE(State().flights.serviceMode);
-  EXPECT_EQ(State().flights.selectedFlights, std::vector<std::string>{"K1012"});
+  EXPECT_FALSE(State().map.flights.serviceMode);
+  EXPECT_EQ(State().map.flights.selectedFlights, std::vector<std::string>{"K1012"});
   EXPECT_EQ(DrawsOf("mnuPopFlitSele"), 1) << "always drawn anew";
   EXPECT_EQ(DrawsOf("mnuFlitFSrv(2)"), 1);
-  EXPECT_TRUE(State().flights.serviceMode);
+  EXPECT_TRUE(State().map.flights.serviceMode);
   EXPECT_EQ(Shown(), Services{2});
 }
 
 TEST_F(CommandTest, ShowAllFlightsLeavesTheSelection) {
   Entry("mnuFlitFSrv(0)")->trigger();
-  State().flights.serviceMode = false;
+  State().map.flights.serviceMode = false;
   EXPECT_EQ(DrawsOf("mnuFlitFSrv(0)"), 1) << "no flag changes, but the mode does";
-  EXPECT_TRUE(State().flights.serviceMode);
+  EXPECT_TRUE(State().map.flights.serviceMode);
 }
 
 TEST_F(CommandTest, OtherDialogsAreOpened) {
@@ -221,7 +221,7 @@ TEST_F(CommandTest, ConfirmedColoursRedraw) {
 }
 
 TEST_F(CommandTest, OnlyANewFontOfTheCurrentModeRedraws) {
-  data::FontTable& fonts = State().style.fonts;
+  data::FontTable& fonts = State().map.style.fonts;
   dialogs.whileOpen = [&] { fonts[data::FontCode::kHiRes].size = 12; };
   EXPECT_EQ(DrawsOf("mnuFileMapSett"), 0) << "the overview does not use it";
   dialogs.whileOpen = [&] { fonts[data::FontCode::kLoRes].size = 13; };
@@ -231,14 +231,14 @@ TEST_F(CommandTest, OnlyANewFontOfTheCurrentModeRedraws) {
   EXPECT_EQ(DrawsOf("mnuFileMapSett"), 1);
   Entry("mnuRegPart(6)")->trigger();
   Entry("mnuZoomIn2")->trigger();
-  ASSERT_TRUE(State().viewport.DetailMode());
+  ASSERT_TRUE(State().map.viewport.DetailMode());
   dialogs.whileOpen = [&] { fonts[data::FontCode::kLoRes].size = 6; };
   EXPECT_EQ(DrawsOf("mnuFileMapSett"), 0) << "the detail mode does not use it";
 }
 
 TEST_F(CommandTest, QuitClosesTheProgram) {
   Entry("mnuFileQuit")->trigger();
-  EXPECT_FALSE(main->Running());
+  EXPECT_FALSE(program->Running());
   EXPECT_FALSE(Window().isVisible());
   Entry("mnuZoomIn")->trigger();  // the program has ended
 }

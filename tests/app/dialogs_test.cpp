@@ -63,8 +63,8 @@ class DialogOf : public test::AppTest, public testing::WithParamInterface<Form> 
   void SetUp() override {
     AppTest::SetUp();
     world.Write(folder.Path());
-    main.emplace(Environment{WithSeparator(folder.Path()), clock, random, boxes, &drawn});
-    ASSERT_TRUE(main->Start());
+    program.emplace(Environment{WithSeparator(folder.Path()), clock, random, boxes, &drawn});
+    ASSERT_TRUE(program->Start());
   }
 
   /// Opens the dialog, calls the check while it is open, and closes it if it is still open.

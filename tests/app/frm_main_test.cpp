@@ -111,7 +111,7 @@ TEST_F(MainWindow, KeepsItsDefaultsWhenNothingIsSaved) {
     SetIni("MainWindow", "Position", "40,50");
     SetIni("MainWindow", "Size", "500,700");
     ASSERT_TRUE(Start());
-    EXPECT_FALSE(State().saveFlags.mainWindow) << save;
+    EXPECT_FALSE(State().settingsFile.saveFlags.mainWindow) << save;
     EXPECT_FALSE(Window().isMaximized());
     EXPECT_NE(Window().pos(), QPoint(40, 50));
     Window().close();
@@ -154,8 +154,8 @@ TEST_F(MainWindow, ASizeThatCannotBeShownStaysStoredUntilTheUserChangesIt) {
 TEST_F(MainWindow, TheCurrentSwitchDecidesWhatIsSaved) {
   ASSERT_TRUE(Start());
   const std::string position = Ini("MainWindow", "Position");
-  State().saveFlags.mainWindow = false;
-  State().saveFlags.menuEntries = true;
+  State().settingsFile.saveFlags.mainWindow = false;
+  State().settingsFile.saveFlags.menuEntries = true;
   Window().move(1, 2);
   Window().close();
   EXPECT_EQ(Ini("MainWindow", "Position"), position);
@@ -184,9 +184,9 @@ TEST_F(MainWindow, ReadsTheSwitches) {
   SetIni("Windows", "Save", "0");
   SetIni("MenuEntryChecked", "Save", "1");
   ASSERT_TRUE(Start());
-  EXPECT_TRUE(State().saveFlags.mainWindow);
-  EXPECT_FALSE(State().saveFlags.windows);
-  EXPECT_TRUE(State().saveFlags.menuEntries);
+  EXPECT_TRUE(State().settingsFile.saveFlags.mainWindow);
+  EXPECT_FALSE(State().settingsFile.saveFlags.windows);
+  EXPECT_TRUE(State().settingsFile.saveFlags.menuEntries);
 }
 
 TEST_F(MainWindow, WithoutSavedCheckMarksTheDefaultsApply) {
@@ -265,9 +265,9 @@ TEST_F(MainWindow, AFailedWriteAtTheEndContinuesWithTheNextKey) {
 
 TEST_F(MainWindow, ClosingItEndsTheProgram) {
   ASSERT_TRUE(Start());
-  EXPECT_TRUE(main->Running());
+  EXPECT_TRUE(program->Running());
   Window().close();
-  EXPECT_FALSE(main->Running());
+  EXPECT_FALSE(program->Running());
   EXPECT_FALSE(Window().isVisible());
   EXPECT_FALSE(State().databases.has_value());
 }
@@ -312,7 +312,7 @@ TEST_F(MainWindow, TheMapFillsTheFrame) {
     Window().resize(size);
     EXPECT_EQ(Window().size(), size);
     EXPECT_EQ(Window().MapWindow().size(), inside->size());
-    EXPECT_EQ(State().viewport.MapWidth(), inside->width() * kTwipsPerPixel);
+    EXPECT_EQ(State().map.viewport.MapWidth(), inside->width() * kTwipsPerPixel);
   }
 }
 
@@ -362,7 +362,7 @@ TEST_F(MainWindow, TheStatusBarFollowsTheMouse) {
   emit Window().MapWindow().PositionChanged("W008° 30.00'", "N47° 15.00'");
   EXPECT_EQ(Find<QLabel>("lblPosX")->text(), "W008° 30.00'");
   EXPECT_EQ(Find<QLabel>("lblPosY")->text(), "N47° 15.00'");
-  EXPECT_EQ(Find<QLabel>("lblMapSize")->text(), QString::fromStdString(State().viewport.ExtentText()));
+  EXPECT_EQ(Find<QLabel>("lblMapSize")->text(), QString::fromStdString(State().map.viewport.ExtentText()));
 }
 
 TEST_F(MainWindow, TextsOfTheStatusBarDoNotMoveTheWindow) {

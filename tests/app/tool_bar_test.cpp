@@ -76,7 +76,9 @@ TEST_F(ToolBarTest, ButtonsHaveTheirTextsAndPictures) {
 }
 
 TEST_F(ToolBarTest, ButtonsHaveTheEffectOfTheirEntries) {
-  const auto spans = [&] { return std::pair(State().viewport.MapLonSpan(), State().viewport.MapLatSpan()); };
+  const auto spans = [&] {
+    return std::pair(State().map.viewport.MapLonSpan(), State().map.viewport.MapLatSpan());
+  };
   for (const auto& row : kButtons) {
     Entry("mnuRegPart(2)")->trigger();
     const int before = Draws();

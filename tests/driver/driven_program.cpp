@@ -7,7 +7,7 @@
 
 #include "app/clock.h"
 #include "app/random_generator.h"
-#include "app/start_up.h"
+#include "app/running_program.h"
 #include "dialogs/qt_message_boxes.h"
 #include "map/tee_surface.h"
 
@@ -63,7 +63,7 @@ struct DrivenProgram::Parts {
   map::Recorder recorder;
   LastMarker lastMarker;
   map::TeeSurface observer{recorder, lastMarker};
-  std::unique_ptr<app::Main> main;
+  std::unique_ptr<app::RunningProgram> program;
 };
 
 DrivenProgram::DrivenProgram() : parts_(std::make_unique<Parts>()) {}
@@ -77,10 +77,10 @@ void DrivenProgram::QueueRandom(const std::vector<float>& values) {
 }
 
 bool DrivenProgram::Start() {
-  parts_->main = std::make_unique<app::Main>(
+  parts_->program = std::make_unique<app::RunningProgram>(
       app::Environment{app::WithSeparator(std::filesystem::current_path()), parts_->clock, parts_->random,
                        parts_->boxes, &parts_->observer});
-  if (!parts_->main->Start())
+  if (!parts_->program->Start())
     return false;
   // The first redraw happens when the windows process their first events.
   QApplication::processEvents();
@@ -88,16 +88,16 @@ bool DrivenProgram::Start() {
 }
 
 bool DrivenProgram::Running() const {
-  return parts_->main && parts_->main->Running();
+  return parts_->program && parts_->program->Running();
 }
-app::Program& DrivenProgram::State() {
-  return parts_->main->State();
+app::ProgramState& DrivenProgram::State() {
+  return parts_->program->State();
 }
 QWidget& DrivenProgram::MainWindow() {
-  return parts_->main->MainWindow();
+  return parts_->program->MainWindow();
 }
 app::frmMap& DrivenProgram::MapWindow() {
-  return parts_->main->MainWindow().MapWindow();
+  return parts_->program->MainWindow().MapWindow();
 }
 const std::vector<map::Operation>& DrivenProgram::Operations() const {
   return parts_->recorder.Operations();
@@ -106,7 +106,7 @@ std::optional<TwipPoint> DrivenProgram::LastAirport() const {
   return parts_->lastMarker.Point();
 }
 int DrivenProgram::Draws() const {
-  return parts_->main->MainWindow().MapWindow().Draws();
+  return parts_->program->MainWindow().MapWindow().Draws();
 }
 
 }  // namespace zerbal::drive

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "app/frm_map.h"
-#include "app/program.h"
+#include "app/program_state.h"
 #include "map/recorder.h"
 
 namespace zerbal::drive {
@@ -29,7 +29,7 @@ class DrivenProgram {
   bool Running() const;
 
   // Only while the program runs.
-  app::Program& State();
+  app::ProgramState& State();
   QWidget& MainWindow();
   app::frmMap& MapWindow();
   /// The operations of the last complete redraw and those drawn on it since.

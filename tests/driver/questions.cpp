@@ -63,7 +63,7 @@ void WindowsCommand(const Arguments&, Context& context) {
 }
 
 void ViewCommand(const Arguments&, Context& context) {
-  const map::Viewport& view = context.program.State().viewport;
+  const map::Viewport& view = context.program.State().map.viewport;
   QJsonArray tiles;
   for (const std::string& tile : view.DetailTiles())
     tiles.append(Utf8(tile));
@@ -95,7 +95,7 @@ void ProjectCommand(const Arguments& arguments, Context& context) {
   const bool penUp = position.lon == kPenUpLon;
   const std::optional<TwipPoint> last = context.program.LastAirport();
   const std::optional<TwipPoint> point =
-      penUp ? last : context.program.State().viewport.ProjectPoint(position);
+      penUp ? last : context.program.State().map.viewport.ProjectPoint(position);
   const TwipPoint shown = point ? *point : last.value_or(TwipPoint{});
   context.answer({{"result", !penUp}, {"inView", point.has_value()}, {"x", shown.x}, {"y", shown.y}});
 }
@@ -113,7 +113,7 @@ void DrawsCommand(const Arguments&, Context& context) {
 
 void ColoursCommand(const Arguments&, Context& context) {
   QJsonArray rows;
-  const data::ColourTable& colours = context.program.State().style.colours;
+  const data::ColourTable& colours = context.program.State().map.style.colours;
   for (const data::ColourRule& rule : data::kColourRules) {
     const data::Colour& row = colours.rows[static_cast<std::size_t>(rule.colour)];
     rows.append(QJsonArray{rule.code, row.rgb.red, row.rgb.green, row.rgb.blue, Utf8(row.entry)});
@@ -124,14 +124,14 @@ void ColoursCommand(const Arguments&, Context& context) {
 void FontsCommand(const Arguments&, Context& context) {
   QJsonArray rows;
   for (const data::FontRule& rule : data::kFontRules) {
-    const data::Font& row = context.program.State().style.fonts[rule.font];
+    const data::Font& row = context.program.State().map.style.fonts[rule.font];
     rows.append(QJsonArray{rule.code, Utf8(row.name), row.size, Utf8(row.entry)});
   }
   context.answer({{"fonts", rows}});
 }
 
 void RegionsCommand(const Arguments&, Context& context) {
-  const data::RegionTable& table = context.program.State().style.regions;
+  const data::RegionTable& table = context.program.State().map.style.regions;
   QJsonArray rows;
   for (const data::Region& row : table.rows) {
     // Row 0 is the world view. It has the choice of its centre instead of a code and a name.
@@ -146,14 +146,14 @@ void RegionsCommand(const Arguments&, Context& context) {
 
 void ServicesCommand(const Arguments&, Context& context) {
   QJsonArray rows;
-  for (const data::FlightService& row : context.program.State().services)
+  for (const data::FlightService& row : context.program.State().map.services)
     rows.append(QJsonArray{Utf8(row.key), Utf8(row.displayText), row.displayFlag, row.rgb.red, row.rgb.green,
                            row.rgb.blue, row.randomPick});
   context.answer({{"services", rows}});
 }
 
 void SelectionCommand(const Arguments&, Context& context) {
-  const data::FlightSelection& flights = context.program.State().flights;
+  const data::FlightSelection& flights = context.program.State().map.flights;
   QJsonArray keys;
   for (const std::string& key : flights.selectedFlights)
     keys.append(Utf8(key));

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "app/clock.h"
-#include "app/start_up.h"
+#include "app/running_program.h"
 #include "settings/message_boxes.h"
 #include "ui_actions.h"
 
@@ -67,7 +67,7 @@ class Session final : public QObject {
   CorruptingSurface surface_;
   CorruptingRandom random_;
   app::SystemClock clock_;
-  app::Main program_;
+  app::RunningProgram program_;
   UiActions actions_;
   QTimer next_;
   int actionsLeft_;

@@ -1,4 +1,4 @@
-// The start of the program, from the splash window to the first map.
+// The program from its start to its end.
 #pragma once
 
 #include <filesystem>
@@ -8,25 +8,24 @@
 #include "app/dialogs.h"
 #include "app/frm_main.h"
 #include "app/frm_splash.h"
-#include "app/program.h"
+#include "app/program_state.h"
 
 namespace zerbal::app {
 
-/// Owns the running program. Start runs once; from then on the program lives on window events until its main
-/// window is closed.
-class Main {
+/// Owns the windows and what they share. After Start, the program runs on window events until its main window
+/// is closed.
+class RunningProgram {
  public:
-  explicit Main(const Environment& environment);
+  explicit RunningProgram(const Environment& environment);
   /// With other dialogs than the program's own; they outlive this.
-  Main(const Environment& environment, Dialogs& dialogs);
-  ~Main();
+  RunningProgram(const Environment& environment, Dialogs& dialogs);
 
-  /// Runs every step of the start. False when one of them ended it: the user has been told why, and nothing
-  /// is open any more. An error of the database engine is thrown.
+  /// Runs every step of the start; called once. Returns false when a step ended it: the user has seen why,
+  /// and nothing is open any more. Throws the errors of the database engine.
   bool Start();
 
   bool Running() const { return mainWindow_ != nullptr && mainWindow_->Loaded(); }
-  Program& State() { return program_; }
+  ProgramState& State() { return state_; }
   /// Only after Start returned true.
   frmMain& MainWindow() { return *mainWindow_; }
 
@@ -37,15 +36,14 @@ class Main {
   void LoadMainWindow();
   int SplashSeconds();
   bool ReadSettings();
-  void SetWorldView();
-  void ResetRunState();
   void ShowSplash();
   void WaitForSplash(int seconds);
   void WaitWhile(const std::function<bool(float now)>& condition);
   void ShowWindows();
   void ShutDown();
 
-  Program program_;
+  Environment environment_;
+  ProgramState state_;
   ProgramDialogs ownDialogs_;
   Dialogs& dialogs_;
   std::unique_ptr<frmSplash> splash_;

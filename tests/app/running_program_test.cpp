@@ -1,4 +1,4 @@
-#include "app/start_up.h"
+#include "app/running_program.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -52,7 +52,7 @@ TEST_F(StartUp, ReportsEachMissingRequiredFile) {
   EXPECT_EQ(boxes.shown,
             (Boxes{NotFound("app_data", "zbldata.mdb"), NotFound("app_data", "qavdata.mdb"),
                    NotFound("app_data", "allaprt.mdb"), NotFound("app_map", "coast.mdb"), kAbort}));
-  EXPECT_FALSE(main->Running());
+  EXPECT_FALSE(program->Running());
 }
 
 TEST_F(StartUp, EachOfTwoMissingFilesHasABox) {
@@ -68,8 +68,8 @@ TEST_F(StartUp, RunsWithoutRiversAndBoundaries) {
   world.LeaveOut("ibound.mdb");
   ASSERT_TRUE(Start());
   EXPECT_TRUE(boxes.shown.empty());
-  EXPECT_FALSE(State().riverAvailable);
-  EXPECT_FALSE(State().boundaryAvailable);
+  EXPECT_FALSE(State().files.river);
+  EXPECT_FALSE(State().files.ibound);
 }
 
 TEST_F(StartUp, FindsFilesInAnyLetterCase) {
@@ -77,8 +77,8 @@ TEST_F(StartUp, FindsFilesInAnyLetterCase) {
   std::filesystem::rename(folder / "app_data" / "zbldata.mdb", folder / "app_data" / "ZblData.MDB");
   std::filesystem::rename(folder / "app_map", folder / "App_Map");
   ASSERT_TRUE(StartHere());
-  EXPECT_TRUE(State().riverAvailable);
-  EXPECT_TRUE(State().boundaryAvailable);
+  EXPECT_TRUE(State().files.river);
+  EXPECT_TRUE(State().files.ibound);
 }
 
 TEST_F(StartUp, AFolderIsNotAFile) {
@@ -166,7 +166,7 @@ TEST_F(StartUp, ASettingsFileThatCannotBeWrittenEndsTheStart) {
                 "Section = 'MainWindow', Entry = 'Size'", "Section = 'Windows', Entry = 'Save'",
                 "Section = 'MenuEntryChecked', Entry = 'Save'", "Section = 'Fonts', Entry = 'Far'"}));
   EXPECT_FALSE(State().databases.has_value());
-  EXPECT_FALSE(main->Running());
+  EXPECT_FALSE(program->Running());
 }
 
 /// During its lifetime no file can be written, even by root. Files can be read.
@@ -331,10 +331,10 @@ TEST_F(StartUp, ShowsTheWorldAroundItsCentre) {
     SetIni("Region", "CentreWorld", c.centre);
     SetIni("Region", "CentreWorldAtLON", c.at);
     ASSERT_TRUE(Start());
-    EXPECT_EQ(State().viewport.ReqLonMin(), c.west) << c.centre << ' ' << c.at;
-    EXPECT_EQ(State().viewport.ReqLonMax(), c.east) << c.centre << ' ' << c.at;
-    EXPECT_EQ(State().viewport.ReqLatMin(), 0);
-    EXPECT_EQ(State().viewport.ReqLatMax(), 180);
+    EXPECT_EQ(State().map.viewport.ReqLonMin(), c.west) << c.centre << ' ' << c.at;
+    EXPECT_EQ(State().map.viewport.ReqLonMax(), c.east) << c.centre << ' ' << c.at;
+    EXPECT_EQ(State().map.viewport.ReqLatMin(), 0);
+    EXPECT_EQ(State().map.viewport.ReqLatMax(), 180);
     Window().close();
   }
 }
@@ -352,10 +352,10 @@ TEST_F(StartUp, ReadsTheFlightFindersSettings) {
 
 TEST_F(StartUp, StartsWithoutASelection) {
   ASSERT_TRUE(Start());
-  EXPECT_TRUE(State().flights.serviceMode);
-  EXPECT_TRUE(State().flights.selectedFlights.empty());
-  EXPECT_EQ(State().allAirportCriteria, data::AirportCriteria{});
-  EXPECT_EQ(State().destinationCriteria, data::AirportCriteria{});
+  EXPECT_TRUE(State().map.flights.serviceMode);
+  EXPECT_TRUE(State().map.flights.selectedFlights.empty());
+  EXPECT_EQ(State().delimitations.allAirports, data::AirportCriteria{});
+  EXPECT_EQ(State().delimitations.destinations, data::AirportCriteria{});
   EXPECT_EQ(Find<QCheckBox>("chkAprt")->toolTip(), "No delimitations set");
   EXPECT_EQ(Find<QCheckBox>("chkDest")->toolTip(), "No delimitations set");
 }

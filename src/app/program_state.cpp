@@ -1,4 +1,4 @@
-#include "app/program.h"
+#include "app/program_state.h"
 
 #include "base/find_file.h"
 
@@ -7,17 +7,15 @@ namespace {
 
 constexpr char kIniFile[] = "zerbal.ini";
 
-/// The settings file that is there, whatever the letter case of its name, or the one that will be made.
+/// The settings file that exists, whatever the letter case of its name, or the one that will be made.
 std::filesystem::path IniPath(const std::filesystem::path& appPath) {
   return base::FindFile(appPath, kIniFile).value_or(appPath / kIniFile);
 }
 
 }  // namespace
 
-Program::Program(const Environment& outside)
-    : environment(outside),
-      iniFile(IniPath(environment.appPath), environment.boxes),
-      viewport(data::kGridBands) {}
+SettingsFile::SettingsFile(const std::filesystem::path& appPath, settings::MessageBoxes& boxes)
+    : ini(IniPath(appPath), boxes) {}
 
 std::filesystem::path WithSeparator(const std::filesystem::path& folder) {
   return folder / "";

@@ -1,5 +1,5 @@
-// Everything that the running program holds, built by start-up step by step and owned by it. Windows and
-// operations are given the members that they read and write, never the whole.
+// What the windows, commands and dialogs of the running program share. RunningProgram owns it; each of them
+// receives the parts that it reads and changes.
 #pragma once
 
 #include <filesystem>
@@ -29,31 +29,41 @@ struct Environment {
   Clock& clock;
   RandomGenerator& random;
   settings::MessageBoxes& boxes;
-  map::Surface* mapObserver =
-      nullptr;  ///< is given everything that is drawn on the map, from the first redraw
+  map::Surface* mapObserver = nullptr;  ///< receives everything that is drawn on the map
 };
 
-struct Program {
-  explicit Program(const Environment& outside);
-  // The viewport refers to the bands beside it.
-  Program(const Program&) = delete;
-  Program& operator=(const Program&) = delete;
+/// The settings file and what the program remembers in it.
+struct SettingsFile {
+  SettingsFile(const std::filesystem::path& appPath, settings::MessageBoxes& boxes);
 
-  Environment environment;
-  settings::IniFile iniFile;  ///< "zerbal.ini" in the working directory
-  data::DataFiles files;
-  bool riverAvailable = false;
-  bool boundaryAvailable = false;
+  settings::IniFile ini;  ///< "zerbal.ini" in `appPath`
+  settings::SaveFlags saveFlags;
+};
 
-  std::optional<data::Databases> databases;  ///< open from OpenDatabases to CloseDatabases
+/// What the map shows. Commands change it.
+struct MapState {
+  map::Viewport viewport{data::kGridBands};
   data::MapStyle style;
   data::FlightServiceTable services;
-  settings::SaveFlags saveFlags;
-  map::Viewport viewport;
   data::DisplayOptions display;
-  data::AirportCriteria allAirportCriteria;
-  data::AirportCriteria destinationCriteria;
   data::FlightSelection flights;
+};
+
+/// Which airports the two airport layers show.
+struct Delimitations {
+  data::AirportCriteria allAirports;
+  data::AirportCriteria destinations;
+};
+
+struct ProgramState {
+  ProgramState(const std::filesystem::path& appPath, settings::MessageBoxes& boxes)
+      : settingsFile(appPath, boxes) {}
+
+  SettingsFile settingsFile;
+  data::DataFiles files;
+  std::optional<data::Databases> databases;  ///< from the start until the main window is closed
+  MapState map;
+  Delimitations delimitations;
   data::FlightFinderState finder;
 };
 

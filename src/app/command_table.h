@@ -1,0 +1,54 @@
+// All commands of the program. To add one, add an operation to Commands and an entry to the table in
+// command_table.cpp: menu bar, pop-up menu, tool bar and the saved check marks are made from it.
+#pragma once
+
+#include <functional>
+#include <span>
+#include <variant>
+
+#include "data/display_options.h"
+#include "settings/catalogue.h"
+
+namespace zerbal::app {
+
+class Commands;
+
+/// What a command does: an operation, an operation on the entry with the given index, or switching an option.
+using Action =
+    std::variant<void (Commands::*)(), void (Commands::*)(int index), bool data::DisplayOptions::*>;
+
+/// One command of the menu bar.
+struct Command {
+  const char* name = nullptr;  ///< object name of the menu entry; nullptr stands for a separator
+  const char* caption = "";
+  Action action;
+  const char* button = nullptr;   ///< object name of its control on the tool bar: a check box for an option
+  const char* picture = nullptr;  ///< the button's picture, a resource
+  const char* rightClick = nullptr;  ///< the check box of the tool bar whose right button runs the command
+  const settings::SwitchSetting* setting = nullptr;  ///< the option's
+
+  /// The option that the command switches and its check mark shows; nullptr for other commands.
+  bool data::DisplayOptions::*Option() const {
+    const auto* option = std::get_if<bool data::DisplayOptions::*>(&action);
+    return option != nullptr ? *option : nullptr;
+  }
+};
+
+struct MenuDescription {
+  const char* name;
+  const char* title;
+  std::span<const Command> commands;
+  Command indexed{};           ///< the array of entries, from 1, that start-up adds at the end
+  const char* twin = nullptr;  ///< a pop-up menu with a twin of every entry
+};
+
+/// Runs a command; `index` says which entry of an array was chosen.
+using RunCommand = std::function<void(const Command& command, int index)>;
+
+/// The menu bar from left to right.
+std::span<const MenuDescription> MenuTable();
+
+/// Calls `visit` for each command that switches an option, in the order of the settings file.
+void ForEachOption(const std::function<void(const Command&)>& visit);
+
+}  // namespace zerbal::app
