@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "paint/colour.h"
+#include "paint/draw_log.h"
 #include "settings/message_boxes.h"
 
 namespace zerbal::app {
@@ -157,7 +158,8 @@ void frmMain::DisableOption(const char* entry, bool data::DisplayOptions::*optio
 
 void frmMain::MakeMapWindow() {
   scene_.emplace(map::MapScene{state_.viewport, state_.display, state_.style, state_.services, *databases_,
-                               delimitations_.allAirports, delimitations_.destinations, state_.flights});
+                               delimitations_.allAirports, delimitations_.destinations, state_.flights,
+                               paint::LogDrawError});
   map_ = std::make_unique<frmMap>(*scene_, state_.viewport, client_);
   map_->hide();
   client_->Hold(map_.get());

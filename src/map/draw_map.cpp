@@ -15,14 +15,15 @@ namespace {
 
 using data::ColourCode;
 
-/// Runs one step of the drawing. An error, such as a database that has disappeared, ends the step; the next
-/// one is drawn.
+/// Runs one step of the drawing. An error, such as a database that has disappeared, ends the step. What the
+/// step has drawn stays, and the next one is drawn.
 template <typename Step>
-void Contained(const Step& step) {
+void Contained(const MapScene& scene, const char* name, const Step& step) {
   try {
     step();
-  } catch (const std::exception&) {
-    // What the step has drawn so far stays.
+  } catch (const std::exception& error) {
+    if (scene.logError != nullptr)
+      scene.logError(std::string(name) + ": " + error.what());
   }
 }
 
@@ -38,7 +39,8 @@ void DrawCentreMark(const Viewport& viewport, Surface& surface, data::Rgb colour
 }
 
 /// Each table of lines is a step of its own.
-void DrawLines(data::LineKind kind, Layer layer, ColourCode colour, const MapScene& scene, Surface& surface) {
+void DrawLines(data::LineKind kind, const char* name, Layer layer, ColourCode colour, const MapScene& scene,
+               Surface& surface) {
   const Viewport& viewport = scene.viewport;
   const data::BaseMap& baseMap = scene.databases.baseMap;
   surface.BeginLayer(layer);
@@ -47,35 +49,37 @@ void DrawLines(data::LineKind kind, Layer layer, ColourCode colour, const MapSce
     painter.Draw(points);
   };
   if (!viewport.DetailMode() && kind == data::LineKind::kCoast)
-    Contained([&] { baseMap.VisitOverview(painter.Bounds(), draw); });
+    Contained(scene, name, [&] { baseMap.VisitOverview(painter.Bounds(), draw); });
   // Rivers and boundaries are drawn in detail mode only; in overview mode the view has no tiles.
   for (const std::string& tile : viewport.DetailTiles())
-    Contained([&] { baseMap.VisitTile(kind, tile, painter.Bounds(), draw); });
+    Contained(scene, name, [&] { baseMap.VisitTile(kind, tile, painter.Bounds(), draw); });
 }
 
 void DrawBaseMap(const MapScene& scene, Surface& surface) {
-  const auto draw = [&](data::LineKind kind, Layer layer, ColourCode colour) {
-    Contained([&] { DrawLines(kind, layer, colour, scene, surface); });
+  const auto draw = [&](data::LineKind kind, const char* name, Layer layer, ColourCode colour) {
+    Contained(scene, name, [&] { DrawLines(kind, name, layer, colour, scene, surface); });
   };
-  draw(data::LineKind::kCoast, Layer::kCoast, ColourCode::kCoast);
+  draw(data::LineKind::kCoast, "coast", Layer::kCoast, ColourCode::kCoast);
   if (scene.options.rivers)
-    draw(data::LineKind::kRiver, Layer::kRiver, ColourCode::kRiver);
+    draw(data::LineKind::kRiver, "rivers", Layer::kRiver, ColourCode::kRiver);
   if (scene.options.boundaries)
-    draw(data::LineKind::kBoundary, Layer::kBoundary, ColourCode::kIBound);
+    draw(data::LineKind::kBoundary, "boundaries", Layer::kBoundary, ColourCode::kIBound);
 }
 
 void DrawAirports(const MapScene& scene, Canvas& canvas) {
-  const auto draw = [&](Layer layer, const data::Airports& airports, const data::AirportCriteria& criteria,
-                        ColourCode colour) {
-    Contained([&] {
+  const auto draw = [&](const char* name, Layer layer, const data::Airports& airports,
+                        const data::AirportCriteria& criteria, ColourCode colour) {
+    Contained(scene, name, [&] {
       canvas.surface.BeginLayer(layer);
       DrawAirportLayer(canvas, airports, criteria, scene.style.colours[colour]);
     });
   };
   if (scene.options.allAirports)
-    draw(Layer::kAirports, scene.databases.allAirports, scene.allAirportCriteria, ColourCode::kApAll);
+    draw("airports", Layer::kAirports, scene.databases.allAirports, scene.allAirportCriteria,
+         ColourCode::kApAll);
   if (scene.options.destinations)
-    draw(Layer::kDestinations, scene.databases.destinations, scene.destinationCriteria, ColourCode::kApDest);
+    draw("destinations", Layer::kDestinations, scene.databases.destinations, scene.destinationCriteria,
+         ColourCode::kApDest);
 }
 
 }  // namespace
@@ -92,7 +96,7 @@ void DrawMap(const MapScene& scene, Surface& surface) {
   DrawBaseMap(scene, surface);
   Canvas canvas{scene.viewport, surface, MapFont(scene.viewport, scene.style.fonts)};
   DrawAirports(scene, canvas);
-  Contained([&] {
+  Contained(scene, "flights", [&] {
     surface.BeginLayer(Layer::kFlights);
     if (scene.flights.serviceMode)
       DrawServiceFlights(canvas, scene);

@@ -1,6 +1,8 @@
 // One complete redraw of the map: a function of viewport, options, style and databases onto a surface.
 #pragma once
 
+#include <string>
+
 #include "data/airport_criteria.h"
 #include "data/databases.h"
 #include "data/display_options.h"
@@ -22,11 +24,13 @@ struct MapScene {
   const data::AirportCriteria& allAirportCriteria;
   const data::AirportCriteria& destinationCriteria;
   const data::FlightSelection& flights;
+  /// Called with one line of text for each step of the drawing that an error ended; nullptr for none.
+  void (*logError)(const std::string& line) = nullptr;
 };
 
 /// Draws everything, in the fixed order background, centre mark, coast, rivers, boundaries, airports,
-/// destinations, flights. Does nothing when the drawing area is empty. After the centre mark no error gets
-/// out: the step that fails is skipped and the next one is drawn.
+/// destinations, flights. Does nothing when the drawing area is empty. After the centre mark no error leaves
+/// this function: it ends the step that fails and is logged, and the next step is drawn.
 void DrawMap(const MapScene& scene, Surface& surface);
 
 /// The font of airport labels and flight texts in the current mode.

@@ -5,6 +5,7 @@
 #include <QTest>
 
 #include "app_test.h"
+#include "support/captured_log.h"
 
 namespace zerbal::app {
 namespace {
@@ -386,6 +387,16 @@ TEST_F(MainWindow, TheRightButtonOpensThePopupMenuAtTheMouse) {
     EXPECT_EQ(popup->pos(), map.mapToGlobal(at));
     popup->close();
   }
+}
+
+TEST_F(MainWindow, ATableThatCannotBeDrawnIsLogged) {
+  world.Write(folder.Path());
+  test::WriteDatabase(folder / "app_map" / "coast.mdb", {test::Table{"wcl", {test::Long("Lon")}, {}, {{1}}}});
+  const test::CapturedLog log("zerbal.draw=true");
+  ASSERT_TRUE(StartHere());
+  ASSERT_EQ(Draws(), 1);
+  ASSERT_EQ(test::CapturedLog::Lines().size(), 1U);
+  EXPECT_EQ(test::CapturedLog::Lines().front().find("coast: "), 0U);
 }
 
 }  // namespace

@@ -125,6 +125,16 @@ TEST_F(DriverTest, TheSeedMakesDrawsRepeatable) {
   EXPECT_EQ(first.answers, Run(script).answers);
 }
 
+TEST_F(DriverTest, ADrawingErrorIsPrintedOnlyWhenALoggingRuleEnablesIt) {
+  WriteDatabase(folder / "app_map" / "coast.mdb", {Table{"wcl", {Long("Lon")}, {}, {{1}}}});
+  EXPECT_EQ(Run("start\n").reasons.find("coast"), std::string::npos);
+  qputenv("QT_LOGGING_RULES", "zerbal.draw=true");
+  const Played played = Run("start\n");
+  qunsetenv("QT_LOGGING_RULES");
+  EXPECT_EQ(played.status, 0);
+  EXPECT_NE(played.reasons.find("zerbal.draw: coast: "), std::string::npos) << played.reasons;
+}
+
 TEST_F(DriverTest, EachQuestionPrintsOneObjectPerLine) {
   const Played played = Run(
       "start\nview\nproject 180 90\nops\ncolours\nfonts\nregions\nservices\nselection\nini MainWindow Save\n"

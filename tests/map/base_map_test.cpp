@@ -293,6 +293,29 @@ TEST(Containment, ADrawingFailureEndsOneTableOrAirportOrFlightLayer) {
   EXPECT_EQ(count(Layer::kFlights), (std::pair<std::size_t, int>{5, 2}));  // nothing follows the first leg
 }
 
+std::vector<std::string> logged;
+
+TEST(Containment, EachStepThatAnErrorEndsIsLogged) {
+  MapWorld world;
+  world.Show(30, 55, 50, 65);
+  world.coast = {{"AEwdb2", {At(38, 58), At(39, 58)}}, {"CEwdb2", {At(41, 58), At(42, 58)}}};
+  world.dest = {Airport("AAA", 41, 58), Airport("BBB", 42, 58)};
+  world.flit = {Flight("1", "S", {"AAA", "BBB"})};
+  world.AddService("S", {9, 9, 9});
+  MapScene scene = world.Scene();
+  scene.logError = [](const std::string& line) { logged.push_back(line); };
+  const auto linesOf = [&](std::optional<Layer> failIn) {
+    Counter counter;
+    counter.failIn = failIn;
+    logged.clear();
+    DrawMap(scene, counter);
+    return logged;
+  };
+  EXPECT_EQ(linesOf(std::nullopt), Strings{});
+  EXPECT_EQ(linesOf(Layer::kCoast), (Strings{"coast: out of paint", "coast: out of paint"}));
+  EXPECT_EQ(linesOf(Layer::kFlights), Strings{"flights: out of paint"});
+}
+
 TEST(Containment, ErrorsBeforeTheBaseMapAreNotContained) {
   MapWorld world;
   world.options.centreOfMap = true;

@@ -11,6 +11,7 @@
 
 #include "app/frm_map.h"
 #include "data/map_style.h"
+#include "support/captured_log.h"
 #include "support/small_world.h"
 #include "zerbal-map/map_job.h"
 #include "zerbal-map/options.h"
@@ -234,6 +235,20 @@ TEST_F(MapCommandTest, InvalidDataAndFilesEndWith1) {
   fs::remove(folder / "app_map" / "coast.mdb");
   EXPECT_EQ(Run({"--out", File("map.png")}), 1);
   EXPECT_NE(errors.str().find("coast.mdb' could not be found"), std::string::npos) << errors.str();
+}
+
+TEST_F(MapCommandTest, ATableThatCannotBeDrawnIsLogged) {
+  WriteDatabase(folder / "app_map" / "coast.mdb", {Table{"wcl", {Long("Lon")}, {}, {{1}}}});
+  {
+    const CapturedLog log;
+    Picture({});
+    EXPECT_EQ(CapturedLog::Lines().size(), 0U) << "off by default";
+  }
+  const CapturedLog log("zerbal.draw=true");
+  Picture({});
+  ASSERT_EQ(CapturedLog::Lines().size(), 1U);
+  EXPECT_EQ(CapturedLog::Lines().front().find("coast: "), 0U) << CapturedLog::Lines().front();
+  EXPECT_NE(CapturedLog::Lines().front().find("coast.mdb"), std::string::npos);
 }
 
 TEST_F(MapCommandTest, HelpAndVersionArePrinted) {

@@ -6,6 +6,7 @@
 
 #include "base/error.h"
 #include "data/flight_lists.h"
+#include "paint/draw_log.h"
 #include "settings/ini_file.h"
 
 namespace zerbal::mapcommand {
@@ -158,8 +159,8 @@ void MapJob::ChooseFlights() {
 }
 
 void MapJob::Draw(map::Surface& surface) {
-  const map::MapScene scene{*viewport_,        options_.display,  style_,  services_, *databases_,
-                            options_.criteria, options_.criteria, flights_};
+  const map::MapScene scene{*viewport_,        options_.display,  style_,   services_,          *databases_,
+                            options_.criteria, options_.criteria, flights_, paint::LogDrawError};
   map::DrawMap(scene, surface);
 }
 
