@@ -3,8 +3,10 @@
 #include <QIcon>
 #include <QWidget>
 #include <exception>
+#include <new>
 
 #include "app/svg_icon.h"
+#include "base/assert.h"
 
 namespace zerbal::app {
 
@@ -15,25 +17,33 @@ Application::Application(int& argc, char** argv, settings::MessageBoxes& boxes)
 }
 
 bool Application::notify(QObject* receiver, QEvent* event) {
-  bool handled = false;
-  Guard([&] { handled = QApplication::notify(receiver, event); });
-  return handled;
+  try {
+    return QApplication::notify(receiver, event);
+  } catch (const std::bad_alloc&) {
+    EndWithCurrentError();
+  } catch (...) {
+    ZERBAL_ASSERT(!"an event handler or slot is not guarded");
+    EndWithCurrentError();
+  }
+  return false;
+}
+
+int Application::Run() {
+  const int status = failed_ ? kErrorStatus : exec();
+  // A window that closes after the error may have replaced the status.
+  return failed_ ? kErrorStatus : status;
 }
 
 void Application::EndWithCurrentError() {
+  std::string words = "An unknown error occurred.";
   try {
     throw;
   } catch (const std::exception& error) {
-    EndWithError(error.what());
+    words = error.what();
   } catch (...) {
-    EndWithError("An unknown error occurred.");
   }
-}
-
-void Application::EndWithError(const std::string& words) {
-  if (failed_)
+  if (std::exchange(failed_, true))
     return;
-  failed_ = true;
   if (hook_) {
     hook_(words);
     return;

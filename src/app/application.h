@@ -1,4 +1,4 @@
-// The one place where an error that nobody caught ends the program.
+// The one place where errors of event handlers and slots end the program.
 #pragma once
 
 #include <QApplication>
@@ -6,14 +6,14 @@
 #include <string>
 #include <utility>
 
+#include "dialogs/guarded.h"
 #include "settings/message_boxes.h"
 
 namespace zerbal::app {
 
-/// A Qt application whose events may throw. What a handler throws (the database engine's errors, counters
-/// that overflow) is told to the user in a critical box with the error's own words; then every event loop
-/// ends and Run() returns kErrorStatus. What fails after that is not told again.
-class Application final : public QApplication {
+/// Shows the first error that dialogs::Guarded() reports in a critical box, with the error's own words. Then
+/// every event loop ends, and Run() returns kErrorStatus. Later errors are ignored.
+class Application final : public QApplication, public dialogs::ErrorReceiver {
   Q_OBJECT
 
  public:
@@ -23,30 +23,17 @@ class Application final : public QApplication {
   /// `boxes` outlives the application.
   Application(int& argc, char** argv, settings::MessageBoxes& boxes);
 
+  /// Reports what Qt itself throws. Handlers and slots catch their own exceptions.
   bool notify(QObject* receiver, QEvent* event) override;
+  void EndWithCurrentError() override;
 
-  /// Runs `work` as an event handler is run; false when it threw.
-  template <class Work>
-  bool Guard(const Work& work) {
-    try {
-      work();
-      return true;
-    } catch (...) {
-      EndWithCurrentError();
-      return false;
-    }
-  }
+  /// Handles events until the program ends; returns at once after an error. The exit status.
+  int Run();
 
-  /// Handles events until the program ends; at once when an error has ended it before. The exit status.
-  int Run() { return failed_ ? kErrorStatus : exec(); }
-
-  /// Called in place of the box and the end of the event loops, for whoever drives the program.
+  /// Called in place of the box and the end of the event loops; the script driver sets it.
   void SetErrorHook(ErrorHook hook) { hook_ = std::move(hook); }
 
  private:
-  void EndWithCurrentError();
-  void EndWithError(const std::string& words);
-
   settings::MessageBoxes& boxes_;
   ErrorHook hook_;
   bool failed_ = false;

@@ -5,7 +5,7 @@ namespace zerbal::app {
 
 inline constexpr float kSecondsADay = 86400;
 
-/// Seconds since midnight, as the start-up's wait reads them.
+/// Tests replace it.
 class Clock {
  public:
   virtual ~Clock() = default;

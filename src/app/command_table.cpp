@@ -21,7 +21,7 @@ constexpr Command Delimitation(const char* name, const char* caption, void (Comm
 }
 
 constexpr std::array kFile = {
-    Command{"mnuFileUserSett", "&User settings...", &Commands::UserSettings},
+    Command{"mnuFileUserSett", "&User settings...", DialogKind::kUserSettings},
     Command{"mnuFileMapSett", "&Map settings...", &Commands::MapSettings},
     Command{"mnuFileColoSett", "&Color settings...", &Commands::ColourSettings},
     kSeparator,
@@ -81,9 +81,9 @@ constexpr std::array kFlights = {
 constexpr Command kFlightService{"mnuFlitFSrv", "", &Commands::ToggleService};
 
 constexpr std::array kHelp = {
-    Command{"mnuHelpRev", "&Revision number...", &Commands::HelpRevision},
-    Command{"mnuHelpMous", "&Using the mouse...", &Commands::HelpMouse},
-    Command{"mnuHelpInfo", "&Info...", &Commands::HelpInfo},
+    Command{"mnuHelpRev", "&Revision number...", DialogKind::kHelpRevision},
+    Command{"mnuHelpMous", "&Using the mouse...", DialogKind::kHelpMouse},
+    Command{"mnuHelpInfo", "&Info...", DialogKind::kHelpInfo},
 };
 
 constexpr std::array kMenus = {

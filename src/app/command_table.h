@@ -6,6 +6,7 @@
 #include <span>
 #include <variant>
 
+#include "app/dialogs.h"
 #include "data/display_options.h"
 #include "settings/catalogue.h"
 
@@ -13,9 +14,10 @@ namespace zerbal::app {
 
 class Commands;
 
-/// What a command does: an operation, an operation on the entry with the given index, or switching an option.
-using Action =
-    std::variant<void (Commands::*)(), void (Commands::*)(int index), bool data::DisplayOptions::*>;
+/// What a command does: an operation, an operation on the entry with the given index, switching an option, or
+/// showing a dialog.
+using Action = std::variant<void (Commands::*)(), void (Commands::*)(int index), bool data::DisplayOptions::*,
+                            DialogKind>;
 
 /// One command of the menu bar.
 struct Command {

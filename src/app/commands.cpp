@@ -25,12 +25,10 @@ void Commands::Run(const Command& command, int index) {
     (this->**operation)();
   else if (const auto* indexed = std::get_if<void (Commands::*)(int)>(&command.action))
     (this->**indexed)(index);
+  else if (const auto* dialog = std::get_if<DialogKind>(&command.action))
+    ShowModal(*dialog);
   else
     Toggle(command.Option());
-}
-
-void Commands::UserSettings() {
-  ShowModal(DialogKind::kUserSettings);
 }
 
 void Commands::MapSettings() {
@@ -155,18 +153,6 @@ void Commands::FindFlights(DialogKind kind) {
     return;
   selectionAvailable_ = true;
   ShowSelectedFlights();
-}
-
-void Commands::HelpRevision() {
-  ShowModal(DialogKind::kHelpRevision);
-}
-
-void Commands::HelpMouse() {
-  ShowModal(DialogKind::kHelpMouse);
-}
-
-void Commands::HelpInfo() {
-  ShowModal(DialogKind::kHelpInfo);
 }
 
 }  // namespace zerbal::app

@@ -24,7 +24,6 @@ class Commands final {
   bool SelectionAvailable() const { return selectionAvailable_; }
 
   // File
-  void UserSettings();
   void MapSettings();
   void ColourSettings();
   void Quit();
@@ -47,10 +46,6 @@ class Commands final {
   void SelectDestination();
   void ShowAllFlights();
   void ToggleService(int service);  ///< 1 to the number of services
-  // Help
-  void HelpRevision();
-  void HelpMouse();
-  void HelpInfo();
 
  private:
   bool ShowModal(DialogKind kind) { return dialogs_.ShowModal(kind, mainWindow_); }

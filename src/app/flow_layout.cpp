@@ -37,7 +37,7 @@ QLayoutItem* FlowLayout::takeAt(int index) {
   return item;
 }
 
-/// What an item takes of its row, with the space before it.
+/// The width that an item needs in its row, with the space before it.
 int FlowLayout::Advance(const Item& item, bool first) const {
   const int width = item.item->sizeHint().width();
   if (first)

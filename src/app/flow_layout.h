@@ -1,4 +1,4 @@
-// A row of controls that continues in a further row where the window is too narrow.
+// A layout of rows: controls that do not fit into the width continue in the next row.
 #pragma once
 
 #include <QLayout>

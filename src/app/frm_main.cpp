@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "dialogs/guarded.h"
 #include "paint/colour.h"
 #include "paint/draw_log.h"
 #include "settings/message_boxes.h"
@@ -13,11 +14,11 @@
 namespace zerbal::app {
 namespace {
 
-constexpr QSize kDesignSize(1280, 900);  // logical pixels, where the screen has them
+constexpr QSize kDesignSize(1280, 900);  // logical pixels; smaller on a smaller screen
 
 }  // namespace
 
-/// The inside of the frame. Its one child fills it, and is not closed as long as the frame is open.
+/// The area behind the map window. Its one child fills it and cannot be closed alone.
 class frmMain::Client final : public QWidget {
  public:
   explicit Client(QWidget* parent) : QWidget(parent) {
@@ -92,7 +93,7 @@ void frmMain::PlaceAsDesigned() {
 }
 
 FramePlacement frmMain::CurrentPlacement() const {
-  // A minimised window may be maximised as well, for when it comes back.
+  // A minimised window may be maximised too; it is when it is restored.
   const FrameState state = isMinimized()   ? FrameState::kMinimised
                            : isMaximized() ? FrameState::kMaximised
                                            : FrameState::kNormal;
@@ -165,14 +166,14 @@ void frmMain::MakeMapWindow() {
   client_->Hold(map_.get());
   commands_ = std::make_unique<Commands>(
       state_, *map_, dialogs_, *this, [this] { ShowState(); }, [this] { UpdateDelimitationInfo(); });
-  connect(map_.get(), &frmMap::PositionChanged, picStat_, &StatusBar::ShowPosition);
-  connect(map_.get(), &frmMap::ExtentChanged, picStat_, &StatusBar::ShowExtent);
-  connect(map_.get(), &frmMap::PopupRequested, this,
-          [this](const QPoint& position) { menu_->Popup().popup(position); });
+  dialogs::ConnectGuarded(map_.get(), &frmMap::PositionChanged, picStat_, &StatusBar::ShowPosition);
+  dialogs::ConnectGuarded(map_.get(), &frmMap::ExtentChanged, picStat_, &StatusBar::ShowExtent);
+  dialogs::ConnectGuarded(map_.get(), &frmMap::PopupRequested, this,
+                          [this](const QPoint& position) { menu_->Popup().popup(position); });
 }
 
 void frmMain::ShowState() {
-  menu_->Show({state_.display, state_.services, commands_->SelectionAvailable()});
+  menu_->Show(state_.display, state_.services, commands_->SelectionAvailable());
   picTool_->ShowOptions(state_.display);
 }
 
@@ -205,7 +206,7 @@ void frmMain::Unload() {
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
-  Unload();
+  dialogs::Guarded([this] { Unload(); });
   event->accept();
 }
 

@@ -16,7 +16,7 @@
 
 namespace zerbal::app {
 
-/// Made as designed; Load applies settings and databases, Unload saves the settings and closes the databases.
+/// The constructor makes it as designed. Load applies settings and databases, Unload saves and closes them.
 class frmMain final : public QMainWindow {
   Q_OBJECT
   /// The colour behind the map window.
@@ -50,8 +50,8 @@ class frmMain final : public QMainWindow {
   class Client;
 
   FramePlacement CurrentPlacement() const;
-  /// The current one, but a side that was too long to be shown as it was stored, unless the user has changed
-  /// the size.
+  /// The current placement. While the user has not changed the size, a stored side that was too long to be
+  /// shown is kept.
   FramePlacement PlacementToSave() const;
   void PlaceAsDesigned();
   void Place(const FramePlacement& placement);

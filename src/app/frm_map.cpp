@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "base/numbers.h"
+#include "dialogs/guarded.h"
 #include "map/position_text.h"
 #include "map/tee_surface.h"
 #include "paint/colour.h"
@@ -56,17 +57,17 @@ void frmMap::Redraw() {
   if (!viewport_.HasArea())
     return;
   const Hourglass hourglass;
-  TakeLooks();
+  UpdateAppearance();
   PreparePicture();
   DrawOnPicture([this](map::Surface& surface) { map::DrawMap(scene_, surface); });
   ++draws_;
-  // The old picture took the box with it; the next move starts it again.
+  // The new picture contains no box; the next move starts a new one.
   zoomBox_.drawn = false;
   zoomBox_.corner = zoomBox_.press;
 }
 
-/// Font and colour properties of the window show those of the map.
-void frmMap::TakeLooks() {
+/// Gives the window the font and the background colour of the map.
+void frmMap::UpdateAppearance() {
   const map::TextFont mapFont = map::MapFont(viewport_, scene_.style.fonts);
   const QFont wanted(QString::fromStdString(mapFont.name), mapFont.size);
   if (font() != wanted)
@@ -101,43 +102,51 @@ void frmMap::DrawOnPicture(const Draw& draw) {
 }
 
 void frmMap::paintEvent(QPaintEvent* event) {
-  if (!picture_.isNull() && picture_.devicePixelRatio() != devicePixelRatioF())
-    Redraw();  // the window moved to a screen of another resolution
-  QPainter painter(this);
-  const double ratio = devicePixelRatioF();
-  if (picture_.width() < std::floor(width() * ratio) || picture_.height() < std::floor(height() * ratio))
-    painter.fillRect(event->rect(), paint::ToQColor(scene_.style.colours[data::ColourCode::kMapBg]));
-  // At a fractional ratio the window may start inside a device pixel; the picture starts on a whole one.
-  const QPointF corner = painter.deviceTransform().map(QPointF(0, 0));
-  const QPointF whole(std::round(corner.x()), std::round(corner.y()));
-  painter.drawImage((whole - corner) / ratio, picture_);
+  dialogs::Guarded([&] {
+    if (!picture_.isNull() && picture_.devicePixelRatio() != devicePixelRatioF())
+      Redraw();  // the window moved to a screen of another resolution
+    QPainter painter(this);
+    const double ratio = devicePixelRatioF();
+    if (picture_.width() < std::floor(width() * ratio) || picture_.height() < std::floor(height() * ratio))
+      painter.fillRect(event->rect(), paint::ToQColor(scene_.style.colours[data::ColourCode::kMapBg]));
+    // At a fractional ratio the window may start inside a device pixel; the picture starts on a whole one.
+    const QPointF corner = painter.deviceTransform().map(QPointF(0, 0));
+    const QPointF whole(std::round(corner.x()), std::round(corner.y()));
+    painter.drawImage((whole - corner) / ratio, picture_);
+  });
 }
 
 void frmMap::resizeEvent(QResizeEvent*) {
-  viewport_.SetSize(width() * double{kTwipsPerPixel}, height() * double{kTwipsPerPixel});
-  RecomputeAndRedraw();
+  dialogs::Guarded([&] {
+    viewport_.SetSize(width() * double{kTwipsPerPixel}, height() * double{kTwipsPerPixel});
+    RecomputeAndRedraw();
+  });
 }
 
 void frmMap::mousePressEvent(QMouseEvent* event) {
-  const Qt::MouseButtons buttons = event->buttons() | event->button();
-  const TwipPosition at = PlaceOf(*event);
-  if (buttons.testFlag(Qt::LeftButton)) {
-    if (!viewport_.IsOnMap(at))
-      return;
-    EraseZoomBox();
-    zoomBox_ = {.active = true, .press = at, .corner = at};
-  } else if (buttons.testFlag(Qt::RightButton)) {
-    emit PopupRequested(event->globalPosition().toPoint());
-  }
+  dialogs::Guarded([&] {
+    const Qt::MouseButtons buttons = event->buttons() | event->button();
+    const TwipPosition at = PlaceOf(*event);
+    if (buttons.testFlag(Qt::LeftButton)) {
+      if (!viewport_.IsOnMap(at))
+        return;
+      EraseZoomBox();
+      zoomBox_ = {.active = true, .press = at, .corner = at};
+    } else if (buttons.testFlag(Qt::RightButton)) {
+      emit PopupRequested(event->globalPosition().toPoint());
+    }
+  });
 }
 
 void frmMap::mouseMoveEvent(QMouseEvent* event) {
-  const TwipPosition at = PlaceOf(*event);
-  if (!viewport_.IsOnMap(at))
-    return;
-  ShowPosition(at);
-  if (event->buttons().testFlag(Qt::LeftButton) && zoomBox_.active)
-    MoveZoomBox(at);
+  dialogs::Guarded([&] {
+    const TwipPosition at = PlaceOf(*event);
+    if (!viewport_.IsOnMap(at))
+      return;
+    ShowPosition(at);
+    if (event->buttons().testFlag(Qt::LeftButton) && zoomBox_.active)
+      MoveZoomBox(at);
+  });
 }
 
 void frmMap::ShowPosition(TwipPosition at) {
@@ -171,21 +180,23 @@ void frmMap::EraseZoomBox() {
 }
 
 void frmMap::mouseReleaseEvent(QMouseEvent* event) {
-  if (event->button() != Qt::LeftButton || !zoomBox_.active)
-    return;
-  zoomBox_.active = false;
-  const TwipPosition released = Limited(PlaceOf(*event));
-  const bool noWidth = zoomBox_.press.x == released.x;
-  const bool noHeight = zoomBox_.press.y == released.y;
-  bool changed = false;
-  if (noWidth && noHeight)
-    changed = viewport_.CentreOn(released);
-  else if (!noWidth && !noHeight)
-    changed = viewport_.ZoomToBox(zoomBox_.press, released);
-  if (changed)
-    RecomputeAndRedraw();
-  else
-    EraseZoomBox();
+  dialogs::Guarded([&] {
+    if (event->button() != Qt::LeftButton || !zoomBox_.active)
+      return;
+    zoomBox_.active = false;
+    const TwipPosition released = Limited(PlaceOf(*event));
+    const bool noWidth = zoomBox_.press.x == released.x;
+    const bool noHeight = zoomBox_.press.y == released.y;
+    bool changed = false;
+    if (noWidth && noHeight)
+      changed = viewport_.CentreOn(released);
+    else if (!noWidth && !noHeight)
+      changed = viewport_.ZoomToBox(zoomBox_.press, released);
+    if (changed)
+      RecomputeAndRedraw();
+    else
+      EraseZoomBox();
+  });
 }
 
 TwipPosition frmMap::Limited(TwipPosition at) const {

@@ -1,4 +1,4 @@
-// The map window: shows the picture of the last redraw and changes the view by the mouse.
+// The map window: shows the picture of the last redraw; the mouse changes the view.
 #pragma once
 
 #include <QColor>
@@ -28,7 +28,7 @@ class frmMap final : public QWidget {
 
   /// Number of complete redraws.
   int Draws() const { return draws_; }
-  /// A second surface that receives every operation, those of the zoom box included; null for none.
+  /// A second surface that receives every operation, also those of the zoom box; null for none.
   void SetObserver(map::Surface* observer) { observer_ = observer; }
   QColor BackgroundColour() const { return background_; }
   const QImage& Picture() const { return picture_; }
@@ -49,8 +49,7 @@ class frmMap final : public QWidget {
   void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
-  /// The corner moves only over the map, so the last box drawn may end elsewhere than where the button is
-  /// released.
+  /// The corner follows the mouse only over the map, so it may differ from where the button is released.
   struct ZoomBox {
     bool active = false;
     bool drawn = false;  ///< the box is on the picture
@@ -58,7 +57,7 @@ class frmMap final : public QWidget {
     TwipPosition corner{};  ///< opposite corner, limited to the drawing area
   };
 
-  void TakeLooks();
+  void UpdateAppearance();
   void PreparePicture();
   template <typename Draw>
   void DrawOnPicture(const Draw& draw);

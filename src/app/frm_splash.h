@@ -1,4 +1,4 @@
-// The window that bridges the start.
+// The window that is shown during the start.
 #pragma once
 
 #include <QPixmap>
@@ -14,13 +14,13 @@ class frmSplash final : public QWidget {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
-  /// It goes when the program lets it go.
+  /// The user cannot close it.
   void closeEvent(QCloseEvent* event) override;
 
  private:
   QPixmap Draw() const;
 
-  QPixmap picture_;  ///< drawn once for the screen it stands on: the start waits for every painting
+  QPixmap picture_;  ///< drawn once per screen resolution, because drawing delays the start
 };
 
 }  // namespace zerbal::app

@@ -8,8 +8,8 @@
 
 using namespace zerbal::app;
 
-/// Runs the program in the current working directory. The exit status is 0 when the main window was closed,
-/// another when the start was refused or an error ended the program.
+/// Runs the program in the working directory. Returns 0 when the main window was closed, 1 when the start was
+/// refused or an error ended the program.
 int main(int argc, char** argv) {
   zerbal::jet::InstallMappedFileGuard();
   zerbal::dialogs::QtMessageBoxes boxes;
@@ -18,7 +18,7 @@ int main(int argc, char** argv) {
   MersenneRandom random;
   std::optional<RunningProgram> program;
   bool started = false;
-  application.Guard([&] {
+  zerbal::dialogs::Guarded([&] {
     program.emplace(Environment{WithSeparator(std::filesystem::current_path()), clock, random, boxes});
     started = program->Start();
   });

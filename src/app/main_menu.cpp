@@ -3,6 +3,8 @@
 #include <string_view>
 #include <utility>
 
+#include "dialogs/guarded.h"
+
 namespace zerbal::app {
 namespace {
 
@@ -15,7 +17,7 @@ QString TwinName(std::string_view name) {
   return "mnuPop" + QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
 }
 
-/// A text from a database as a caption: an ampersand in it is no access key.
+/// A text from a database as a caption: an ampersand in it does not mark an access key.
 QString Caption(const std::string& text) {
   return QString::fromStdString(text).replace('&', "&&");
 }
@@ -67,7 +69,8 @@ QAction* MainMenu::AddEntry(QMenu& menu, const QString& name, const QString& cap
   auto* entry = new QAction(caption, &owner_);
   entry->setObjectName(name);
   entry->setMenuRole(QAction::NoRole);
-  QObject::connect(entry, &QAction::triggered, &owner_, [this, &command, index] { run_(command, index); });
+  dialogs::ConnectGuarded(entry, &QAction::triggered, &owner_,
+                          [this, &command, index] { run_(command, index); });
   menu.addAction(entry);
   return entry;
 }
@@ -96,14 +99,15 @@ void MainMenu::AddServices(const data::FlightServiceTable& services) {
   }
 }
 
-void MainMenu::Show(const MenuState& state) {
+void MainMenu::Show(const data::DisplayOptions& options, const data::FlightServiceTable& services,
+                    bool selectionAvailable) {
   for (const OptionEntry& entry : options_)
-    entry.action->setChecked(state.options.*entry.option);
+    entry.action->setChecked(options.*entry.option);
   for (QAction* entry : selectionEntries_)
-    entry->setEnabled(state.selectionAvailable);
+    entry->setEnabled(selectionAvailable);
   for (std::size_t i = 0; i < serviceEntries_.size(); ++i) {
     for (QAction* entry : serviceEntries_[i])
-      entry->setChecked(state.services[i].displayFlag);
+      entry->setChecked(services[i].displayFlag);
   }
 }
 

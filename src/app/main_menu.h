@@ -12,16 +12,9 @@
 
 namespace zerbal::app {
 
-/// What the entries' check marks and enabled states show.
-struct MenuState {
-  const data::DisplayOptions& options;
-  const data::FlightServiceTable& services;
-  bool selectionAvailable = false;
-};
-
 class MainMenu {
  public:
-  /// Fills `bar`; every entry belongs to `owner`, the pop-up menu too.
+  /// Fills `bar`. `owner` owns every entry and the pop-up menu.
   MainMenu(QMenuBar& bar, QWidget& owner, RunCommand run);
   // The entries call back into this object.
   MainMenu(const MainMenu&) = delete;
@@ -32,14 +25,16 @@ class MainMenu {
   /// One entry per flight service after "Show all flights", in the menu bar and in the pop-up menu.
   void AddServices(const data::FlightServiceTable& services);
 
-  void Show(const MenuState& state);
+  /// Updates check marks and disabled entries.
+  void Show(const data::DisplayOptions& options, const data::FlightServiceTable& services,
+            bool selectionAvailable);
   /// Grays an entry that has nothing to show in this run.
   void Disable(const char* name);
 
   QMenu& Popup() { return *popup_; }
 
  private:
-  /// An entry and the options' member that it shows.
+  /// An entry and the option that its check mark shows.
   struct OptionEntry {
     QAction* action;
     bool data::DisplayOptions::*option;
@@ -61,7 +56,7 @@ class MainMenu {
   RunCommand run_;
   QMenu* popup_ = nullptr;
   IndexedMenu regionMenu_{};
-  std::vector<IndexedMenu> flightMenus_;  ///< in the menu bar; the pop-up menu
+  std::vector<IndexedMenu> flightMenus_;  ///< that of the menu bar, the pop-up menu
   std::vector<OptionEntry> options_;
   std::vector<QAction*> selectionEntries_;             ///< "Show selected flights"
   std::vector<std::vector<QAction*>> serviceEntries_;  ///< the entries of each service

@@ -1,4 +1,4 @@
-// The program's own source of chance.
+// The program's random generator.
 #pragma once
 
 #include <cstdint>
@@ -17,7 +17,7 @@ class RandomGenerator : public data::RandomSource {
 class MersenneRandom final : public RandomGenerator {
  public:
   void Seed(std::uint32_t seed) override { engine_.seed(seed); }
-  /// One of the 2^24 evenly spaced singles of [0, 1): 1 itself cannot come about by rounding.
+  /// One of 2^24 evenly spaced singles in [0, 1). Rounding cannot give 1.
   float Next() override { return static_cast<float>(engine_() >> 8) * 0x1p-24F; }
 
  private:

@@ -123,7 +123,7 @@ bool RunningProgram::ReadSettings() {
 void RunningProgram::WaitForSplash(int seconds) {
   const float begin = splashShown_;
   float end = begin + static_cast<float>(seconds);
-  // A time before the begin is one after midnight. Loading may have taken the start across it already.
+  // A time before `begin` is after midnight. Loading may already have passed midnight.
   if (end >= kSecondsADay) {
     end -= kSecondsADay;
     WaitWhile([=](float now) { return now >= begin; });

@@ -5,8 +5,8 @@
 namespace zerbal::app {
 namespace {
 
-/// A text that changes often: it always takes the room of the longest one, so that no other control moves
-/// with it, and ends in dots where the window has less.
+/// A text that changes often. Its size is that of the longest text, so that other controls do not move. It is
+/// shortened by an ellipsis when the window is too narrow.
 class ReadOut final : public QLabel {
  public:
   ReadOut(const char* name, const QString& meaning, const QString& longest, QWidget* parent)
@@ -17,7 +17,7 @@ class ReadOut final : public QLabel {
   }
 
   QSize sizeHint() const override {
-    return {fontMetrics().horizontalAdvance(longest_) + kAir, QLabel::sizeHint().height()};
+    return {fontMetrics().horizontalAdvance(longest_) + kPadding, QLabel::sizeHint().height()};
   }
   QSize minimumSizeHint() const override { return sizeHint(); }
 
@@ -28,11 +28,11 @@ class ReadOut final : public QLabel {
   }
 
  private:
-  static constexpr int kAir = 10;  // logical pixels beside the text
+  static constexpr int kPadding = 10;  // logical pixels to the right of the text
   QString longest_;
 };
 
-constexpr int kLeftMargin = 8;  // logical pixels; below the first button's picture, not on the window's edge
+constexpr int kLeftMargin = 8;  // logical pixels; aligns the text with the first button's picture
 
 }  // namespace
 

@@ -12,7 +12,7 @@ class StatusBar final : public QStatusBar {
  public:
   explicit StatusBar(QWidget* parent);
 
-  /// The window may be narrower than all texts together; the extent, the longest one, then gives way first.
+  /// The window may be narrower than all texts together; then the extent, the longest one, is cut first.
   QSize minimumSizeHint() const override;
 
   void ShowPosition(const QString& lonText, const QString& latText);

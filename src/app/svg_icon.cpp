@@ -15,7 +15,7 @@ class SvgIconEngine final : public QIconEngine {
   explicit SvgIconEngine(QByteArray drawing) : drawing_(std::move(drawing)) {}
 
   void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
-    // The palette is asked each time, so that a change between light and dark is followed.
+    // Reads the palette each time, because it changes between light and dark themes.
     const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
     const QColor text = QApplication::palette().color(group, QPalette::ButtonText);
     QByteArray coloured = drawing_;

@@ -1,4 +1,4 @@
-// Tool bar pictures: vector drawings in the colour of the palette's text, crisp at every resolution.
+// Pictures of the tool bar: vector drawings in the text colour of the palette, sharp at every resolution.
 #pragma once
 
 #include <QIcon>
@@ -6,7 +6,7 @@
 
 namespace zerbal::app {
 
-/// `resource` is an SVG file that paints with "currentColor" wherever it means the colour of button texts.
+/// `resource` is an SVG file in which "currentColor" stands for the colour of button texts.
 QIcon SvgIcon(const QString& resource);
 
 }  // namespace zerbal::app

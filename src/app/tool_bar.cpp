@@ -5,13 +5,14 @@
 
 #include "app/flow_layout.h"
 #include "app/svg_icon.h"
+#include "dialogs/guarded.h"
 
 namespace zerbal::app {
 namespace {
 
 constexpr int kPictureSize = 24;  // logical pixels
 
-/// A command's caption without what only a menu says: "Random flight(s)..." is "Random flight(s)".
+/// The caption without access key and dots: "Random flight(s)" for "Random flight(s)...".
 QString ButtonText(const Command& command) {
   QString text = command.caption;
   text.remove('&');
@@ -54,7 +55,7 @@ void ToolBar::AddButton(const Command& command) {
   button->setIconSize({kPictureSize, kPictureSize});
   button->setToolButtonStyle(Qt::ToolButtonIconOnly);
   button->setAutoRaise(true);
-  connect(button, &QToolButton::clicked, this, [this, &command] { run_(command, 0); });
+  dialogs::ConnectGuarded(button, &QToolButton::clicked, this, [this, &command] { run_(command, 0); });
   layout()->addWidget(button);
 }
 
@@ -64,7 +65,7 @@ QCheckBox* ToolBar::AddLayerBox(const Command& command) {
   box->setAccessibleName(command.caption);
   box->installEventFilter(this);
   // Only the user clicks; setChecked() does not emit this.
-  connect(box, &QCheckBox::clicked, this, [this, &command] { run_(command, 0); });
+  dialogs::ConnectGuarded(box, &QCheckBox::clicked, this, [this, &command] { run_(command, 0); });
   layout()->addWidget(box);
   return box;
 }
@@ -92,12 +93,14 @@ bool ToolBar::eventFilter(QObject* watched, QEvent* event) {
   const auto* box = static_cast<QWidget*>(watched);
   if (release->button() != Qt::RightButton || !box->rect().contains(release->position().toPoint()))
     return false;
-  for (const MenuDescription& menu : MenuTable()) {
-    for (const Command& command : menu.commands) {
-      if (command.rightClick != nullptr && watched->objectName() == command.rightClick)
-        run_(command, 0);
+  dialogs::Guarded([&] {
+    for (const MenuDescription& menu : MenuTable()) {
+      for (const Command& command : menu.commands) {
+        if (command.rightClick != nullptr && watched->objectName() == command.rightClick)
+          run_(command, 0);
+      }
     }
-  }
+  });
   return true;
 }
 

@@ -39,10 +39,10 @@ class FinderDialog : public PlacedDialog {
   template <class Form>
   void UseFlightList(const Form& form) {
     flights_ = std::make_unique<FlightListView>(*form.lstFlit, *form.lstFUni);
-    connect(form.cmdSelAll, &QPushButton::clicked, this, [this] { flights_->SelectAll(true); });
-    connect(form.cmdSelNone, &QPushButton::clicked, this, [this] { flights_->SelectAll(false); });
-    connect(form.cmdDisp, &QPushButton::clicked, this, &FinderDialog::Display);
-    connect(form.cmdESC, &QPushButton::clicked, this, &QDialog::reject);
+    ConnectGuarded(form.cmdSelAll, &QPushButton::clicked, this, [this] { flights_->SelectAll(true); });
+    ConnectGuarded(form.cmdSelNone, &QPushButton::clicked, this, [this] { flights_->SelectAll(false); });
+    ConnectGuarded(form.cmdDisp, &QPushButton::clicked, this, &FinderDialog::Display);
+    ConnectGuarded(form.cmdESC, &QPushButton::clicked, this, &QDialog::reject);
   }
   const FinderContext& Context() const { return context_; }
   FlightListView& Flights() { return *flights_; }

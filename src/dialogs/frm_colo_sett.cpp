@@ -29,12 +29,13 @@ frmColoSett::frmColoSett(const Placement& placement, data::ColourTable& colours,
   for (std::size_t entry = 0; entry < working_.size(); ++entry)
     sample_->SetColour(entry, working_[entry]);
 
-  connect(ui_->cboSelObj, &QComboBox::currentIndexChanged, this, &frmColoSett::ShowObject);
+  ConnectGuarded(ui_->cboSelObj, &QComboBox::currentIndexChanged, this, &frmColoSett::ShowObject);
   for (QScrollBar* bar : {ui_->hsbRed, ui_->hsbGre, ui_->hsbBlu})
-    connect(bar, &QScrollBar::valueChanged, this, &frmColoSett::TakeColour);
-  connect(ui_->vsbMap, &QScrollBar::valueChanged, this, [this](int value) { ui_->picMap->move(0, -value); });
-  connect(ui_->cmdOK, &QPushButton::clicked, this, &frmColoSett::Confirm);
-  connect(ui_->cmdESC, &QPushButton::clicked, this, &QDialog::reject);
+    ConnectGuarded(bar, &QScrollBar::valueChanged, this, &frmColoSett::TakeColour);
+  ConnectGuarded(ui_->vsbMap, &QScrollBar::valueChanged, this,
+                 [this](int value) { ui_->picMap->move(0, -value); });
+  ConnectGuarded(ui_->cmdOK, &QPushButton::clicked, this, &frmColoSett::Confirm);
+  ConnectGuarded(ui_->cmdESC, &QPushButton::clicked, this, &QDialog::reject);
   ShowObject();
 }
 

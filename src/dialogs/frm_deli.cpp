@@ -21,10 +21,10 @@ frmDeli::frmDeli(const Placement& placement, Layer layer, data::AirportCriteria&
     ConnectGroup(group);
     EnableGroup(group);
   }
-  connect(ui_->chkILS, &QCheckBox::toggled, this, &frmDeli::EnableIls);
+  ConnectGuarded(ui_->chkILS, &QCheckBox::toggled, this, &frmDeli::EnableIls);
   EnableIls();
-  connect(ui_->cmdOK, &QPushButton::clicked, this, &frmDeli::Confirm);
-  connect(ui_->cmdESC, &QPushButton::clicked, this, &QDialog::reject);
+  ConnectGuarded(ui_->cmdOK, &QPushButton::clicked, this, &frmDeli::Confirm);
+  ConnectGuarded(ui_->cmdESC, &QPushButton::clicked, this, &QDialog::reject);
 }
 
 frmDeli::~frmDeli() = default;
@@ -80,9 +80,9 @@ void frmDeli::Fill() {
 
 void frmDeli::ConnectGroup(const Group& group) {
   const auto enable = [group] { EnableGroup(group); };
-  connect(group.active, &QCheckBox::toggled, this, enable);
+  ConnectGuarded(group.active, &QCheckBox::toggled, this, enable);
   for (QRadioButton* limit : group.limits)
-    connect(limit, &QRadioButton::toggled, this, enable);
+    ConnectGuarded(limit, &QRadioButton::toggled, this, enable);
 }
 
 void frmDeli::EnableGroup(const Group& group) {

@@ -27,8 +27,8 @@ frmMapSett::frmMapSett(const Placement& placement, data::RegionTable& regions, d
                FontRow{data::FontCode::kHiRes, ui_->cboFontHiRes, ui_->cboSizeHiRes, ui_->lblFontHiRes}};
   for (const FontRow& row : fontRows_)
     FillFont(row, installedFonts);
-  connect(ui_->cmdOK, &QPushButton::clicked, this, &frmMapSett::Confirm);
-  connect(ui_->cmdESC, &QPushButton::clicked, this, &QDialog::reject);
+  ConnectGuarded(ui_->cmdOK, &QPushButton::clicked, this, &frmMapSett::Confirm);
+  ConnectGuarded(ui_->cmdESC, &QPushButton::clicked, this, &QDialog::reject);
 }
 
 frmMapSett::~frmMapSett() = default;
@@ -62,7 +62,7 @@ void frmMapSett::FillFont(const FontRow& row, const QStringList& installedFonts)
   row.size->setCurrentText(QString::number(font.size));
   UpdatePreview(row);
   for (QComboBox* combo : {row.family, row.size})
-    connect(combo, &QComboBox::currentTextChanged, this, [row] { UpdatePreview(row); });
+    ConnectGuarded(combo, &QComboBox::currentTextChanged, this, [row] { UpdatePreview(row); });
 }
 
 void frmMapSett::UpdatePreview(const FontRow& row) {

@@ -23,10 +23,10 @@ frmRandFlit::frmRandFlit(const Placement& placement, const FinderContext& contex
     ShowDrawnFlights();
   }
 
-  connect(ui_->cmdFSrvSelAll, &QPushButton::clicked, this, [this] { services_->SelectAll(true); });
-  connect(ui_->cmdFSrvSelNone, &QPushButton::clicked, this, [this] { services_->SelectAll(false); });
-  connect(ui_->cmdRndFlit, &QPushButton::clicked, this, &frmRandFlit::Draw);
-  connect(ui_->chkCity4Stop, &QCheckBox::toggled, this, [this] { Flights().SetLines(DrawnLines()); });
+  ConnectGuarded(ui_->cmdFSrvSelAll, &QPushButton::clicked, this, [this] { services_->SelectAll(true); });
+  ConnectGuarded(ui_->cmdFSrvSelNone, &QPushButton::clicked, this, [this] { services_->SelectAll(false); });
+  ConnectGuarded(ui_->cmdRndFlit, &QPushButton::clicked, this, &frmRandFlit::Draw);
+  ConnectGuarded(ui_->chkCity4Stop, &QCheckBox::toggled, this, [this] { Flights().SetLines(DrawnLines()); });
 }
 
 frmRandFlit::~frmRandFlit() = default;

@@ -18,14 +18,14 @@ frmSeleDest::frmSeleDest(const Placement& placement, const FinderContext& contex
   ui_->cboDest->setCurrentIndex(state.chosenAirport);
   DropResult();
 
-  connect(ui_->cboDest, &QComboBox::activated, this, &frmSeleDest::DropResult);
+  ConnectGuarded(ui_->cboDest, &QComboBox::activated, this, &frmSeleDest::DropResult);
   for (QCheckBox* role : {ui_->chkIsDest, ui_->chkIsStop, ui_->chkIsArr})
-    connect(role, &QCheckBox::toggled, this, &frmSeleDest::DropResult);
-  connect(ui_->chkCity4Stop, &QCheckBox::toggled, this, [this] {
+    ConnectGuarded(role, &QCheckBox::toggled, this, &frmSeleDest::DropResult);
+  ConnectGuarded(ui_->chkCity4Stop, &QCheckBox::toggled, this, [this] {
     if (ui_->lstFlit->isEnabled())
       Search();
   });
-  connect(ui_->cmdSearch, &QPushButton::clicked, this, &frmSeleDest::Search);
+  ConnectGuarded(ui_->cmdSearch, &QPushButton::clicked, this, &frmSeleDest::Search);
 }
 
 frmSeleDest::~frmSeleDest() = default;

@@ -17,8 +17,8 @@ frmSeleFlit::frmSeleFlit(const Placement& placement, const FinderContext& contex
   ui_->cboFSrv->setCurrentIndex(Context().state.chosenService);
   ListFlights();
 
-  connect(ui_->cboFSrv, &QComboBox::activated, this, &frmSeleFlit::ListFlights);
-  connect(ui_->chkCity4Stop, &QCheckBox::toggled, this, &frmSeleFlit::ListFlights);
+  ConnectGuarded(ui_->cboFSrv, &QComboBox::activated, this, &frmSeleFlit::ListFlights);
+  ConnectGuarded(ui_->chkCity4Stop, &QCheckBox::toggled, this, &frmSeleFlit::ListFlights);
 }
 
 frmSeleFlit::~frmSeleFlit() = default;

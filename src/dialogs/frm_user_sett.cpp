@@ -12,8 +12,8 @@ frmUserSett::frmUserSett(const Placement& placement, settings::SaveFlags& flags)
   ui_->chkMWinSave->setChecked(flags_.mainWindow);
   ui_->chkWinSave->setChecked(flags_.windows);
   ui_->chkMnuSave->setChecked(flags_.menuEntries);
-  connect(ui_->cmdOK, &QPushButton::clicked, this, &frmUserSett::Confirm);
-  connect(ui_->cmdESC, &QPushButton::clicked, this, &QDialog::reject);
+  ConnectGuarded(ui_->cmdOK, &QPushButton::clicked, this, &frmUserSett::Confirm);
+  ConnectGuarded(ui_->cmdESC, &QPushButton::clicked, this, &QDialog::reject);
 }
 
 frmUserSett::~frmUserSett() = default;

@@ -44,13 +44,13 @@ frmHelpRev::frmHelpRev(const Placement& placement, settings::MessageBoxes& messa
     boxes[i]->setCursorPosition(0);
   }
   ui.cmdOK->setFocus();
-  connect(ui.cmdOK, &QPushButton::clicked, this, &QDialog::accept);
+  ConnectGuarded(ui.cmdOK, &QPushButton::clicked, this, &QDialog::accept);
 }
 
 frmHelpMous::frmHelpMous(const Placement& placement) : PlacedDialog(placement, settings::kHelpMousePosition) {
   Ui::frmHelpMous ui;
   ui.setupUi(this);
-  connect(ui.cmdOK, &QPushButton::clicked, this, &QDialog::accept);
+  ConnectGuarded(ui.cmdOK, &QPushButton::clicked, this, &QDialog::accept);
 }
 
 frmHelpInfo::frmHelpInfo(const Placement& placement) : PlacedDialog(placement, settings::kHelpInfoPosition) {
@@ -61,7 +61,7 @@ frmHelpInfo::frmHelpInfo(const Placement& placement) : PlacedDialog(placement, s
   ui.imgLogo->setAccessibleName(settings::kProgramTitle);
   ui.lblTit->setText(settings::kProgramTitle);
   ui.lblVers->setText(QStringLiteral("Version: ") + ZERBAL_VERSION);
-  connect(ui.cmdOK, &QPushButton::clicked, this, &QDialog::accept);
+  ConnectGuarded(ui.cmdOK, &QPushButton::clicked, this, &QDialog::accept);
 }
 
 }  // namespace zerbal::dialogs

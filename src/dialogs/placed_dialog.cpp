@@ -12,16 +12,19 @@ PlacedDialog::PlacedDialog(const Placement& placement, const settings::PairSetti
     : QDialog(&placement.mainWindow), placement_(placement), position_(position) {}
 
 void PlacedDialog::setVisible(bool visible) {
-  // A position that is set before the window is created applies to its frame.
-  if (visible && !placed_) {
-    placed_ = true;
-    FitContents();
-    awaitsFrame_ = !RestorePosition();
-    // Usually both windows get the same frame.
-    if (awaitsFrame_)
-      Centre(size() + placement_.mainWindow.frameGeometry().size() - placement_.mainWindow.size());
-  }
+  if (visible && !placed_)
+    Guarded([this] { Place(); });
   QDialog::setVisible(visible);
+}
+
+/// To be called before the window system knows the window: then move() places the frame.
+void PlacedDialog::Place() {
+  placed_ = true;
+  FitContents();
+  awaitsFrame_ = !RestorePosition();
+  // Most often the window system gives both windows the same frame.
+  if (awaitsFrame_)
+    Centre(size() + placement_.mainWindow.frameGeometry().size() - placement_.mainWindow.size());
 }
 
 void PlacedDialog::showEvent(QShowEvent* event) {
@@ -37,7 +40,7 @@ void PlacedDialog::moveEvent(QMoveEvent* event) {
 }
 
 void PlacedDialog::done(int result) {
-  RememberPosition();
+  Guarded([this] { RememberPosition(); });
   QDialog::done(result);
 }
 

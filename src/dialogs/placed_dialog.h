@@ -3,6 +3,7 @@
 
 #include <QDialog>
 
+#include "dialogs/guarded.h"
 #include "settings/ini_file.h"
 #include "settings/save_flags.h"
 
@@ -32,6 +33,7 @@ class PlacedDialog : public QDialog {
   void moveEvent(QMoveEvent* event) override;
 
  private:
+  void Place();
   /// Takes the preferred size of its contents, limited to the screen.
   void FitContents();
   /// False when there is no position to restore.

@@ -5,6 +5,7 @@
 #include <istream>
 #include <ostream>
 
+#include "dialogs/guarded.h"
 #include "failure.h"
 #include "json_values.h"
 
@@ -19,8 +20,10 @@ constexpr int kWaitMs = 1;
 Runner::Runner(std::istream& script, std::ostream& output, std::ostream& errors)
     : script_(script), output_(output), errors_(errors) {
   next_.setSingleShot(true);
-  connect(&next_, &QTimer::timeout, this, &Runner::Step);
+  dialogs::ConnectGuarded(&next_, &QTimer::timeout, this, &Runner::Step);
   context_.answer = [this](const QJsonObject& object) {
+    if (ended_)
+      return;
     context_.lastAnswer = object;
     output_ << JsonLine(object) << std::endl;
   };
@@ -87,6 +90,9 @@ void Runner::ReportEngineError(const std::string& text) {
 }
 
 void Runner::ReportError(const char* reason) {
+  // After an error of the program, the command that caused it continues.
+  if (ended_)
+    return;
   errors_ << "line " << lineNumber_ << ": " << lineText_ << "\n  " << reason << std::endl;
 }
 

@@ -36,7 +36,7 @@ int RunSession(int argc, char** argv, std::uint32_t seed, int actions) {
 int RunSoak(int argc, char** argv, int redraws, int dialogs) {
   dialogs::QtMessageBoxes boxes;
   app::Application application(argc, argv, boxes);
-  return monkey::Soak(application, redraws, dialogs) ? 0 : 1;
+  return monkey::Soak(redraws, dialogs) ? 0 : 1;
 }
 
 }  // namespace
@@ -51,14 +51,8 @@ int main(int argc, char** argv) {
   test::UseOffscreenPlatform();
   const auto first = static_cast<std::uint32_t>(std::strtoul(argv[argc - 2], nullptr, 10));
   const int second = std::atoi(argv[argc - 1]);
-  if (mode == "--session") {
-    const int end = RunSession(argc, argv, first, second);
-    // The exception passes stack frames of Qt's Gui and Widgets libraries, which are built without clean-up
-    // for exceptions and leak what they hold. Leave without a search for leaks.
-    if (end == monkey::kEngineError)
-      std::_Exit(end);
-    return end;
-  }
+  if (mode == "--session")
+    return RunSession(argc, argv, first, second);
   if (mode == "--soak")
     return RunSoak(argc, argv, static_cast<int>(first), second);
   return monkey::RunSessions(argv[0], first, second) ? 0 : 1;

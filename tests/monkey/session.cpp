@@ -6,6 +6,7 @@
 
 #include "action_log.h"
 #include "controls.h"
+#include "dialogs/guarded.h"
 #include "jet/error.h"
 
 namespace zerbal::monkey {
@@ -40,13 +41,13 @@ Session::Session(std::uint32_t seed, int actions, settings::MessageBoxes& boxes)
       actions_(choice_, corrupter_, delayedCorruption_),
       actionsLeft_(actions) {
   next_.setSingleShot(true);
-  connect(&next_, &QTimer::timeout, this, &Session::Step);
+  dialogs::ConnectGuarded(&next_, &QTimer::timeout, this, &Session::Step);
 }
 
 SessionEnd Session::Run(const ErrorRecorder& errors) {
   QTimer first;
   first.setSingleShot(true);
-  connect(&first, &QTimer::timeout, this, &Session::Start);
+  dialogs::ConnectGuarded(&first, &QTimer::timeout, this, &Session::Start);
   first.start(0);
   const int status = QApplication::exec();
   ended_ = true;

@@ -10,6 +10,7 @@
 #include <unistd.h>
 
 #include "controls.h"
+#include "dialogs/guarded.h"
 #include "driven_program.h"
 #include "support/sanitizer.h"
 #include "world_folder.h"
@@ -119,12 +120,12 @@ bool HasGrown(const Resources& start, const Resources& middle, const Resources& 
 
 }  // namespace
 
-bool Soak(app::Application& application, int redraws, int dialogs) {
+bool Soak(int redraws, int dialogs) {
   const WorldFolder world;
   std::filesystem::current_path(world.Path());
   drive::DrivenProgram program;
   bool started = false;
-  application.Guard([&] { started = program.Start(); });
+  dialogs::Guarded([&] { started = program.Start(); });
   if (!started)
     return false;
   SoakRun run(program);

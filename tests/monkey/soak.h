@@ -1,13 +1,11 @@
 // The soak test: repeats the same actions; memory and open descriptors must not grow.
 #pragma once
 
-#include "app/application.h"
-
 namespace zerbal::monkey {
 
 /// Redraws the map at least `redraws` times and opens `dialogs` dialogs, in a world of its own. Prints heap,
 /// resident memory and descriptors at the start (after everything was done twice), in the middle and at the
 /// end. Returns false when they grew.
-bool Soak(app::Application& application, int redraws, int dialogs);
+bool Soak(int redraws, int dialogs);
 
 }  // namespace zerbal::monkey
