@@ -15,15 +15,15 @@ constexpr Command OptionEntry(const char* name, const char* caption, bool Displa
                               const settings::SwitchSetting& setting, const char* checkBox = nullptr) {
   return {name, caption, option, checkBox, nullptr, nullptr, &setting};
 }
-constexpr Command Delimitation(const char* name, const char* caption, void (Commands::*run)(),
+constexpr Command Delimitation(const char* name, const char* caption, DialogKind dialog,
                                const char* checkBox) {
-  return {.name = name, .caption = caption, .action = run, .rightClick = checkBox};
+  return {.name = name, .caption = caption, .action = dialog, .rightClick = checkBox};
 }
 
 constexpr std::array kFile = {
     Command{"mnuFileUserSett", "&User settings...", DialogKind::kUserSettings},
-    Command{"mnuFileMapSett", "&Map settings...", &Commands::MapSettings},
-    Command{"mnuFileColoSett", "&Color settings...", &Commands::ColourSettings},
+    Command{"mnuFileMapSett", "&Map settings...", DialogKind::kMapSettings},
+    Command{"mnuFileColoSett", "&Color settings...", DialogKind::kColourSettings},
     kSeparator,
     Command{"mnuFileQuit", "&Quit", &Commands::Quit},
 };
@@ -46,9 +46,9 @@ constexpr std::array kViews = {
     OptionEntry("mnuViewDest", "QAV destinations", &DisplayOptions::destinations, settings::kViewDestinations,
                 "chkDest"),
     kSeparator,
-    Delimitation("mnuViewAprtDeli", "Delimitation for all airports...", &Commands::DelimitAllAirports,
+    Delimitation("mnuViewAprtDeli", "Delimitation for all airports...", DialogKind::kDelimitAllAirports,
                  "chkAprt"),
-    Delimitation("mnuViewDestDeli", "Delimitation for QAV destinations...", &Commands::DelimitDestinations,
+    Delimitation("mnuViewDestDeli", "Delimitation for QAV destinations...", DialogKind::kDelimitDestinations,
                  "chkDest"),
 };
 
@@ -69,11 +69,11 @@ constexpr std::array kFlights = {
     Command{"mnuFlitNone", "Clear all flights", &Commands::ClearAllFlights},
     Command{"mnuFlitSele", "Show selected flights", &Commands::ShowSelectedFlights},
     kSeparator,
-    Command{"mnuFlitRandFlit", "Random flight(s)...", &Commands::RandomFlights, "cmdRandFlit",
+    Command{"mnuFlitRandFlit", "Random flight(s)...", DialogKind::kRandomFlights, "cmdRandFlit",
             ":/app/random_flights.svg"},
-    Command{"mnuFlitSeleFlit", "Select flight(s)...", &Commands::SelectFlights, "cmdSeleFlit",
+    Command{"mnuFlitSeleFlit", "Select flight(s)...", DialogKind::kSelectFlights, "cmdSeleFlit",
             ":/app/select_flights.svg"},
-    Command{"mnuFlitSeleDest", "Select destination...", &Commands::SelectDestination, "cmdSeleDest",
+    Command{"mnuFlitSeleDest", "Select destination...", DialogKind::kSelectDestination, "cmdSeleDest",
             ":/app/select_destination.svg"},
     kSeparator,
     Command{"mnuFlitFSrv(0)", "Show all flights", &Commands::ShowAllFlights},

@@ -26,22 +26,43 @@ void Commands::Run(const Command& command, int index) {
   else if (const auto* indexed = std::get_if<void (Commands::*)(int)>(&command.action))
     (this->**indexed)(index);
   else if (const auto* dialog = std::get_if<DialogKind>(&command.action))
-    ShowModal(*dialog);
+    ShowDialog(*dialog);
   else
     Toggle(command.Option());
 }
 
-void Commands::MapSettings() {
+void Commands::ShowDialog(DialogKind kind) {
   const auto mapFont = [this] { return map::MapFont(state_.viewport, state_.style.fonts); };
-  const map::TextFont before = mapFont();
-  ShowModal(DialogKind::kMapSettings);
-  if (mapFont() != before)
-    map_.Redraw();
-}
-
-void Commands::ColourSettings() {
-  if (ShowModal(DialogKind::kColourSettings))
-    map_.Redraw();
+  const map::TextFont fontBefore = mapFont();
+  const bool accepted = dialogs_.ShowModal(kind, mainWindow_);
+  switch (kind) {
+    case DialogKind::kMapSettings:
+      if (mapFont() != fontBefore)
+        map_.Redraw();
+      break;
+    case DialogKind::kColourSettings:
+      if (accepted)
+        map_.Redraw();
+      break;
+    case DialogKind::kDelimitAllAirports:
+    case DialogKind::kDelimitDestinations: {
+      const bool all = kind == DialogKind::kDelimitAllAirports;
+      if (accepted)
+        criteriaChanged_();
+      if (accepted && (all ? state_.display.allAirports : state_.display.destinations))
+        map_.Redraw();
+      break;
+    }
+    case DialogKind::kRandomFlights:
+    case DialogKind::kSelectFlights:
+    case DialogKind::kSelectDestination:
+      selectionAvailable_ = selectionAvailable_ || accepted;
+      if (accepted)
+        ShowSelectedFlights();
+      break;
+    default:
+      break;
+  }
 }
 
 void Commands::Quit() {
@@ -77,22 +98,6 @@ void Commands::Toggle(bool data::DisplayOptions::*option) {
   state_.display.*option = !(state_.display.*option);
   stateChanged_();
   map_.Redraw();
-}
-
-void Commands::DelimitAllAirports() {
-  Delimit(DialogKind::kDelimitAllAirports, &data::DisplayOptions::allAirports);
-}
-
-void Commands::DelimitDestinations() {
-  Delimit(DialogKind::kDelimitDestinations, &data::DisplayOptions::destinations);
-}
-
-void Commands::Delimit(DialogKind kind, bool data::DisplayOptions::*layer) {
-  if (!ShowModal(kind))
-    return;
-  criteriaChanged_();
-  if (state_.display.*layer)
-    map_.Redraw();
 }
 
 void Commands::ShowRegion(int region) {
@@ -134,25 +139,6 @@ void Commands::ClearAllFlights() {
 void Commands::ShowSelectedFlights() {
   SetAllServices(false);
   ShowFlights(false);
-}
-
-void Commands::RandomFlights() {
-  FindFlights(DialogKind::kRandomFlights);
-}
-
-void Commands::SelectFlights() {
-  FindFlights(DialogKind::kSelectFlights);
-}
-
-void Commands::SelectDestination() {
-  FindFlights(DialogKind::kSelectDestination);
-}
-
-void Commands::FindFlights(DialogKind kind) {
-  if (!ShowModal(kind))
-    return;
-  selectionAvailable_ = true;
-  ShowSelectedFlights();
 }
 
 }  // namespace zerbal::app

@@ -24,8 +24,6 @@ class Commands final {
   bool SelectionAvailable() const { return selectionAvailable_; }
 
   // File
-  void MapSettings();
-  void ColourSettings();
   void Quit();
   // Zoom, in steps of 20 and 50 percent
   void ZoomIn();
@@ -33,26 +31,19 @@ class Commands final {
   void ZoomReset();
   void ZoomOutMore();
   void ZoomOut();
-  // Views
-  void DelimitAllAirports();
-  void DelimitDestinations();
   // Region
   void ShowRegion(int region);  ///< 0, the world, to RegionCount
   // Flights
   void ClearAllFlights();
   void ShowSelectedFlights();
-  void RandomFlights();
-  void SelectFlights();
-  void SelectDestination();
   void ShowAllFlights();
   void ToggleService(int service);  ///< 1 to the number of services
 
  private:
-  bool ShowModal(DialogKind kind) { return dialogs_.ShowModal(kind, mainWindow_); }
+  /// Shows the dialog and redraws what it changed.
+  void ShowDialog(DialogKind kind);
   void Toggle(bool data::DisplayOptions::*option);
   void ViewChanged(bool changed);
-  void Delimit(DialogKind kind, bool data::DisplayOptions::*layer);
-  void FindFlights(DialogKind kind);
   bool SetAllServices(bool display);
   void ShowFlights(bool serviceMode);
 
