@@ -11,6 +11,7 @@
 #include "jet/error.h"
 #include "sample_databases.h"
 #include "settings_fixture.h"
+#include "some_tables.h"
 
 namespace zerbal::data {
 namespace {
@@ -31,15 +32,6 @@ std::vector<test::Row> AllColours() {
     rows.push_back(ColourRow(kCodes[i], static_cast<int>(i), 100, 255));
   rows.push_back(ColourRow("SPARE", 1, 2, 3));
   return rows;
-}
-
-ColourTable SomeColours() {
-  ColourTable colours;
-  for (std::size_t i = 0; i < colours.rows.size(); ++i) {
-    const auto shade = static_cast<std::uint8_t>(10 * i);
-    colours.rows[i] = {{shade, 2, 255}, "Entry" + std::to_string(i)};
-  }
-  return colours;
 }
 
 TEST_F(ColoursTest, RulesAreInTheOrderOfTheirNames) {

@@ -8,20 +8,12 @@
 
 #include "sample_databases.h"
 #include "settings_fixture.h"
+#include "some_tables.h"
 
 namespace zerbal::data {
 namespace {
 
 class FontsTest : public SettingsTest {};
-
-const std::vector<std::string> kInstalled = {"Arial", "Courier New", "Verdana", "\xC3\x96ko"};
-
-FontTable SomeFonts() {
-  FontTable fonts;
-  fonts.rows[0] = {"Verdana", 6, "LowResolution"};
-  fonts.rows[1] = {"Courier New", 10, "HighResolution"};
-  return fonts;
-}
 
 TEST_F(FontsTest, RulesAreInTheOrderOfTheirNames) {
   for (std::size_t i = 0; i < kFontRules.size(); ++i)

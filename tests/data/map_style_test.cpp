@@ -8,30 +8,12 @@
 #include "data/colours.h"
 #include "data/flight_finder.h"
 #include "settings_fixture.h"
-#include "some_regions.h"
+#include "some_tables.h"
 
 namespace zerbal::data {
 namespace {
 
-const std::vector<std::string> kInstalled = {"Arial", "Courier New", "Verdana", "\xC3\x96ko"};
-
 class MapStyleTest : public SettingsTest {};
-
-FontTable SomeFonts() {
-  FontTable fonts;
-  fonts.rows[0] = {"Verdana", 6, "LowResolution"};
-  fonts.rows[1] = {"Courier New", 10, "HighResolution"};
-  return fonts;
-}
-
-ColourTable SomeColours() {
-  ColourTable colours;
-  for (std::size_t i = 0; i < colours.rows.size(); ++i) {
-    const auto shade = static_cast<std::uint8_t>(10 * i);
-    colours.rows[i] = {{shade, 2, 255}, "Entry" + std::to_string(i)};
-  }
-  return colours;
-}
 
 TEST_F(MapStyleTest, EveryMissingKeyIsWrittenWithTheValueInUse) {
   FontTable fonts = SomeFonts();

@@ -10,7 +10,7 @@
 #include "jet/error.h"
 #include "sample_databases.h"
 #include "settings_fixture.h"
-#include "some_regions.h"
+#include "some_tables.h"
 
 namespace zerbal::data {
 namespace {
