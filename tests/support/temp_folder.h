@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -58,7 +57,14 @@ inline std::string ReadBytes(const std::filesystem::path& file) {
   std::ifstream stream(file, std::ios::binary);
   if (!stream)
     throw std::runtime_error("cannot read " + file.string());
-  return {std::istreambuf_iterator<char>(stream), {}};
+  // Not by iterators, which take a second per 10 MB under the sanitizers.
+  stream.seekg(0, std::ios::end);
+  std::string bytes(static_cast<std::size_t>(stream.tellg()), '\0');
+  stream.seekg(0);
+  stream.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  if (!stream)
+    throw std::runtime_error("cannot read " + file.string());
+  return bytes;
 }
 
 }  // namespace zerbal::test
