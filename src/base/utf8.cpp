@@ -67,9 +67,4 @@ std::size_t EncodeUtf8(char32_t c, char* out) {
   return length;
 }
 
-void AppendUtf8(char32_t character, std::string& out) {
-  char bytes[4];
-  out.append(bytes, EncodeUtf8(character, bytes));
-}
-
 }  // namespace zerbal::base

@@ -21,6 +21,13 @@ char32_t TakeUtf8(std::string_view& text);
 /// Writes `character` to `out`, which has room for four bytes, and returns the number of bytes.
 std::size_t EncodeUtf8(char32_t character, char* out);
 
-void AppendUtf8(char32_t character, std::string& out);
+inline void AppendUtf8(char32_t character, std::string& out) {
+  if (character < 0x80) {
+    out.push_back(static_cast<char>(character));
+    return;
+  }
+  char bytes[4];
+  out.append(bytes, EncodeUtf8(character, bytes));
+}
 
 }  // namespace zerbal::base

@@ -56,8 +56,12 @@ struct AirportTable {
   std::string codeText, nameText, cityText, ilsText;  // reused buffers
 };
 
-MapPosition Airport::Position() const {
-  return {table_->lon.Of(table_->rows).AsSingle(), table_->lat.Of(table_->rows).AsSingle()};
+float Airport::Lon() const {
+  return table_->lon.Of(table_->rows).AsSingle();
+}
+
+float Airport::Lat() const {
+  return table_->lat.Of(table_->rows).AsSingle();
 }
 
 std::string_view Airport::Code() const {
@@ -88,10 +92,11 @@ void Airports::Visit(const Visitor& visit) const {
 void Airports::VisitMeeting(const AirportCriteria& criteria, const Visitor& visit) const {
   if (!table_->HasPlaceAndTexts())
     return;
-  Visit([&](const Airport& airport) {
-    if (table_->Meets(criteria))
-      visit(airport);
-  });
+  const bool all = !criteria.AnyActive();
+  jet::Recordset& rows = table_->rows;
+  for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext())
+    if (all || table_->Meets(criteria))
+      visit(Airport(*table_));
 }
 
 std::optional<Airport> Airports::Find(std::string_view code) const {

@@ -21,7 +21,7 @@ struct AirportTable;  // the open table and its fields
 /// value is read when it is asked for, and throws jet::EngineError when it cannot be read.
 class Airport {
  public:
-  MapPosition Position() const;
+  MapPosition Position() const { return {Lon(), Lat()}; }
   // UTF-8; Null is empty. A text is valid until the same text is asked for again.
   std::string_view Code() const;
   std::string_view Name() const;
@@ -29,6 +29,9 @@ class Airport {
 
  private:
   friend class Airports;
+  float Lon() const;
+  float Lat() const;
+
   explicit Airport(AirportTable& table) : table_(&table) {}
   AirportTable* table_;
 };

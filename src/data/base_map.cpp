@@ -1,6 +1,8 @@
 #include "data/base_map.h"
 
+#include <algorithm>
 #include <array>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -33,20 +35,21 @@ void VisitLines(jet::PairReader reader, StoredBounds bounds, const BaseMap::Visi
       visit(run);
     run.clear();
   };
-  // The end of a line and a point outside have the same effect: the next point within begins a new run.
-  bool joined = false;
   std::array<jet::LongPair, kBatch> rows;
+  const auto belongs = [bounds](const jet::LongPair& row) {
+    return bounds.Contain({row.first, row.second}) && row.first != kEndOfLine;
+  };
   try {
     while (const std::size_t count = reader.Read(rows)) {
-      for (const auto [lon, lat] : std::span(rows).first(count)) {
-        if (!bounds.Contain({lon, lat}) || lon == kEndOfLine) {
-          joined = false;
-          continue;
-        }
-        if (!joined)
+      // The end of a line and a point outside have the same effect: both end a run.
+      const auto last = rows.begin() + static_cast<std::ptrdiff_t>(count);
+      for (auto row = rows.begin(); row != last;) {
+        const auto past = std::find_if_not(row, last, belongs);
+        std::transform(row, past, std::back_inserter(run),
+                       [](const jet::LongPair& pair) { return StoredPoint{pair.first, pair.second}; });
+        if (past != last)
           end();
-        joined = true;
-        run.push_back({lon, lat});
+        row = std::find_if(past, last, belongs);
       }
     }
   } catch (const jet::EngineError&) {

@@ -119,6 +119,11 @@ std::int32_t Field::AsLong() const {
 
 float Field::AsSingle() const {
   return cursor_->Guarded([this] {
+    // The positions of airports: read by themselves, because a redraw reads all of them.
+    if (Column().type == ColumnType::kSingle) {
+      if (const std::optional<ByteView> stored = cursor_->Value(column_))
+        return SingleOf(*stored);
+    }
     const double value = ReadNumber(*cursor_, column_).real;
     const auto single = static_cast<float>(value);
     if (std::isinf(single) && (std::isfinite(value) || !IsReal(Column().type)))

@@ -46,9 +46,9 @@ StoredProjection::StoredProjection(const Viewport& view) : viewport_(&view) {
 }
 
 void LinePainter::Draw(std::span<const data::StoredPoint> points) {
-  projected_.clear();
-  for (const data::StoredPoint point : points)
-    projected_.push_back(projection_.Project(point));
+  projected_.resize(points.size());
+  std::transform(points.begin(), points.end(), projected_.begin(),
+                 [this](data::StoredPoint point) { return projection_.Project(point); });
   surface_.Polyline(projected_, pen_);
 }
 

@@ -111,22 +111,6 @@ void Viewport::ListDetailTiles() {
           detailTiles_.push_back({lon.letter, lat.letter});
 }
 
-std::optional<TwipPoint> Viewport::ProjectPoint(MapPosition position) const {
-  if (wrap_) {
-    // The unshifted longitude takes precedence and has no upper limit.
-    if (!(position.lon >= shown_.west)) {
-      position.lon += 360.0F;
-      if (!(position.lon <= shown_.east))
-        return std::nullopt;
-    }
-  } else if (!(position.lon >= shown_.west && position.lon <= shown_.east)) {
-    return std::nullopt;
-  }
-  if (!(position.lat >= shown_.top && position.lat <= shown_.bottom))
-    return std::nullopt;
-  return PictureAt(position);
-}
-
 bool Viewport::IsOnMap(TwipPosition place) const {
   const MapPosition at = Unproject(place);
   return shown_.west <= at.lon && at.lon <= shown_.east && shown_.top <= at.lat && at.lat <= shown_.bottom;

@@ -108,4 +108,20 @@ class Viewport {
   std::vector<std::string> detailTiles_;
 };
 
+inline std::optional<TwipPoint> Viewport::ProjectPoint(MapPosition position) const {
+  if (wrap_) {
+    // The unshifted longitude takes precedence and has no upper limit.
+    if (!(position.lon >= shown_.west)) {
+      position.lon += 360.0F;
+      if (!(position.lon <= shown_.east))
+        return std::nullopt;
+    }
+  } else if (!(position.lon >= shown_.west && position.lon <= shown_.east)) {
+    return std::nullopt;
+  }
+  if (!(position.lat >= shown_.top && position.lat <= shown_.bottom))
+    return std::nullopt;
+  return PictureAt(position);
+}
+
 }  // namespace zerbal::map

@@ -24,10 +24,6 @@ ByteView Sized(ByteView value, std::size_t size) {
 double Real(ByteView value) {
   return std::bit_cast<double>(Sized(value, 8).U64(0));
 }
-float Single(ByteView value) {
-  return std::bit_cast<float>(Sized(value, 4).U32(0));
-}
-
 /// The magnitude of a numeric value in decimal digits: four words, the highest first.
 std::string NumericDigits(ByteView value) {
   std::array<std::uint32_t, 4> words = {value.U32(1), value.U32(5), value.U32(9), value.U32(13)};
@@ -96,6 +92,10 @@ void AppendHex(ByteView value, std::string& out) {
 
 }  // namespace
 
+float SingleOf(ByteView value) {
+  return std::bit_cast<float>(Sized(value, 4).U32(0));
+}
+
 std::optional<Number> NumberOf(const ColumnInfo& column, ByteView value) {
   switch (column.type) {
     case ColumnType::kByte:
@@ -108,7 +108,7 @@ std::optional<Number> NumberOf(const ColumnInfo& column, ByteView value) {
       return Number::Of(static_cast<double>(static_cast<std::int64_t>(Sized(value, 8).U64(0))) /
                         static_cast<double>(kCurrencyUnit));
     case ColumnType::kSingle:
-      return Number::Of(double{Single(value)});
+      return Number::Of(double{SingleOf(value)});
     case ColumnType::kDouble:
     case ColumnType::kDateTime:
       return Number::Of(Real(value));
@@ -133,7 +133,7 @@ void AppendValue(const ColumnInfo& column, ByteView value, std::string& out) {
       AppendCurrency(value, out);
       break;
     case ColumnType::kSingle:
-      AppendNumber(Single(value), out);
+      AppendNumber(SingleOf(value), out);
       break;
     case ColumnType::kDouble:
       AppendNumber(Real(value), out);

@@ -15,6 +15,9 @@ namespace zerbal::jet {
 /// when the value does not have the size of its type.
 std::optional<Number> NumberOf(const ColumnInfo& column, ByteView value);
 
+/// The value of a column of type kSingle. Throws as NumberOf does, which calls it.
+float SingleOf(ByteView value);
+
 /// Appends the text of a value that is neither text nor boolean: numbers with the fewest digits that read
 /// back the same, dates as 1999-12-31 23:59:59, GUIDs as {8-4-4-4-12}, others as 0x and hexadecimal digits.
 void AppendValue(const ColumnInfo& column, ByteView value, std::string& out);
