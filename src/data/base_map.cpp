@@ -45,8 +45,9 @@ void VisitLines(jet::PairReader reader, StoredBounds bounds, const BaseMap::Visi
       const auto last = rows.begin() + static_cast<std::ptrdiff_t>(count);
       for (auto row = rows.begin(); row != last;) {
         const auto past = std::find_if_not(row, last, belongs);
-        std::transform(row, past, std::back_inserter(run),
-                       [](const jet::LongPair& pair) { return StoredPoint{pair.first, pair.second}; });
+        std::transform(row, past, std::back_inserter(run), [](const jet::LongPair& pair) {
+          return StoredPoint{pair.first, pair.second};
+        });
         if (past != last)
           end();
         row = std::find_if(past, last, belongs);

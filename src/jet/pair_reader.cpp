@@ -42,7 +42,8 @@ struct PairReader::State {
       : database(source.SharedDatabase()),
         table(source.SharedTable()),
         firstColumn(static_cast<std::size_t>(first)),
-        secondColumn(static_cast<std::size_t>(second)) {
+        secondColumn(static_cast<std::size_t>(second)),
+        columnCountMask(database->pages.IsJet3() ? 0xFF : 0xFFFF) {
     const bool plain = !table->hasVariableColumns &&
                        IsFixedLong(table->columns[firstColumn], table->places[firstColumn]) &&
                        IsFixedLong(table->columns[secondColumn], table->places[secondColumn]);
@@ -63,6 +64,7 @@ struct PairReader::State {
   std::shared_ptr<const TableDefinition> table;
   std::size_t firstColumn;
   std::size_t secondColumn;
+  unsigned columnCountMask;    ///< of the first two bytes of a row
   std::exception_ptr failure;  ///< thrown by the next Read; null = none
 
   // Both columns are fixed Longs: rows are decoded in place.
@@ -98,12 +100,13 @@ void PairReader::State::ReadRowsOfPage(std::span<LongPair> out, std::size_t& cou
   const unsigned rowCount = page.RowCount();
   std::size_t end =
       nextRow == 0 ? bytes.Size() : LoadU16(directory + kDirectoryEntrySize * (nextRow - 1)) & kRowStartMask;
-  for (; nextRow < rowCount && count < out.size(); ++nextRow) {
-    const std::uint16_t entry = LoadU16(directory + kDirectoryEntrySize * nextRow);
+  unsigned rowNumber = nextRow;
+  for (; rowNumber < rowCount && count < out.size(); ++rowNumber) {
+    const std::uint16_t entry = LoadU16(directory + kDirectoryEntrySize * rowNumber);
     const std::size_t start = entry & kRowStartMask;
     if ((entry & kRowHidden) == 0) {
       if ((entry & kRowMoved) != 0) {
-        const ByteView moved = FollowRow(database->pages, page, nextRow, table->page);
+        const ByteView moved = FollowRow(database->pages, page, rowNumber, table->page);
         out[count] = ReadRow(moved.Data(), moved.Size());
       } else {
         if (start < directoryEnd || start > end || end > bytes.Size())
@@ -114,11 +117,11 @@ void PairReader::State::ReadRowsOfPage(std::span<LongPair> out, std::size_t& cou
     }
     end = start;
   }
+  nextRow = rowNumber;
 }
 
 inline LongPair PairReader::State::ReadRow(const std::uint8_t* row, std::size_t length) {
-  const bool jet3 = database->pages.IsJet3();
-  if (length != layout.rowLength || length < 2 || (jet3 ? row[0] : LoadU16(row)) != layout.columnCount)
+  if (length != layout.rowLength || length < 2 || (LoadU16(row) & columnCountMask) != layout.columnCount)
     SetLayout({row, length});
   if ((row[layout.firstMask] & layout.firstBit) == 0)
     RefuseNull(firstColumn);
