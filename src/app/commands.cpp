@@ -56,9 +56,10 @@ void Commands::ShowDialog(DialogKind kind) {
     case DialogKind::kRandomFlights:
     case DialogKind::kSelectFlights:
     case DialogKind::kSelectDestination:
-      selectionAvailable_ = selectionAvailable_ || accepted;
-      if (accepted)
+      if (accepted) {
+        selectionAvailable_ = true;
         ShowSelectedFlights();
+      }
       break;
     default:
       break;

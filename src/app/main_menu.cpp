@@ -81,9 +81,11 @@ QAction* MainMenu::AddIndexed(const IndexedMenu& menu, int index, const std::str
 }
 
 void MainMenu::AddRegions(const data::RegionTable& regions) {
-  QAction* line = AddIndexed(regionMenu_, 0, {});
+  auto* line = new QAction(&owner_);
+  line->setObjectName(QString("%1(0)").arg(regionMenu_.array));
   line->setSeparator(true);
   line->setVisible(regions.RegionCount() > 0);
+  regionMenu_.menu->addAction(line);
   for (int i = 1; i <= regions.RegionCount(); ++i)
     AddIndexed(regionMenu_, i, regions.rows[static_cast<std::size_t>(i)].name);
 }

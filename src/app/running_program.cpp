@@ -31,14 +31,12 @@ void PaintWindows() {
 
 }  // namespace
 
-RunningProgram::RunningProgram(const Environment& environment) : RunningProgram(environment, ownDialogs_) {}
-
-RunningProgram::RunningProgram(const Environment& environment, Dialogs& dialogs)
+RunningProgram::RunningProgram(const Environment& environment, Dialogs* dialogs)
     : environment_(environment),
       state_(environment.appPath, environment.boxes),
       ownDialogs_({state_.settingsFile, environment.boxes, environment.random, state_.files, state_.databases,
                    state_.map, state_.delimitations, state_.finder}),
-      dialogs_(dialogs) {}
+      dialogs_(dialogs != nullptr ? *dialogs : ownDialogs_) {}
 
 bool RunningProgram::Start() {
   const bool started = RunSteps();

@@ -16,9 +16,8 @@ namespace zerbal::app {
 /// is closed.
 class RunningProgram {
  public:
-  explicit RunningProgram(const Environment& environment);
-  /// With other dialogs than the program's own; they outlive this.
-  RunningProgram(const Environment& environment, Dialogs& dialogs);
+  /// `dialogs` replaces the program's own dialogs and outlives this; nullptr = its own.
+  explicit RunningProgram(const Environment& environment, Dialogs* dialogs = nullptr);
 
   /// Runs every step of the start; called once. Returns false when a step ended it: the user has seen why,
   /// and nothing is open any more. Throws the errors of the database engine.

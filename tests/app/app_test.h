@@ -62,7 +62,7 @@ class AppTest : public testing::Test {
   }
   bool StartHere() {
     program.emplace(app::Environment{app::WithSeparator(folder.Path()), clock, random, boxes, &drawn},
-                    dialogs);
+                    &dialogs);
     return program->Start();
   }
   void SetIni(const char* section, const char* key, std::string_view value) {

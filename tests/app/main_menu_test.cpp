@@ -139,6 +139,15 @@ TEST_F(MainMenuTest, PopupEntriesHaveTheCaptionsOfTheMenuBar) {
   }
 }
 
+TEST_F(MainMenuTest, TheLineBetweenTheRegionsDoesNothing) {
+  Entry("mnuRegPart(1)")->trigger();
+  const float west = State().map.viewport.MapLonMin();
+  Entry("mnuRegPart(0)")->trigger();
+  EXPECT_EQ(State().map.viewport.MapLonMin(), west);
+  Entry("mnuRegWorld")->trigger();
+  EXPECT_NE(State().map.viewport.MapLonMin(), west);
+}
+
 TEST_F(MainMenuTest, AccessKeysOfAMenuDiffer) {
   for (const QAction* menu : Window().menuBar()->actions()) {
     std::set<QChar> keys;

@@ -57,6 +57,29 @@ TEST(ParseCommandLine, RecognisesHelpAndVersion) {
   EXPECT_EQ(ParseCommandLine({"--version"}).command, "--version");
 }
 
+TEST(ParseCommandLine, TakesValuesThatLookLikeOptions) {
+  EXPECT_EQ(ParseCommandLine({"build", "--out=/tmp/a="}).out, "/tmp/a=");
+  EXPECT_EQ(ParseCommandLine({"export", "f", "d", "--table", "--x="}).table, "--x=");
+}
+
+TEST(ParseCommandLine, NamesAnOptionThatDoesNotExistFirst) {
+  EXPECT_EQ(UsageFault({"build", "--outt", "DIR"}), "there is no option '--outt' here");
+  EXPECT_EQ(UsageFault({"check", "--wrong="}), "there is no option '--wrong' here");
+  EXPECT_EQ(UsageFault({"check", "-5"}), "there is no option '-5' here");
+  EXPECT_EQ(UsageFault({"check", "---x"}), "there is no option '---x' here");
+}
+
+TEST(ParseCommandLine, RefusesEveryValueOfAFlag) {
+  for (const char* word : {"--schema=true", "--schema={}", "--schema="})
+    EXPECT_EQ(UsageFault({"export", "f", "d", word}), "option '--schema' takes no value") << word;
+}
+
+TEST(ParseCommandLine, RefusesASecondEndOfOptions) {
+  EXPECT_EQ(UsageFault({"check", "d", "--", "--"}), "'--' is one argument too many");
+  EXPECT_EQ(UsageFault({"build", "--out", "o", "--", "--"}), "'--' is one argument too many");
+  EXPECT_EQ(UsageFault({"check", "d", "--", "-x"}), "'-x' is one argument too many");
+}
+
 TEST(ParseCommandLine, ReportsErrors) {
   EXPECT_EQ(UsageFault({}), "a command is missing");
   EXPECT_EQ(UsageFault({"make", "x"}), "there is no command 'make'");

@@ -1,6 +1,7 @@
 #include "zerbal-pack/command_line.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
@@ -44,10 +45,10 @@ void AddArguments(CLI::App& app, CommandLine& line) {
 std::string Reason(const CLI::App& app, const CLI::ParseError& error) {
   if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr) {
     std::vector<std::string> extras = app.remaining();
-    std::erase(extras, "--");
-    const std::string& word = extras.front();
-    return word.starts_with('-') ? fmt::format("there is no option '{}' here", word)
-                                 : fmt::format("'{}' is one argument too many", word);
+    const auto optionsEnd = std::ranges::find(extras, "--");
+    if (optionsEnd != extras.end() && extras.size() > 1)
+      extras.erase(optionsEnd);
+    return fmt::format("'{}' is one argument too many", extras.front());
   }
   // The message begins with the name of the option or argument, sometimes without dashes.
   std::string text = error.what();
@@ -64,6 +65,28 @@ std::string Reason(const CLI::App& app, const CLI::ParseError& error) {
   if (option->count() > 1)
     return name + " is given twice";
   return name + (option->get_expected_max() == 0 ? " takes no value" : " needs a value");
+}
+
+/// Refuses the options that the library takes for arguments or gives a wrong value: `begin` is after the
+/// command, `end` where options end.
+void CheckOptions(const CLI::App& app, std::vector<std::string>::const_iterator begin,
+                  std::vector<std::string>::const_iterator end) {
+  for (auto word = begin; word != end; ++word) {
+    if (word->size() < 2 || !word->starts_with('-'))
+      continue;
+    const std::size_t equals = word->find('=');
+    const std::string name = word->substr(0, equals);
+    const CLI::Option* option = app.get_option_no_throw(name);
+    if (option == nullptr)
+      throw base::UsageError(fmt::format("there is no option '{}' here", name));
+    const bool takesValue = option->get_expected_max() > 0;
+    if (equals != std::string::npos && !takesValue)
+      throw base::UsageError(fmt::format("option '{}' takes no value", name));
+    if (equals == word->size() - 1)
+      throw base::UsageError(fmt::format("option '{}' needs a value", name));
+    if (takesValue && equals == std::string::npos && std::next(word) != end)
+      ++word;  // its value
+  }
 }
 
 }  // namespace
@@ -83,10 +106,7 @@ CommandLine ParseCommandLine(std::vector<std::string> words) {
   CLI::App app;
   app.set_help_flag();
   AddArguments(app, line);
-  for (auto word = words.begin(); word != optionsEnd; ++word) {
-    if (word->starts_with("--") && word->ends_with('='))  // the library would take the next word
-      throw base::UsageError(fmt::format("option '{}' needs a value", word->substr(0, word->size() - 1)));
-  }
+  CheckOptions(app, std::next(words.begin()), optionsEnd);
   try {
     words.erase(words.begin());
     std::ranges::reverse(words);  // the library reads from the end
