@@ -11,7 +11,6 @@
 #include "base/numbers.h"
 #include "require.h"
 #include "settings/profile_text.h"
-#include "settings/value_text.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "app/command_table.h"
-#include "data/flight_services.h"
+#include "data/flight.h"
 #include "data/regions.h"
 
 namespace zerbal::app {

@@ -10,15 +10,13 @@
 #include "data/airport_criteria.h"
 #include "data/databases.h"
 #include "data/display_options.h"
+#include "data/flight.h"
 #include "data/flight_finder.h"
-#include "data/flight_selection.h"
-#include "data/flight_services.h"
 #include "data/map_style.h"
 #include "map/surface.h"
 #include "map/viewport.h"
 #include "settings/ini_file.h"
 #include "settings/message_boxes.h"
-#include "settings/save_flags.h"
 
 namespace zerbal::app {
 

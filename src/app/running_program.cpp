@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "data/load_error.h"
+#include "data/error.h"
 
 namespace zerbal::app {
 namespace {

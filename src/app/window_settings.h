@@ -3,7 +3,6 @@
 
 #include "data/display_options.h"
 #include "settings/ini_file.h"
-#include "settings/save_flags.h"
 
 namespace zerbal::app {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "base/numbers.h"
-#include "data/load_by_code.h"
-#include "settings/value_text.h"
+#include "data/table_access.h"
+#include "settings/profile_text.h"
 
 namespace zerbal::data {
 namespace {

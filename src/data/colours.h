@@ -6,7 +6,7 @@
 #include <filesystem>
 #include <string>
 
-#include "data/flight_services.h"
+#include "data/flight.h"
 #include "data/rgb.h"
 #include "settings/ini_file.h"
 

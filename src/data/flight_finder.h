@@ -32,6 +32,12 @@ struct FlightFinderState {
 };
 
 /// Reads the settings of the flight finding dialogs. Goes on after a failed write.
-void ReadFlightFinderSettings(settings::IniFile& ini, FlightFinderState& finder);
+inline void ReadFlightFinderSettings(settings::IniFile& ini, FlightFinderState& finder) {
+  using settings::kRandomFlights;
+  finder.howMany = static_cast<HowMany>(ini.Read(kRandomFlights).value_or(kRandomFlights.byDefault));
+  finder.searchOrigin = ini.Read(settings::kSearchOrigin);
+  finder.searchStopovers = ini.Read(settings::kSearchStopovers);
+  finder.searchDestination = ini.Read(settings::kSearchDestination);
+}
 
 }  // namespace zerbal::data

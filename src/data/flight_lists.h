@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "data/airports.h"
-#include "data/flight_services.h"
+#include "data/flight.h"
 #include "data/schedule.h"
 
 namespace zerbal::data {

@@ -4,8 +4,8 @@
 
 #include "base/case_folding.h"
 #include "base/numbers.h"
-#include "data/load_by_code.h"
-#include "settings/value_text.h"
+#include "data/table_access.h"
+#include "settings/profile_text.h"
 
 namespace zerbal::data {
 namespace {

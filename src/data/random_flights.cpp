@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "data/counters.h"
+#include "data/error.h"
 
 namespace zerbal::data {
 namespace {

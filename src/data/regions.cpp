@@ -1,7 +1,7 @@
 #include "data/regions.h"
 
 #include "base/coordinates.h"
-#include "data/counters.h"
+#include "data/error.h"
 #include "data/table_access.h"
 #include "jet/error.h"
 

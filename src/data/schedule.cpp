@@ -3,9 +3,8 @@
 #include <string>
 #include <utility>
 
-#include "data/counters.h"
+#include "data/error.h"
 #include "data/flight_reader.h"
-#include "data/load_error.h"
 
 namespace zerbal::data {
 

@@ -7,7 +7,6 @@
 #include <string_view>
 
 #include "data/flight.h"
-#include "data/flight_services.h"
 
 namespace zerbal::jet {
 class Recordset;

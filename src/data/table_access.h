@@ -1,11 +1,14 @@
-// Open tables and their fields. Internal to data/.
+// Open tables, their fields, and rows known by their codes. Internal to data/.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 
+#include "data/error.h"
 #include "jet/database.h"
 #include "jet/recordset.h"
+#include "settings/message_boxes.h"
 
 namespace zerbal::data {
 
@@ -36,5 +39,23 @@ class TableField {
   const char* name_;
   std::optional<int> index_;
 };
+
+/// Finds the row of each rule by its code, in the order of the rules, and calls `fill` with the number of the
+/// rule while `source` stands on the row. Throws LoadError, which lists the codes that are missing under
+/// `heading`.
+template <typename Rules, typename Fill>
+void LoadByCode(jet::Recordset& source, const Rules& rules, const std::string& heading, Fill fill) {
+  using settings::NL;
+  std::string missing;
+  for (std::size_t i = 0; i < rules.size(); ++i) {
+    source.Seek(rules[i].code);
+    if (source.NoMatch())
+      missing.append("Code = ").append(rules[i].code).append(NL);
+    else
+      fill(i);
+  }
+  if (!missing.empty())
+    throw LoadError(heading + NL + missing + NL + "The program aborts.");
+}
 
 }  // namespace zerbal::data

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "data/colours.h"
-#include "data/flight_services.h"
+#include "data/flight.h"
 #include "dialogs/shape.h"
 
 class QGridLayout;

@@ -33,7 +33,8 @@ class FinderDialog : public PlacedDialog {
 
  protected:
   FinderDialog(const Placement& placement, const settings::PairSetting& position,
-               const FinderContext& context);
+               const FinderContext& context)
+      : PlacedDialog(placement, position), context_(context) {}
 
   /// Connects the list of flights and its buttons. Called once, after the form is set up.
   template <class Form>
@@ -48,7 +49,10 @@ class FinderDialog : public PlacedDialog {
   FlightListView& Flights() { return *flights_; }
 
  private:
-  void Display();
+  void Display() {
+    if (flights_->HandOver(context_.selectedFlights, context_.boxes))
+      accept();
+  }
 
   FinderContext context_;
   std::unique_ptr<FlightListView> flights_;

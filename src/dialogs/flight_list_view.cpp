@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "data/counters.h"
+#include "data/error.h"
 
 namespace zerbal::dialogs {
 namespace {

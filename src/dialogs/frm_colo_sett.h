@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "data/colours.h"
-#include "data/flight_services.h"
+#include "data/flight.h"
 #include "dialogs/colour_sample.h"
 #include "dialogs/placed_dialog.h"
 

@@ -5,7 +5,6 @@
 
 #include "dialogs/guarded.h"
 #include "settings/ini_file.h"
-#include "settings/save_flags.h"
 
 namespace zerbal::dialogs {
 

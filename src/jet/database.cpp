@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "jet/error.h"
-#include "jet/read/catalog.h"
 #include "jet/read/database_state.h"
 #include "jet/read/file_image.h"
 #include "jet/read/table_cursor.h"

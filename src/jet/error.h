@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
 #include "base/error.h"
 
@@ -12,7 +13,10 @@ namespace zerbal::jet {
 /// operations of the interface.
 class EngineError : public base::FileError {
  public:
-  EngineError(const std::string& file, std::string table, std::string reason);
+  EngineError(const std::string& file, std::string table, std::string reason)
+      : FileError("Database '" + file + "'" + (table.empty() ? "" : ", table '" + table + "'"), file,
+                  std::move(reason)),
+        table_(std::move(table)) {}
 
   const std::string& Table() const { return table_; }  ///< empty when no table is concerned
 

@@ -1,8 +1,8 @@
-#include "map/airport_layer.h"
-
 #include <cstdint>
 #include <exception>
 #include <optional>
+
+#include "map/layers.h"
 
 namespace zerbal::map {
 

@@ -4,10 +4,7 @@
 #include <span>
 #include <string>
 
-#include "map/airport_layer.h"
-#include "map/canvas.h"
-#include "map/line_layer.h"
-#include "map/route_layer.h"
+#include "map/layers.h"
 
 namespace zerbal::map {
 

@@ -1,7 +1,7 @@
-#include "map/line_layer.h"
-
 #include <algorithm>
 #include <limits>
+
+#include "map/layers.h"
 
 namespace zerbal::map {
 

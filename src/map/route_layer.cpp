@@ -1,4 +1,3 @@
-#include "map/route_layer.h"
 
 #include <array>
 #include <cmath>
@@ -8,9 +7,8 @@
 #include <string_view>
 
 #include "data/schedule.h"
-#include "map/airport_layer.h"
-#include "map/leg_clip.h"
-#include "map/leg_symbol.h"
+#include "map/layers.h"
+#include "map/leg.h"
 
 namespace zerbal::map {
 

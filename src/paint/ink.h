@@ -1,10 +1,22 @@
-// Blends a colour into a picture by coverage.
+// Blends a colour into a picture by coverage, and the masks that hold coverage.
 #pragma once
 
 #include <array>
 #include <cstdint>
+#include <vector>
 
 namespace zerbal::paint {
+
+/// The shape of a marker or a letter: coverage 0..255, row by row. The reference pixel of the shape (a
+/// marker's centre, a letter's origin on the base line) has the coordinates 0, 0; the top left pixel of the
+/// mask has `left`, `top`. The width is padded with empty columns to a multiple of four.
+struct Mask {
+  int left = 0;
+  int top = 0;
+  int width = 0;
+  int height = 0;
+  std::vector<std::uint8_t> coverage;
+};
 
 /// Drawing the same shape repeatedly, as flights do with their airports, does not harden its soft edges: a
 /// pixel that is already as close to the colour as one drawing on the background would make it is left

@@ -11,7 +11,6 @@
 #include "map/surface.h"
 #include "paint/clip_area.h"
 #include "paint/ink.h"
-#include "paint/mask.h"
 
 namespace zerbal::paint {
 

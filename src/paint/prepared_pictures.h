@@ -14,7 +14,7 @@
 
 #include "base/coordinates.h"
 #include "map/surface.h"
-#include "paint/mask.h"
+#include "paint/ink.h"
 
 namespace zerbal::paint {
 

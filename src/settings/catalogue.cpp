@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "base/numbers.h"
-#include "settings/value_text.h"
+#include "settings/profile_text.h"
 
 namespace zerbal::settings {
 

@@ -12,6 +12,13 @@
 
 namespace zerbal::settings {
 
+/// Which groups of settings are saved.
+struct SaveFlags {
+  bool mainWindow = false;   ///< state, position and size of the main window
+  bool windows = false;      ///< positions of the dialogs
+  bool menuEntries = false;  ///< check marks of the menu entries
+};
+
 /// One settings file. Texts are UTF-8 here and code page 1252 in the file; a character that the code page
 /// lacks is written as "?".
 class IniFile {

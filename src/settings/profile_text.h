@@ -1,10 +1,11 @@
-// Finds and changes values in the bytes of a sectioned settings file. Does not access files; texts are single
-// bytes.
+// Finds and changes values in the bytes of a sectioned settings file, and splits values that are lists. Does
+// not access files; texts are single bytes.
 #pragma once
 
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zerbal::settings {
 
@@ -19,5 +20,9 @@ std::optional<std::string_view> FindProfileValue(std::string_view bytes, std::st
 /// written end with CR LF.
 std::string WithProfileValue(std::string_view bytes, std::string_view section, std::string_view key,
                              std::string_view value);
+
+/// Splits at the first character of `delimiter` into exactly n fields, numbered from 1 (element 0 is empty
+/// and not used). Missing fields are empty; what follows the n-th delimiter is dropped.
+std::vector<std::string> SplitList(std::string_view text, int n, std::string_view delimiter);
 
 }  // namespace zerbal::settings

@@ -7,7 +7,7 @@
 
 #include <gtest/gtest.h>
 
-#include "data/flight_services.h"
+#include "data/flight.h"
 #include "jet/error.h"
 #include "sample_databases.h"
 #include "settings_fixture.h"

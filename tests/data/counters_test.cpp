@@ -1,6 +1,6 @@
-#include "data/counters.h"
-
 #include <gtest/gtest.h>
+
+#include "data/error.h"
 
 namespace zerbal::data {
 namespace {

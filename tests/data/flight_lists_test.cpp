@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "data/counters.h"
+#include "data/error.h"
 #include "data/random_flights.h"
 #include "jet/database.h"
 #include "jet/recordset.h"

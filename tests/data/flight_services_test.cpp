@@ -1,12 +1,11 @@
-#include "data/flight_services.h"
-
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
 #include "data/colours.h"
-#include "data/counters.h"
+#include "data/error.h"
+#include "data/flight.h"
 #include "data/schedule.h"
 #include "jet/database.h"
 #include "jet/error.h"

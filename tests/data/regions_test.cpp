@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "data/counters.h"
+#include "data/error.h"
 #include "jet/error.h"
 #include "sample_databases.h"
 #include "settings_fixture.h"

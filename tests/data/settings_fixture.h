@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "data/load_error.h"
+#include "data/error.h"
 #include "settings/ini_file.h"
 #include "support/database_builder.h"
 #include "support/recorded_boxes.h"

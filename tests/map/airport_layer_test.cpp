@@ -1,10 +1,9 @@
-#include "map/airport_layer.h"
-
 #include <limits>
 
 #include <gtest/gtest.h>
 
 #include "jet/database.h"
+#include "map/layers.h"
 #include "map/map_world.h"
 
 namespace zerbal::map {

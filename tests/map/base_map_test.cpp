@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "map/line_layer.h"
+#include "map/layers.h"
 #include "map/map_world.h"
 #include "map/views.h"
 #include "support/test_random.h"

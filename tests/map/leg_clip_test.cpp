@@ -1,5 +1,3 @@
-#include "map/leg_clip.h"
-
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -10,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include "map/leg.h"
 #include "map/views.h"
 #include "support/test_random.h"
 

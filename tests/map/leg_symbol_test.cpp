@@ -1,9 +1,8 @@
-#include "map/leg_symbol.h"
-
 #include <vector>
 
 #include <gtest/gtest.h>
 
+#include "map/leg.h"
 #include "map/map_world.h"
 #include "map/views.h"
 

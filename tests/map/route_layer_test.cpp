@@ -1,11 +1,10 @@
-#include "map/route_layer.h"
-
 #include <algorithm>
 #include <cmath>
 #include <limits>
 
 #include <gtest/gtest.h>
 
+#include "map/layers.h"
 #include "map/map_world.h"
 
 namespace zerbal::map {

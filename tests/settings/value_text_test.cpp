@@ -1,9 +1,9 @@
-#include "settings/value_text.h"
-
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
+
+#include "settings/profile_text.h"
 
 namespace zerbal::settings {
 namespace {

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "jet/database.h"
-#include "jet/format/page.h"
+#include "jet/format/page_layout.h"
 #include "jet/schema.h"
 
 namespace zerbal::jet::test {

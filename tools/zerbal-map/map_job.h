@@ -4,7 +4,7 @@
 #include <optional>
 
 #include "data/databases.h"
-#include "data/flight_services.h"
+#include "data/flight.h"
 #include "data/map_style.h"
 #include "map/draw_map.h"
 #include "zerbal-map/options.h"

@@ -7,7 +7,7 @@
 
 #include <fmt/format.h>
 
-#include "data/counters.h"
+#include "data/error.h"
 #include "data/flight.h"
 
 namespace zerbal::pack {

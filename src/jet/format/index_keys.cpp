@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "jet/format/index_page_layout.h"
+#include "jet/format/page_layout.h"
 
 namespace zerbal::jet {
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "base/assert.h"
-#include "jet/format/page.h"
+#include "jet/format/page_layout.h"
 
 namespace zerbal::jet {
 

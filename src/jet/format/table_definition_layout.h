@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "jet/format/page.h"
+#include "jet/format/page_layout.h"
 
 namespace zerbal::jet {
 

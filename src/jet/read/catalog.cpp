@@ -1,5 +1,3 @@
-#include "jet/read/catalog.h"
-
 #include <algorithm>
 #include <cstdint>
 #include <optional>
@@ -8,7 +6,8 @@
 
 #include "base/case_folding.h"
 #include "jet/error.h"
-#include "jet/format/catalog_layout.h"
+#include "jet/format/page_layout.h"
+#include "jet/read/database_state.h"
 #include "jet/read/field_value.h"
 #include "jet/read/table_cursor.h"
 #include "jet/read/table_definition.h"

@@ -5,7 +5,7 @@
 #include <cstdint>
 
 #include "jet/format/bytes.h"
-#include "jet/format/data_page_layout.h"
+#include "jet/format/page_layout.h"
 #include "jet/read/file_pages.h"
 
 namespace zerbal::jet {

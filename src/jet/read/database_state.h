@@ -1,7 +1,9 @@
-// The state that all Database, Recordset and PairReader objects of one file share.
+// The state that all Database, Recordset and PairReader objects of one file share, and the catalog of its
+// tables.
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -69,5 +71,11 @@ struct DatabaseState {
  private:
   [[noreturn]] void ThrowShrunk(const std::string& table) const;
 };
+
+/// Reads the names and definition pages of all tables, in stored order. Throws EngineError.
+std::vector<CatalogEntry> ReadCatalog(const std::shared_ptr<const DatabaseState>& database);
+
+/// The entry with that name, ignoring letter case; null when there is none.
+const CatalogEntry* FindTable(const DatabaseState& database, std::string_view name);
 
 }  // namespace zerbal::jet

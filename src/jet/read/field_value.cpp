@@ -10,7 +10,7 @@
 
 #include <fmt/format.h>
 
-#include "jet/format/date.h"
+#include "jet/format/page_layout.h"
 
 namespace zerbal::jet {
 namespace {

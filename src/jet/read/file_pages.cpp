@@ -6,7 +6,7 @@
 #include <fmt/format.h>
 
 #include "jet/format/code_page.h"
-#include "jet/read/page_cipher.h"
+#include "jet/read/file_header.h"
 
 namespace zerbal::jet {
 

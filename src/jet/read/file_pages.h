@@ -7,7 +7,7 @@
 #include <memory>
 
 #include "jet/format/bytes.h"
-#include "jet/format/page.h"
+#include "jet/format/page_layout.h"
 #include "jet/read/file_header.h"
 #include "jet/read/file_image.h"
 

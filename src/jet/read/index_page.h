@@ -8,7 +8,7 @@
 
 #include "base/assert.h"
 #include "jet/format/bytes.h"
-#include "jet/format/index_page_layout.h"
+#include "jet/format/page_layout.h"
 #include "jet/read/file_pages.h"
 
 namespace zerbal::jet {

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "jet/format/bytes.h"
-#include "jet/format/long_value_layout.h"
+#include "jet/format/page_layout.h"
 #include "jet/read/file_pages.h"
 
 namespace zerbal::jet {

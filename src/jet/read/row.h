@@ -6,7 +6,7 @@
 
 #include "base/assert.h"
 #include "jet/format/bytes.h"
-#include "jet/format/data_page_layout.h"
+#include "jet/format/page_layout.h"
 #include "jet/read/table_definition.h"
 #include "jet/schema.h"
 

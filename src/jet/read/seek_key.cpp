@@ -1,9 +1,11 @@
 #include "jet/read/seek_key.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cmath>
 #include <cstddef>
+#include <functional>
 #include <optional>
 
 #include "jet/format/key.h"
@@ -11,6 +13,7 @@
 #include "jet/read/number_text.h"
 
 namespace zerbal::jet {
+
 namespace {
 
 /// A number in the stored form of a column type. From() gives nullopt when the type cannot hold it.
@@ -118,6 +121,22 @@ SeekKey::Result SeekKey::MakeNumber(std::string_view text, ColumnType type, bool
   if (!number)
     return Result::kNoMatch;
   return AppendFixedKey(type, number->Bytes(), ascending, key_) ? Result::kReady : Result::kUnknown;
+}
+
+std::uint64_t TextLookup::HashOf(std::string_view text) {
+  return std::hash<std::string_view>()(text);
+}
+
+void TextLookup::Add(std::string_view text, const IndexCursor::Place& place) {
+  entries_.push_back({HashOf(text), place});
+}
+
+void TextLookup::Finish() {
+  std::ranges::stable_sort(entries_, {}, &Entry::hash);  // equal texts stay in index order
+}
+
+std::vector<TextLookup::Entry>::const_iterator TextLookup::FirstWith(std::uint64_t hash) const {
+  return std::ranges::lower_bound(entries_, hash, {}, &Entry::hash);
 }
 
 }  // namespace zerbal::jet

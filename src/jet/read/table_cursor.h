@@ -18,7 +18,6 @@
 #include "jet/read/seek_key.h"
 #include "jet/read/sorted_rows.h"
 #include "jet/read/table_definition.h"
-#include "jet/read/text_lookup.h"
 #include "jet/schema.h"
 
 namespace zerbal::jet {

@@ -4,7 +4,7 @@
 #include <bit>
 #include <string>
 
-#include "jet/format/usage_map_layout.h"
+#include "jet/format/page_layout.h"
 
 namespace zerbal::jet {
 namespace {

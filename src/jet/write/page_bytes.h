@@ -9,8 +9,7 @@
 
 #include "base/assert.h"
 #include "jet/format/bytes.h"
-#include "jet/format/data_page_layout.h"
-#include "jet/format/page.h"
+#include "jet/format/page_layout.h"
 
 namespace zerbal::jet {
 

@@ -7,9 +7,8 @@
 #include <string_view>
 #include <utility>
 
-#include "jet/format/catalog_layout.h"
 #include "jet/format/code_page.h"
-#include "jet/format/header_layout.h"
+#include "jet/format/page_layout.h"
 #include "jet/format/table_definition_layout.h"
 #include "jet/schema.h"
 #include "jet/write/page_bytes.h"

@@ -8,11 +8,10 @@
 
 #include "base/assert.h"
 #include "jet/format/bytes.h"
-#include "jet/format/catalog_layout.h"
-#include "jet/format/header_layout.h"
 #include "jet/format/key.h"
+#include "jet/format/page_layout.h"
 #include "jet/write/refusal.h"
-#include "jet/write/stored_text.h"
+#include "jet/write/value_encoding.h"
 
 namespace zerbal::jet {
 namespace {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "jet/format/page.h"
+#include "jet/format/page_layout.h"
 #include "jet/format/table_definition_layout.h"
 #include "jet/schema.h"
 #include "jet/writer.h"

@@ -7,10 +7,8 @@
 #include <fmt/format.h>
 
 #include "jet/format/bytes.h"
-#include "jet/format/data_page_layout.h"
-#include "jet/format/index_page_layout.h"
 #include "jet/format/key.h"
-#include "jet/format/long_value_layout.h"
+#include "jet/format/page_layout.h"
 #include "jet/format/table_definition_layout.h"
 #include "jet/schema.h"
 #include "jet/write/refusal.h"

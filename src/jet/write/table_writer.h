@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-#include "jet/format/page.h"
+#include "jet/format/page_layout.h"
 #include "jet/write/index_writer.h"
 #include "jet/write/output_file.h"
 #include "jet/write/page_bytes.h"

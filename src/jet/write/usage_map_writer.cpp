@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "base/assert.h"
-#include "jet/format/usage_map_layout.h"
+#include "jet/format/page_layout.h"
 #include "jet/write/page_bytes.h"
 
 namespace zerbal::jet {

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "jet/format/page.h"
+#include "jet/format/page_layout.h"
 #include "jet/write/output_file.h"
 
 namespace zerbal::jet {

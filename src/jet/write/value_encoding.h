@@ -1,14 +1,22 @@
-// Encoding values for their columns.
+// Encoding values and texts for their columns.
 #pragma once
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "jet/schema.h"
 #include "jet/writer.h"
 
 namespace zerbal::jet {
+
+/// The UTF-16 form of a UTF-8 text. Throws Refusal when it is not UTF-8.
+std::u16string ToUtf16Strictly(std::string_view utf8);
+
+/// The stored form: UTF-16 or, when `compress` and shorter, kCompressedMark and one byte per character.
+/// Throws Refusal for a text that would begin with the mark by itself.
+std::string StoredText(std::u16string_view text, bool compress);
 
 /// One value of a row, checked and encoded.
 struct EncodedValue {

@@ -1,5 +1,3 @@
-#include "jet/read/page_cipher.h"
-
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -8,7 +6,8 @@
 #include <gtest/gtest.h>
 
 #include "jet/database.h"
-#include "jet/format/header_layout.h"
+#include "jet/format/page_layout.h"
+#include "jet/read/file_header.h"
 #include "jet/recordset.h"
 #include "support/engine_error.h"
 #include "support/jet_file.h"

@@ -1,16 +1,30 @@
-// Coastlines, rivers and boundaries.
+// The layers of the map: lines, airports, flights.
 #pragma once
 
 #include <cstdint>
 #include <span>
+#include <string>
+#include <string_view>
 #include <vector>
 
+#include "data/airport_criteria.h"
+#include "data/airports.h"
 #include "data/base_map.h"
 #include "data/rgb.h"
+#include "map/draw_map.h"
 #include "map/surface.h"
 #include "map/viewport.h"
 
 namespace zerbal::map {
+
+/// What the layers draw with.
+struct Canvas {
+  const Viewport& viewport;
+  Surface& surface;
+  TextFont font;  ///< of airport labels and flight texts in the current mode
+};
+
+// Coastlines, rivers and boundaries
 
 /// Projects stored points as Viewport::ProjectPoint does, but decides on the stored whole numbers which of
 /// them are in view. Degrees grow with the stored number, so each bound of the view is a bound on the stored
@@ -53,5 +67,34 @@ class LinePainter {
   Pen pen_;
   std::vector<TwipPoint> projected_;  // keeps its memory
 };
+
+// Airports
+
+struct AirportTexts {
+  std::string_view code;
+  std::string_view name{};  ///< detail mode only, as the city
+  std::string_view city{};
+};
+
+/// The code alone in overview mode; in detail mode also the name, and the city when the name does not contain
+/// it.
+void AppendAirportLabel(std::string& label, const AirportTexts& texts, bool detailMode);
+
+/// Draws marker and label when the position is in view.
+void DrawAirport(Canvas& canvas, const AirportTexts& texts, MapPosition position, data::Rgb colour);
+
+/// Draws every airport that meets the criteria and is in view. An airport whose position or label cannot be
+/// read is left out. When the airports after it cannot be read either, the error is thrown.
+void DrawAirportLayer(Canvas& canvas, const data::Airports& airports, const data::AirportCriteria& criteria,
+                      data::Rgb colour);
+
+// Flights: routes of straight legs over the map's plane
+
+/// Draws every flight of every service whose display flag is set, service by service.
+void DrawServiceFlights(Canvas& canvas, const MapScene& scene);
+
+/// Draws the selected flights in the order of their list. A flight of a service that is not in the table is
+/// black.
+void DrawSelectedFlights(Canvas& canvas, const MapScene& scene);
 
 }  // namespace zerbal::map
