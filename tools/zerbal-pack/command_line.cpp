@@ -64,7 +64,7 @@ std::string Reason(const CLI::App& app, const CLI::ParseError& error) {
     return name + " is missing";
   if (option->count() > 1)
     return name + " is given twice";
-  return name + (option->get_expected_max() == 0 ? " takes no value" : " needs a value");
+  return name + " needs a value";
 }
 
 /// Refuses the options that the library takes for arguments or gives a wrong value: `begin` is after the
