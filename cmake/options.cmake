@@ -28,17 +28,26 @@ function(zerbal_include_root target folder)
   target_include_directories(${target} PUBLIC ${PROJECT_BINARY_DIR}/layers/${name})
 endfunction()
 
-# zerbal_layer(NAME SOURCES... [USES libraries...] [USES_INSIDE libraries...] [INTERNALS]): the library of one layer of
-# src/. Its sources can include the headers of the layer itself and of the layers that it names, as the table of
+# Of the layers in which a redraw spends its time. Under the sanitizers their tests take too long without optimisation, and
+# the other layers take longer to compile with it.
+add_library(zerbal_hot_options INTERFACE)
+target_compile_options(zerbal_hot_options INTERFACE ${ZERBAL_HOT_OPTIONS})
+
+# zerbal_layer(NAME SOURCES... [USES libraries...] [USES_INSIDE libraries...] [INTERNALS] [HOT]): the library of one layer
+# of src/. Its sources can include the headers of the layer itself and of the layers that it names, as the table of
 # docs/architecture.md lists them. Users of the layer also see the headers of USES, because its own headers include
 # them, but not those of USES_INSIDE.
 # INTERNALS: headers in subfolders are private. Users see the headers of the folder alone, and those that name
 # zerbal_NAME_internals, as tests do, see all.
+# HOT: compiled with zerbal_hot_options.
 function(zerbal_layer name)
-  cmake_parse_arguments(LAYER "INTERNALS" "" "SOURCES;USES;USES_INSIDE" ${ARGN})
+  cmake_parse_arguments(LAYER "INTERNALS;HOT" "" "SOURCES;USES;USES_INSIDE" ${ARGN})
   set(folder ${PROJECT_SOURCE_DIR}/src/${name})
   add_library(zerbal_${name} STATIC ${LAYER_SOURCES})
   target_link_libraries(zerbal_${name} PUBLIC ${LAYER_USES} PRIVATE ${LAYER_USES_INSIDE} zerbal_options)
+  if(LAYER_HOT)
+    target_link_libraries(zerbal_${name} PRIVATE zerbal_hot_options)
+  endif()
   if(NOT LAYER_INTERNALS)
     zerbal_include_root(zerbal_${name} ${folder})
     return()
@@ -55,4 +64,16 @@ function(zerbal_layer name)
   add_library(zerbal_${name}_internals INTERFACE)
   target_include_directories(zerbal_${name}_internals BEFORE INTERFACE ${root}/all)
   target_link_libraries(zerbal_${name}_internals INTERFACE zerbal_${name})
+endfunction()
+
+# zerbal_moc(TARGET HEADERS...): runs moc on headers with Q_OBJECT and compiles all it writes as one source of TARGET.
+# AUTOMOC scans every source first, and a unity build cannot take in what it writes.
+function(zerbal_moc target)
+  qt_wrap_cpp(outputs ${ARGN} TARGET ${target})
+  set_source_files_properties(${outputs} PROPERTIES HEADER_FILE_ONLY ON)  # included, not compiled
+  list(TRANSFORM outputs REPLACE "(.+)" "#include \"\\1\"" OUTPUT_VARIABLE includes)
+  list(JOIN includes "\n" includes)
+  set(all ${CMAKE_CURRENT_BINARY_DIR}/${target}_moc.cpp)
+  file(CONFIGURE OUTPUT ${all} CONTENT "@includes@\n" @ONLY)
+  target_sources(${target} PRIVATE ${outputs} ${all})
 endfunction()
