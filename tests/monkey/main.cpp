@@ -6,6 +6,7 @@
 //
 // Prints every action before it is done. Exit status: 0 no failure; 1 a crash, a hang, an engine error or a
 // refused start with intact files, or an exception that is not an engine error; 2 wrong arguments.
+#include <QProxyStyle>
 #include <cstdlib>
 #include <iostream>
 #include <limits>
@@ -23,12 +24,24 @@ namespace {
 
 using namespace zerbal;
 
+/// Menus that do not wait: which one is open must not depend on time.
+class InstantMenus final : public QProxyStyle {
+ public:
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* result) const override {
+    if (hint == SH_Menu_SubMenuPopupDelay || hint == SH_Menu_SloppySubMenus)
+      return 0;
+    return QProxyStyle::styleHint(hint, option, widget, result);
+  }
+};
+
 int RunSession(int argc, char** argv, std::uint32_t seed, int actions) {
   dialogs::QtMessageBoxes boxes;
   monkey::ErrorRecorder errors(boxes);
   app::Application application(argc, argv, errors);
   // Events must not depend on time: a double click and a typed search text never expire.
   QApplication::setDoubleClickInterval(0);
+  QApplication::setStyle(new InstantMenus);  // the application owns it
   QApplication::setKeyboardInputInterval(std::numeric_limits<int>::max());
   return monkey::Session(seed, actions, boxes).Run(errors);
 }
