@@ -305,6 +305,24 @@ TEST(CheckFolder, ReportsPositionsOutsideTheMapFrame) {
       "app_data/zbldata.mdb: table 'reg': region 'B': Reg_ToLon '370' is outside the map frame (0 to 360)\n");
 }
 
+TEST(CheckFolder, NotesRegionsThatTheEdgeOfTheMapFrameCutsOff) {
+  EXPECT_EQ(
+      FindingsAfter([](Files& files) {
+        files.regions.rows = {{Text("NAM"), 1, Text("North"), 10.0, 17.0, 130.0, 76.0},
+                              {Text("AUS"), 2, Text("South"), 290.0, 98.0, 360.0, 138.0},
+                              {Text("FIJ"), 3, Text("Fiji"), 354.0, 104.0, 2.0, 112.0},
+                              {Text("PAC"), 4, Text("Pacific"), 295.0, 28.0, 112.0, 138.0}};
+      }),
+      "Note: app_data/zbldata.mdb: table 'reg': region 'NAM': a map wider than 2.3 times its height shows "
+      "little of it; set Reg_FromLon to 359, so that the region reaches across 180 degrees, or make it at "
+      "most 40.0 degrees high\n"
+      "Note: app_data/zbldata.mdb: table 'reg': region 'AUS': a map wider than 1.7 times its height is empty "
+      "east of 180 degrees; set Reg_ToLon to 1, so that the region reaches across 180 degrees, or make it at "
+      "most 20.0 degrees high\n"
+      "Note: app_data/zbldata.mdb: table 'reg': region 'FIJ': in detail the map has no lines east of 180 "
+      "degrees; make the region more than 20 degrees wide or 10 degrees high\n");
+}
+
 TEST(CheckFolder, ReportsMapPointsOutsideTheMapFrame) {
   EXPECT_EQ(FindingsAfter([](Files&) {},
                           [](const fs::path& folder) {

@@ -16,6 +16,7 @@
 #include "jet/error.h"
 #include "jet/pair_reader.h"
 #include "jet/recordset.h"
+#include "zerbal-pack/check_region.h"
 #include "zerbal-pack/check_table.h"
 #include "zerbal-pack/csv_value.h"
 #include "zerbal-pack/find_index.h"
@@ -143,10 +144,14 @@ class FolderCheck {
     const std::string where = "app_data/zbldata.mdb: table 'reg'";
     try {
       const std::string name = RowName(row, RegionLayout());
-      if (row["Reg_FromLon"].AsDouble() == row["Reg_ToLon"].AsDouble())
+      const RegionBounds bounds{row["Reg_FromLon"].AsDouble(), row["Reg_FromLat"].AsDouble(),
+                                row["Reg_ToLon"].AsDouble(), row["Reg_ToLat"].AsDouble()};
+      if (bounds.west == bounds.east)
         report_.Add(where, "width", name + " has no width; choosing it shows nothing");
-      if (row["Reg_FromLat"].AsDouble() >= row["Reg_ToLat"].AsDouble())
+      if (bounds.top >= bounds.bottom)
         report_.Add(where, "height", name + ": Reg_ToLat is not south of Reg_FromLat");
+      else if (const std::optional<std::string> note = CutOffNote(bounds); note && bounds.west != bounds.east)
+        report_.AddNote(where, name + ": " + *note);
     } catch (const jet::ConversionError&) {
       return;  // reported with the values
     }
