@@ -1,6 +1,4 @@
 // The sample data is complete and consistent and has data for every feature of the program.
-#include <cmath>
-#include <cstdint>
 #include <map>
 #include <set>
 #include <sstream>
@@ -172,33 +170,6 @@ TEST_F(PackContent, TakesDestinationsFromTheWorldsAirports) {
     for (const char* field : {"AP_Lon", "AP_Lat"})
       EXPECT_EQ(Value<float>(destinations, row, field), Value<float>(*airports, *world[code], field)) << code;
     EXPECT_TRUE(used.contains(code)) << code << " has no flight";
-  }
-}
-
-int Distance(const std::vector<std::int32_t>& a, const std::vector<std::int32_t>& b) {
-  int sum = 0;
-  for (std::size_t i = 0; i < a.size(); ++i)
-    sum += std::abs(a[i] - b[i]);
-  return sum;
-}
-
-TEST_F(PackContent, HasServiceColoursThatDifferFromEachOtherAndTheMap) {
-  const auto rgb = [](const CsvTable& table, const CsvRow& row, const std::string& prefix) {
-    std::vector<std::int32_t> components;
-    for (const char* component : {"_R", "_G", "_B"})
-      components.push_back(Value<std::int32_t>(table, row, prefix + component));
-    return components;
-  };
-  std::vector<std::vector<std::int32_t>> colours;
-  for (const CsvRow& row : program->colours.rows) {
-    if (Text(program->colours, row, "Col") == "MAPBG")
-      colours.push_back(rgb(program->colours, row, "Col"));
-  }
-  for (const CsvRow& row : schedule->services.rows) {
-    const std::vector<std::int32_t> colour = rgb(schedule->services, row, "FSrv");
-    for (const std::vector<std::int32_t>& other : colours)
-      EXPECT_GE(Distance(colour, other), 60) << Text(schedule->services, row, "FSrv");
-    colours.push_back(colour);
   }
 }
 
