@@ -3,13 +3,9 @@
 #include <utility>
 
 namespace zerbal::app {
-namespace {
 
-// Percent of the view's spans.
-constexpr float kZoomStep = 20;
-constexpr float kZoomBigStep = 50;
-
-}  // namespace
+using map::kZoomBigStep;
+using map::kZoomStep;
 
 Commands::Commands(MapState& state, frmMap& mapWindow, Dialogs& dialogs, QWidget& mainWindow,
                    std::function<void()> stateChanged, std::function<void()> criteriaChanged)

@@ -1,6 +1,7 @@
 #include "map/viewport.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "base/numbers.h"
 #include "map/position_text.h"
@@ -11,6 +12,9 @@ namespace {
 
 using base::Round;
 using base::ToInt32;
+
+/// A degree from which the longitudes of the widest view can be rounded to less than 0. Not visible there.
+constexpr double kNearZero = 1e-3;
 
 /// Results that have a name are single precision.
 float Single(double value) {
@@ -116,35 +120,40 @@ bool Viewport::IsOnMap(TwipPosition place) const {
   return shown_.west <= at.lon && at.lon <= shown_.east && shown_.top <= at.lat && at.lat <= shown_.bottom;
 }
 
+std::optional<Viewport::Spans> Viewport::Narrower(float percent) const {
+  const Spans spans{Single(lonSpan_ / 100.0 * (100.0 - percent)),
+                    Single(latSpan_ / 100.0 * (100.0 - percent))};
+  if (spans.lon < kSmallestLonSpan && spans.lat < kSmallestLatSpan)
+    return std::nullopt;
+  return spans;
+}
+
+std::optional<Viewport::Spans> Viewport::Wider(float percent) const {
+  const Spans spans{Single(lonSpan_ / 100.0 * (100.0 + percent)),
+                    Single(latSpan_ / 100.0 * (100.0 + percent))};
+  const bool tooWide = spans.lon > kWidestLonSpan;
+  const bool tooHigh = spans.lat > kWidestLatSpan;
+  if (tooWide && tooHigh)
+    return std::nullopt;
+  return tooWide || tooHigh ? Spans{kWidestLonSpan, kWidestLatSpan} : spans;
+}
+
 bool Viewport::ZoomIn(float percent) {
-  const float lonSpan = Single(lonSpan_ / 100.0 * (100.0 - percent));
-  const float latSpan = Single(latSpan_ / 100.0 * (100.0 - percent));
-  if (lonSpan < kSmallestLonSpan && latSpan < kSmallestLatSpan)
-    return false;
-  RequestAround(lonSpan, latSpan);
-  return true;
+  return RequestAround(Narrower(percent));
 }
 
 bool Viewport::ZoomOut(float percent) {
-  const float lonSpan = Single(lonSpan_ / 100.0 * (100.0 + percent));
-  const float latSpan = Single(latSpan_ / 100.0 * (100.0 + percent));
-  const bool tooWide = lonSpan > kWidestLonSpan;
-  const bool tooHigh = latSpan > kWidestLatSpan;
-  if (tooWide && tooHigh)
-    return false;
-  if (tooWide || tooHigh)
-    RequestAround(kWidestLonSpan, kWidestLatSpan);
-  else
-    RequestAround(lonSpan, latSpan);
-  return true;
+  return RequestAround(Wider(percent));
 }
 
 bool Viewport::ZoomReset() {
-  RequestAround(kWidestLonSpan, kWidestLatSpan);
-  return true;
+  return RequestAround(Spans{kWidestLonSpan, kWidestLatSpan});
 }
 
-void Viewport::RequestAround(float lonSpan, float latSpan) {
+bool Viewport::RequestAround(std::optional<Spans> spans) {
+  if (!spans)
+    return false;
+  const auto [lonSpan, latSpan] = *spans;
   const float centreLon = Single(shown_.west + lonSpan_ / 2.0);
   const float centreLat = Single(shown_.top + latSpan_ / 2.0);
   float west = Single(centreLon - lonSpan / 2.0);
@@ -154,6 +163,51 @@ void Viewport::RequestAround(float lonSpan, float latSpan) {
   west = UpTo360(west);
   east = UpTo360(east);
   Request({west, Single(centreLat - latSpan / 2.0), east, Single(centreLat + latSpan / 2.0)}, latSpan);
+  return true;
+}
+
+bool Viewport::ZoomInAt(TwipPosition place, float percent) {
+  const std::optional<Spans> spans = Narrower(percent);
+  if (spans)
+    RequestAt(place, Unproject(place), *spans);
+  return spans.has_value();
+}
+
+bool Viewport::ZoomOutAt(TwipPosition place, float percent) {
+  const std::optional<Spans> spans = Wider(percent);
+  if (spans)
+    RequestAt(place, Unproject(place), *spans);
+  return spans.has_value();
+}
+
+bool Viewport::Move(float lonPart, float latPart) {
+  const float beyond = latPart < 0 ? shown_.top : kWidestLatSpan - shown_.bottom;
+  const bool atPole = beyond * placement_.scale < 1;  // twips
+  if (lonPart == 0.0F && (latPart == 0.0F || atPole))
+    return false;
+  const TwipPosition middle{Single(width_ / 2.0), Single(height_ / 2.0)};
+  const MapPosition centre = Unproject(middle);
+  RequestAt(middle, {centre.lon + lonPart * lonSpan_, centre.lat + latPart * latSpan_}, {lonSpan_, latSpan_});
+  return true;
+}
+
+void Viewport::RequestAt(TwipPosition place, MapPosition position, Spans spans) {
+  const double scale = std::min(width_ / double{spans.lon}, height_ / double{spans.lat});
+  const double lonSpan = std::min(width_ / scale, double{kWidestLonSpan});
+  const double latSpan = std::min(height_ / scale, double{kWidestLatSpan});
+  // The margins beside the map are equal. The position at a place in a margin becomes the map's edge.
+  const double toWest = std::clamp((place.x - (width_ - lonSpan * scale) / 2) / scale, 0.0, lonSpan);
+  const double toTop = std::clamp((place.y - (height_ - latSpan * scale) / 2) / scale, 0.0, latSpan);
+  double west = std::fmod(position.lon - toWest + 720, 360);
+  const double top = std::clamp(position.lat - toTop, 0.0, kWidestLatSpan - latSpan);
+  double reduced = 0;
+  if (lonSpan < kWidestLonSpan)
+    // Lets rounding widen the latitudes alone: widened longitudes west of 0 would not run through 360.
+    reduced = latSpan / 2000;
+  else if (west < kNearZero)
+    west = 360;
+  request_ = {Single(west), Single(top + reduced), UpTo360(Single(west + lonSpan)),
+              Single(top + latSpan - reduced)};
 }
 
 void Viewport::Request(Bounds bounds, float latSpan) {

@@ -23,6 +23,10 @@ inline constexpr float kDetailLatSpan = 10.0F;
 inline constexpr float kSmallestLonSpan = 0.5F;
 inline constexpr float kSmallestLatSpan = 0.25F;
 
+// The steps of the zoom, percent of the spans.
+inline constexpr float kZoomStep = 20;
+inline constexpr float kZoomBigStep = 50;
+
 class Viewport {
  public:
   explicit Viewport(const data::GridBands& bands);
@@ -70,6 +74,13 @@ class Viewport {
   // Each changes the request and returns whether the view must be computed and drawn again.
   bool ZoomIn(float percent);
   bool ZoomOut(float percent);
+  /// The same steps and limits, but the position at the place stays there, and the map fills the drawing area
+  /// as far as the poles and the widest view allow.
+  bool ZoomInAt(TwipPosition place, float percent);
+  bool ZoomOutAt(TwipPosition place, float percent);
+  /// Moves the view by parts of its spans, east and south positive, as far as the poles. Refused when it is
+  /// there already.
+  bool Move(float lonPart, float latPart);
   bool ZoomReset();
   bool SelectRegion(const data::Region& region);
   /// Keeps the spans and centres the view on the place.
@@ -88,11 +99,21 @@ class Viewport {
     float bottom = 0;
   };
 
+  struct Spans {
+    float lon = 0;
+    float lat = 0;
+  };
+
   void FitRequest();
   void PlaceMap();
   void ListDetailTiles();
+  /// The spans after a step of the zoom; nothing when it is refused.
+  std::optional<Spans> Narrower(float percent) const;
+  std::optional<Spans> Wider(float percent) const;
   /// Requests these spans around the centre of the region shown.
-  void RequestAround(float lonSpan, float latSpan);
+  bool RequestAround(std::optional<Spans> spans);
+  /// Requests these spans, widened to the shape of the drawing area, so that `position` is at `place`.
+  void RequestAt(TwipPosition place, MapPosition position, Spans spans);
   /// Moves a region of this latitude span back between the poles.
   void Request(Bounds bounds, float latSpan);
 
