@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QStyleOption>
 #include <algorithm>
 #include <cmath>
 
@@ -33,16 +34,32 @@ TwipPoint Whole(TwipPosition position) {
   return {base::ToInt32(base::Round(position.x)), base::ToInt32(base::Round(position.y))};
 }
 
+/// Two lines, one of which contrasts with the map, whatever its colours.
+void DrawFocusFrame(QPainter& painter, const QRect& area) {
+  painter.setPen(Qt::black);
+  painter.drawRect(area.adjusted(0, 0, -1, -1));
+  painter.setPen(Qt::white);
+  painter.drawRect(area.adjusted(1, 1, -2, -2));
+}
+
 }  // namespace
 
 frmMap::frmMap(const map::MapScene& scene, map::Viewport& viewport, QWidget* parent)
-    : QWidget(parent), scene_(scene), viewport_(viewport) {
+    : QWidget(parent),
+      scene_(scene),
+      viewport_(viewport),
+      zoomBox_([this](TwipPosition corner1, TwipPosition corner2) { InvertBox(corner1, corner2); }),
+      input_(viewport, scene.style.regions, zoomBox_) {
   setObjectName("frmMap");
   setAccessibleName(tr("Map"));
   setMouseTracking(true);
+  setFocusPolicy(Qt::StrongFocus);
   setAttribute(Qt::WA_OpaquePaintEvent);
   // The press of the right button opens the pop-up menu; Qt must not open a context menu.
   setContextMenuPolicy(Qt::PreventContextMenu);
+  dialogs::ConnectGuarded(&input_, &MapInput::ViewChanged, this, &frmMap::RecomputeAndRedraw);
+  dialogs::ConnectGuarded(&input_, &MapInput::MenuRequested, this,
+                          [this] { emit PopupRequested(mapToGlobal(rect().center())); });
 }
 
 void frmMap::RecomputeAndRedraw() {
@@ -61,9 +78,7 @@ void frmMap::Redraw() {
   PreparePicture();
   DrawOnPicture([this](map::Surface& surface) { map::DrawMap(scene_, surface); });
   ++draws_;
-  // The new picture contains no box; the next move starts a new one.
-  zoomBox_.drawn = false;
-  zoomBox_.corner = zoomBox_.press;
+  zoomBox_.ForgetPicture();
 }
 
 /// Gives the window the font and the background colour of the map.
@@ -113,6 +128,10 @@ void frmMap::paintEvent(QPaintEvent* event) {
     const QPointF corner = painter.deviceTransform().map(QPointF(0, 0));
     const QPointF whole(std::round(corner.x()), std::round(corner.y()));
     painter.drawImage((whole - corner) / ratio, picture_);
+    QStyleOption option;
+    option.initFrom(this);
+    if (option.state.testFlags(QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange))
+      DrawFocusFrame(painter, rect());
   });
 }
 
@@ -130,8 +149,7 @@ void frmMap::mousePressEvent(QMouseEvent* event) {
     if (buttons.testFlag(Qt::LeftButton)) {
       if (!viewport_.IsOnMap(at))
         return;
-      EraseZoomBox();
-      zoomBox_ = {.active = true, .press = at, .corner = at};
+      zoomBox_.Press(at);
     } else if (buttons.testFlag(Qt::RightButton)) {
       emit PopupRequested(event->globalPosition().toPoint());
     }
@@ -144,8 +162,8 @@ void frmMap::mouseMoveEvent(QMouseEvent* event) {
     if (!viewport_.IsOnMap(at))
       return;
     ShowPosition(at);
-    if (event->buttons().testFlag(Qt::LeftButton) && zoomBox_.active)
-      MoveZoomBox(at);
+    if (event->buttons().testFlag(Qt::LeftButton) && zoomBox_.Dragged())
+      zoomBox_.DragTo(Limited(at));
   });
 }
 
@@ -155,48 +173,54 @@ void frmMap::ShowPosition(TwipPosition at) {
                        QString::fromStdString(map::LatText(position.lat)));
 }
 
-void frmMap::MoveZoomBox(TwipPosition at) {
-  InvertZoomBox();  // the box of the last move; at the first move, the point of the press
-  zoomBox_.corner = Limited(at);
-  InvertZoomBox();
-  zoomBox_.drawn = true;
-}
-
-void frmMap::InvertZoomBox() {
-  DrawOnPicture([this](map::Surface& surface) {
+void frmMap::InvertBox(TwipPosition corner1, TwipPosition corner2) {
+  DrawOnPicture([&](map::Surface& surface) {
     surface.BeginLayer(map::Layer::kZoomBox);
-    surface.Rectangle(Whole(zoomBox_.press), Whole(zoomBox_.corner),
+    surface.Rectangle(Whole(corner1), Whole(corner2),
                       {.colour = scene_.style.colours[data::ColourCode::kZoom],
                        .style = map::LineStyle::kDotted,
                        .mode = map::PenMode::kXor});
   });
 }
 
-void frmMap::EraseZoomBox() {
-  if (!zoomBox_.drawn)
-    return;
-  InvertZoomBox();
-  zoomBox_.drawn = false;
-}
-
 void frmMap::mouseReleaseEvent(QMouseEvent* event) {
   dialogs::Guarded([&] {
-    if (event->button() != Qt::LeftButton || !zoomBox_.active)
+    if (event->button() != Qt::LeftButton || !zoomBox_.Dragged())
       return;
-    zoomBox_.active = false;
+    zoomBox_.End();
+    const TwipPosition pressed = zoomBox_.Corner1();
     const TwipPosition released = Limited(PlaceOf(*event));
-    const bool noWidth = zoomBox_.press.x == released.x;
-    const bool noHeight = zoomBox_.press.y == released.y;
+    const bool noWidth = pressed.x == released.x;
+    const bool noHeight = pressed.y == released.y;
     bool changed = false;
     if (noWidth && noHeight)
       changed = viewport_.CentreOn(released);
     else if (!noWidth && !noHeight)
-      changed = viewport_.ZoomToBox(zoomBox_.press, released);
+      changed = viewport_.ZoomToBox(pressed, released);
     if (changed)
       RecomputeAndRedraw();
     else
-      EraseZoomBox();
+      zoomBox_.Erase();
   });
+}
+
+void frmMap::wheelEvent(QWheelEvent* event) {
+  dialogs::Guarded([&] { input_.Wheel(*event); });
+  event->accept();
+}
+
+void frmMap::keyPressEvent(QKeyEvent* event) {
+  bool handled = false;
+  dialogs::Guarded([&] { handled = input_.KeyPress(*event); });
+  event->setAccepted(handled);
+}
+
+void frmMap::focusOutEvent(QFocusEvent* event) {
+  dialogs::Guarded([&] {
+    if (zoomBox_.Sized())
+      zoomBox_.Cancel();
+  });
+  QWidget::focusOutEvent(event);
 }
 
 TwipPosition frmMap::Limited(TwipPosition at) const {

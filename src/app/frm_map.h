@@ -1,10 +1,12 @@
-// The map window: shows the picture of the last redraw; the mouse changes the view.
+// The map window: shows the picture of the last redraw; mouse, wheel and keyboard change the view.
 #pragma once
 
 #include <QColor>
 #include <QImage>
 #include <QWidget>
 
+#include "app/map_input.h"
+#include "app/zoom_box.h"
 #include "map/draw_map.h"
 #include "paint/prepared_pictures.h"
 
@@ -38,7 +40,7 @@ class frmMap final : public QWidget {
   void PositionChanged(const QString& lonText, const QString& latText);
   /// The view was computed again and has these spans.
   void ExtentChanged(const QString& extentText);
-  /// The right button was pressed at this screen position.
+  /// The right button was pressed at this screen position, or the Menu key.
   void PopupRequested(const QPoint& globalPosition);
 
  protected:
@@ -47,23 +49,16 @@ class frmMap final : public QWidget {
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
 
  private:
-  /// The corner follows the mouse only over the map, so it may differ from where the button is released.
-  struct ZoomBox {
-    bool active = false;
-    bool drawn = false;  ///< the box is on the picture
-    TwipPosition press{};
-    TwipPosition corner{};  ///< opposite corner, limited to the drawing area
-  };
-
   void UpdateAppearance();
   void PreparePicture();
   template <typename Draw>
   void DrawOnPicture(const Draw& draw);
-  void InvertZoomBox();
-  void EraseZoomBox();
-  void MoveZoomBox(TwipPosition at);
+  void InvertBox(TwipPosition corner1, TwipPosition corner2);
   void ShowPosition(TwipPosition at);
   TwipPosition Limited(TwipPosition at) const;
 
@@ -74,7 +69,9 @@ class frmMap final : public QWidget {
   paint::PreparedPictures prepared_;
   map::Surface* observer_ = nullptr;
   int draws_ = 0;
+  /// Its corner follows the mouse only over the map, so it may differ from where the button is released.
   ZoomBox zoomBox_;
+  MapInput input_;
 };
 
 }  // namespace zerbal::app

@@ -142,6 +142,7 @@ void RunningProgram::ShowWindows() {
   splash_.reset();
   mainWindow_->show();
   mainWindow_->MapWindow().show();
+  mainWindow_->MapWindow().setFocus();
 }
 
 void RunningProgram::ShutDown() {

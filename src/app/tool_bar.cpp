@@ -4,6 +4,7 @@
 #include <QToolButton>
 
 #include "app/flow_layout.h"
+#include "app/menu_key.h"
 #include "app/svg_icon.h"
 #include "dialogs/guarded.h"
 
@@ -87,21 +88,28 @@ void ToolBar::resizeEvent(QResizeEvent* event) {
 }
 
 bool ToolBar::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() != QEvent::MouseButtonRelease)
-    return false;
-  const auto* release = static_cast<QMouseEvent*>(event);
   const auto* box = static_cast<QWidget*>(watched);
-  if (release->button() != Qt::RightButton || !box->rect().contains(release->position().toPoint()))
+  if (event->type() == QEvent::KeyPress) {
+    if (!IsMenuKey(*static_cast<QKeyEvent*>(event)))
+      return false;
+  } else if (event->type() == QEvent::MouseButtonRelease) {
+    const auto* release = static_cast<QMouseEvent*>(event);
+    if (release->button() != Qt::RightButton || !box->rect().contains(release->position().toPoint()))
+      return false;
+  } else {
     return false;
-  dialogs::Guarded([&] {
-    for (const MenuDescription& menu : MenuTable()) {
-      for (const Command& command : menu.commands) {
-        if (command.rightClick != nullptr && watched->objectName() == command.rightClick)
-          run_(command, 0);
-      }
-    }
-  });
+  }
+  dialogs::Guarded([&] { RunRightClick(box->objectName()); });
   return true;
+}
+
+void ToolBar::RunRightClick(const QString& box) {
+  for (const MenuDescription& menu : MenuTable()) {
+    for (const Command& command : menu.commands) {
+      if (command.rightClick != nullptr && box == command.rightClick)
+        run_(command, 0);
+    }
+  }
 }
 
 }  // namespace zerbal::app

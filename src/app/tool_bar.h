@@ -29,6 +29,8 @@ class ToolBar final : public QFrame {
  private:
   void AddButton(const Command& command);
   QCheckBox* AddLayerBox(const Command& command);
+  /// What the right button, or the Menu key, does on this check box.
+  void RunRightClick(const QString& box);
 
   RunCommand run_;
   std::vector<std::pair<QCheckBox*, bool data::DisplayOptions::*>> layerBoxes_;
