@@ -25,15 +25,28 @@ constexpr std::array kFile = {
     Command{"mnuFileMapSett", "&Map settings...", DialogKind::kMapSettings},
     Command{"mnuFileColoSett", "&Color settings...", DialogKind::kColourSettings},
     kSeparator,
-    Command{"mnuFileQuit", "&Quit", &Commands::Quit},
+    Command{.name = "mnuFileQuit", .caption = "&Quit", .action = &Commands::Quit, .keys = "Ctrl+Q"},
 };
 
+constexpr Command ZoomCommand(const char* name, const char* caption, void (Commands::*operation)(),
+                              const char* button, const char* picture, const char* keys = "") {
+  return {.name = name,
+          .caption = caption,
+          .action = operation,
+          .button = button,
+          .picture = picture,
+          .keys = keys};
+}
+
 constexpr std::array kZoom = {
-    Command{"mnuZoomIn", "Zoom in", &Commands::ZoomIn, "cmdZoomIn", ":/app/zoom_in.svg"},
-    Command{"mnuZoomIn2", "Zoom in (more)", &Commands::ZoomInMore, "cmdZoomIn2", ":/app/zoom_in_2.svg"},
-    Command{"mnuZoomReset", "Reset zoom", &Commands::ZoomReset, "cmdZoomReset", ":/app/zoom_reset.svg"},
-    Command{"mnuZoomOut2", "Zoom out (more)", &Commands::ZoomOutMore, "cmdZoomOut2", ":/app/zoom_out_2.svg"},
-    Command{"mnuZoomOut", "Zoom out", &Commands::ZoomOut, "cmdZoomOut", ":/app/zoom_out.svg"},
+    ZoomCommand("mnuZoomIn", "Zoom in", &Commands::ZoomIn, "cmdZoomIn", ":/app/zoom_in.svg",
+                "Ctrl++; Ctrl+="),
+    ZoomCommand("mnuZoomIn2", "Zoom in (more)", &Commands::ZoomInMore, "cmdZoomIn2", ":/app/zoom_in_2.svg"),
+    ZoomCommand("mnuZoomReset", "Reset zoom", &Commands::ZoomReset, "cmdZoomReset", ":/app/zoom_reset.svg",
+                "Ctrl+0"),
+    ZoomCommand("mnuZoomOut2", "Zoom out (more)", &Commands::ZoomOutMore, "cmdZoomOut2",
+                ":/app/zoom_out_2.svg"),
+    ZoomCommand("mnuZoomOut", "Zoom out", &Commands::ZoomOut, "cmdZoomOut", ":/app/zoom_out.svg", "Ctrl+-"),
 };
 
 constexpr std::array kViews = {
@@ -55,7 +68,7 @@ constexpr std::array kViews = {
 constexpr std::array kRegion = {
     Command{"mnuRegWorld", "World", &Commands::ShowRegion},
 };
-constexpr Command kRegionPart{"mnuRegPart", "", &Commands::ShowRegion};
+constexpr Command kRegionPart{.name = "mnuRegPart", .action = &Commands::ShowRegion, .keys = "Ctrl+%1"};
 
 constexpr std::array kFlights = {
     OptionEntry("mnuFlitAprt", "Show airports", &DisplayOptions::flightAirports, settings::kShowAirports),
@@ -82,7 +95,10 @@ constexpr Command kFlightService{"mnuFlitFSrv", "", &Commands::ToggleService};
 
 constexpr std::array kHelp = {
     Command{"mnuHelpRev", "&Revision number...", DialogKind::kHelpRevision},
-    Command{"mnuHelpMous", "&Using the mouse...", DialogKind::kHelpMouse},
+    Command{.name = "mnuHelpMous",
+            .caption = "&Using the mouse...",
+            .action = DialogKind::kHelpMouse,
+            .keys = "F1"},
     Command{"mnuHelpInfo", "&Info...", DialogKind::kHelpInfo},
 };
 

@@ -26,8 +26,11 @@ struct Command {
   Action action;
   const char* button = nullptr;   ///< object name of its control on the tool bar: a check box for an option
   const char* picture = nullptr;  ///< the button's picture, a resource
-  const char* rightClick = nullptr;  ///< the check box of the tool bar whose right button runs the command
+  const char* rightClick = nullptr;  ///< the check box of the tool bar whose right button or Menu key runs it
   const settings::SwitchSetting* setting = nullptr;  ///< the option's
+  /// Shortcuts, separated by "; ". The menu shows the first. That of an indexed entry ends in "%1": the
+  /// index, up to 9.
+  const char* keys = "";
 
   /// The option that the command switches and its check mark shows; nullptr for other commands.
   bool data::DisplayOptions::*Option() const {

@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QScreen>
+#include <QShortcut>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -76,6 +77,8 @@ frmMain::frmMain(SettingsFile& settingsFile, MapState& state, const Delimitation
   setCentralWidget(inside);
   picStat_ = new StatusBar(this);
   setStatusBar(picStat_);
+  dialogs::ConnectGuarded(new QShortcut(Qt::Key_F11, this), &QShortcut::activated, this,
+                          &frmMain::ToggleFullScreen);
   PlaceAsDesigned();
 }
 
@@ -92,7 +95,17 @@ void frmMain::PlaceAsDesigned() {
   move(placement.topLeft());
 }
 
+void frmMain::ToggleFullScreen() {
+  if (isFullScreen())
+    beforeFullScreen_.reset();
+  else
+    beforeFullScreen_ = CurrentPlacement();
+  setWindowState(windowState() ^ Qt::WindowFullScreen);
+}
+
 FramePlacement frmMain::CurrentPlacement() const {
+  if (isFullScreen() && beforeFullScreen_)
+    return *beforeFullScreen_;
   // A minimised window may be maximised too; it is when it is restored.
   const FrameState state = isMinimized()   ? FrameState::kMinimised
                            : isMaximized() ? FrameState::kMaximised
@@ -117,7 +130,7 @@ void frmMain::Place(const FramePlacement& placement) {
 
 FramePlacement frmMain::PlacementToSave() const {
   FramePlacement placement = CurrentPlacement();
-  if (size() == shownSize_) {
+  if (QSize(placement.width, placement.height) == shownSize_) {
     placement.width = std::max(placement.width, storedSize_.width());
     placement.height = std::max(placement.height, storedSize_.height());
   }

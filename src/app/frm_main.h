@@ -49,11 +49,13 @@ class frmMain final : public QMainWindow {
  private:
   class Client;
 
+  /// That of a full screen is the one before.
   FramePlacement CurrentPlacement() const;
   /// The current placement. While the user has not changed the size, a stored side that was too long to be
   /// shown is kept.
   FramePlacement PlacementToSave() const;
   void PlaceAsDesigned();
+  void ToggleFullScreen();
   void Place(const FramePlacement& placement);
   void LoadSettings();
   void DisableOption(const char* entry, bool data::DisplayOptions::*option);
@@ -68,7 +70,8 @@ class frmMain final : public QMainWindow {
   std::optional<data::Databases>& databases_;
   Dialogs& dialogs_;
   QSize storedSize_;
-  QSize shownSize_;  ///< the size that it resulted in
+  QSize shownSize_;                                 ///< the size that it resulted in
+  std::optional<FramePlacement> beforeFullScreen_;  ///< while F11 shows a full screen
   ToolBar* picTool_;
   StatusBar* picStat_;
   Client* client_;

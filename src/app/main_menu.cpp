@@ -22,6 +22,11 @@ QString Caption(const std::string& text) {
   return QString::fromStdString(text).replace('&', "&&");
 }
 
+QList<QKeySequence> Shortcuts(const QString& keys) {
+  // Of an empty text Qt would make a list of one empty sequence.
+  return keys.isEmpty() ? QList<QKeySequence>() : QKeySequence::listFromString(keys);
+}
+
 }  // namespace
 
 MainMenu::MainMenu(QMenuBar& bar, QWidget& owner, RunCommand run) : owner_(owner), run_(std::move(run)) {
@@ -47,6 +52,8 @@ void MainMenu::Build(const MenuDescription& description, QMenu& menu, bool twin)
       continue;
     }
     QAction* entry = AddEntry(menu, nameOf(command), command.caption, command);
+    if (!twin)
+      entry->setShortcuts(Shortcuts(command.keys));
     if (command.Option() != nullptr) {
       entry->setCheckable(true);
       options_.push_back({entry, command.Option()});
@@ -86,8 +93,12 @@ void MainMenu::AddRegions(const data::RegionTable& regions) {
   line->setSeparator(true);
   line->setVisible(regions.RegionCount() > 0);
   regionMenu_.menu->addAction(line);
-  for (int i = 1; i <= regions.RegionCount(); ++i)
-    AddIndexed(regionMenu_, i, regions.rows[static_cast<std::size_t>(i)].name);
+  constexpr int kLastKey = 9;
+  for (int i = 1; i <= regions.RegionCount(); ++i) {
+    QAction* entry = AddIndexed(regionMenu_, i, regions.rows[static_cast<std::size_t>(i)].name);
+    if (i <= kLastKey)
+      entry->setShortcuts(Shortcuts(QString(regionMenu_.command->keys).arg(i)));
+  }
 }
 
 void MainMenu::AddServices(const data::FlightServiceTable& services) {

@@ -47,6 +47,7 @@ class MainMenu {
     QString array;
   };
 
+  /// Entries of the menu bar have the shortcuts of their commands, their twins have none.
   void Build(const MenuDescription& description, QMenu& menu, bool twin);
   QAction* AddEntry(QMenu& menu, const QString& name, const QString& caption, const Command& command,
                     int index = 0);
