@@ -35,9 +35,10 @@ MapInput::MapInput(map::Viewport& viewport, const data::RegionTable& regions, Zo
 
 void MapInput::Wheel(const QWheelEvent& event) {
   const TwipPosition place = ToTwipPosition(event.position().x(), event.position().y());
-  if (zoomBox_.Dragged() || !viewport_.HasArea() || !viewport_.IsOnMap(place))
+  const int turned = event.angleDelta().y();  // a horizontal wheel turns none of it
+  if (turned == 0 || zoomBox_.Dragged() || !viewport_.HasArea() || !viewport_.IsOnMap(place))
     return;
-  steps_.Add(event.angleDelta().y(), event.modifiers().testFlag(Qt::ControlModifier), place);
+  steps_.Add(turned, event.modifiers().testFlag(Qt::ControlModifier), place);
   wheel_.start();
 }
 
@@ -75,6 +76,13 @@ bool MapInput::KeyPress(const QKeyEvent& event) {
     ArrowKey(direction, shift);
     return true;
   }
+  const bool enter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+  if (plain && enter) {
+    // Held down, it would open a box and zoom to it again and again.
+    if (!event.isAutoRepeat())
+      zoomBox_.Sized() ? ZoomToBox() : OpenBox();
+    return true;
+  }
   return plain && ViewKey(event.key());
 }
 
@@ -103,10 +111,6 @@ bool MapInput::ViewKey(int key) {
       return true;
     case Qt::Key_Home:
       Changed(viewport_.SelectRegion(regions_.rows.at(0)));
-      return true;
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-      zoomBox_.Sized() ? ZoomToBox() : OpenBox();
       return true;
     default:
       return false;

@@ -9,37 +9,6 @@
 namespace zerbal::app {
 namespace {
 
-using Steps = std::vector<std::tuple<int, bool, float>>;
-
-Steps Taken(WheelSteps& wheel) {
-  Steps steps;
-  for (const WheelSteps::Step& step : wheel.Take())
-    steps.emplace_back(step.notches, step.big, step.place.x);
-  return steps;
-}
-
-TEST(WheelSteps, PartsOfNotchesAddUp) {
-  WheelSteps wheel;
-  for (const int part : {50, 50, 19})
-    wheel.Add(part, false, {1, 1});
-  EXPECT_EQ(Taken(wheel), Steps{});
-  wheel.Add(1, false, {2, 2});
-  wheel.Add(300, true, {3, 3});
-  wheel.Add(59, false, {4, 4});
-  EXPECT_EQ(Taken(wheel), (Steps{{1, false, 2}, {2, true, 3}}));
-  wheel.Add(1, false, {5, 5});
-  EXPECT_EQ(Taken(wheel), (Steps{{1, false, 5}}));
-}
-
-TEST(WheelSteps, ATurnBackDropsTheStartedNotch) {
-  WheelSteps wheel;
-  wheel.Add(119, false, {});
-  wheel.Add(-119, false, {});
-  EXPECT_EQ(Taken(wheel), Steps{});
-  wheel.Add(-1, false, {});
-  EXPECT_EQ(Taken(wheel), (Steps{{-1, false, 0}}));
-}
-
 /// The map is 700 x 360 logical pixels and shows 60 x 30 degrees or, after World(), 350 x 180.
 class MapInputTest : public test::RunningTest {
  protected:
@@ -140,6 +109,16 @@ TEST_F(MapInputTest, NotchesOfATouchPadAddUp) {
   EXPECT_EQ(NewDraws(), 0);
   Turn({350, 180}, 10);
   EXPECT_EQ(NewDraws(), 1);
+}
+
+TEST_F(MapInputTest, AHorizontalWheelDoesNothing) {
+  Turn({350, 180}, -60);
+  QWheelEvent sideways(QPointF(350, 180), Map().mapToGlobal(QPointF(350, 180)), {}, {120, 0}, {}, {},
+                       Qt::NoScrollPhase, false);
+  QApplication::sendEvent(&Map(), &sideways);
+  EXPECT_EQ(NewDraws(), 0);
+  Turn({350, 180}, -60);
+  EXPECT_EQ(NewDraws(), 1) << "the started notch goes on";
 }
 
 TEST_F(MapInputTest, TheWheelHasTheLimitsOfTheZoom) {
@@ -271,6 +250,16 @@ TEST_F(MapInputTest, ABoxOfTheKeysStaysBetweenTheSmallestAndTheWholeMap) {
     DrawsOfKey(Qt::Key_Down, Qt::ShiftModifier);
   }
   EXPECT_EQ(Boxes().back()[2] - Boxes().back()[0], 525 - 1) << "both corners are rounded";
+}
+
+TEST_F(MapInputTest, EnterHeldDownOpensOneBox) {
+  DrawsOfKey(Qt::Key_Return);
+  for (int i = 0; i < 3; ++i) {
+    QKeyEvent again(QEvent::KeyPress, Qt::Key_Return, {}, "\r", true);
+    QApplication::sendEvent(&Map(), &again);
+  }
+  EXPECT_EQ(NewDraws(), 0);
+  EXPECT_EQ(Boxes().size(), 1U);
 }
 
 TEST_F(MapInputTest, EscapeRemovesTheBoxOfTheKeys) {

@@ -3,9 +3,13 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
+#include <QHelpEvent>
+#include <QKeySequence>
 #include <QMouseEvent>
 #include <QPointer>
 #include <QScrollBar>
+#include <QTest>
+#include <QWheelEvent>
 #include <numeric>
 
 #include "controls.h"
@@ -24,10 +28,19 @@ Qt::MouseButtons ButtonsOf(const QString& word) {
   throw SyntaxError(QString("'%1' is not a mouse button").arg(word));
 }
 
-void SendToMap(Context& context, QEvent::Type type, double x, double y, Qt::MouseButton button) {
+app::frmMap& ReachableMap(Context& context) {
   app::frmMap& window = context.program.MapWindow();
   RequireReachable(&window, "frmMap");
-  const QPointF at(x / kTwipsPerPixel, y / kTwipsPerPixel);
+  return window;
+}
+
+QPointF Pixels(double x, double y) {
+  return {x / kTwipsPerPixel, y / kTwipsPerPixel};
+}
+
+void SendToMap(Context& context, QEvent::Type type, double x, double y, Qt::MouseButton button) {
+  app::frmMap& window = ReachableMap(context);
+  const QPointF at = Pixels(x, y);
   QMouseEvent event(type, at, window.mapToGlobal(at), button, context.heldButtons, Qt::NoModifier);
   QApplication::sendEvent(&window, &event);
 }
@@ -142,6 +155,10 @@ void PressCommand(const Arguments& arguments, Context& context) {
   const Qt::MouseButtons buttons = ButtonsOf(arguments.Text(0));
   context.heldButtons |= buttons;
   const auto button = buttons.testFlag(Qt::LeftButton) ? Qt::LeftButton : Qt::RightButton;
+  if (app::frmMap& window = ReachableMap(context); window.focusPolicy() & Qt::ClickFocus) {
+    Activate(&window);
+    window.setFocus(Qt::MouseFocusReason);
+  }
   SendToMap(context, QEvent::MouseButtonPress, arguments.Number(1), arguments.Number(2), button);
 }
 
@@ -156,6 +173,36 @@ void ReleaseCommand(const Arguments& arguments, Context& context) {
     if (buttons.testFlag(button))
       SendToMap(context, QEvent::MouseButtonRelease, arguments.Number(1), arguments.Number(2), button);
   }
+}
+
+void WheelCommand(const Arguments& arguments, Context& context) {
+  if (arguments.Count() == 4 && arguments.Text(3) != "Ctrl")
+    throw SyntaxError(QString("'%1' is not a key that is held").arg(arguments.Text(3)));
+  constexpr double kNotch = 120;  // eighths of a degree
+  const QPoint turned(0, qRound(arguments.Number(2) * kNotch));
+  app::frmMap& window = ReachableMap(context);
+  const QPointF at = Pixels(arguments.Number(0), arguments.Number(1));
+  QWheelEvent event(at, window.mapToGlobal(at), {}, turned, context.heldButtons,
+                    arguments.Count() == 4 ? Qt::ControlModifier : Qt::NoModifier, Qt::NoScrollPhase, false);
+  QApplication::sendEvent(&window, &event);
+}
+
+void KeyCommand(const Arguments& arguments, Context& context) {
+  const auto sequence = QKeySequence::fromString(arguments.Text(0), QKeySequence::PortableText);
+  if (sequence.count() != 1 || sequence[0].key() == Qt::Key_unknown)
+    throw SyntaxError(QString("'%1' is not a key").arg(arguments.Text(0)));
+  PressSequence(&context.program.MainWindow(), sequence[0]);
+}
+
+void RestCommand(const Arguments& arguments, Context& context) {
+  SendToMap(context, QEvent::MouseMove, arguments.Number(0), arguments.Number(1), Qt::NoButton);
+  app::frmMap& window = ReachableMap(context);
+  const QPoint at = Pixels(arguments.Number(0), arguments.Number(1)).toPoint();
+  // Longer than any tool tip takes, by a timer of the window or by the event of the system.
+  constexpr int kRestMs = 800;
+  QTest::qWait(kRestMs);
+  QHelpEvent event(QEvent::ToolTip, at, window.mapToGlobal(at));
+  QApplication::sendEvent(&window, &event);
 }
 
 void StateCommand(const Arguments& arguments, Context& context) {

@@ -59,9 +59,40 @@ TEST_F(DriverTest, ADisabledButtonIgnoresTheClick) {
   EXPECT_NE(played.answers.find("frmSeleDest"), std::string::npos);
 }
 
+TEST_F(DriverTest, AKeyReachesTheControlThatHasTheFocus) {
+  const Played played = Run(
+      "start\nkey Shift+Tab\nget chkDest\nexpect {\"focus\": true, \"checked\": 0}\nkey Space\nget chkDest\n"
+      "expect {\"checked\": 1}\nkey Ctrl+Q\n");
+  EXPECT_EQ(played.status, 0) << played.reasons;
+}
+
+TEST_F(DriverTest, AKeyReachesTheOpenMenu) {
+  const Played played =
+      Run("start\nkey Menu\nkey Down\nkey Return\nget mnuFlitAprt\nexpect {\"checked\": 0}\nget mnuPop\n"
+          "expect {\"visible\": false}\n");
+  EXPECT_EQ(played.status, 0) << played.reasons;
+}
+
+TEST_F(DriverTest, TheWheelTurnsOverTheMap) {
+  const Played played =
+      Run("start\nmapsize 720 360\nwheel 5400 2700 1 Ctrl\nview\nexpect {\"MapScale\": 60}\nwheel 5400 2700 "
+          "0.25\n"
+          "draws\nexpect {\"draws\": 3}\n");
+  EXPECT_EQ(played.status, 0) << played.reasons;
+}
+
+TEST_F(DriverTest, TheRestingPointerShowsItsPosition) {
+  const Played played =
+      Run("start\nmapsize 720 360\nmenu mnuRegWorld\nrest 5400 2700\nget lblPosY\n"
+          "expect {\"caption\": \"N00\u00b0 00.00'\"}\nget frmMap\n");
+  EXPECT_EQ(played.status, 0) << played.reasons;
+  EXPECT_NE(played.answers.find("\"tip\":"), std::string::npos);
+}
+
 TEST_F(DriverTest, AnInvalidLineEndsWith2) {
   for (const char* line : {"dance", "menu", "menu a b", "mapsize 10 x", "expect {", "text a \"b", "random 1",
-                           "press middle 1 1", "state sideways"})
+                           "press middle 1 1", "state sideways", "wheel 1 1", "wheel 1 1 1 Shift",
+                           "key Nonsense", "key \"Ctrl+A, Ctrl+B\"", "rest 1"})
     EXPECT_EQ(StatusAfterStart(line), 2) << line;
 }
 

@@ -12,6 +12,7 @@
 #include <QMouseEvent>
 #include <QPointer>
 #include <QStyleOptionButton>
+#include <QTest>
 #include <algorithm>
 
 #include "failure.h"
@@ -127,6 +128,20 @@ void TypeKeys(QWidget* widget, const QString& text, bool escapes) {
     else
       PressKey(widget, {KeyCode(text[i]), text.mid(i, 1)});
   }
+}
+
+void PressSequence(QWidget* mainWindow, QKeyCombination keys) {
+  QWidget* target = QApplication::activePopupWidget();
+  if (!target) {
+    QWidget* modal = QApplication::activeModalWidget();
+    QWidget* window = modal ? modal : mainWindow;
+    Activate(window);
+    target = window->focusWidget() ? window->focusWidget() : window;
+  }
+  const QPointer<QWidget> alive = target;
+  QTest::keyPress(target, keys.key(), keys.keyboardModifiers());
+  if (alive)
+    QTest::keyRelease(target, keys.key(), keys.keyboardModifiers());
 }
 
 void Paste(QWidget* widget, const QString& text) {

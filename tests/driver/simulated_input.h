@@ -1,6 +1,7 @@
 // User input to controls, simulated with the events that mouse and keyboard cause.
 #pragma once
 
+#include <QKeyCombination>
 #include <QString>
 #include <QWidget>
 #include <vector>
@@ -20,6 +21,8 @@ void LeaveByTab(QWidget* widget);
 /// Types `text` into the control key by key. With `escapes`, \b \t \n \e mean Backspace, Tab, Enter and
 /// Escape.
 void TypeKeys(QWidget* widget, const QString& text, bool escapes);
+/// Presses and releases the keys on the control that has the focus in the active window; shortcuts take part.
+void PressSequence(QWidget* mainWindow, QKeyCombination keys);
 /// Puts `text` on the clipboard and pastes it. Throws Failure when the control is not a text box.
 void Paste(QWidget* widget, const QString& text);
 /// Chooses an entry of a drop-down list, and emits its signals even if it is the current entry. Throws
