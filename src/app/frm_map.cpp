@@ -1,5 +1,6 @@
 #include "app/frm_map.h"
 
+#include <QAccessible>
 #include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPainter>
@@ -7,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "app/accessible_map.h"
 #include "base/numbers.h"
 #include "dialogs/guarded.h"
 #include "map/position_text.h"
@@ -52,6 +54,7 @@ frmMap::frmMap(const map::MapScene& scene, map::Viewport& viewport, QWidget* par
       input_(viewport, scene.style.regions, zoomBox_) {
   setObjectName("frmMap");
   setAccessibleName(tr("Map"));
+  MakeMapAccessible();
   setMouseTracking(true);
   setFocusPolicy(Qt::StrongFocus);
   setAttribute(Qt::WA_OpaquePaintEvent);
@@ -79,6 +82,10 @@ void frmMap::Redraw() {
   DrawOnPicture([this](map::Surface& surface) { map::DrawMap(scene_, surface); });
   ++draws_;
   zoomBox_.ForgetPicture();
+  if (QAccessible::isActive()) {
+    QAccessibleEvent changed(this, QAccessible::DescriptionChanged);
+    QAccessible::updateAccessibility(&changed);
+  }
 }
 
 /// Gives the window the font and the background colour of the map.

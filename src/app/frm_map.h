@@ -8,6 +8,7 @@
 #include "app/map_input.h"
 #include "app/zoom_box.h"
 #include "map/draw_map.h"
+#include "map/view_description.h"
 #include "paint/prepared_pictures.h"
 
 namespace zerbal::app {
@@ -33,6 +34,8 @@ class frmMap final : public QWidget {
   /// A second surface that receives every operation, also those of the zoom box; null for none.
   void SetObserver(map::Surface* observer) { observer_ = observer; }
   QColor BackgroundColour() const { return background_; }
+  /// What the map shows, for assistive programs. Reads all that is shown.
+  QString Description() const { return QString::fromStdString(map::DescribeView(scene_)); }
   const QImage& Picture() const { return picture_; }
 
  signals:

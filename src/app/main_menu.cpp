@@ -30,6 +30,7 @@ QList<QKeySequence> Shortcuts(const QString& keys) {
 }  // namespace
 
 MainMenu::MainMenu(QMenuBar& bar, QWidget& owner, RunCommand run) : owner_(owner), run_(std::move(run)) {
+  bar.setAccessibleName("Menu bar");
   for (const MenuDescription& description : MenuTable()) {
     QMenu* menu = bar.addMenu(description.title);
     menu->setObjectName(description.name);

@@ -1,19 +1,25 @@
 #include "app/status_bar.h"
 
+#include <QLabel>
 #include <QPainter>
 
 namespace zerbal::app {
-namespace {
 
 /// A text that changes often. Its size is that of the longest text, so that other controls do not move. It is
 /// shortened by an ellipsis when the window is too narrow.
-class ReadOut final : public QLabel {
+class StatusBar::ReadOut final : public QLabel {
  public:
   ReadOut(const char* name, const QString& meaning, const QString& longest, QWidget* parent)
-      : QLabel(parent), longest_(longest) {
+      : QLabel(parent), meaning_(meaning), longest_(longest) {
     setObjectName(name);
     setAccessibleName(meaning);
     setTextFormat(Qt::PlainText);
+  }
+
+  /// Assistive programs read the name in place of the text.
+  void Show(const QString& shown) {
+    setText(shown);
+    setAccessibleName(meaning_ + ": " + shown);
   }
 
   QSize sizeHint() const override {
@@ -29,8 +35,11 @@ class ReadOut final : public QLabel {
 
  private:
   static constexpr int kPadding = 10;  // logical pixels to the right of the text
+  QString meaning_;
   QString longest_;
 };
+
+namespace {
 
 constexpr int kLeftMargin = 8;  // logical pixels; aligns the text with the first button's picture
 
@@ -38,12 +47,13 @@ constexpr int kLeftMargin = 8;  // logical pixels; aligns the text with the firs
 
 StatusBar::StatusBar(QWidget* parent) : QStatusBar(parent) {
   setObjectName("picStat");
+  setAccessibleName(tr("Status bar"));
   setContentsMargins(kLeftMargin, 0, 0, 0);
   lblPosY_ = new ReadOut("lblPosY", tr("Latitude"), QString::fromUtf8("N00° 00.00'"), this);
   lblPosX_ = new ReadOut("lblPosX", tr("Longitude"), QString::fromUtf8("W000° 00.00'"), this);
   lblMapSize_ = new ReadOut("lblMapSize", tr("Extent of the map"),
                             QString::fromUtf8("180.00° Latitude / 350.00° Longitude"), this);
-  for (QLabel* label : {lblPosY_, lblPosX_, lblMapSize_})
+  for (ReadOut* label : {lblPosY_, lblPosX_, lblMapSize_})
     addWidget(label);
 }
 
@@ -52,12 +62,12 @@ QSize StatusBar::minimumSizeHint() const {
 }
 
 void StatusBar::ShowPosition(const QString& lonText, const QString& latText) {
-  lblPosX_->setText(lonText);
-  lblPosY_->setText(latText);
+  lblPosX_->Show(lonText);
+  lblPosY_->Show(latText);
 }
 
 void StatusBar::ShowExtent(const QString& extentText) {
-  lblMapSize_->setText(extentText);
+  lblMapSize_->Show(extentText);
 }
 
 }  // namespace zerbal::app

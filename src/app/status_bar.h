@@ -1,7 +1,6 @@
 // The status bar: the position under the mouse and the extent of the view.
 #pragma once
 
-#include <QLabel>
 #include <QStatusBar>
 
 namespace zerbal::app {
@@ -19,9 +18,11 @@ class StatusBar final : public QStatusBar {
   void ShowExtent(const QString& extentText);
 
  private:
-  QLabel* lblPosX_;
-  QLabel* lblPosY_;
-  QLabel* lblMapSize_;
+  class ReadOut;
+
+  ReadOut* lblPosX_;
+  ReadOut* lblPosY_;
+  ReadOut* lblMapSize_;
 };
 
 }  // namespace zerbal::app

@@ -65,6 +65,7 @@ Shape* ColourSample::AddRow(const QString& shapeName, Shape::Kind kind, const QS
                             const QString& caption) {
   const int row = static_cast<int>(rows_.size());
   Shape* shape = NewShape(map_, shapeName, kind, {kFigureWidth, kFigureHeight});
+  shape->setAccessibleName(caption);
   QLabel* label = NewLabel(map_, labelName, caption);
   grid_->addWidget(shape, row, 0);
   grid_->addWidget(label, row, 1, 1, 2);
@@ -99,6 +100,8 @@ void ColourSample::AddAircraftRow() {
   wing->move(kLeft + 8, kMiddle - 7);
   tail->SetLineWidth(2);
   tail->move(kLeft, kMiddle - 3);
+  for (Shape* part : {fuselage, wing, tail})
+    part->setAccessibleName(CaptionOf(data::ColourCode::kAcSymb));
   QLabel* label = NewLabel(map_, "lblMapACSym", CaptionOf(data::ColourCode::kAcSymb));
   grid_->addWidget(figure, row, 0);
   grid_->addWidget(label, row, 1);

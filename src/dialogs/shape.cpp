@@ -18,6 +18,8 @@ Shape::Shape(QWidget* parent) : QWidget(parent) {
 
 void Shape::SetColour(const QColor& colour) {
   colour_ = colour;
+  setAccessibleDescription(
+      tr("red %1, green %2, blue %3").arg(colour.red()).arg(colour.green()).arg(colour.blue()));
   update();
 }
 

@@ -91,6 +91,10 @@ void DrawMap(const MapScene& scene, Surface& surface) {
   if (scene.options.centreOfMap)
     DrawCentreMark(scene.viewport, surface, colours[ColourCode::kCentre]);
   DrawBaseMap(scene, surface);
+  DrawAirportsAndFlights(scene, surface);
+}
+
+void DrawAirportsAndFlights(const MapScene& scene, Surface& surface) {
   Canvas canvas{scene.viewport, surface, MapFont(scene.viewport, scene.style.fonts)};
   DrawAirports(scene, canvas);
   Contained(scene, "flights", [&] {

@@ -32,6 +32,9 @@ struct MapScene {
 /// this function: it ends the step that fails and is logged, and the next step is drawn.
 void DrawMap(const MapScene& scene, Surface& surface);
 
+/// The last three of these steps.
+void DrawAirportsAndFlights(const MapScene& scene, Surface& surface);
+
 /// The font of airport labels and flight texts in the current mode.
 TextFont MapFont(const Viewport& viewport, const data::FontTable& fonts);
 

@@ -97,4 +97,7 @@ void DrawServiceFlights(Canvas& canvas, const MapScene& scene);
 /// black.
 void DrawSelectedFlights(Canvas& canvas, const MapScene& scene);
 
+/// The number of shown flights of which some of a leg is in view.
+int CountFlightsInView(const MapScene& scene);
+
 }  // namespace zerbal::map

@@ -142,27 +142,73 @@ data::Rgb ServiceColour(const data::FlightServiceTable& services, std::string_vi
   return colour;
 }
 
-}  // namespace
-
-void DrawServiceFlights(Canvas& canvas, const MapScene& scene) {
-  FlightPainter painter(canvas, scene);
+/// Calls `visit` with each flight that is shown and its colour.
+template <typename Visit>
+void VisitServiceFlights(const MapScene& scene, const Visit& visit) {
   for (const data::FlightService& service : scene.services)
     if (service.displayFlag)
       scene.databases.schedule.VisitFlights(service.key, [&](const data::FlightRow& row) {
-        painter.Draw(row.Read(), service.rgb);
+        visit(row.Read(), service.rgb);
         return true;
       });
 }
 
-void DrawSelectedFlights(Canvas& canvas, const MapScene& scene) {
-  FlightPainter painter(canvas, scene);
+template <typename Visit>
+void VisitSelectedFlights(const MapScene& scene, const Visit& visit) {
   for (const std::string& key : scene.flights.selectedFlights) {
     const std::optional<data::FlightRow> row = scene.databases.schedule.Find(key);
     if (!row)
       continue;
     const data::Flight& flight = row->Read();
-    painter.Draw(flight, ServiceColour(scene.services, flight.service));
+    visit(flight, ServiceColour(scene.services, flight.service));
   }
+}
+
+/// Counts what would be drawn.
+class LineCounter final : public Surface {
+ public:
+  int Lines() const { return lines_; }
+
+  void BeginLayer(Layer) override {}
+  void Clear(data::Rgb) override {}
+  void Polyline(std::span<const TwipPoint>, const Pen&) override { ++lines_; }
+  void Rectangle(TwipPoint, TwipPoint, const Pen&) override {}
+  void Circle(TwipPoint, std::int32_t, data::Rgb, bool) override {}
+  void Text(TwipPoint, std::string_view, data::Rgb, const TextFont&) override {}
+
+ private:
+  int lines_ = 0;
+};
+
+}  // namespace
+
+void DrawServiceFlights(Canvas& canvas, const MapScene& scene) {
+  FlightPainter painter(canvas, scene);
+  VisitServiceFlights(scene,
+                      [&](const data::Flight& flight, data::Rgb colour) { painter.Draw(flight, colour); });
+}
+
+void DrawSelectedFlights(Canvas& canvas, const MapScene& scene) {
+  FlightPainter painter(canvas, scene);
+  VisitSelectedFlights(scene,
+                       [&](const data::Flight& flight, data::Rgb colour) { painter.Draw(flight, colour); });
+}
+
+int CountFlightsInView(const MapScene& scene) {
+  LineCounter counter;
+  Canvas canvas{scene.viewport, counter, {}};
+  FlightPainter painter(canvas, scene);
+  int flights = 0;
+  const auto count = [&](const data::Flight& flight, data::Rgb colour) {
+    const int before = counter.Lines();
+    painter.Draw(flight, colour);
+    flights += counter.Lines() > before ? 1 : 0;
+  };
+  if (scene.flights.serviceMode)
+    VisitServiceFlights(scene, count);
+  else
+    VisitSelectedFlights(scene, count);
+  return flights;
 }
 
 }  // namespace zerbal::map
