@@ -123,10 +123,20 @@ void frmMap::DrawOnPicture(const Draw& draw) {
   update();
 }
 
+void frmMap::AdaptToScreen() {
+  if (!picture_.isNull() && picture_.devicePixelRatio() != devicePixelRatioF())
+    Redraw();
+}
+
+bool frmMap::event(QEvent* event) {
+  if (event->type() == QEvent::ScreenChangeInternal)
+    dialogs::Guarded([this] { AdaptToScreen(); });
+  return QWidget::event(event);
+}
+
 void frmMap::paintEvent(QPaintEvent* event) {
   dialogs::Guarded([&] {
-    if (!picture_.isNull() && picture_.devicePixelRatio() != devicePixelRatioF())
-      Redraw();  // the window moved to a screen of another resolution
+    AdaptToScreen();
     QPainter painter(this);
     const double ratio = devicePixelRatioF();
     if (picture_.width() < std::floor(width() * ratio) || picture_.height() < std::floor(height() * ratio))

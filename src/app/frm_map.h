@@ -47,6 +47,7 @@ class frmMap final : public QWidget {
   void PopupRequested(const QPoint& globalPosition);
 
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
@@ -59,6 +60,8 @@ class frmMap final : public QWidget {
  private:
   void UpdateAppearance();
   void PreparePicture();
+  /// Redraws when the window is on a screen of another resolution than the picture.
+  void AdaptToScreen();
   template <typename Draw>
   void DrawOnPicture(const Draw& draw);
   void InvertBox(TwipPosition corner1, TwipPosition corner2);
