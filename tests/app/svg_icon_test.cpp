@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QPalette>
 #include <QSvgRenderer>
+#include <algorithm>
 #include <cmath>
 
 #include <gtest/gtest.h>
@@ -24,6 +25,29 @@ int PixelsLike(const QImage& image, QColor colour) {
     }
   }
   return count;
+}
+
+/// By the rule of the Web Content Accessibility Guidelines, from 1 to 21. Below 3 a figure is hard to see.
+double Contrast(QColor a, QColor b) {
+  const auto luminance = [](QColor colour) {
+    const auto linear = [](double c) {
+      return c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF());
+  };
+  const auto [dark, light] = std::minmax(luminance(a), luminance(b));
+  return (light + 0.05) / (dark + 0.05);
+}
+
+/// The lowest contrast of an opaque pixel with the background.
+double LowestContrast(const QImage& image, QColor background) {
+  double lowest = 21;
+  for (int y = 0; y < image.height(); ++y)
+    for (int x = 0; x < image.width(); ++x)
+      if (const QColor pixel = image.pixelColor(x, y); pixel.alpha() == 255)
+        lowest = std::min(lowest, Contrast(pixel, background));
+  return lowest;
 }
 
 class Pictures : public testing::Test {
@@ -59,6 +83,22 @@ TEST_F(Pictures, OfTheToolBarUseThePalette) {
     }
   }
   EXPECT_EQ(pictures, 8);
+}
+
+TEST_F(Pictures, OfTheToolBarAreVisibleOnLightAndDarkWindows) {
+  const std::pair<QColor, QColor> palettes[] = {{Qt::black, QColor(0xef, 0xef, 0xef)},
+                                                {QColor(0xe6, 0xe6, 0xe6), QColor(0x2b, 0x2b, 0x2b)}};
+  for (const MenuDescription& menu : MenuTable()) {
+    for (const Command& command : menu.commands) {
+      if (command.picture == nullptr)
+        continue;
+      for (const auto& [text, window] : palettes) {
+        SetTextColour(text);
+        EXPECT_GE(LowestContrast(SvgIcon(command.picture).pixmap(96, 96).toImage(), window), 3)
+            << command.picture << " on " << window.name().toStdString();
+      }
+    }
+  }
 }
 
 TEST_F(Pictures, AreSharpAtTwiceTheResolution) {
