@@ -48,6 +48,15 @@ struct PixelPosition {
   double y = 0;
 };
 
+/// Device pixels in 256ths, in the range that a line is drawn in: some hundred thousand pixels around the
+/// picture.
+struct FinePoint {
+  std::int32_t x = 0;
+  std::int32_t y = 0;
+  bool operator==(const FinePoint&) const = default;
+};
+inline constexpr std::int32_t kFinePerPixel = 256;
+
 /// In tables of points, a map longitude of exactly this ends a line. It is never a position.
 inline constexpr float kPenUpLon = -1.0F;
 
@@ -129,6 +138,9 @@ class PixelScale {
   /// The pixel that holds a point (floor). Exact up to 25000 logical pixels from the corner; never overflows.
   PixelPoint ToPixelPoint(TwipPoint point) const { return {Pixel(point.x), Pixel(point.y)}; }
   PixelPosition ToPixelPosition(TwipPoint point) const { return {Length(point.x), Length(point.y)}; }
+  /// In the same pixel as `ToPixelPoint`. For points at most `kFinestTwips` from the corner.
+  FinePoint ToFinePoint(TwipPoint point) const { return {Fine(point.x), Fine(point.y)}; }
+  static constexpr std::int32_t kFinestTwips = 1'900'000;
 
   /// Keeps its fraction.
   double Length(double twips) const { return twips * ratio_ / kTwipsPerPixel; }
@@ -147,6 +159,10 @@ class PixelScale {
 
   std::int32_t Pixel(std::int32_t twips) const {
     return static_cast<std::int32_t>((twips * step_ + kSlack) >> kBits);
+  }
+
+  std::int32_t Fine(std::int32_t twips) const {
+    return static_cast<std::int32_t>((twips * step_ + kSlack) >> (kBits - 8));
   }
 
   double ratio_;

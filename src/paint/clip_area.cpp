@@ -18,10 +18,9 @@ bool KeepInside(double p, double q, double& first, double& last) {
   return first <= last;
 }
 
-}  // namespace
-
-bool ClipArea::Clip(PixelPoint& from, PixelPoint& to) const {
-  if (right < left || bottom < top)
+template <typename Point>
+bool ClipLine(const ClipArea& area, Point& from, Point& to) {
+  if (area.right < area.left || area.bottom < area.top)
     return false;
   const double x = from.x;
   const double y = from.y;
@@ -29,18 +28,29 @@ bool ClipArea::Clip(PixelPoint& from, PixelPoint& to) const {
   const double dy = to.y - y;
   double first = 0;
   double last = 1;
-  if (!KeepInside(-dx, x - left, first, last) || !KeepInside(dx, right - x, first, last) ||
-      !KeepInside(-dy, y - top, first, last) || !KeepInside(dy, bottom - y, first, last))
+  if (!KeepInside(-dx, x - area.left, first, last) || !KeepInside(dx, area.right - x, first, last) ||
+      !KeepInside(-dy, y - area.top, first, last) || !KeepInside(dy, area.bottom - y, first, last))
     return false;
   const auto at = [&](double t) {
-    return PixelPoint{static_cast<std::int32_t>(std::clamp<double>(std::nearbyint(x + t * dx), left, right)),
-                      static_cast<std::int32_t>(std::clamp<double>(std::nearbyint(y + t * dy), top, bottom))};
+    return Point{
+        static_cast<std::int32_t>(std::clamp<double>(std::nearbyint(x + t * dx), area.left, area.right)),
+        static_cast<std::int32_t>(std::clamp<double>(std::nearbyint(y + t * dy), area.top, area.bottom))};
   };
   if (first > 0)
     from = at(first);
   if (last < 1)
     to = at(last);
   return true;
+}
+
+}  // namespace
+
+bool ClipArea::Clip(PixelPoint& from, PixelPoint& to) const {
+  return ClipLine(*this, from, to);
+}
+
+bool ClipArea::Clip(TwipPoint& from, TwipPoint& to) const {
+  return ClipLine(*this, from, to);
 }
 
 }  // namespace zerbal::paint

@@ -7,7 +7,7 @@
 
 namespace zerbal::paint {
 
-/// Pixels, all bounds inclusive.
+/// In the unit of the points, all bounds inclusive.
 struct ClipArea {
   std::int32_t left = 0;
   std::int32_t top = 0;
@@ -17,9 +17,10 @@ struct ClipArea {
   bool Holds(PixelPoint point) const {
     return point.x >= left && point.x <= right && point.y >= top && point.y <= bottom;
   }
-  /// Moves an end outside the area to the nearest pixel of the border. Returns false and changes nothing when
+  /// Moves an end outside the area to the nearest point of the border. Returns false and changes nothing when
   /// no part of the line is inside.
   bool Clip(PixelPoint& from, PixelPoint& to) const;
+  bool Clip(TwipPoint& from, TwipPoint& to) const;
 };
 
 }  // namespace zerbal::paint

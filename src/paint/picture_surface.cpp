@@ -11,12 +11,27 @@ namespace {
 /// Twips. Larger discs are not markers and are not kept as masks.
 constexpr std::int32_t kLargestMarker = 300;
 /// Twips. All strokes of symbols are shorter.
-constexpr double kLongestSmoothStroke = 600;
+constexpr double kLongestBar = 600;
+
+/// What can be drawn in 256ths of a pixel.
+constexpr ClipArea kFineArea{-PixelScale::kFinestTwips, -PixelScale::kFinestTwips, PixelScale::kFinestTwips,
+                             PixelScale::kFinestTwips};
+
+bool IsFine(TwipPoint point) {
+  constexpr auto kReach = static_cast<std::uint32_t>(PixelScale::kFinestTwips);
+  return static_cast<std::uint32_t>(point.x) + kReach <= 2 * kReach &&
+         static_cast<std::uint32_t>(point.y) + kReach <= 2 * kReach;
+}
 
 }  // namespace
 
 PictureSurface::PictureSurface(QImage& picture, double scale, PreparedPictures& prepared)
-    : picture_(picture), scale_(scale), prepared_(prepared), canvas_(picture) {}
+    : picture_(picture),
+      scale_(scale),
+      lineWidth_(scale_.LineWidth(1)),
+      prepared_(prepared),
+      run_(scale_, lineWidth_),
+      canvas_(picture) {}
 
 PictureSurface::~PictureSurface() = default;
 
@@ -47,34 +62,68 @@ void PictureSurface::Polyline(std::span<const TwipPoint> points, const map::Pen&
       Stroke(points[i - 1], points[i], pixel, pen.width);
     return;
   }
-  const int width = scale_.LineWidth(1);
-  PixelPoint from = scale_.ToPixelPoint(points.front());
-  bool drawn = false;
-  for (const TwipPoint& twips : points.subspan(1)) {
-    const PixelPoint to = scale_.ToPixelPoint(twips);
-    if (to == from)
-      continue;
-    canvas_.Line(from, to, pixel, width);
-    from = to;
-    drawn = true;
+  if (std::all_of(points.begin(), points.end(), IsFine))
+    ThinRun(points, pixel);
+  else
+    ThinParts(points, pixel);
+}
+
+void PictureSurface::ThinParts(std::span<const TwipPoint> points, std::uint32_t pixel) {
+  for (std::size_t i = 1; i < points.size(); ++i) {
+    TwipPoint ends[] = {points[i - 1], points[i]};
+    if (kFineArea.Clip(ends[0], ends[1]))
+      ThinRun(ends, pixel);
   }
-  if (!drawn)
-    canvas_.Line(from, from, pixel, width);
+}
+
+void PictureSurface::ThinRun(std::span<const TwipPoint> points, std::uint32_t pixel) {
+  const std::span<const FinePoint> corners = run_.Corners(points);
+  const auto drawCrisp = [&](FinePoint from, FinePoint to) {
+    const PixelPoint corner = run_.PixelOf({std::min(from.x, to.x), std::min(from.y, to.y)});
+    const PixelPoint last = run_.PixelOf({std::max(from.x, to.x), std::max(from.y, to.y)});
+    canvas_.Block(corner.x, corner.y, last.x - corner.x + lineWidth_, last.y - corner.y + lineWidth_, pixel);
+  };
+  if (corners.size() == 1)
+    drawCrisp(corners.front(), corners.front());
+  LineEnds ends;
+  int direction = corners.size() > 1 ? run_.DirectionAt(0) : LineRun::kCrisp;
+  for (std::size_t i = 1; i < corners.size(); ++i) {
+    const int next = i + 1 < corners.size() ? run_.DirectionAt(i) : LineRun::kCrisp;
+    ends = {ends.openTo, direction == next};
+    if (direction == LineRun::kCrisp)
+      drawCrisp(corners[i - 1], corners[i]);
+    else
+      canvas_.Line(corners[i - 1], corners[i], pixel, lineWidth_ * kFinePerPixel, ends);
+    direction = next;
+  }
+}
+
+PixelPosition PictureSurface::Middle(TwipPoint point) const {
+  const PixelPosition position = scale_.ToPixelPosition(point);
+  const double aside = (lineWidth_ - 1) / 2.0;
+  return {position.x + aside, position.y + aside};
 }
 
 void PictureSurface::Stroke(TwipPoint from, TwipPoint to, std::uint32_t pixel, int width) {
-  // Strokes along an axis have crisp edges anyway; the cost of smooth ones grows with the area around them.
-  const double length = std::hypot(static_cast<double>(from.x) - to.x, static_cast<double>(from.y) - to.y);
-  if (from.x == to.x || from.y == to.y || length > kLongestSmoothStroke) {
-    // A slanted line needs more pixels across to look as wide as a straight one.
-    const double reach =
-        std::max(std::abs(static_cast<double>(from.x) - to.x), std::abs(static_cast<double>(from.y) - to.y));
-    const double slant = reach > 0 ? length / reach : 1;
-    const int across = static_cast<int>(std::lround(scale_.LineWidth(width) * slant));
-    canvas_.Line(scale_.ToPixelPoint(from), scale_.ToPixelPoint(to), pixel, across);
+  // Strokes along an axis have crisp edges.
+  if (from.x == to.x || from.y == to.y) {
+    const int across = scale_.LineWidth(width);
+    const PixelPoint first = scale_.ToPixelPoint({std::min(from.x, to.x), std::min(from.y, to.y)});
+    const PixelPoint last = scale_.ToPixelPoint({std::max(from.x, to.x), std::max(from.y, to.y)});
+    const std::int64_t aside = (across - lineWidth_) / 2;
+    const bool flat = from.x != to.x;
+    const bool steep = from.y != to.y;
+    canvas_.Block(flat ? first.x : first.x - aside, steep ? first.y : first.y - aside,
+                  flat ? std::int64_t{last.x} - first.x + 1 : across,
+                  steep ? std::int64_t{last.y} - first.y + 1 : across, pixel);
     return;
   }
-  canvas_.SmoothLine(scale_.ToPixelPosition(from), scale_.ToPixelPosition(to), pixel, width * scale_.Ratio());
+  // The cost of a bar grows with the area around it.
+  if (std::hypot(static_cast<double>(from.x) - to.x, static_cast<double>(from.y) - to.y) <= kLongestBar)
+    canvas_.Bar(Middle(from), Middle(to), pixel, width * scale_.Ratio());
+  else if (kFineArea.Clip(from, to))
+    canvas_.Line(run_.Beside(from), run_.Beside(to), pixel,
+                 static_cast<std::int32_t>(std::max(width * scale_.Ratio(), 1.0) * kFinePerPixel));
 }
 
 void PictureSurface::Rectangle(TwipPoint corner1, TwipPoint corner2, const map::Pen& pen) {

@@ -5,6 +5,7 @@
 #include <QImage>
 #include <optional>
 
+#include "paint/line_run.h"
 #include "paint/painter_surface.h"
 #include "paint/pixel_canvas.h"
 #include "paint/prepared_pictures.h"
@@ -26,14 +27,21 @@ class PictureSurface final : public map::Surface {
   void Text(TwipPoint topLeft, std::string_view text, data::Rgb colour, const map::TextFont& font) override;
 
  private:
+  void ThinRun(std::span<const TwipPoint> points, std::uint32_t pixel);
+  /// Of a run with points far away.
+  void ThinParts(std::span<const TwipPoint> points, std::uint32_t pixel);
   /// A line wider than one logical pixel: part of a symbol.
   void Stroke(TwipPoint from, TwipPoint to, std::uint32_t pixel, int width);
+  /// The middle of a line of one logical pixel.
+  PixelPosition Middle(TwipPoint point) const;
   PainterSurface& Rest();
   GlyphSet& Glyphs(const map::TextFont& font);
 
   QImage& picture_;
   PixelScale scale_;
+  int lineWidth_;  ///< of one logical pixel
   PreparedPictures& prepared_;
+  LineRun run_;
   PixelCanvas canvas_;
   map::TextFont font_;  ///< of glyphs_
   GlyphSet* glyphs_ = nullptr;

@@ -2,16 +2,15 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 #include <span>
 
 namespace zerbal::paint {
 namespace {
 
 /// A bar with soft edges around a line, half a pixel longer at both ends.
-class Bar {
+class BarShape {
  public:
-  Bar(PixelPosition from, PixelPosition to, double width)
+  BarShape(PixelPosition from, PixelPosition to, double width)
       : middle_{(from.x + to.x) / 2, (from.y + to.y) / 2}, reachAside_(width / 2) {
     const double dx = to.x - from.x;
     const double dy = to.y - from.y;
@@ -75,10 +74,9 @@ class Bar {
 }  // namespace
 
 PixelCanvas::PixelCanvas(QImage& image)
-    : pixels_(reinterpret_cast<std::uint32_t*>(image.bits())),
-      stride_(image.bytesPerLine() / static_cast<qsizetype>(sizeof(std::uint32_t))),
-      width_(image.width()),
-      height_(image.height()) {
+    : grid_{reinterpret_cast<std::uint32_t*>(image.bits()),
+            image.bytesPerLine() / static_cast<qsizetype>(sizeof(std::uint32_t)), image.width(),
+            image.height()} {
   Q_ASSERT(image.isNull() || image.format() == QImage::Format_RGB32);
 }
 
@@ -88,55 +86,8 @@ std::uint32_t PixelCanvas::Pixel(data::Rgb colour) {
 
 void PixelCanvas::Fill(std::uint32_t pixel) {
   background_ = pixel;
-  for (int y = 0; y < height_; ++y)
-    std::fill_n(pixels_ + y * stride_, width_, pixel);
-}
-
-void PixelCanvas::ThinLine(PixelPoint from, PixelPoint to, std::uint32_t pixel) {
-  int length = std::abs(to.x - from.x);
-  int aside = std::abs(to.y - from.y);
-  const bool flat = length >= aside;
-  if (!flat)
-    std::swap(length, aside);
-  // Always rightwards or downwards, so that both directions of a line give the same pixels.
-  if (flat ? to.x < from.x : to.y < from.y)
-    std::swap(from, to);
-  const std::ptrdiff_t down = to.y < from.y ? -stride_ : stride_;
-  const std::ptrdiff_t right = to.x < from.x ? -1 : 1;
-  const std::ptrdiff_t along = flat ? right : down;
-  const std::ptrdiff_t across = flat ? down : right;
-  std::uint32_t* at = pixels_ + from.y * stride_ + from.x;
-  *at = pixel;
-  int error = 2 * aside - length;
-  for (int step = 0; step < length; ++step) {
-    const bool turn = error > 0;
-    at += turn ? along + across : along;
-    error += turn ? 2 * (aside - length) : 2 * aside;
-    *at = pixel;
-  }
-}
-
-void PixelCanvas::WideLine(PixelPoint from, PixelPoint to, std::uint32_t pixel, int width) {
-  const int dx = std::abs(to.x - from.x);
-  const int dy = std::abs(to.y - from.y);
-  if (dx == 0 && dy == 0) {
-    Block(from.x - (width - 1) / 2, from.y - (width - 1) / 2, width, width, pixel, false);
-    return;
-  }
-  for (int i = 0; i < width; ++i) {
-    const int aside = i - (width - 1) / 2;
-    const PixelPoint shift = dx >= dy ? PixelPoint{0, aside} : PixelPoint{aside, 0};
-    Line({from.x + shift.x, from.y + shift.y}, {to.x + shift.x, to.y + shift.y}, pixel, 1);
-  }
-}
-
-void PixelCanvas::Line(PixelPoint from, PixelPoint to, std::uint32_t pixel, int width) {
-  if (width <= 1) {
-    if ((Holds(from) && Holds(to)) || Area(0).Clip(from, to))
-      ThinLine(from, to, pixel);
-  } else if (Area(2 * width).Clip(from, to)) {
-    WideLine(from, to, pixel, width);
-  }
+  for (int y = 0; y < grid_.height; ++y)
+    std::fill_n(grid_.pixels + y * grid_.stride, grid_.width, pixel);
 }
 
 const Ink& PixelCanvas::InkOf(std::uint32_t pixel) {
@@ -150,16 +101,22 @@ const Ink& PixelCanvas::InkOf(std::uint32_t pixel) {
   return ink;
 }
 
-void PixelCanvas::SmoothLine(PixelPosition from, PixelPosition to, std::uint32_t pixel, double width) {
-  const Bar bar(from, to, width);
-  const Bar::Pixels around = bar.Within(width_, height_);
+const LineInk& PixelCanvas::LineInkOf(std::uint32_t pixel) {
+  if (!lineInk_.Is(background_, pixel))
+    lineInk_ = LineInk(background_, pixel);
+  return lineInk_;
+}
+
+void PixelCanvas::Bar(PixelPosition from, PixelPosition to, std::uint32_t pixel, double width) {
+  const BarShape bar(from, to, width);
+  const BarShape::Pixels around = bar.Within(grid_.width, grid_.height);
   if (around.right <= around.left)
     return;
   const Ink& ink = InkOf(pixel);
   coverage_.resize(static_cast<std::size_t>(around.right - around.left));
   for (int y = around.top; y < around.bottom; ++y) {
     bar.CoverRow(around.left, y, coverage_);
-    ink.Cover(pixels_ + y * stride_ + around.left, coverage_.data(), around.right - around.left);
+    ink.Cover(grid_.pixels + y * grid_.stride + around.left, coverage_.data(), around.right - around.left);
   }
 }
 
@@ -167,26 +124,26 @@ void PixelCanvas::Blend(const Mask& mask, PixelPoint place, std::uint32_t pixel)
   const std::int64_t left = std::int64_t{place.x} + mask.left;
   const std::int64_t top = std::int64_t{place.y} + mask.top;
   const auto firstColumn = static_cast<int>(std::clamp<std::int64_t>(-left, 0, mask.width));
-  const auto lastColumn = static_cast<int>(std::clamp<std::int64_t>(width_ - left, 0, mask.width));
+  const auto lastColumn = static_cast<int>(std::clamp<std::int64_t>(grid_.width - left, 0, mask.width));
   const auto firstRow = static_cast<int>(std::clamp<std::int64_t>(-top, 0, mask.height));
-  const auto lastRow = static_cast<int>(std::clamp<std::int64_t>(height_ - top, 0, mask.height));
+  const auto lastRow = static_cast<int>(std::clamp<std::int64_t>(grid_.height - top, 0, mask.height));
   if (lastColumn <= firstColumn)
     return;
   const Ink& ink = InkOf(pixel);
   const std::uint8_t* coverage = mask.coverage.data() + std::ptrdiff_t{firstRow} * mask.width + firstColumn;
-  std::uint32_t* at = pixels_ + (top + firstRow) * stride_ + left + firstColumn;
-  for (int row = firstRow; row < lastRow; ++row, coverage += mask.width, at += stride_)
+  std::uint32_t* at = grid_.pixels + (top + firstRow) * grid_.stride + left + firstColumn;
+  for (int row = firstRow; row < lastRow; ++row, coverage += mask.width, at += grid_.stride)
     ink.Cover(at, coverage, lastColumn - firstColumn);
 }
 
 void PixelCanvas::Block(std::int64_t x, std::int64_t y, std::int64_t width, std::int64_t height,
                         std::uint32_t pixel, bool invert) {
   const auto left = std::max<std::int64_t>(x, 0);
-  const auto right = std::min<std::int64_t>(x + width, width_);
+  const auto right = std::min<std::int64_t>(x + width, grid_.width);
   const auto top = std::max<std::int64_t>(y, 0);
-  const auto bottom = std::min<std::int64_t>(y + height, height_);
+  const auto bottom = std::min<std::int64_t>(y + height, grid_.height);
   for (std::int64_t row = top; row < bottom; ++row) {
-    std::uint32_t* line = pixels_ + row * stride_;
+    std::uint32_t* line = grid_.pixels + row * grid_.stride;
     for (std::int64_t column = left; column < right; ++column)
       line[column] = invert ? line[column] ^ (pixel & 0x00FFFFFFU) : pixel;
   }
@@ -204,7 +161,7 @@ void PixelCanvas::Rectangle(PixelPoint corner1, PixelPoint corner2, std::uint32_
     return from < -size ? from + (-size - from) / period * period : from;
   };
 
-  const std::int64_t pastRight = std::min<std::int64_t>(right + size, width_);
+  const std::int64_t pastRight = std::min<std::int64_t>(right + size, grid_.width);
   const auto horizontal = [&](std::int64_t y) {
     for (std::int64_t x = firstDot(left); x < pastRight; x += period)
       Block(x, y, std::min(size, right + size - x), size, pixel, dots.invert);
@@ -215,7 +172,7 @@ void PixelCanvas::Rectangle(PixelPoint corner1, PixelPoint corner2, std::uint32_
 
   // The sides fill the space between top and bottom; their dots are in phase with those at the corners.
   const std::int64_t sideTop = top + size;
-  const std::int64_t pastSide = std::min<std::int64_t>(bottom, height_);
+  const std::int64_t pastSide = std::min<std::int64_t>(bottom, grid_.height);
   const auto vertical = [&](std::int64_t x) {
     for (std::int64_t y = firstDot(top + period); y < pastSide; y += period) {
       const std::int64_t from = std::max(y, sideTop);

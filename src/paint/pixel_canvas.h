@@ -1,5 +1,5 @@
-// Draws directly into the pixels of a 32-bit picture: crisp lines, short bars with soft edges, masks, and
-// exclusive-or rectangles. Everything is clipped to the picture; coordinates may have any value.
+// Draws directly into the pixels of a 32-bit picture: lines, short bars, blocks, masks, and exclusive-or
+// rectangles. Everything is clipped to the picture.
 #pragma once
 
 #include <QImage>
@@ -9,8 +9,9 @@
 #include <vector>
 
 #include "map/surface.h"
-#include "paint/clip_area.h"
 #include "paint/ink.h"
+#include "paint/line_ink.h"
+#include "paint/smooth_line.h"
 
 namespace zerbal::paint {
 
@@ -22,13 +23,17 @@ class PixelCanvas {
   static std::uint32_t Pixel(data::Rgb colour);
 
   void Fill(std::uint32_t pixel);
-  /// Both ends included, no soft edges. `width` is measured along the axis across the line; the extra pixel
-  /// of an even width is right of or below the ends.
-  void Line(PixelPoint from, PixelPoint to, std::uint32_t pixel, int width);
-
+  /// Rows and columns of whole pixels; any value is possible.
+  void Block(std::int64_t x, std::int64_t y, std::int64_t width, std::int64_t height, std::uint32_t pixel) {
+    Block(x, y, width, height, pixel, false);
+  }
+  /// A line with soft edges between two positions of its middle, `width` in 256ths of a pixel.
+  void Line(FinePoint from, FinePoint to, std::uint32_t pixel, std::int32_t width, LineEnds ends = {}) {
+    DrawSmoothLine(grid_, from, to, width, LineInkOf(pixel), ends);
+  }
   /// A bar with soft edges, half a pixel longer than the line at both ends. For short lines: the cost grows
   /// with the area of the bounding box.
-  void SmoothLine(PixelPosition from, PixelPosition to, std::uint32_t pixel, double width);
+  void Bar(PixelPosition from, PixelPosition to, std::uint32_t pixel, double width);
   /// Blends a mask into the picture, its reference pixel at `place`.
   void Blend(const Mask& mask, PixelPoint place, std::uint32_t pixel);
 
@@ -42,24 +47,16 @@ class PixelCanvas {
   void Rectangle(PixelPoint corner1, PixelPoint corner2, std::uint32_t pixel, const Dots& dots);
 
  private:
-  bool Holds(PixelPoint point) const {
-    return static_cast<std::uint32_t>(point.x) < static_cast<std::uint32_t>(width_) &&
-           static_cast<std::uint32_t>(point.y) < static_cast<std::uint32_t>(height_);
-  }
-  ClipArea Area(int margin) const { return {-margin, -margin, width_ - 1 + margin, height_ - 1 + margin}; }
-  void ThinLine(PixelPoint from, PixelPoint to, std::uint32_t pixel);
-  void WideLine(PixelPoint from, PixelPoint to, std::uint32_t pixel, int width);
   void Block(std::int64_t x, std::int64_t y, std::int64_t width, std::int64_t height, std::uint32_t pixel,
              bool invert);
   const Ink& InkOf(std::uint32_t pixel);
+  const LineInk& LineInkOf(std::uint32_t pixel);
 
-  std::uint32_t* pixels_;
-  std::ptrdiff_t stride_;  ///< pixels from one row to the next
-  int width_;
-  int height_;
+  PixelGrid grid_;
   std::uint32_t background_ = 0;  ///< the last fill
   std::array<Ink, 4> inks_;  ///< the last ones used: airports, symbols and labels of a flight, and one more
   std::size_t nextInk_ = 0;
+  LineInk lineInk_;                     ///< the last one used
   std::vector<std::uint8_t> coverage_;  ///< of one row; the buffer is reused
 };
 

@@ -1,11 +1,16 @@
 #include "paint/picture_surface.h"
 
+#include <algorithm>
 #include <chrono>
+#include <cmath>
+#include <cstdlib>
+#include <vector>
 
 #include <gtest/gtest.h>
 
 #include "extremes.h"
 #include "support/pictures.h"
+#include "support/test_random.h"
 
 namespace zerbal::paint {
 namespace {
@@ -20,6 +25,7 @@ class PictureSurfaceTest : public testing::Test {
   QImage Drawn(int width, int height, double ratio, const Draw& draw) {
     QImage image = Blank(width, height);
     PictureSurface surface(image, ratio, prepared_);
+    surface.Clear({255, 255, 255});
     draw(surface);
     return image;
   }
@@ -28,6 +34,15 @@ class PictureSurfaceTest : public testing::Test {
 };
 
 using Rows = std::vector<std::string>;
+
+/// Of one component.
+int LargestDifference(const QImage& a, const QImage& b) {
+  int largest = 0;
+  for (int y = 0; y < a.height(); ++y)
+    for (int x = 0; x < a.width(); ++x)
+      largest = std::max(largest, std::abs(qGreen(a.pixel(x, y)) - qGreen(b.pixel(x, y))));
+  return largest;
+}
 
 TEST_F(PictureSurfaceTest, ClearFillsEverything) {
   const QImage image = Drawn(7, 3, 1, [](map::Surface& surface) { surface.Clear({1, 2, 3}); });
@@ -42,42 +57,155 @@ TEST_F(PictureSurfaceTest, LineIsOnePixelWideAndHasBothEnds) {
 }
 
 TEST_F(PictureSurfaceTest, LineHasSharpEdgesAtEveryRatio) {
-  for (const double ratio : {1.0, 1.5, 2.0}) {
-    const QImage image = Drawn(40, 40, ratio, [](map::Surface& surface) {
+  for (const double ratio : {1.0, 1.25, 1.5, 2.0, 3.0}) {
+    const QImage image = Drawn(60, 60, ratio, [](map::Surface& surface) {
       surface.Line({60, 60}, {240, 60}, kPen);
     });
     const int width = PixelScale(ratio).LineWidth(1);
     const int first = static_cast<int>(4 * ratio);
     const int last = static_cast<int>(16 * ratio);
-    EXPECT_EQ(InkBounds(image), QRect(first, first, last - first + 1, width)) << ratio;
+    EXPECT_EQ(InkBounds(image), QRect(first, first, last - first + width, width)) << ratio;
     for (int y = first; y < first + width; ++y)
-      for (int x = first; x <= last; ++x)
+      for (int x = first; x < last + width; ++x)
         EXPECT_EQ(image.pixel(x, y), qRgb(0, 0, 0)) << "no soft edge at " << ratio;
   }
 }
 
-TEST_F(PictureSurfaceTest, SlantedLineHasOnePixelPerStep) {
-  const QImage image = Drawn(8, 8, 1, [](map::Surface& surface) {
-    surface.Line({0, 0}, {7 * 15, 3 * 15}, kPen);
-  });
-  for (int x = 0; x < 8; ++x) {
-    int count = 0;
-    for (int y = 0; y < 8; ++y)
-      count += image.pixel(x, y) == qRgb(0, 0, 0) ? 1 : 0;
-    EXPECT_EQ(count, 1) << x;
+TEST_F(PictureSurfaceTest, ALineHasTheSameWeightAtEveryAngleAndRatio) {
+  for (const double ratio : {1.0, 1.25, 1.5, 2.0, 3.0}) {
+    const auto ink = [&](double angle, double length) {
+      return test::InkAmount(Drawn(400, 400, ratio, [&](map::Surface& surface) {
+        const auto along = [&](double part) { return static_cast<std::int32_t>(900 + 15 * length * part); };
+        surface.Line({903, 907}, {along(std::cos(angle)), along(std::sin(angle))}, kPen);
+      }));
+    };
+    for (double angle = 0; angle < 6.28; angle += 0.13) {
+      // Without the ends.
+      const double perPixel = (ink(angle, 55) - ink(angle, 15)) / (40 * ratio);
+      EXPECT_NEAR(perPixel, PixelScale(ratio).LineWidth(1), 0.03 * PixelScale(ratio).LineWidth(1))
+          << angle << " at " << ratio;
+    }
+  }
+}
+
+TEST_F(PictureSurfaceTest, LinesAreWhereTheMarkersAre) {
+  for (const double ratio : {1.0, 1.25, 1.5, 2.0, 3.0}) {
+    // The mean of the vertical middle over all the positions that a point can have in its pixel.
+    const auto middle = [&](const auto& draw) {
+      double sum = 0;
+      double weights = 0;
+      for (std::int32_t part = 0; part < 15; ++part) {
+        const QImage image = Drawn(120, 90, ratio, [&](map::Surface& surface) { draw(surface, 150 + part); });
+        for (int y = 0; y < image.height(); ++y) {
+          for (int x = 0; x < image.width(); ++x) {
+            sum += (255 - qGray(image.pixel(x, y))) * (y + 0.5);
+            weights += 255 - qGray(image.pixel(x, y));
+          }
+        }
+      }
+      return sum / weights;
+    };
+    const double line = middle([](map::Surface& surface, std::int32_t y) {
+      surface.Line({150, y - 40}, {400, y + 40}, kPen);
+    });
+    const double marker = middle([](map::Surface& surface, std::int32_t y) {
+      surface.Circle({150, y}, 20, kBlack, true);
+    });
+    EXPECT_NEAR(line, marker, 0.15) << ratio;
   }
 }
 
 TEST_F(PictureSurfaceTest, ALineAndItsReverseHaveTheSamePixels) {
-  for (const double ratio : {1.0, 2.0}) {
-    for (const TwipPoint to : {TwipPoint{750, 360}, TwipPoint{360, 750}, TwipPoint{75, 420},
-                               TwipPoint{630, 100}, TwipPoint{90, 30}}) {
-      const TwipPoint from{300, 270};
-      const auto there = [&](map::Surface& surface) { surface.Line(from, to, kPen); };
-      const auto back = [&](map::Surface& surface) { surface.Line(to, from, kPen); };
-      EXPECT_EQ(Drawn(110, 110, ratio, there), Drawn(110, 110, ratio, back)) << to.x << ", " << to.y;
+  test::TestRandom random(20260311);
+  for (const double ratio : {1.0, 1.25, 1.5, 2.0, 3.0}) {
+    for (const std::size_t size : {2U, 2U, 2U, 3U, 10U, 200U}) {
+      std::vector<TwipPoint> points;
+      for (std::size_t i = 0; i < size; ++i)
+        points.push_back(
+            {static_cast<std::int32_t>(random() % 900), static_cast<std::int32_t>(random() % 900)});
+      const auto there = [&](map::Surface& surface) { surface.Polyline(points, kPen); };
+      const QImage once = Drawn(190, 190, ratio, there);
+      std::reverse(points.begin(), points.end());
+      EXPECT_EQ(Drawn(190, 190, ratio, there), once) << ratio << " " << size;
     }
   }
+}
+
+TEST_F(PictureSurfaceTest, JointsDoNotShow) {
+  for (const double ratio : {1.0, 1.25, 1.5, 2.0, 3.0}) {
+    for (const TwipPoint to : {TwipPoint{1200, 300}, TwipPoint{1170, 1200}, TwipPoint{400, 1200},
+                               TwipPoint{1200, 1190}, TwipPoint{30, 1190}}) {
+      const TwipPoint from{100, 110};
+      const QImage whole =
+          Drawn(250, 250, ratio, [&](map::Surface& surface) { surface.Line(from, to, kPen); });
+      // Parts of 1.3 pixels, drawn one by one and as a run. Whole twips leave them beside the line by 1/30
+      // pixel at most.
+      const int count = static_cast<int>(std::hypot(to.x - from.x, to.y - from.y) / 20);
+      std::vector<TwipPoint> points;
+      for (int i = 0; i <= count; ++i)
+        points.push_back({from.x + (to.x - from.x) * i / count, from.y + (to.y - from.y) * i / count});
+      const QImage run =
+          Drawn(250, 250, ratio, [&](map::Surface& surface) { surface.Polyline(points, kPen); });
+      const QImage parts = Drawn(250, 250, ratio, [&](map::Surface& surface) {
+        for (std::size_t i = 1; i < points.size(); ++i)
+          surface.Line(points[i - 1], points[i], kPen);
+      });
+      EXPECT_LE(LargestDifference(run, whole), 0.1 * 255) << ratio << " " << to.x << " " << to.y;
+      EXPECT_LE(LargestDifference(parts, whole), 0.4 * 255) << ratio << " " << to.x << " " << to.y;
+      EXPECT_NEAR(test::InkAmount(parts), test::InkAmount(whole), 0.1 * test::InkAmount(whole));
+    }
+  }
+}
+
+TEST_F(PictureSurfaceTest, ClippingDoesNotMoveALine) {
+  test::TestRandom random(20260312);
+  const auto any = [&] { return static_cast<std::int32_t>(random() % 4000) - 2000; };
+  for (const double ratio : {1.0, 2.0}) {
+    for (int round = 0; round < 300; ++round) {
+      const TwipPoint from{any(), any()};
+      const TwipPoint to{any(), any()};
+      const map::Pen pen{.colour = kBlack, .width = round % 4 == 0 ? 3 : 1};
+      const QImage small = Drawn(50, 40, ratio, [&](map::Surface& surface) { surface.Line(from, to, pen); });
+      // 15 twips are `ratio` pixels.
+      const int aside = 150;
+      const TwipPoint shift{static_cast<std::int32_t>(aside * 15 / ratio),
+                            static_cast<std::int32_t>(aside * 15 / ratio)};
+      const QImage large = Drawn(350, 340, ratio, [&](map::Surface& surface) {
+        surface.Line({from.x + shift.x, from.y + shift.y}, {to.x + shift.x, to.y + shift.y}, pen);
+      });
+      ASSERT_EQ(small, large.copy(aside, aside, 50, 40))
+          << from.x << "," << from.y << " " << to.x << "," << to.y << " at " << ratio;
+    }
+  }
+}
+
+TEST_F(PictureSurfaceTest, ALineFromFarAwayStaysInPlace) {
+  const QImage near = Drawn(40, 40, 1, [](map::Surface& surface) {
+    surface.Line({-150'000, -150'000}, {150'300, 150'300}, kPen);
+  });
+  const QImage far = Drawn(40, 40, 1, [](map::Surface& surface) {
+    surface.Line({-1'500'000'000, -1'500'000'000}, {1'500'000'000, 1'500'000'000}, kPen);
+  });
+  EXPECT_LE(LargestDifference(near, far), 0.05 * 255);
+}
+
+TEST_F(PictureSurfaceTest, LinesOfTwoColoursBlendWhereTheyCross) {
+  const QImage image = Drawn(40, 40, 1, [](map::Surface& surface) {
+    surface.Line({0, 75}, {600, 525}, {.colour = {0, 0, 200}});
+    for (int i = 0; i < 20; ++i)
+      surface.Line({300, 0}, {310, 600}, {.colour = {220, 0, 0}});
+  });
+  for (int y = 0; y < 40; ++y) {
+    for (int x = 0; x < 40; ++x) {
+      // Between white, blue and red there is no green.
+      const QRgb pixel = image.pixel(x, y);
+      EXPECT_LE(qGreen(pixel), std::max(qRed(pixel), qBlue(pixel))) << x << ", " << y;
+    }
+  }
+  int red = 0;
+  for (int x = 15; x < 25; ++x)
+    red += image.pixel(x, 20) == qRgb(220, 0, 0) ? 1 : 0;
+  EXPECT_LE(red, 1) << "drawing again does not widen";
 }
 
 TEST_F(PictureSurfaceTest, RunIsDrawnWithoutGaps) {
@@ -164,6 +292,8 @@ TEST_F(PictureSurfaceTest, DrawingAgainKeepsSoftEdges) {
     surface.Circle({150, 150}, 30, {16, 48, 90}, true);
     surface.Text({300, 75}, "QAV 12", {200, 30, 120}, {"Liberation Sans", 8});
     surface.Line({150, 300}, {300, 370}, {.colour = kBlack, .width = 3});
+    surface.Line({600, 450}, {1000, 600}, {.colour = {90, 30, 10}});
+    surface.Line({1000, 600}, {600, 450}, {.colour = {90, 30, 10}});
   };
   const auto times = [&](int count) {
     return Drawn(80, 40, 1, [&](map::Surface& surface) {

@@ -73,7 +73,7 @@ TEST_F(FirstPicture, ShowsFlightsAndDestinationsOfTheFirstRegion) {
             std::string::npos)
       << ran.words;
   EXPECT_EQ(ran.picture.size(), QSize(1280, 900));
-  EXPECT_GT(PixelsOf(ran.picture, kNordicFlights), 500);
+  EXPECT_GT(PixelsOf(ran.picture, kNordicFlights), 200);
   EXPECT_GT(PixelsOf(ran.picture, kDestinations), 20);
   EXPECT_FALSE(fs::exists(folder / "data" / "zerbal.ini")) << "the settings of the next start";
 }
