@@ -10,9 +10,6 @@ namespace {
 
 /// Twips. Larger discs are not markers and are not kept as masks.
 constexpr std::int32_t kLargestMarker = 300;
-/// Twips. All strokes of symbols are shorter.
-constexpr double kLongestBar = 600;
-
 /// What can be drawn in 256ths of a pixel.
 constexpr ClipArea kFineArea{-PixelScale::kFinestTwips, -PixelScale::kFinestTwips, PixelScale::kFinestTwips,
                              PixelScale::kFinestTwips};
@@ -98,12 +95,6 @@ void PictureSurface::ThinRun(std::span<const TwipPoint> points, std::uint32_t pi
   }
 }
 
-PixelPosition PictureSurface::Middle(TwipPoint point) const {
-  const PixelPosition position = scale_.ToPixelPosition(point);
-  const double aside = (lineWidth_ - 1) / 2.0;
-  return {position.x + aside, position.y + aside};
-}
-
 void PictureSurface::Stroke(TwipPoint from, TwipPoint to, std::uint32_t pixel, int width) {
   // Strokes along an axis have crisp edges.
   if (from.x == to.x || from.y == to.y) {
@@ -118,12 +109,11 @@ void PictureSurface::Stroke(TwipPoint from, TwipPoint to, std::uint32_t pixel, i
                   steep ? std::int64_t{last.y} - first.y + 1 : across, pixel);
     return;
   }
-  // The cost of a bar grows with the area around it.
-  if (std::hypot(static_cast<double>(from.x) - to.x, static_cast<double>(from.y) - to.y) <= kLongestBar)
-    canvas_.Bar(Middle(from), Middle(to), pixel, width * scale_.Ratio());
-  else if (kFineArea.Clip(from, to))
-    canvas_.Line(run_.Beside(from), run_.Beside(to), pixel,
-                 static_cast<std::int32_t>(std::max(width * scale_.Ratio(), 1.0) * kFinePerPixel));
+  if (!kFineArea.Clip(from, to))
+    return;
+  const double across = std::max(width * scale_.Ratio(), 1.0);
+  canvas_.Line(run_.Beside(from), run_.Beside(to), pixel, static_cast<std::int32_t>(across * kFinePerPixel),
+               {.flat = true});
 }
 
 void PictureSurface::Rectangle(TwipPoint corner1, TwipPoint corner2, const map::Pen& pen) {

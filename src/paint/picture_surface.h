@@ -32,8 +32,6 @@ class PictureSurface final : public map::Surface {
   void ThinParts(std::span<const TwipPoint> points, std::uint32_t pixel);
   /// A line wider than one logical pixel: part of a symbol.
   void Stroke(TwipPoint from, TwipPoint to, std::uint32_t pixel, int width);
-  /// The middle of a line of one logical pixel.
-  PixelPosition Middle(TwipPoint point) const;
   PainterSurface& Rest();
   GlyphSet& Glyphs(const map::TextFont& font);
 

@@ -1,75 +1,22 @@
 #include "paint/pixel_canvas.h"
 
 #include <algorithm>
-#include <cmath>
-#include <span>
 
 namespace zerbal::paint {
 namespace {
 
-/// A bar with soft edges around a line, half a pixel longer at both ends.
-class BarShape {
- public:
-  BarShape(PixelPosition from, PixelPosition to, double width)
-      : middle_{(from.x + to.x) / 2, (from.y + to.y) / 2}, reachAside_(width / 2) {
-    const double dx = to.x - from.x;
-    const double dy = to.y - from.y;
-    const double length = std::hypot(dx, dy);
-    if (length > 0) {
-      ux_ = dx / length;
-      uy_ = dy / length;
-    }
-    reachAlong_ = length / 2 + 0.5;
+/// The ink of a colour; `next` is the one that is replaced when it is not there.
+template <typename Inks>
+const auto& FindInk(Inks& inks, std::size_t& next, std::uint32_t background, std::uint32_t colour) {
+  for (const auto& ink : inks) {
+    if (ink.Is(background, colour))
+      return ink;
   }
-
-  /// Left and top are inclusive, right and bottom exclusive.
-  struct Pixels {
-    int left, top, right, bottom;
-  };
-  /// The pixels of a picture that the bar can touch.
-  Pixels Within(int width, int height) const {
-    // Half the extent of the slanted bar on both axes, soft edge included.
-    const double halfWidth = std::abs(ux_) * (reachAlong_ + 1) + std::abs(uy_) * (reachAside_ + 1);
-    const double halfHeight = std::abs(uy_) * (reachAlong_ + 1) + std::abs(ux_) * (reachAside_ + 1);
-    const auto first = [](double value) { return static_cast<int>(std::max(value, 0.0)); };
-    const auto past = [](double value, int limit) {
-      return static_cast<int>(std::clamp<double>(value, 0, limit));
-    };
-    return {first(middle_.x - halfWidth), first(middle_.y - halfHeight),
-            past(middle_.x + halfWidth + 1, width), past(middle_.y + halfHeight + 1, height)};
-  }
-
-  /// The coverage of the pixels of row `y` from column `left`.
-  void CoverRow(int left, int y, std::span<std::uint8_t> row) const {
-    // The distance of the pixel's middle inside the bar's edges plus half a pixel: outside from 0 down,
-    // inside from 1 up. The distances along and across change by a fixed step per pixel.
-    const auto stepAlong = static_cast<float>(ux_);
-    const auto stepAside = static_cast<float>(uy_);
-    const auto edgeAlong = static_cast<float>(reachAlong_ + 0.5);
-    const auto edgeAside = static_cast<float>(reachAside_ + 0.5);
-    const double px = left + 0.5 - middle_.x;
-    const double py = y + 0.5 - middle_.y;
-    auto along = static_cast<float>(px * ux_ + py * uy_);
-    auto aside = static_cast<float>(px * uy_ - py * ux_);
-    for (std::uint8_t& coverage : row) {
-      const float insideAlong = std::clamp(edgeAlong - std::abs(along), 0.0F, 1.0F);
-      const float insideAside = std::clamp(edgeAside - std::abs(aside), 0.0F, 1.0F);
-      // Never negative, so no call is needed to round. NOLINTNEXTLINE(bugprone-incorrect-roundings)
-      coverage = static_cast<std::uint8_t>(insideAlong * insideAside * 255 + 0.5F);
-      along += stepAlong;
-      aside += stepAside;
-    }
-  }
-
- private:
-  PixelPosition middle_;
-  // Unit vector along the line; horizontal for a line without length.
-  double ux_ = 1;
-  double uy_ = 0;
-  // Half its length and half its width.
-  double reachAlong_ = 0;
-  double reachAside_ = 0;
-};
+  auto& ink = inks[next];
+  next = (next + 1) % inks.size();
+  ink = {background, colour};
+  return ink;
+}
 
 }  // namespace
 
@@ -91,33 +38,11 @@ void PixelCanvas::Fill(std::uint32_t pixel) {
 }
 
 const Ink& PixelCanvas::InkOf(std::uint32_t pixel) {
-  for (const Ink& ink : inks_) {
-    if (ink.Is(background_, pixel))
-      return ink;
-  }
-  Ink& ink = inks_[nextInk_];
-  nextInk_ = (nextInk_ + 1) % inks_.size();
-  ink = Ink(background_, pixel);
-  return ink;
+  return FindInk(inks_, nextInk_, background_, pixel);
 }
 
 const LineInk& PixelCanvas::LineInkOf(std::uint32_t pixel) {
-  if (!lineInk_.Is(background_, pixel))
-    lineInk_ = LineInk(background_, pixel);
-  return lineInk_;
-}
-
-void PixelCanvas::Bar(PixelPosition from, PixelPosition to, std::uint32_t pixel, double width) {
-  const BarShape bar(from, to, width);
-  const BarShape::Pixels around = bar.Within(grid_.width, grid_.height);
-  if (around.right <= around.left)
-    return;
-  const Ink& ink = InkOf(pixel);
-  coverage_.resize(static_cast<std::size_t>(around.right - around.left));
-  for (int y = around.top; y < around.bottom; ++y) {
-    bar.CoverRow(around.left, y, coverage_);
-    ink.Cover(grid_.pixels + y * grid_.stride + around.left, coverage_.data(), around.right - around.left);
-  }
+  return FindInk(lineInks_, nextLineInk_, background_, pixel);
 }
 
 void PixelCanvas::Blend(const Mask& mask, PixelPoint place, std::uint32_t pixel) {

@@ -1,4 +1,4 @@
-// Draws directly into the pixels of a 32-bit picture: lines, short bars, blocks, masks, and exclusive-or
+// Draws directly into the pixels of a 32-bit picture: lines, blocks, masks, and exclusive-or
 // rectangles. Everything is clipped to the picture.
 #pragma once
 
@@ -31,9 +31,6 @@ class PixelCanvas {
   void Line(FinePoint from, FinePoint to, std::uint32_t pixel, std::int32_t width, LineEnds ends = {}) {
     DrawSmoothLine(grid_, from, to, width, LineInkOf(pixel), ends);
   }
-  /// A bar with soft edges, half a pixel longer than the line at both ends. For short lines: the cost grows
-  /// with the area of the bounding box.
-  void Bar(PixelPosition from, PixelPosition to, std::uint32_t pixel, double width);
   /// Blends a mask into the picture, its reference pixel at `place`.
   void Blend(const Mask& mask, PixelPoint place, std::uint32_t pixel);
 
@@ -56,8 +53,8 @@ class PixelCanvas {
   std::uint32_t background_ = 0;  ///< the last fill
   std::array<Ink, 4> inks_;  ///< the last ones used: airports, symbols and labels of a flight, and one more
   std::size_t nextInk_ = 0;
-  LineInk lineInk_;                     ///< the last one used
-  std::vector<std::uint8_t> coverage_;  ///< of one row; the buffer is reused
+  std::array<LineInk, 4> lineInks_;
+  std::size_t nextLineInk_ = 0;
 };
 
 }  // namespace zerbal::paint

@@ -44,7 +44,7 @@ class Stepper {
     const bool back = direction % 2 != 0;
     from_ = {back ? b.x : a.x, back ? b.y : a.y};
     to_ = {back ? a.x : b.x, back ? a.y : b.y};
-    ends_ = {back ? ends.openTo : ends.openFrom, back ? ends.openFrom : ends.openTo};
+    ends_ = {back ? ends.openTo : ends.openFrom, back ? ends.openFrom : ends.openTo, ends.flat};
     const std::int32_t length = to_.x - from_.x;
     const double slope = length > 0 ? static_cast<double>(to_.y - from_.y) / length : 0;
     step_ = static_cast<std::int64_t>(slope * (std::int64_t{1} << kPixelBits));
@@ -87,6 +87,7 @@ class Stepper {
   std::int32_t width_;
   std::int32_t extent_ = 0;  ///< of the line in a slice
   double slope_ = 0;
+  float cosine_ = 1;          ///< of the angle with the axis; of wide lines
   std::int64_t step_ = 0;     ///< across per slice, in 2^-32 pixels
   std::ptrdiff_t slice_ = 0;  ///< pixels from one slice to the next
   std::ptrdiff_t next_ = 0;   ///< pixels to the next pixel of a slice
@@ -154,22 +155,27 @@ void Stepper::DrawThin() {
   }
 }
 
-/// The most that the ends allow: all before them, and round beyond.
+/// The most that the ends allow: all before them; beyond, what is near enough to the end's position, or to
+/// the line across it when the ends are flat.
 std::int32_t Stepper::EndCoverage(std::int32_t slice, std::int32_t depth) const {
+  const auto slope = static_cast<float>(slope_);
   const auto beyond = [&](FinePoint end, float sign) {
     const auto along = static_cast<float>(MiddleOf(slice) - end.x);
     const auto across = static_cast<float>(MiddleOf(depth) - end.y);
-    return sign * (along + across * static_cast<float>(slope_)) > 0
-               ? std::sqrt(along * along + across * across)
-               : 0.0F;
+    const float distance = sign * (along + across * slope) * cosine_;
+    if (distance <= 0 || ends_.flat)
+      return distance;
+    return std::sqrt(along * along + across * across);
   };
   const float distance = std::max(beyond(from_, -1), beyond(to_, 1));
-  const float reach = static_cast<float>(width_ + kFinePerPixel) / 2;
+  const float reach = static_cast<float>(ends_.flat ? kFinePerPixel : (width_ + kFinePerPixel) / 2);
   return static_cast<std::int32_t>(std::clamp(reach - distance, 0.0F, static_cast<float>(kFinePerPixel)));
 }
 
 void Stepper::DrawWide() {
-  extent_ = static_cast<std::int32_t>(width_ * std::sqrt(1 + slope_ * slope_) + 0.5);
+  const double slant = std::sqrt(1 + slope_ * slope_);
+  cosine_ = static_cast<float>(1 / slant);
+  extent_ = static_cast<std::int32_t>(width_ * slant + 0.5);
   const std::int32_t reach = extent_ / 2 + kHalfPixel;
   const auto sliceAt = [&](std::int64_t fine) {
     return static_cast<std::int32_t>(std::clamp<std::int64_t>(fine >> kFineBits, -1, slices_));

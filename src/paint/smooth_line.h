@@ -22,6 +22,7 @@ struct PixelGrid {
 struct LineEnds {
   bool openFrom = false;
   bool openTo = false;
+  bool flat = false;  ///< both ends, half a pixel beyond the positions; not of thin lines
 };
 
 /// The axis and the direction along it that a line is closest to.
