@@ -48,9 +48,11 @@ class LineRun {
     return {point.x + aside, point.y + aside};
   }
   bool IsCrisp(FinePoint from, FinePoint to) const {
+    if (from.x != to.x && from.y != to.y) [[likely]]
+      return false;
     const std::int32_t middle = width_ * (kFinePerPixel / 2);
     const std::int32_t parts = (from.x - middle) | (from.y - middle) | (to.x - middle) | (to.y - middle);
-    return (from.x == to.x || from.y == to.y) && parts % kFinePerPixel == 0;
+    return parts % kFinePerPixel == 0;
   }
   void Simplify(std::span<const TwipPoint> points, bool reverse);
   bool WithinOnePixel() const;

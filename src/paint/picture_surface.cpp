@@ -82,15 +82,18 @@ void PictureSurface::ThinRun(std::span<const TwipPoint> points, std::uint32_t pi
   };
   if (corners.size() == 1)
     drawCrisp(corners.front(), corners.front());
+  const LineInk& ink = canvas_.LineInkOf(pixel);
   LineEnds ends;
   int direction = corners.size() > 1 ? run_.DirectionAt(0) : LineRun::kCrisp;
   for (std::size_t i = 1; i < corners.size(); ++i) {
     const int next = i + 1 < corners.size() ? run_.DirectionAt(i) : LineRun::kCrisp;
-    ends = {ends.openTo, direction == next};
+    // Where the direction changes, it is enough that one of both lines covers the corner.
+    ends.openTo = next != LineRun::kCrisp;
     if (direction == LineRun::kCrisp)
       drawCrisp(corners[i - 1], corners[i]);
     else
-      canvas_.Line(corners[i - 1], corners[i], pixel, lineWidth_ * kFinePerPixel, ends);
+      canvas_.Line(corners[i - 1], corners[i], lineWidth_ * kFinePerPixel, ink, ends);
+    ends.openFrom = direction == next;
     direction = next;
   }
 }
@@ -112,8 +115,8 @@ void PictureSurface::Stroke(TwipPoint from, TwipPoint to, std::uint32_t pixel, i
   if (!kFineArea.Clip(from, to))
     return;
   const double across = std::max(width * scale_.Ratio(), 1.0);
-  canvas_.Line(run_.Beside(from), run_.Beside(to), pixel, static_cast<std::int32_t>(across * kFinePerPixel),
-               {.flat = true});
+  canvas_.Line(run_.Beside(from), run_.Beside(to), static_cast<std::int32_t>(across * kFinePerPixel),
+               canvas_.LineInkOf(pixel), {.flat = true});
 }
 
 void PictureSurface::Rectangle(TwipPoint corner1, TwipPoint corner2, const map::Pen& pen) {

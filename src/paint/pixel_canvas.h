@@ -27,9 +27,11 @@ class PixelCanvas {
   void Block(std::int64_t x, std::int64_t y, std::int64_t width, std::int64_t height, std::uint32_t pixel) {
     Block(x, y, width, height, pixel, false);
   }
+  /// Valid until inks of several other colours are used.
+  const LineInk& LineInkOf(std::uint32_t pixel);
   /// A line with soft edges between two positions of its middle, `width` in 256ths of a pixel.
-  void Line(FinePoint from, FinePoint to, std::uint32_t pixel, std::int32_t width, LineEnds ends = {}) {
-    DrawSmoothLine(grid_, from, to, width, LineInkOf(pixel), ends);
+  void Line(FinePoint from, FinePoint to, std::int32_t width, const LineInk& ink, LineEnds ends) {
+    DrawSmoothLine(grid_, from, to, width, ink, ends);
   }
   /// Blends a mask into the picture, its reference pixel at `place`.
   void Blend(const Mask& mask, PixelPoint place, std::uint32_t pixel);
@@ -47,7 +49,6 @@ class PixelCanvas {
   void Block(std::int64_t x, std::int64_t y, std::int64_t width, std::int64_t height, std::uint32_t pixel,
              bool invert);
   const Ink& InkOf(std::uint32_t pixel);
-  const LineInk& LineInkOf(std::uint32_t pixel);
 
   PixelGrid grid_;
   std::uint32_t background_ = 0;  ///< the last fill
