@@ -6,8 +6,6 @@
 namespace zerbal::paint {
 namespace {
 
-/// A point that is no farther than this from the line between its neighbours is dropped.
-constexpr std::int32_t kTolerance = kFinePerPixel / 3;
 /// Shorter horizontal and vertical parts of a run keep their place: they are too short to look blurred, and
 /// moving them would make a rough coast rougher.
 constexpr std::int32_t kShortestCrisp = 4 * kFinePerPixel;
@@ -31,8 +29,8 @@ std::int64_t Reach(Vector vector) {
 class Cone {
  public:
   /// The cone of the first point after a corner, given by its distance from it.
-  explicit Cone(Vector point = {}) : reach_(Reach(point)) {
-    const Edges edges(point);
+  explicit Cone(std::int32_t tolerance, Vector point = {}) : tolerance_(tolerance), reach_(Reach(point)) {
+    const Edges edges(point, tolerance);
     low_ = edges.low;
     high_ = edges.high;
   }
@@ -41,14 +39,14 @@ class Cone {
   /// corner.
   bool Accept(Vector point) {
     const std::int64_t reach = Reach(point);
-    if (reach_ <= kTolerance) {
-      *this = Cone(point);
+    if (reach_ <= tolerance_) {
+      *this = Cone(tolerance_, point);
       return true;
     }
     // One branch for three conditions: it is the one that cannot be predicted.
-    if (((reach + kTolerance - reach_) | Cross(low_, point) | Cross(point, high_)) < 0)
+    if (((reach + tolerance_ - reach_) | Cross(low_, point) | Cross(point, high_)) < 0)
       return false;
-    const Edges edges(point);
+    const Edges edges(point, tolerance_);
     low_ = Cross(low_, edges.low) > 0 ? edges.low : low_;
     high_ = Cross(edges.high, high_) > 0 ? edges.high : high_;
     reach_ = std::max(reach_, reach);
@@ -58,10 +56,10 @@ class Cone {
  private:
   /// The directions of what is near a point, across the axis that is closer to its own direction.
   struct Edges {
-    explicit Edges(Vector point) {
+    Edges(Vector point, std::int64_t tolerance) {
       const bool flat = std::abs(point.x) >= std::abs(point.y);
-      const std::int64_t x = flat ? 0 : point.y > 0 ? kTolerance : -kTolerance;
-      const std::int64_t y = !flat ? 0 : point.x > 0 ? -kTolerance : kTolerance;
+      const std::int64_t x = flat ? 0 : point.y > 0 ? tolerance : -tolerance;
+      const std::int64_t y = !flat ? 0 : point.x > 0 ? -tolerance : tolerance;
       low = {point.x + x, point.y + y};
       high = {point.x - x, point.y - y};
     }
@@ -69,6 +67,7 @@ class Cone {
     Vector high;
   };
 
+  std::int32_t tolerance_;
   Vector low_;
   Vector high_;
   std::int64_t reach_ = 0;  ///< of the farthest point; a cone of points at the corner is without meaning
@@ -105,14 +104,16 @@ void LineRun::Simplify(std::span<const TwipPoint> points, bool reverse) {
   const auto from = [](FinePoint start, FinePoint point) {
     return Vector{std::int64_t{point.x} - start.x, std::int64_t{point.y} - start.y};
   };
-  Cone cone;
+  // A point that is no farther than this from the line between its neighbours is dropped.
+  const std::int32_t tolerance = std::max(kFinePerPixel / 3, width_ * kFinePerPixel / 4);
+  Cone cone(tolerance);
   for (std::size_t left = points.size() - 1; left > 0; --left) {
     next += step;
     const FinePoint point = scale_.ToFinePoint(*next);
     if (EndsCrispLine(corner, last, point) || !cone.Accept(from(corner, point))) {
       corner = last;
       *end++ = corner;
-      cone = Cone(from(corner, point));
+      cone = Cone(tolerance, from(corner, point));
     }
     last = point;
   }

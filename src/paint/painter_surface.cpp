@@ -40,6 +40,11 @@ void PainterSurface::UsePen(const map::Pen& pen) {
     result.setJoinStyle(Qt::RoundJoin);
   }
   painter_.setPen(result);
+  // Smooth lines into pixels would lie between two rows. Vector devices have a finer grid.
+  const bool smooth = painter_.paintEngine()->type() == QPaintEngine::Raster &&
+                      pen.style == map::LineStyle::kSolid && pen.mode == map::PenMode::kCopy;
+  painter_.setRenderHint(QPainter::Antialiasing, smooth);
+  middle_ = smooth ? scale_.LineWidth(1) / 2.0 : 0;
   // Devices that cannot invert, such as printers, show the colour.
   const bool invert =
       pen.mode == map::PenMode::kXor && painter_.paintEngine()->hasFeature(QPaintEngine::RasterOpModes);
@@ -48,10 +53,15 @@ void PainterSurface::UsePen(const map::Pen& pen) {
 }
 
 void PainterSurface::DrawRun() {
+  painter_.translate(middle_, middle_);
   if (run_.size() > 1)
     painter_.drawPolyline(run_.data(), static_cast<int>(run_.size()));
+  else if (run_.size() == 1 && middle_ > 0)  // A smooth point would be one pixel further.
+    painter_.fillRect(QRectF(run_.front(), QSizeF(0, 0)).adjusted(-middle_, -middle_, middle_, middle_),
+                      painter_.pen().color());
   else if (run_.size() == 1)
     painter_.drawPoint(run_.front());
+  painter_.translate(-middle_, -middle_);
   run_.clear();
 }
 

@@ -37,6 +37,7 @@ class PainterSurface final : public map::Surface {
   ClipArea near_;  ///< what can be visible: the area and as much again on every side
   std::vector<QPoint> run_;
   std::optional<map::Pen> pen_;  ///< current pen of the painter
+  double middle_ = 0;            ///< from a point to the middle of the current pen's line
   map::TextFont fontName_;       ///< of font_
   QFont font_;
 };

@@ -52,6 +52,22 @@ TEST(PainterSurface, DrawsLinesLikeThePictureSurface) {
   }
 }
 
+TEST(PainterSurface, SlantedLinesHaveTheWeightOfThePictureSurface) {
+  for (const double ratio : {1.0, 1.5, 2.0}) {
+    const auto draw = [](map::Surface& surface) {
+      surface.Clear({255, 255, 255});
+      surface.Line({30, 30}, {500, 210}, kPen);
+      surface.Line({500, 60}, {400, 500}, kPen);
+    };
+    PreparedPictures prepared;
+    QImage direct = Blank(100, 100);
+    PictureSurface surface(direct, ratio, prepared);
+    draw(surface);
+    const double expected = test::InkAmount(direct);
+    EXPECT_NEAR(test::InkAmount(Drawn(100, 100, ratio, draw)), expected, 0.06 * expected) << ratio;
+  }
+}
+
 TEST(PainterSurface, InvertingTwiceRestoresEveryPixel) {
   QImage image = Blank(60, 60, qRgb(12, 200, 99));
   const QImage before = image.copy();
