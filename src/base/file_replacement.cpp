@@ -26,6 +26,9 @@ constexpr mode_t kPermissions = 07777;
 constexpr std::chrono::seconds kLockPatience{5};
 constexpr int kTemporaryNameTries = 100;
 constexpr int kMaxLinks = 40;
+// What failed, in messages.
+constexpr char kCannotCreate[] = "cannot create the file";
+constexpr char kCannotWrite[] = "cannot write the file";
 
 bool ReadAll(FileSteps& steps, int file, std::string& bytes) {
   char buffer[16384];
@@ -65,12 +68,18 @@ class Folder {
   /// 0, or the reason why it cannot be used.
   int Error() const { return error_; }
 
+  /// Nobody has the permission to write; that stops the superuser, too.
+  bool IsProtected() {
+    struct stat status {};
+    return file_.IsOpen() &&
+           (steps_.Status(file_.Number(), status) != 0 || (status.st_mode & kAnyWrite) == 0);
+  }
+
   /// Waits for the other writers. False when the folder is protected from changes.
   bool LockForChange() {
     if (!file_.IsOpen())
       return error_ == 0;
-    struct stat status {};
-    if (steps_.Status(file_.Number(), status) != 0 || (status.st_mode & kAnyWrite) == 0)
+    if (IsProtected())
       return false;
     const auto end = std::chrono::steady_clock::now() + kLockPatience;
     while (steps_.TryLock(file_.Number()) != 0 && (errno == EWOULDBLOCK || errno == EINTR) &&
@@ -145,12 +154,12 @@ struct FileReplacement::State {
 
   void Create(mode_t mode) {
     if (folder.Error() != 0)
-      Fail("cannot create the file", folder.Error());
+      Fail(kCannotCreate, folder.Error());
     for (int i = 0; !present; ++i) {
       temporary = FolderOf(target) / TemporaryName();
       present = file.Open(temporary, O_WRONLY | O_CREAT | O_EXCL, mode);
       if (!present && (errno != EEXIST || i == kTemporaryNameTries))
-        Fail("cannot create the file", errno);
+        Fail(kCannotCreate, errno);
     }
   }
 
@@ -160,6 +169,27 @@ struct FileReplacement::State {
     // Not everybody may give files away; the permissions have to be right in any case.
     static_cast<void>(steps.ChangeOwner(file.Number(), old.st_uid, old.st_gid));
     Require(steps.ChangeMode(file.Number(), old.st_mode & kPermissions) == 0, "cannot set the permissions");
+  }
+
+  /// Creates it like the target, or as a new file when there is no target.
+  void CreateForUserFile() {
+    if (folder.IsProtected())
+      Fail(kCannotCreate, EACCES);
+    struct stat old {};
+    // Asked by name first: merely opening a device or a pipe can have effects.
+    if (::stat(target.c_str(), &old) == 0 && !S_ISREG(old.st_mode))
+      Fail(kCannotWrite, S_ISDIR(old.st_mode) ? EISDIR : EINVAL);
+    OpenFile oldFile(steps);
+    if (!oldFile.Open(target, O_WRONLY)) {
+      if (errno != ENOENT)
+        Fail(kCannotWrite, errno);
+      Create(0666);
+      return;
+    }
+    Require(steps.Status(oldFile.Number(), old) == 0, kCannotWrite);
+    if ((old.st_mode & kAnyWrite) == 0)
+      Fail(kCannotWrite, EACCES);
+    CreateLike(old);
   }
 
   FileSteps& steps;
@@ -180,6 +210,15 @@ FileReplacement::FileReplacement(std::unique_ptr<State> state) : state_(std::mov
 
 FileReplacement::~FileReplacement() = default;
 
+FileReplacement FileReplacement::OfUserFile(const fs::path& file, FileSteps& steps) {
+  const auto target = FollowLinks(file);
+  if (!target)
+    throw FileError(file.string(), std::string(kCannotWrite) + ": " + std::generic_category().message(ELOOP));
+  auto state = std::make_unique<State>(steps, *target);
+  state->CreateForUserFile();
+  return FileReplacement(std::move(state));
+}
+
 void FileReplacement::Write(std::string_view bytes) {
   WriteAt(state_->size, bytes);
   state_->size += bytes.size();
@@ -193,7 +232,7 @@ void FileReplacement::WriteAt(std::uint64_t position, std::string_view bytes) {
       bytes.remove_prefix(static_cast<std::size_t>(put));
       position += static_cast<std::uint64_t>(put);
     } else if (put == 0 || errno != EINTR) {
-      state_->Fail("cannot write the file", put == 0 ? ENOSPC : errno);
+      state_->Fail(kCannotWrite, put == 0 ? ENOSPC : errno);
     }
   }
 }

@@ -22,6 +22,11 @@ class FileReplacement {
   FileReplacement(const FileReplacement&) = delete;
   FileReplacement& operator=(const FileReplacement&) = delete;
 
+  /// For files that a user names: follows a symbolic link, which stays, and keeps permissions, owner and
+  /// group of an existing file. What ChangeFile does not change is an error, and so is what is no regular
+  /// file.
+  static FileReplacement OfUserFile(const std::filesystem::path& file, FileSteps& steps = SystemFileSteps());
+
   /// Appends.
   void Write(std::string_view bytes);
   /// Writes at any position; bytes that are never written before others are zeros.

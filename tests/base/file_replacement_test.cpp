@@ -100,6 +100,84 @@ TEST(FileReplacement, NamesTheFileThatCannotBeReplaced) {
   }
 }
 
+/// Replaces `file` as one that a user names.
+void ReplaceUserFile(const fs::path& file, FileSteps& steps = SystemFileSteps()) {
+  FileReplacement replacement = FileReplacement::OfUserFile(file, steps);
+  replacement.Write("new");
+  replacement.Commit();
+}
+
+/// Why the file cannot be replaced; empty when it was.
+std::string RefusalOf(const fs::path& file) {
+  try {
+    ReplaceUserFile(file);
+  } catch (const FileError& error) {
+    return error.Reason();
+  }
+  return "";
+}
+
+TEST(UserFile, IsCreatedOrReplacedWithItsPermissions) {
+  const test::TempFolder folder;
+  ReplaceUserFile(folder / "file");
+  EXPECT_EQ(test::ReadBytes(folder / "file"), "new");
+  test::WriteBytes(folder / "private", "old");
+  fs::permissions(folder / "private", fs::perms::owner_read | fs::perms::owner_write);
+  ReplaceUserFile(folder / "private");
+  EXPECT_EQ(test::ReadBytes(folder / "private"), "new");
+  EXPECT_EQ(fs::status(folder / "private").permissions(), fs::perms::owner_read | fs::perms::owner_write);
+  EXPECT_EQ(test::NamesIn(folder.Path()), (std::vector<std::string>{"file", "private"}));
+}
+
+TEST(UserFile, ALinkStaysAndItsTargetIsReplaced) {
+  const test::TempFolder folder;
+  test::WriteBytes(folder / "file", "old");
+  fs::create_symlink("file", folder / "link");
+  ReplaceUserFile(folder / "link");
+  EXPECT_TRUE(fs::is_symlink(folder / "link"));
+  EXPECT_EQ(test::ReadBytes(folder / "file"), "new");
+  fs::create_symlink("circle", folder / "circle");
+  EXPECT_EQ(RefusalOf(folder / "circle"), "cannot write the file: Too many levels of symbolic links");
+}
+
+TEST(UserFile, WhatIsProtectedOrNoFileIsRefused) {
+  const test::TempFolder folder;
+  test::WriteBytes(folder / "file", "old");
+  fs::permissions(folder / "file", fs::perms::owner_read);
+  EXPECT_EQ(RefusalOf(folder / "file"), "cannot write the file: Permission denied");
+  EXPECT_EQ(RefusalOf(folder.Path()), "cannot write the file: Is a directory");
+  EXPECT_EQ(RefusalOf("/dev/null"), "cannot write the file: Invalid argument");
+  EXPECT_EQ(RefusalOf(folder / "none" / "file"), "cannot create the file: No such file or directory");
+  EXPECT_EQ(RefusalOf(folder / "file" / "file"), "cannot write the file: Not a directory");
+  fs::permissions(folder.Path(), fs::perms::owner_read | fs::perms::owner_exec);
+  EXPECT_EQ(RefusalOf(folder / "new"), "cannot create the file: Permission denied");
+  fs::permissions(folder.Path(), fs::perms::owner_all);
+  EXPECT_EQ(test::ReadBytes(folder / "file"), "old");
+  EXPECT_EQ(test::NamesIn(folder.Path()), std::vector<std::string>{"file"});
+}
+
+TEST(UserFile, EveryFailedStepIsReportedAndKeepsTheOldContents) {
+  std::vector<std::string> reported;
+  for (int at = 1;; ++at) {
+    const test::TempFolder folder;
+    test::WriteBytes(folder / "file", "old");
+    FailingFileSteps steps(Failure::kReturnError, at, ENOSPC);
+    bool isNew = true;
+    try {
+      ReplaceUserFile(folder / "file", steps);
+    } catch (const FileError&) {
+      reported.push_back(steps.FailedStep());
+      isNew = steps.FailedStep() == "flush folder";
+    }
+    if (steps.Steps() < at)
+      break;
+    EXPECT_EQ(test::ReadBytes(folder / "file"), isNew ? "new" : "old") << steps.FailedStep();
+    EXPECT_EQ(test::NamesIn(folder.Path()), std::vector<std::string>{"file"}) << steps.FailedStep();
+  }
+  EXPECT_EQ(reported, (std::vector<std::string>{"open folder", "status", "open", "status", "create", "mode",
+                                                "write", "flush", "close", "rename", "flush folder"}));
+}
+
 TEST(ReadFile, ReadsRegularFilesAlone) {
   const test::TempFolder folder;
   test::WriteBytes(folder / "file", "bytes");
