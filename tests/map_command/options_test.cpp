@@ -30,9 +30,9 @@ TEST(MapOptions, DefaultsAreTheWorldOn1280By900) {
 }
 
 TEST(MapOptions, TheSuffixSelectsTheFormat) {
-  EXPECT_EQ(Parse("--out a.PNG")->kind, OutputKind::kPng);
-  EXPECT_EQ(Parse("--out a.svg")->kind, OutputKind::kSvg);
-  EXPECT_EQ(Parse("--out a.pdf")->kind, OutputKind::kPdf);
+  EXPECT_EQ(Parse("--out a.PNG")->kind, MapFileKind::kPng);
+  EXPECT_EQ(Parse("--out a.svg")->kind, MapFileKind::kSvg);
+  EXPECT_EQ(Parse("--out a.pdf")->kind, MapFileKind::kPdf);
 }
 
 TEST(MapOptions, DotsPerInchDivideTheDrawingArea) {

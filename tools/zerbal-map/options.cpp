@@ -2,7 +2,6 @@
 
 #include <QCommandLineParser>
 #include <QFile>
-#include <QFileInfo>
 #include <QRegularExpression>
 #include <cmath>
 
@@ -92,14 +91,9 @@ QSize ParseSize(const QString& text) {
   return size;
 }
 
-OutputKind ParseKind(const QString& file) {
-  const QString suffix = QFileInfo(file).suffix().toLower();
-  if (suffix == "png")
-    return OutputKind::kPng;
-  if (suffix == "svg")
-    return OutputKind::kSvg;
-  if (suffix == "pdf")
-    return OutputKind::kPdf;
+MapFileKind ParseKind(const QString& file) {
+  if (const auto kind = paint::KindOfMapFile(file))
+    return *kind;
   throw UsageError(QString("--out: '%1' ends neither in .png nor in .svg nor in .pdf").arg(file));
 }
 
@@ -170,7 +164,7 @@ void ReadSize(const Reader& reader, Options& options) {
   if (reader.Has("paper"))
     options.paperInches = ParsePaper(reader.Value("paper"));
   const QSize pixels = options.PixelSize();
-  if (options.kind == OutputKind::kPng && std::max(pixels.width(), pixels.height()) > kLargestSide) {
+  if (options.kind == MapFileKind::kPng && std::max(pixels.width(), pixels.height()) > kLargestSide) {
     throw UsageError(QString("--paper at this --dpi makes %1 x %2 pixels; at most %3 a side are possible")
                          .arg(pixels.width())
                          .arg(pixels.height())

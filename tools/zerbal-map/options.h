@@ -11,6 +11,7 @@
 #include "base/error.h"
 #include "data/airport_criteria.h"
 #include "data/display_options.h"
+#include "paint/map_file.h"
 
 namespace zerbal::mapcommand {
 
@@ -28,16 +29,14 @@ struct GeoBounds {
   double south = 0;
 };
 
-/// Logical pixels per inch.
-inline constexpr double kScreenDpi = 96;
-
-enum class OutputKind { kPng, kSvg, kPdf };
+using paint::kScreenDpi;
+using paint::MapFileKind;
 
 struct Options {
   std::string dataFolder = ".";
   std::optional<std::string> settingsFile;
   std::string outputFile;
-  OutputKind kind = OutputKind::kPng;
+  MapFileKind kind = MapFileKind::kPng;
 
   std::optional<std::string> region;  ///< code or name; neither this nor bounds: the world
   std::optional<GeoBounds> bounds;

@@ -19,7 +19,7 @@ constexpr qint64 kLargePicture = 20'000'000;
 
 bool WantsProgress(const Options& options) {
   const QSize size = options.PixelSize();
-  return options.kind == OutputKind::kPng && qint64{size.width()} * size.height() >= kLargePicture &&
+  return options.kind == MapFileKind::kPng && qint64{size.width()} * size.height() >= kLargePicture &&
          ::isatty(STDERR_FILENO) == 1;
 }
 

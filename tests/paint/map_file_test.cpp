@@ -1,0 +1,55 @@
+#include "paint/map_file.h"
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "base/error.h"
+
+namespace zerbal::paint {
+namespace {
+
+/// A red line across a white map.
+void DrawLine(map::Surface& surface) {
+  surface.Clear({255, 255, 255});
+  const TwipPoint points[] = {{0, 150}, {600, 150}};
+  surface.Polyline(points, {.colour = {255, 0, 0}});
+}
+
+TEST(MapFile, TheEndingOfTheNameTellsTheKind) {
+  EXPECT_EQ(KindOfMapFile("a.png"), MapFileKind::kPng);
+  EXPECT_EQ(KindOfMapFile("a.b.SVG"), MapFileKind::kSvg);
+  EXPECT_EQ(KindOfMapFile("/folder.png/a.Pdf"), MapFileKind::kPdf);
+  for (const char* name : {"", "png", "a.jpg", "a.png.gz", "/folder.png/a"})
+    EXPECT_EQ(KindOfMapFile(name), std::nullopt) << name;
+}
+
+TEST(MapFile, APngHasThePixelsAndTheResolution) {
+  const QImage picture = DrawPicture({80, 40}, 192, DrawLine);
+  EXPECT_EQ(picture.pixel(3, 20), qRgb(255, 0, 0));
+  EXPECT_EQ(picture.pixel(3, 30), qRgb(255, 255, 255));
+  const QImage read = QImage::fromData(PngOf(picture, 192), "png");
+  EXPECT_EQ(read.convertToFormat(QImage::Format_RGB32), picture);
+  EXPECT_EQ(read.dotsPerMeterX(), 7559);
+}
+
+TEST(MapFile, AnSvgHasTheLogicalSizeAsItsView) {
+  const std::string svg = SvgOf({40, 20}, DrawLine).toStdString();
+  EXPECT_NE(svg.find("viewBox=\"0 0 320 160\""), std::string::npos) << svg;
+  EXPECT_NE(svg.find("#ff0000"), std::string::npos) << svg;
+  EXPECT_EQ(svg.substr(svg.size() - 7), "</svg>\n");
+}
+
+TEST(MapFile, APdfHasOnePageOfTheLogicalSize) {
+  const std::string pdf = PdfOf({96, 48}, DrawLine).toStdString();
+  EXPECT_EQ(pdf.substr(0, 5), "%PDF-");
+  EXPECT_NE(pdf.find("/MediaBox [0 0 72"), std::string::npos);
+  EXPECT_EQ(pdf.substr(pdf.size() - 6), "%%EOF\n");
+}
+
+TEST(MapFile, APictureThatIsTooLargeIsAnError) {
+  EXPECT_THROW(DrawPicture({1 << 20, 1 << 20}, 96, DrawLine), base::Error);
+}
+
+}  // namespace
+}  // namespace zerbal::paint
