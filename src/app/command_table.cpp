@@ -111,10 +111,23 @@ constexpr std::array kMenus = {
     MenuDescription{"mnuHelp", "&?", kHelp},
 };
 
+constexpr std::array kWindowCommands = {
+    Command{.caption = "Save map...",
+            .action = &Commands::SaveMap,
+            .button = "cmdSaveMap",
+            .picture = ":/app/save_map.svg",
+            .keys = "Ctrl+S"},
+    Command{.caption = "Copy map", .action = &Commands::CopyMap, .keys = "Ctrl+C"},
+};
+
 }  // namespace
 
 std::span<const MenuDescription> MenuTable() {
   return kMenus;
+}
+
+std::span<const Command> WindowCommands() {
+  return kWindowCommands;
 }
 
 void ForEachOption(const std::function<void(const Command&)>& visit) {

@@ -1,5 +1,5 @@
-// All commands of the program. To add one, add an operation to Commands and an entry to the table in
-// command_table.cpp: menu bar, pop-up menu, tool bar and the saved check marks are made from it.
+// All commands of the program. To add one, add an operation to Commands and an entry to a table in
+// command_table.cpp: menu bar, pop-up menu, tool bar, shortcuts and the saved check marks are made from them.
 #pragma once
 
 #include <functional>
@@ -19,9 +19,9 @@ class Commands;
 using Action = std::variant<void (Commands::*)(), void (Commands::*)(int index), bool data::DisplayOptions::*,
                             DialogKind>;
 
-/// One command of the menu bar.
+/// One command of the menu bar, or of the window alone.
 struct Command {
-  const char* name = nullptr;  ///< object name of the menu entry; nullptr stands for a separator
+  const char* name = nullptr;  ///< object name of the menu entry; nullptr: a separator, or no entry
   const char* caption = "";
   Action action;
   const char* button = nullptr;   ///< object name of its control on the tool bar: a check box for an option
@@ -52,6 +52,9 @@ using RunCommand = std::function<void(const Command& command, int index)>;
 
 /// The menu bar from left to right.
 std::span<const MenuDescription> MenuTable();
+
+/// The commands without a menu entry: buttons at the end of the tool bar, and shortcuts.
+std::span<const Command> WindowCommands();
 
 /// Calls `visit` for each command that switches an option, in the order of the settings file.
 void ForEachOption(const std::function<void(const Command&)>& visit);

@@ -1,17 +1,25 @@
 #include "app/commands.h"
 
+#include <QClipboard>
+#include <QFile>
+#include <QGuiApplication>
 #include <utility>
+
+#include "base/error.h"
+#include "base/file_replacement.h"
 
 namespace zerbal::app {
 
 using map::kZoomBigStep;
 using map::kZoomStep;
 
-Commands::Commands(MapState& state, frmMap& mapWindow, Dialogs& dialogs, QWidget& mainWindow,
-                   std::function<void()> stateChanged, std::function<void()> criteriaChanged)
+Commands::Commands(MapState& state, frmMap& mapWindow, Dialogs& dialogs, settings::MessageBoxes& boxes,
+                   QWidget& mainWindow, std::function<void()> stateChanged,
+                   std::function<void()> criteriaChanged)
     : state_(state),
       map_(mapWindow),
       dialogs_(dialogs),
+      boxes_(boxes),
       mainWindow_(mainWindow),
       stateChanged_(std::move(stateChanged)),
       criteriaChanged_(std::move(criteriaChanged)) {}
@@ -136,6 +144,28 @@ void Commands::ClearAllFlights() {
 void Commands::ShowSelectedFlights() {
   SetAllServices(false);
   ShowFlights(false);
+}
+
+void Commands::SaveMap() {
+  if (!state_.viewport.HasArea())
+    return;
+  const auto path = dialogs_.AskMapFile(mainWindow_);
+  if (!path)
+    return;
+  try {
+    auto file = base::FileReplacement::OfUserFile(*path);
+    const auto kind = paint::KindOfMapFile(QFile::decodeName(path->c_str()));
+    const QByteArray bytes = map_.MapFile(kind.value_or(paint::MapFileKind::kPng));
+    file.Write({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    file.Commit();
+  } catch (const base::Error& error) {
+    boxes_.Show(settings::BoxIcon::kExclamation, error.what());
+  }
+}
+
+void Commands::CopyMap() {
+  if (state_.viewport.HasArea())
+    QGuiApplication::clipboard()->setImage(map_.MapPicture());
 }
 
 }  // namespace zerbal::app

@@ -14,8 +14,8 @@ class Commands final {
  public:
   /// `stateChanged` is called after changes of what check marks and enabled entries show, `criteriaChanged`
   /// after changes of a delimitation. The references outlive this.
-  Commands(MapState& state, frmMap& mapWindow, Dialogs& dialogs, QWidget& mainWindow,
-           std::function<void()> stateChanged, std::function<void()> criteriaChanged);
+  Commands(MapState& state, frmMap& mapWindow, Dialogs& dialogs, settings::MessageBoxes& boxes,
+           QWidget& mainWindow, std::function<void()> stateChanged, std::function<void()> criteriaChanged);
 
   /// Every menu entry and every control of the tool bar ends here.
   void Run(const Command& command, int index);
@@ -38,6 +38,9 @@ class Commands final {
   void ShowSelectedFlights();
   void ShowAllFlights();
   void ToggleService(int service);  ///< 1 to the number of services
+  // The picture; both do nothing while the map has no area.
+  void SaveMap();  ///< shows a box with the reason when the file cannot be written
+  void CopyMap();  ///< to the clipboard
 
  private:
   /// Shows the dialog and redraws what it changed.
@@ -50,6 +53,7 @@ class Commands final {
   MapState& state_;
   frmMap& map_;
   Dialogs& dialogs_;
+  settings::MessageBoxes& boxes_;
   QWidget& mainWindow_;
   std::function<void()> stateChanged_;
   std::function<void()> criteriaChanged_;

@@ -1,5 +1,6 @@
 #include "app/dialogs.h"
 
+#include <QFile>
 #include <QFontDatabase>
 
 #include "base/find_file.h"
@@ -11,6 +12,7 @@
 #include "dialogs/frm_sele_flit.h"
 #include "dialogs/frm_user_sett.h"
 #include "dialogs/help_dialogs.h"
+#include "dialogs/map_file_dialog.h"
 
 namespace zerbal::app {
 namespace {
@@ -71,6 +73,14 @@ bool ProgramDialogs::ShowModal(DialogKind kind, QWidget& mainWindow) {
       return Accepted<dialogs::frmHelpInfo>(placement);
   }
   return false;
+}
+
+std::optional<std::filesystem::path> ProgramDialogs::AskMapFile(QWidget& mainWindow) {
+  const auto chosen = dialogs::AskMapFile(mainWindow, mapFile_);
+  if (!chosen)
+    return std::nullopt;
+  mapFile_ = *chosen;
+  return std::filesystem::path(QFile::encodeName(*chosen).toStdString());
 }
 
 }  // namespace zerbal::app

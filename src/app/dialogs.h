@@ -2,6 +2,10 @@
 // tested without them.
 #pragma once
 
+#include <QString>
+#include <filesystem>
+#include <optional>
+
 #include "app/program_state.h"
 #include "dialogs/finder_dialog.h"
 
@@ -26,6 +30,9 @@ class Dialogs {
   virtual ~Dialogs() = default;
   /// Shows the dialog over the main window until it is closed. True when the user accepted it.
   virtual bool ShowModal(DialogKind kind, QWidget& mainWindow) = 0;
+  /// Asks for the file that the map is saved in. It ends in the suffix of a format. nullopt when the user
+  /// aborts.
+  virtual std::optional<std::filesystem::path> AskMapFile(QWidget& mainWindow) = 0;
 };
 
 /// The real ones.
@@ -44,11 +51,14 @@ class ProgramDialogs final : public Dialogs {
   };
   explicit ProgramDialogs(const Subjects& subjects) : subjects_(subjects) {}
   bool ShowModal(DialogKind kind, QWidget& mainWindow) override;
+  /// Suggests the file of the last time.
+  std::optional<std::filesystem::path> AskMapFile(QWidget& mainWindow) override;
 
  private:
   dialogs::FinderContext Finder() const;
 
   Subjects subjects_;
+  QString mapFile_ = "map.png";
 };
 
 }  // namespace zerbal::app

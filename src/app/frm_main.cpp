@@ -53,12 +53,13 @@ class frmMain::Client final : public QWidget {
 };
 
 frmMain::frmMain(SettingsFile& settingsFile, MapState& state, const Delimitations& delimitations,
-                 std::optional<data::Databases>& databases, Dialogs& dialogs)
+                 std::optional<data::Databases>& databases, Dialogs& dialogs, settings::MessageBoxes& boxes)
     : settingsFile_(settingsFile),
       state_(state),
       delimitations_(delimitations),
       databases_(databases),
-      dialogs_(dialogs) {
+      dialogs_(dialogs),
+      boxes_(boxes) {
   setObjectName("frmMain");
   setWindowTitle(settings::kProgramTitle);
   const auto run = [this](const Command& command, int index) {
@@ -79,6 +80,9 @@ frmMain::frmMain(SettingsFile& settingsFile, MapState& state, const Delimitation
   setStatusBar(picStat_);
   dialogs::ConnectGuarded(new QShortcut(Qt::Key_F11, this), &QShortcut::activated, this,
                           &frmMain::ToggleFullScreen);
+  for (const Command& command : WindowCommands())
+    dialogs::ConnectGuarded(new QShortcut(QKeySequence(command.keys), this), &QShortcut::activated, this,
+                            [run, &command] { run(command, 0); });
   PlaceAsDesigned();
 }
 
@@ -177,8 +181,10 @@ void frmMain::MakeMapWindow() {
   map_ = std::make_unique<frmMap>(*scene_, state_.viewport, client_);
   map_->hide();
   client_->Hold(map_.get());
+  // Tab goes from the check boxes to the map, and from there to the button that the tool bar ends with.
+  QWidget::setTabOrder(map_.get(), picTool_->LastButton());
   commands_ = std::make_unique<Commands>(
-      state_, *map_, dialogs_, *this, [this] { ShowState(); }, [this] { UpdateDelimitationInfo(); });
+      state_, *map_, dialogs_, boxes_, *this, [this] { ShowState(); }, [this] { UpdateDelimitationInfo(); });
   dialogs::ConnectGuarded(map_.get(), &frmMap::PositionChanged, picStat_, &StatusBar::ShowPosition);
   dialogs::ConnectGuarded(map_.get(), &frmMap::ExtentChanged, picStat_, &StatusBar::ShowExtent);
   dialogs::ConnectGuarded(map_.get(), &frmMap::PopupRequested, this,

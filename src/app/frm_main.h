@@ -25,7 +25,7 @@ class frmMain final : public QMainWindow {
  public:
   /// All of them outlive the window.
   frmMain(SettingsFile& settingsFile, MapState& state, const Delimitations& delimitations,
-          std::optional<data::Databases>& databases, Dialogs& dialogs);
+          std::optional<data::Databases>& databases, Dialogs& dialogs, settings::MessageBoxes& boxes);
   ~frmMain() override;
 
   /// Reads the switches of what is saved, state, position, size and check marks; makes the entries of regions
@@ -69,6 +69,7 @@ class frmMain final : public QMainWindow {
   const Delimitations& delimitations_;
   std::optional<data::Databases>& databases_;
   Dialogs& dialogs_;
+  settings::MessageBoxes& boxes_;
   QSize storedSize_;
   QSize shownSize_;                                 ///< the size that it resulted in
   std::optional<FramePlacement> beforeFullScreen_;  ///< while F11 shows a full screen

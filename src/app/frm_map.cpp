@@ -123,6 +123,27 @@ void frmMap::DrawOnPicture(const Draw& draw) {
   update();
 }
 
+QImage frmMap::MapPicture() {
+  zoomBox_.Cancel();
+  QImage picture = picture_;
+  picture.setDevicePixelRatio(1);
+  return picture;
+}
+
+QByteArray frmMap::MapFile(paint::MapFileKind kind) {
+  const Hourglass hourglass;
+  const auto draw = [this](map::Surface& surface) { map::DrawMap(scene_, surface); };
+  switch (kind) {
+    case paint::MapFileKind::kSvg:
+      return paint::SvgOf(size(), draw);
+    case paint::MapFileKind::kPdf:
+      return paint::PdfOf(size(), draw);
+    case paint::MapFileKind::kPng:
+      break;
+  }
+  return paint::PngOf(MapPicture(), paint::kScreenDpi * picture_.devicePixelRatio());
+}
+
 void frmMap::AdaptToScreen() {
   if (!picture_.isNull() && picture_.devicePixelRatio() != devicePixelRatioF())
     Redraw();

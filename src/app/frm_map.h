@@ -9,6 +9,7 @@
 #include "app/zoom_box.h"
 #include "map/draw_map.h"
 #include "map/view_description.h"
+#include "paint/map_file.h"
 #include "paint/prepared_pictures.h"
 
 namespace zerbal::app {
@@ -37,6 +38,10 @@ class frmMap final : public QWidget {
   /// What the map shows, for assistive programs. Reads all that is shown.
   QString Description() const { return QString::fromStdString(map::DescribeView(scene_)); }
   const QImage& Picture() const { return picture_; }
+  /// The picture as it is shown, with one logical pixel per device pixel. Ends a zoom box.
+  QImage MapPicture();
+  /// The bytes of a file with the map as it is shown: MapPicture, or the map drawn again.
+  QByteArray MapFile(paint::MapFileKind kind);
 
  signals:
   /// The mouse moved over the map, to this longitude and latitude.

@@ -96,7 +96,7 @@ bool RunningProgram::LoadTables() {
 
 void RunningProgram::LoadMainWindow() {
   mainWindow_ = std::make_unique<frmMain>(state_.settingsFile, state_.map, state_.delimitations,
-                                          state_.databases, dialogs_);
+                                          state_.databases, dialogs_, environment_.boxes);
   mainWindow_->Load(state_.files);
   mainWindow_->MapWindow().SetObserver(environment_.mapObserver);
 }

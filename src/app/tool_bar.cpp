@@ -1,7 +1,7 @@
 #include "app/tool_bar.h"
 
+#include <QKeySequence>
 #include <QMouseEvent>
-#include <QToolButton>
 
 #include "app/flow_layout.h"
 #include "app/menu_key.h"
@@ -20,6 +20,10 @@ QString ButtonText(const Command& command) {
   while (text.endsWith('.'))
     text.chop(1);
   return text;
+}
+
+QString ShortcutText(const Command& command) {
+  return QKeySequence(command.keys).toString(QKeySequence::NativeText);
 }
 
 }  // namespace
@@ -43,14 +47,21 @@ ToolBar::ToolBar(RunCommand run, QWidget* parent) : QFrame(parent), run_(std::mo
     row->AddGap();
     layerBoxes_.emplace_back(AddLayerBox(command), command.Option());
   });
+  row->AddGap();
+  for (const Command& command : WindowCommands()) {
+    if (command.button != nullptr)
+      lastButton_ = AddButton(command);
+  }
 }
 
-void ToolBar::AddButton(const Command& command) {
+QToolButton* ToolBar::AddButton(const Command& command) {
   auto* button = new QToolButton(this);
+  const bool hasEntry = command.name != nullptr;
   const QString text = ButtonText(command);
   button->setObjectName(command.button);
-  button->setText(text);
-  button->setToolTip(text);
+  button->setText(hasEntry ? text : command.caption);
+  // No menu shows the shortcut of a command without an entry.
+  button->setToolTip(hasEntry ? text : QString("%1 (%2)").arg(text, ShortcutText(command)));
   button->setAccessibleName(text);
   button->setIcon(SvgIcon(command.picture));
   button->setIconSize({kPictureSize, kPictureSize});
@@ -58,6 +69,7 @@ void ToolBar::AddButton(const Command& command) {
   button->setAutoRaise(true);
   dialogs::ConnectGuarded(button, &QToolButton::clicked, this, [this, &command] { run_(command, 0); });
   layout()->addWidget(button);
+  return button;
 }
 
 QCheckBox* ToolBar::AddLayerBox(const Command& command) {

@@ -3,6 +3,7 @@
 
 #include <QCheckBox>
 #include <QFrame>
+#include <QToolButton>
 #include <utility>
 #include <vector>
 
@@ -17,6 +18,9 @@ class ToolBar final : public QFrame {
   /// Makes the controls of all commands that have one.
   ToolBar(RunCommand run, QWidget* parent);
 
+  /// At the end of the bar.
+  QToolButton* LastButton() const { return lastButton_; }
+
   /// Sets the check marks of the boxes; runs no command.
   void ShowOptions(const data::DisplayOptions& options);
   /// Sets the tool tips of the boxes, which say what delimitations are set.
@@ -27,12 +31,13 @@ class ToolBar final : public QFrame {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  void AddButton(const Command& command);
+  QToolButton* AddButton(const Command& command);
   QCheckBox* AddLayerBox(const Command& command);
   /// What the right button, or the Menu key, does on this check box.
   void RunRightClick(const QString& box);
 
   RunCommand run_;
+  QToolButton* lastButton_ = nullptr;
   std::vector<std::pair<QCheckBox*, bool data::DisplayOptions::*>> layerBoxes_;
 };
 

@@ -46,7 +46,15 @@ class FakeDialogs final : public app::Dialogs {
       whileOpen();
     return confirm;
   }
+  std::optional<std::filesystem::path> AskMapFile(QWidget&) override {
+    ++mapFileAsked;
+    if (whileOpen)
+      whileOpen();
+    return mapFile;
+  }
   std::vector<app::DialogKind> shown;
+  int mapFileAsked = 0;
+  std::optional<std::filesystem::path> mapFile;  ///< chosen by the user; none: aborted
   bool confirm = false;
   std::function<void()> whileOpen;
 };

@@ -156,10 +156,10 @@ TEST_F(MapInputTest, TheWheelDoesNotDisturbADrag) {
 
 TEST_F(MapInputTest, TheMapHasTheFocusAfterTheStartByTabAndByClick) {
   EXPECT_TRUE(Map().hasFocus());
-  auto* button = Find<QToolButton>("cmdZoomIn");
+  auto* button = Find<QToolButton>("cmdSaveMap");
   button->setFocus();
   QTest::keyClick(button, Qt::Key_Backtab, Qt::ShiftModifier);
-  EXPECT_TRUE(Map().hasFocus()) << "the last control before the first";
+  EXPECT_TRUE(Map().hasFocus()) << "the control before the last button";
   button->setFocus();
   EXPECT_EQ(Map().focusPolicy(), Qt::StrongFocus) << "a wheel does not move it";
 }
@@ -167,12 +167,12 @@ TEST_F(MapInputTest, TheMapHasTheFocusAfterTheStartByTabAndByClick) {
 TEST_F(MapInputTest, TheFocusIsVisibleOnceTheKeyboardMovedIt) {
   const auto corner = [&] { return Map().grab().toImage().pixelColor(0, 0); };
   EXPECT_EQ(Map().grab().toImage().convertToFormat(QImage::Format_RGB32), Map().Picture());
-  Find<QToolButton>("cmdZoomIn")->setFocus();
-  QTest::keyClick(Find<QToolButton>("cmdZoomIn"), Qt::Key_Backtab, Qt::ShiftModifier);
+  Find<QToolButton>("cmdSaveMap")->setFocus();
+  QTest::keyClick(Find<QToolButton>("cmdSaveMap"), Qt::Key_Backtab, Qt::ShiftModifier);
   ASSERT_TRUE(Map().hasFocus());
   EXPECT_EQ(corner(), QColor(Qt::black));
   EXPECT_EQ(Map().grab().toImage().pixelColor(1, 1), QColor(Qt::white));
-  Find<QToolButton>("cmdZoomIn")->setFocus();
+  Find<QToolButton>("cmdSaveMap")->setFocus();
   EXPECT_EQ(Map().grab().toImage().convertToFormat(QImage::Format_RGB32), Map().Picture());
 }
 

@@ -1,7 +1,9 @@
 // The map window on two screens, of which the second has twice the resolution.
 #include <QApplication>
+#include <QFile>
 #include <QScreen>
 #include <QTemporaryFile>
+#include <QToolButton>
 #include <QWindow>
 
 #include "app_test.h"
@@ -54,6 +56,19 @@ TEST_F(Screens, LinesAreFineOnTheFinerScreen) {
     for (int x = 0; x + 1 < Picture().width(); x += 2)
       unequal += Picture().pixel(x, y) != Picture().pixel(x + 1, y) ? 1 : 0;
   EXPECT_GT(unequal, 10);
+}
+
+TEST_F(Screens, TheSavedPictureHasTheResolutionOfTheScreen) {
+  dialogs.mapFile = folder / "map.png";
+  for (const int screen : {1, 0}) {
+    MoveTo(screen);
+    Find<QToolButton>("cmdSaveMap")->click();
+    QImage shown = Picture();
+    shown.setDevicePixelRatio(1);
+    const QImage saved(QFile::decodeName((folder / "map.png").c_str()));
+    EXPECT_EQ(saved.size(), MapSize() * (screen + 1));
+    EXPECT_TRUE(saved.convertToFormat(QImage::Format_RGB32) == shown);
+  }
 }
 
 TEST_F(Screens, TheSameScreenRedrawsNothing) {

@@ -55,7 +55,7 @@ TEST_F(Shortcuts, NoneIsASingleLetter) {
     all += entry->shortcuts();
   for (const QShortcut* shortcut : Window().findChildren<QShortcut*>())
     all += shortcut->key();
-  EXPECT_EQ(all.size(), 16) << "those of the entries and F11";
+  EXPECT_EQ(all.size(), 18) << "those of the entries, Ctrl+S, Ctrl+C and F11";
   for (const QKeySequence& keys : all)
     EXPECT_TRUE(keys[0].keyboardModifiers() != Qt::NoModifier || keys[0].key() >= Qt::Key_F1)
         << keys.toString().toStdString();

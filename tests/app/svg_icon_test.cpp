@@ -6,6 +6,7 @@
 #include <QSvgRenderer>
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -50,6 +51,21 @@ double LowestContrast(const QImage& image, QColor background) {
   return lowest;
 }
 
+/// Of all buttons of the tool bar.
+std::vector<const char*> ButtonPictures() {
+  std::vector<const char*> pictures;
+  const auto add = [&](std::span<const Command> commands) {
+    for (const Command& command : commands) {
+      if (command.picture != nullptr)
+        pictures.push_back(command.picture);
+    }
+  };
+  for (const MenuDescription& menu : MenuTable())
+    add(menu.commands);
+  add(WindowCommands());
+  return pictures;
+}
+
 class Pictures : public testing::Test {
  protected:
   void TearDown() override { QApplication::setPalette(original_); }
@@ -69,34 +85,25 @@ TEST_F(Pictures, AreAllVectorGraphics) {
 }
 
 TEST_F(Pictures, OfTheToolBarUseThePalette) {
-  int pictures = 0;
-  for (const MenuDescription& menu : MenuTable()) {
-    for (const Command& command : menu.commands) {
-      if (command.picture == nullptr)
-        continue;
-      ++pictures;
-      const QIcon icon = SvgIcon(command.picture);
-      for (const QColor colour : {QColor(Qt::black), QColor(230, 230, 230)}) {
-        SetTextColour(colour);
-        EXPECT_GT(PixelsLike(icon.pixmap(24, 24).toImage(), colour), 20) << command.picture;
-      }
+  const std::vector<const char*> pictures = ButtonPictures();
+  for (const char* picture : pictures) {
+    const QIcon icon = SvgIcon(picture);
+    for (const QColor colour : {QColor(Qt::black), QColor(230, 230, 230)}) {
+      SetTextColour(colour);
+      EXPECT_GT(PixelsLike(icon.pixmap(24, 24).toImage(), colour), 20) << picture;
     }
   }
-  EXPECT_EQ(pictures, 8);
+  EXPECT_EQ(pictures.size(), 9U);
 }
 
 TEST_F(Pictures, OfTheToolBarAreVisibleOnLightAndDarkWindows) {
   const std::pair<QColor, QColor> palettes[] = {{Qt::black, QColor(0xef, 0xef, 0xef)},
                                                 {QColor(0xe6, 0xe6, 0xe6), QColor(0x2b, 0x2b, 0x2b)}};
-  for (const MenuDescription& menu : MenuTable()) {
-    for (const Command& command : menu.commands) {
-      if (command.picture == nullptr)
-        continue;
-      for (const auto& [text, window] : palettes) {
-        SetTextColour(text);
-        EXPECT_GE(LowestContrast(SvgIcon(command.picture).pixmap(96, 96).toImage(), window), 3)
-            << command.picture << " on " << window.name().toStdString();
-      }
+  for (const char* picture : ButtonPictures()) {
+    for (const auto& [text, window] : palettes) {
+      SetTextColour(text);
+      EXPECT_GE(LowestContrast(SvgIcon(picture).pixmap(96, 96).toImage(), window), 3)
+          << picture << " on " << window.name().toStdString();
     }
   }
 }

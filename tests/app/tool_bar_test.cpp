@@ -60,7 +60,7 @@ TEST_F(ToolBarTest, ItsControlsAreInOrderAndInGroups) {
   Window().resize(1200, 500);
   EXPECT_EQ(Row(),
             "cmdZoomIn cmdZoomIn2 cmdZoomReset cmdZoomOut2 cmdZoomOut | "
-            "cmdRandFlit cmdSeleFlit cmdSeleDest | chkAprt | chkDest");
+            "cmdRandFlit cmdSeleFlit cmdSeleDest | chkAprt | chkDest | cmdSaveMap");
 }
 
 TEST_F(ToolBarTest, ButtonsHaveTheirTextsAndPictures) {
@@ -73,6 +73,29 @@ TEST_F(ToolBarTest, ButtonsHaveTheirTextsAndPictures) {
   }
   EXPECT_EQ(Find<QCheckBox>("chkAprt")->text(), "All airports");
   EXPECT_EQ(Find<QCheckBox>("chkDest")->text(), "QAV destinations");
+}
+
+TEST_F(ToolBarTest, TheLastButtonSavesTheMapAndTellsItsShortcut) {
+  auto* button = Find<QToolButton>("cmdSaveMap");
+  EXPECT_EQ(button->text(), "Save map...");
+  EXPECT_EQ(button->toolTip(), "Save map (Ctrl+S)");
+  EXPECT_EQ(button->accessibleName(), "Save map");
+  EXPECT_FALSE(button->icon().isNull());
+  button->click();
+  EXPECT_EQ(dialogs.mapFileAsked, 1);
+  EXPECT_EQ(Draws(), 1);
+}
+
+TEST_F(ToolBarTest, TabGoesFromTheBoxesToTheMapAndThenToTheLastButton) {
+  QStringList order;
+  QWidget* widget = Find<QCheckBox>("chkAprt");
+  for (int i = 0; i < 5; ++i) {
+    order.append(widget->objectName());
+    do
+      widget = widget->nextInFocusChain();
+    while ((widget->focusPolicy() & Qt::TabFocus) == 0);
+  }
+  EXPECT_EQ(order.join(' ').toStdString(), "chkAprt chkDest frmMap cmdSaveMap cmdZoomIn");
 }
 
 TEST_F(ToolBarTest, ButtonsHaveTheEffectOfTheirEntries) {

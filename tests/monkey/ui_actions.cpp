@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
+#include <QFileDialog>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMainWindow>
@@ -151,6 +152,11 @@ void UiActions::UsePopup(QWidget& popup) {
 }
 
 void UiActions::UseDialog(QWidget& dialog) {
+  // That of the system, which could delete any file, lists files at its own pace.
+  if (qobject_cast<QFileDialog*>(&dialog) != nullptr) {
+    LeaveFileDialog(dialog);
+    return;
+  }
   const int kind = choice_.Below(100);
   if (kind < 3) {
     Close(dialog);
@@ -167,6 +173,12 @@ void UiActions::UseDialog(QWidget& dialog) {
   } else {
     UseRandomControl(dialog);
   }
+}
+
+void UiActions::LeaveFileDialog(QWidget& dialog) {
+  const bool save = choice_.OneIn(2);
+  Log(save ? "save the suggested file" : "save nothing");
+  PressKey(dialog, save ? Qt::Key_Return : Qt::Key_Escape);
 }
 
 void UiActions::CorruptRandomFile() {

@@ -49,6 +49,7 @@ class UiActions {
   void PickIn(QAbstractItemView& list);
   void Close(QWidget& window);
 
+  void LeaveFileDialog(QWidget& dialog);
   void CorruptRandomFile();
   /// Now or, one time in three, after some steps of the program.
   void Corrupt(const FileCorruption& corruption);
