@@ -1,6 +1,7 @@
-// Qt without a screen.
+// Qt without a screen and without the user's settings.
 #pragma once
 
+#include <QSettings>
 #include <QString>
 #include <QtGlobal>
 #include <iostream>
@@ -18,6 +19,8 @@ inline void PrintOtherMessages(QtMsgType type, const QMessageLogContext& context
 inline void UseOffscreenPlatform() {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
     qputenv("QT_QPA_PLATFORM", "offscreen");
+  // The file dialog keeps its state in a file of the user, which tests neither read nor change.
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
   qInstallMessageHandler(PrintOtherMessages);
 }
 
