@@ -1,5 +1,6 @@
 #include "dialogs/map_file_dialog.h"
 
+#include <QAbstractButton>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFile>
