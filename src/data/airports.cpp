@@ -21,20 +21,25 @@ struct AirportTable {
     std::array<std::int32_t, 3> values{};
     for (std::size_t n = 0; n < values.size(); ++n)
       if (criteria.numeric[n].active)
-        values[n] = NumberOrZero(numbers[n]);
+        values[n] = Number(n).value_or(0);
     if (criteria.ilsActive)
       ReadIls();
     return AirportPassesCriteria(criteria, values[0], values[1], values[2], ilsText);
   }
 
-  std::int32_t NumberOrZero(const TableField& field) const {
+  /// `n` counts as in AirportCriteria::numeric.
+  std::optional<std::int32_t> Number(std::size_t n) const {
+    const TableField& field = numbers[n];
     try {
       if (field.Exists() && !field.Of(rows).IsNull())
         return field.Of(rows).AsLong();
     } catch (const jet::EngineError&) {
       // Treated as an empty field.
     }
-    return 0;
+    return std::nullopt;
+  }
+  std::optional<std::int32_t> Number(Criterion criterion) const {
+    return Number(static_cast<std::size_t>(criterion));
   }
 
   void ReadIls() {
@@ -74,6 +79,25 @@ std::string_view Airport::Name() const {
 
 std::string_view Airport::City() const {
   return table_->city.Read(table_->rows, table_->cityText);
+}
+
+std::optional<std::int32_t> Airport::Elevation() const {
+  return table_->Number(Criterion::kElevation);
+}
+
+std::optional<std::int32_t> Airport::Runways() const {
+  return table_->Number(Criterion::kRunways);
+}
+
+std::optional<std::int32_t> Airport::LongestRunway() const {
+  return table_->Number(Criterion::kLongestRunway);
+}
+
+std::optional<bool> Airport::HasIls() const {
+  table_->ReadIls();
+  if (table_->ilsText != "1" && table_->ilsText != "0")
+    return std::nullopt;
+  return table_->ilsText == "1";
 }
 
 Airports::Airports(const jet::Database& database, const char* table)

@@ -1,6 +1,7 @@
 // The airports of the world, and those among them that are the airline's destinations.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -26,6 +27,11 @@ class Airport {
   std::string_view Code() const;
   std::string_view Name() const;
   std::string_view City() const;
+  // Nothing where the field is empty, missing or not readable.
+  std::optional<std::int32_t> Elevation() const;      ///< feet
+  std::optional<std::int32_t> Runways() const;        ///< how many
+  std::optional<std::int32_t> LongestRunway() const;  ///< feet
+  std::optional<bool> HasIls() const;                 ///< nothing for any text but "1" and "0", too
 
  private:
   friend class Airports;

@@ -12,20 +12,19 @@ constexpr std::int32_t kRadiusOverview = 20;
 constexpr std::int32_t kRadiusDetail = 30;
 constexpr std::int32_t kLabelOffset = 50;  ///< right of and below the marker's centre
 
-/// Where the airport is when it is in view. The longitude of the marker in line tables is not a position here
-/// either.
-std::optional<TwipPoint> Project(const Viewport& viewport, MapPosition position) {
-  if (position.lon == kPenUpLon)
-    return std::nullopt;
-  return viewport.ProjectPoint(position);
-}
-
 void DrawAt(TwipPoint centre, Canvas& canvas, std::string_view label, data::Rgb colour) {
   canvas.surface.Circle(centre, canvas.viewport.DetailMode() ? kRadiusDetail : kRadiusOverview, colour, true);
   canvas.surface.Text({centre.x + kLabelOffset, centre.y + kLabelOffset}, label, colour, canvas.font);
 }
 
 }  // namespace
+
+std::optional<TwipPoint> ProjectAirport(const Viewport& viewport, MapPosition position) {
+  // The longitude of the marker in line tables is not a position here either.
+  if (position.lon == kPenUpLon)
+    return std::nullopt;
+  return viewport.ProjectPoint(position);
+}
 
 void AppendAirportLabel(std::string& label, const AirportTexts& texts, bool detailMode) {
   label += texts.code;
@@ -41,7 +40,7 @@ void AppendAirportLabel(std::string& label, const AirportTexts& texts, bool deta
 }
 
 void DrawAirport(Canvas& canvas, const AirportTexts& texts, MapPosition position, data::Rgb colour) {
-  const std::optional<TwipPoint> centre = Project(canvas.viewport, position);
+  const std::optional<TwipPoint> centre = ProjectAirport(canvas.viewport, position);
   if (!centre)
     return;
   std::string label;
@@ -49,25 +48,32 @@ void DrawAirport(Canvas& canvas, const AirportTexts& texts, MapPosition position
   DrawAt(*centre, canvas, label, colour);
 }
 
-void DrawAirportLayer(Canvas& canvas, const data::Airports& airports, const data::AirportCriteria& criteria,
-                      data::Rgb colour) {
-  const bool detailMode = canvas.viewport.DetailMode();
-  std::string label;
+void VisitAirportsInView(const Viewport& viewport, const data::Airports& airports,
+                         const data::AirportCriteria& criteria,
+                         const std::function<void(const data::Airport&, TwipPoint)>& visit) {
   airports.VisitMeeting(criteria, [&](const data::Airport& airport) {
     try {
-      const std::optional<TwipPoint> centre = Project(canvas.viewport, airport.Position());
-      if (!centre)
-        return;
-      AirportTexts texts{airport.Code()};
-      if (detailMode)
-        texts = {texts.code, airport.Name(), airport.City()};
-      label.clear();
-      AppendAirportLabel(label, texts, detailMode);
-      DrawAt(*centre, canvas, label, colour);
+      if (const std::optional<TwipPoint> centre = ProjectAirport(viewport, airport.Position()))
+        visit(airport, *centre);
     } catch (const std::exception&) {
       // This airport is left out.
     }
   });
+}
+
+void DrawAirportLayer(Canvas& canvas, const data::Airports& airports, const data::AirportCriteria& criteria,
+                      data::Rgb colour) {
+  const bool detailMode = canvas.viewport.DetailMode();
+  std::string label;
+  VisitAirportsInView(canvas.viewport, airports, criteria,
+                      [&](const data::Airport& airport, TwipPoint centre) {
+                        AirportTexts texts{airport.Code()};
+                        if (detailMode)
+                          texts = {texts.code, airport.Name(), airport.City()};
+                        label.clear();
+                        AppendAirportLabel(label, texts, detailMode);
+                        DrawAt(centre, canvas, label, colour);
+                      });
 }
 
 }  // namespace zerbal::map

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -82,6 +84,15 @@ void AppendAirportLabel(std::string& label, const AirportTexts& texts, bool deta
 
 /// Draws marker and label when the position is in view.
 void DrawAirport(Canvas& canvas, const AirportTexts& texts, MapPosition position, data::Rgb colour);
+
+/// Calls `visit` with each airport that the layer draws and its marker's centre. An airport whose position
+/// cannot be read, or for which `visit` throws, is left out.
+void VisitAirportsInView(const Viewport& viewport, const data::Airports& airports,
+                         const data::AirportCriteria& criteria,
+                         const std::function<void(const data::Airport&, TwipPoint centre)>& visit);
+
+/// Where the marker's centre is; nothing when the position is not in view.
+std::optional<TwipPoint> ProjectAirport(const Viewport& viewport, MapPosition position);
 
 /// Draws every airport that meets the criteria and is in view. An airport whose position or label cannot be
 /// read is left out. When the airports after it cannot be read either, the error is thrown.

@@ -53,6 +53,22 @@ TEST_F(AirportsTest, AreVisitedInTheOrderOfTheirCodes) {
   EXPECT_EQ(Meeting(airports, {}), codes);
 }
 
+TEST_F(AirportsTest, FactsThatAreNotKnownAreMissing) {
+  const Airports airports = Open(AirportTable({AirportRow("AAA", "681", "1"), AirportRow("BBB", "high", "0"),
+                                               AirportRow("CCC", test::Null(), "yes")}));
+  const auto known = airports.Find("AAA");
+  EXPECT_EQ(known->Elevation(), 681);
+  EXPECT_EQ(known->Runways(), 1);
+  EXPECT_EQ(known->LongestRunway(), 5000);
+  EXPECT_EQ(known->HasIls(), true);
+  const auto unreadable = airports.Find("BBB");
+  EXPECT_EQ(unreadable->Elevation(), std::nullopt);
+  EXPECT_EQ(unreadable->HasIls(), false);
+  const auto empty = airports.Find("CCC");
+  EXPECT_EQ(empty->Elevation(), std::nullopt);
+  EXPECT_EQ(empty->HasIls(), std::nullopt);
+}
+
 TEST_F(AirportsTest, AnAirportIsFoundByExactlyItsCode) {
   const Airports airports = Open(AirportTable({AirportRow("AAA"), AirportRow("BBB")}));
   const auto airport = airports.Find("BBB");
