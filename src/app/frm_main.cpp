@@ -179,6 +179,7 @@ void frmMain::MakeMapWindow() {
                                delimitations_.allAirports, delimitations_.destinations, state_.flights,
                                paint::LogDrawError});
   map_ = std::make_unique<frmMap>(*scene_, state_.viewport, client_);
+  map_->SetTips(settingsFile_.ini.Find(settings::kMapTips).value_or(settings::kMapTips.byDefault));
   map_->hide();
   client_->Hold(map_.get());
   // Tab goes from the check boxes to the map, and from there to the button that the tool bar ends with.

@@ -11,6 +11,7 @@
 #include "app/accessible_map.h"
 #include "base/numbers.h"
 #include "dialogs/guarded.h"
+#include "map/nearby.h"
 #include "map/position_text.h"
 #include "map/tee_surface.h"
 #include "paint/colour.h"
@@ -51,7 +52,8 @@ frmMap::frmMap(const map::MapScene& scene, map::Viewport& viewport, QWidget* par
       scene_(scene),
       viewport_(viewport),
       zoomBox_([this](TwipPosition corner1, TwipPosition corner2) { InvertBox(corner1, corner2); }),
-      input_(viewport, scene.style.regions, zoomBox_) {
+      input_(viewport, scene.style.regions, zoomBox_),
+      tip_(*this, [this](QPointF at) { return TextAt(at); }) {
   setObjectName("frmMap");
   setAccessibleName(tr("Map"));
   MakeMapAccessible();
@@ -63,6 +65,8 @@ frmMap::frmMap(const map::MapScene& scene, map::Viewport& viewport, QWidget* par
   dialogs::ConnectGuarded(&input_, &MapInput::ViewChanged, this, &frmMap::RecomputeAndRedraw);
   dialogs::ConnectGuarded(&input_, &MapInput::MenuRequested, this,
                           [this] { emit PopupRequested(mapToGlobal(rect().center())); });
+  dialogs::ConnectGuarded(&input_, &MapInput::TipRequested, this,
+                          [this] { tip_.ShowAt(QRectF(rect()).center()); });
 }
 
 void frmMap::RecomputeAndRedraw() {
@@ -77,6 +81,7 @@ void frmMap::Redraw() {
   if (!viewport_.HasArea())
     return;
   const Hourglass hourglass;
+  tip_.Hide();
   UpdateAppearance();
   PreparePicture();
   DrawOnPicture([this](map::Surface& surface) { map::DrawMap(scene_, surface); });
@@ -152,6 +157,10 @@ void frmMap::AdaptToScreen() {
 bool frmMap::event(QEvent* event) {
   if (event->type() == QEvent::ScreenChangeInternal)
     dialogs::Guarded([this] { AdaptToScreen(); });
+  if (event->type() == QEvent::ToolTip)
+    return true;
+  if (event->type() == QEvent::Leave || event->type() == QEvent::Hide)
+    dialogs::Guarded([this] { tip_.Hide(); });
   return QWidget::event(event);
 }
 
@@ -182,6 +191,7 @@ void frmMap::resizeEvent(QResizeEvent*) {
 
 void frmMap::mousePressEvent(QMouseEvent* event) {
   dialogs::Guarded([&] {
+    tip_.Hide();
     const Qt::MouseButtons buttons = event->buttons() | event->button();
     const TwipPosition at = PlaceOf(*event);
     if (buttons.testFlag(Qt::LeftButton)) {
@@ -197,6 +207,8 @@ void frmMap::mousePressEvent(QMouseEvent* event) {
 void frmMap::mouseMoveEvent(QMouseEvent* event) {
   dialogs::Guarded([&] {
     const TwipPosition at = PlaceOf(*event);
+    if (event->buttons() == Qt::NoButton)
+      tip_.PointerAt(event->position());
     if (!viewport_.IsOnMap(at))
       return;
     ShowPosition(at);
@@ -209,6 +221,13 @@ void frmMap::ShowPosition(TwipPosition at) {
   const GeoPosition position = ToGeoPosition(viewport_.Unproject(at));
   emit PositionChanged(QString::fromStdString(map::LonText(position.lon)),
                        QString::fromStdString(map::LatText(position.lat)));
+}
+
+QString frmMap::TextAt(QPointF at) const {
+  const TwipPosition place = ToTwipPosition(at.x(), at.y());
+  if (!viewport_.HasArea() || zoomBox_.Dragged() || !viewport_.IsOnMap(place))
+    return {};
+  return QString::fromStdString(map::NearbyText(map::FindNearby(scene_, place)));
 }
 
 void frmMap::InvertBox(TwipPosition corner1, TwipPosition corner2) {
@@ -243,18 +262,25 @@ void frmMap::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void frmMap::wheelEvent(QWheelEvent* event) {
-  dialogs::Guarded([&] { input_.Wheel(*event); });
+  dialogs::Guarded([&] {
+    tip_.Hide();
+    input_.Wheel(*event);
+  });
   event->accept();
 }
 
 void frmMap::keyPressEvent(QKeyEvent* event) {
   bool handled = false;
-  dialogs::Guarded([&] { handled = input_.KeyPress(*event); });
+  dialogs::Guarded([&] {
+    tip_.Hide();
+    handled = input_.KeyPress(*event);
+  });
   event->setAccepted(handled);
 }
 
 void frmMap::focusOutEvent(QFocusEvent* event) {
   dialogs::Guarded([&] {
+    tip_.Hide();
     if (zoomBox_.Sized())
       zoomBox_.Cancel();
   });

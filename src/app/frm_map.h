@@ -6,6 +6,7 @@
 #include <QWidget>
 
 #include "app/map_input.h"
+#include "app/map_tip.h"
 #include "app/zoom_box.h"
 #include "map/draw_map.h"
 #include "map/view_description.h"
@@ -37,6 +38,8 @@ class frmMap final : public QWidget {
   QColor BackgroundColour() const { return background_; }
   /// What the map shows, for assistive programs. Reads all that is shown.
   QString Description() const { return QString::fromStdString(map::DescribeView(scene_)); }
+  /// Whether a tool tip says what is under the resting pointer.
+  void SetTips(bool shown) { tip_.SetEnabled(shown); }
   const QImage& Picture() const { return picture_; }
   /// The picture as it is shown, with one logical pixel per device pixel. Ends a zoom box.
   QImage MapPicture();
@@ -52,6 +55,7 @@ class frmMap final : public QWidget {
   void PopupRequested(const QPoint& globalPosition);
 
  protected:
+  /// Qt's own tool tips are not used.
   bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
@@ -71,6 +75,8 @@ class frmMap final : public QWidget {
   void DrawOnPicture(const Draw& draw);
   void InvertBox(TwipPosition corner1, TwipPosition corner2);
   void ShowPosition(TwipPosition at);
+  /// What is drawn near a point in logical pixels; empty outside of the map and while a zoom box is dragged.
+  QString TextAt(QPointF at) const;
   TwipPosition Limited(TwipPosition at) const;
 
   const map::MapScene& scene_;
@@ -83,6 +89,7 @@ class frmMap final : public QWidget {
   /// Its corner follows the mouse only over the map, so it may differ from where the button is released.
   ZoomBox zoomBox_;
   MapInput input_;
+  MapTip tip_;
 };
 
 }  // namespace zerbal::app

@@ -72,6 +72,10 @@ bool MapInput::KeyPress(const QKeyEvent& event) {
     emit MenuRequested();
     return true;
   }
+  if (modifiers == Qt::ControlModifier && event.key() == Qt::Key_I) {
+    emit TipRequested();
+    return true;
+  }
   if (const QPoint direction = Arrow(event.key()); !direction.isNull() && (plain || shift)) {
     ArrowKey(direction, shift);
     return true;

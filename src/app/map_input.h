@@ -30,6 +30,8 @@ class MapInput final : public QObject {
  signals:
   void ViewChanged();
   void MenuRequested();
+  /// What is drawn in the middle of the map is asked for.
+  void TipRequested();
 
  private:
   /// The direction of an arrow key; null for other keys.

@@ -128,8 +128,12 @@ inline constexpr NumberSetting kWorldCentre{{"Region", "CentreWorld"}, 1, 0, 2, 
 /// Degrees, east positive.
 inline constexpr RealSetting kWorldCentreLongitude{{"Region", "CentreWorldAtLON"}, 0, -180, 180};
 
-// What the flight finding dialogs show at first.
 inline constexpr char kProgram[] = "Program";
+/// Whether a tool tip says what is under the pointer. Any text but "0" is on. Only read: a missing key is not
+/// written.
+inline constexpr SwitchSetting kMapTips{{kProgram, "MapToolTips"}, true, true};
+
+// What the flight finding dialogs show at first.
 /// 1 one flight, 2 a round trip.
 inline constexpr NumberSetting kRandomFlights{{kProgram, "RandomFlitHowMany"}, 2, 1, 2, Correction::kDefault};
 inline constexpr SwitchSetting kSearchOrigin{{kProgram, "SeleDestCheckDest"}, true, true};

@@ -18,6 +18,13 @@ TEST(Catalogue, ASwitchHasTheOtherValueForATextThatIsNeither) {
   }
 }
 
+TEST(Catalogue, ToolTipsOfTheMapAreOffOnlyByZero) {
+  EXPECT_TRUE(kMapTips.byDefault);
+  for (const char* text : {"1", "", "x", "2", "00"})
+    EXPECT_TRUE(kMapTips.ValueOf(text)) << text;
+  EXPECT_FALSE(kMapTips.ValueOf("0"));
+}
+
 TEST(Catalogue, ANumberOutsideItsRangeIsCorrected) {
   struct Case {
     const char* text;
