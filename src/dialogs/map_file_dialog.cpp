@@ -1,7 +1,9 @@
 #include "dialogs/map_file_dialog.h"
 
+#include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QPushButton>
 
 #include "dialogs/guarded.h"
 #include "paint/map_file.h"
@@ -41,6 +43,10 @@ void SetUp(QFileDialog& dialog, const QString& suggestion) {
   ConnectGuarded(&dialog, &QFileDialog::filterSelected, &dialog, useSuffix);
   dialog.setDirectory(QFileInfo(suggestion).absolutePath());
   dialog.selectFile(suggestion);
+  // The desktop's own file dialog has no such button.
+  const auto* buttons = dialog.findChild<QDialogButtonBox*>();
+  if (QPushButton* save = buttons != nullptr ? buttons->button(QDialogButtonBox::Save) : nullptr)
+    save->setObjectName("cmdSave");
 }
 
 }  // namespace

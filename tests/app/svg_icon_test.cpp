@@ -37,7 +37,7 @@ double Contrast(QColor a, QColor b) {
     return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
            0.0722 * linear(colour.blueF());
   };
-  const auto [dark, light] = std::minmax(luminance(a), luminance(b));
+  const auto [dark, light] = std::minmax({luminance(a), luminance(b)});
   return (light + 0.05) / (dark + 0.05);
 }
 

@@ -24,13 +24,16 @@ namespace {
 
 using namespace zerbal;
 
-/// Menus that do not wait: which one is open must not depend on time.
+/// Menus whose sub-menus open at once and stay open: which one is open must not depend on time.
 class InstantMenus final : public QProxyStyle {
  public:
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                 QStyleHintReturn* result) const override {
+    constexpr int kNever = 32767;  // ms; the largest that a menu takes
     if (hint == SH_Menu_SubMenuPopupDelay || hint == SH_Menu_SloppySubMenus)
       return 0;
+    if (hint == SH_Menu_SubMenuSloppyCloseTimeout)
+      return kNever;
     return QProxyStyle::styleHint(hint, option, widget, result);
   }
 };

@@ -14,6 +14,8 @@ namespace {
 
 /// How long to wait before checking again whether an action has returned.
 constexpr int kWaitMs = 1;
+/// Between actions in a menu. It opens the sub-menu of an entry 20 ms after a press.
+constexpr int kMenuMs = 50;
 
 }  // namespace
 
@@ -63,7 +65,7 @@ template <class Work>
 void Session::Begin(const Work& work) {
   const std::size_t depth = begun_.size();
   begun_.push_back(CurrentFront());
-  next_.start(0);
+  next_.start(begun_.back().popup != nullptr ? kMenuMs : 0);
   work();
   begun_.resize(depth);
 }

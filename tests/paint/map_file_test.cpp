@@ -48,7 +48,7 @@ TEST(MapFile, APdfHasOnePageOfTheLogicalSize) {
 }
 
 TEST(MapFile, APictureThatIsTooLargeIsAnError) {
-  EXPECT_THROW(DrawPicture({1 << 20, 1 << 20}, 96, DrawLine), base::Error);
+  EXPECT_THROW(DrawPicture({1 << 30, 1}, 96, DrawLine), base::Error);
 }
 
 }  // namespace
