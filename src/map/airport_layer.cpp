@@ -1,5 +1,4 @@
 #include <cstdint>
-#include <exception>
 #include <optional>
 
 #include "map/layers.h"
@@ -46,19 +45,6 @@ void DrawAirport(Canvas& canvas, const AirportTexts& texts, MapPosition position
   std::string label;
   AppendAirportLabel(label, texts, canvas.viewport.DetailMode());
   DrawAt(*centre, canvas, label, colour);
-}
-
-void VisitAirportsInView(const Viewport& viewport, const data::Airports& airports,
-                         const data::AirportCriteria& criteria,
-                         const std::function<void(const data::Airport&, TwipPoint)>& visit) {
-  airports.VisitMeeting(criteria, [&](const data::Airport& airport) {
-    try {
-      if (const std::optional<TwipPoint> centre = ProjectAirport(viewport, airport.Position()))
-        visit(airport, *centre);
-    } catch (const std::exception&) {
-      // This airport is left out.
-    }
-  });
 }
 
 void DrawAirportLayer(Canvas& canvas, const data::Airports& airports, const data::AirportCriteria& criteria,

@@ -2,7 +2,7 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
+#include <exception>
 #include <optional>
 #include <span>
 #include <string>
@@ -85,14 +85,23 @@ void AppendAirportLabel(std::string& label, const AirportTexts& texts, bool deta
 /// Draws marker and label when the position is in view.
 void DrawAirport(Canvas& canvas, const AirportTexts& texts, MapPosition position, data::Rgb colour);
 
-/// Calls `visit` with each airport that the layer draws and its marker's centre. An airport whose position
-/// cannot be read, or for which `visit` throws, is left out.
-void VisitAirportsInView(const Viewport& viewport, const data::Airports& airports,
-                         const data::AirportCriteria& criteria,
-                         const std::function<void(const data::Airport&, TwipPoint centre)>& visit);
-
 /// Where the marker's centre is; nothing when the position is not in view.
 std::optional<TwipPoint> ProjectAirport(const Viewport& viewport, MapPosition position);
+
+/// Calls `visit(airport, centre)` with each airport that the layer draws and its marker's centre. An airport
+/// whose position cannot be read, or for which `visit` throws, is left out.
+template <typename Visit>
+void VisitAirportsInView(const Viewport& viewport, const data::Airports& airports,
+                         const data::AirportCriteria& criteria, const Visit& visit) {
+  airports.VisitMeeting(criteria, [&](const data::Airport& airport) {
+    try {
+      if (const std::optional<TwipPoint> centre = ProjectAirport(viewport, airport.Position()))
+        visit(airport, *centre);
+    } catch (const std::exception&) {
+      // This airport is left out.
+    }
+  });
+}
 
 /// Draws every airport that meets the criteria and is in view. An airport whose position or label cannot be
 /// read is left out. When the airports after it cannot be read either, the error is thrown.
