@@ -58,8 +58,9 @@ TEST_P(BadRows, AreReported) {
 const BadRow kBadRows[] = {
     // Format
     {"EmptyFile", 'f', "", "f.csv: is empty; its first line must name the columns\n"},
-    {"Semicolons", 'f', "Service;Flight;Key;From;To\n",
-     "f.csv:1: the columns are separated by semicolons; commas are needed\n"},
+    {"SeparatorsMixed", 'f', "Service;Flight;Key;From;To\nEUR,QV101,QV101,LPPT,EGLL\n",
+     "f.csv: note: read as UTF-8, with semicolons between the fields\n"
+     "f.csv:2: has 1 columns, the header 5\n"},
     {"MissingColumn", 's', "Service,Line,Name,Red,Green\nEUR,1,Europe,0,0\n",
      "s.csv:1: there is no column 'Blue'\n"},
     {"UnknownColumn", 's', "Service,Line,Name,Colour,Red,Green,Blue\nEUR,1,Europe,x,0,0,1\n",
@@ -79,8 +80,12 @@ const BadRow kBadRows[] = {
      "f.csv:2: column 'Flight': text after the closing quotation mark\n"},
     {"QuoteInside", 'f', kFlightsHeader + "EUR,QV\"101,QV101,LPPT,,,,EGLL\n",
      "f.csv:2: column 'Flight': a quotation mark in a field that does not begin with one\n"},
-    {"NoUtf8", 'f', kFlightsHeader + "EUR,QV\xE9,QV101,LPPT,,,,EGLL\n",
+    {"NoUtf8", 'f', "\xEF\xBB\xBF" + kFlightsHeader + "EUR,QV\xE9,QV101,LPPT,,,,EGLL\n",
+     "f.csv: note: read as UTF-8 with byte order mark, with commas between the fields\n"
      "f.csv:2: column 'Flight': not valid UTF-8\n"},
+    {"NoCodePage1252", 'f', kFlightsHeader + "EUR,QV\x81,QV101,LPPT,,,,EGLL\n",
+     "f.csv: note: read as code page 1252, with commas between the fields\n"
+     "f.csv:2: column 'Flight': not valid code page 1252\n"},
     // Keys
     {"EmptyKey", 'f', kFlightsHeader + "EUR,QV101,,LPPT,,,,EGLL\n", "f.csv:2: column 'Key': is empty\n"},
     {"BlankKey", 'f', kFlightsHeader + "EUR,QV101,\"  \",LPPT,,,,EGLL\n",

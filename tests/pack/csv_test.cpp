@@ -10,8 +10,8 @@
 namespace zerbal::pack {
 namespace {
 
-std::vector<CsvRecord> ReadAll(std::string_view text) {
-  CsvReader reader(text);
+std::vector<CsvRecord> ReadAll(std::string_view text, const CsvForm& form = {}) {
+  CsvReader reader(text, form);
   std::vector<CsvRecord> records;
   for (CsvRecord record; reader.Next(record);)
     records.push_back(record);
@@ -19,9 +19,9 @@ std::vector<CsvRecord> ReadAll(std::string_view text) {
 }
 
 /// One line per record: fields in brackets, quoted ones with a leading q, errors as "!line.field".
-std::string Shown(std::string_view text) {
+std::string Shown(std::string_view text, const CsvForm& form = {}) {
   std::ostringstream shown;
-  for (const CsvRecord& record : ReadAll(text)) {
+  for (const CsvRecord& record : ReadAll(text, form)) {
     shown << record.line << ":";
     if (record.fault) {
       shown << "!" << record.fault->line << "." << record.fault->field << "\n";
@@ -105,6 +105,32 @@ TEST(CsvReader, RefusesInvalidUtf8) {
 TEST(CsvReader, RefusesNul) {
   EXPECT_EQ(Shown(std::string_view("a,\0\nb\n", 6)), "1:!1.2\n2:[b]\n");
   EXPECT_EQ(Shown(std::string_view("\"\0\"\nb\n", 6)), "1:!1.1\n2:[b]\n");
+}
+
+TEST(CsvReader, SplitsAtTheGivenSeparator) {
+  const std::string text = "a,b;\"c;d\";\te\n";
+  EXPECT_EQ(Shown(text, {.separator = ';'}), "1:[a,b]q[c;d][\te]\n");
+  EXPECT_EQ(Shown("a,b\tc;d\n", {.separator = '\t'}), "1:[a,b][c;d]\n");
+}
+
+TEST(CsvReader, UnderstandsBackslashesWhereTheyEscape) {
+  const std::string text = "\"Mill\\'s \\\"x\\\", C:\\\\\",\\N,\"a\\b\"\n";
+  EXPECT_EQ(Shown(text, {.backslashEscapes = true}), "1:q[Mill's \"x\", C:\\][\\N]q[a\\b]\n");
+  EXPECT_EQ(Shown("\"a\\\",b\n"), "1:q[a\\][b]\n");
+}
+
+TEST(CsvReader, ToleratesBlanksAroundQuotesAndLooseQuotesWhenLenient) {
+  const CsvForm lenient{.lenient = true};
+  EXPECT_EQ(Shown("a, \"b,c\" , d \n", lenient), "1:[a]q[b,c][ d ]\n");
+  EXPECT_EQ(Shown("a 5\" gun,\"b\"  \n", lenient), "1:[a 5\" gun]q[b]\n");
+  EXPECT_EQ(Shown("\"a\"b,c\n", lenient), "1:!1.1\n");
+}
+
+TEST(CsvReader, GivesTheSourceOfARecord) {
+  std::vector<std::string> sources;
+  for (const CsvRecord& record : ReadAll("a,b\r\n\"c\nd\",e\nf\"g,h\n\ni"))
+    sources.emplace_back(record.source);
+  EXPECT_EQ(sources, (std::vector<std::string>{"a,b", "\"c\nd\",e", "f\"g,h", "", "i"}));
 }
 
 TEST(AppendCsvText, WritesTextsThatReadBackTheSame) {

@@ -210,6 +210,21 @@ TEST_F(RunPackTest, KeepsTheOrderOfManyServicesWithoutSort) {
   EXPECT_EQ(last, "S1");
 }
 
+TEST_F(RunPackTest, NotesHowASpreadsheetWasRead) {
+  ASSERT_EQ(MakeSampleSchedule(Name("a.mdb")), 0);
+  ASSERT_EQ(Run({"export", Name("a.mdb"), folder.Path().string()}), 0);
+  std::string services = ReadBytes(folder / "fsrv.csv");
+  bool quoted = false;
+  for (char& c : services) {
+    quoted = quoted != (c == '"');
+    c = c == ',' && !quoted ? ';' : c;
+  }
+  WriteBytes(folder / "fsrv.csv", services);
+  EXPECT_EQ(MakeSchedule(Name("b.mdb"), folder.Path()), 0);
+  EXPECT_EQ(Err(), "fsrv.csv: note: read as UTF-8, with semicolons between the fields\n");
+  EXPECT_TRUE(ReadBytes(folder / "b.mdb") == ReadBytes(folder / "a.mdb"));
+}
+
 TEST_F(RunPackTest, NamesTheMissingFile) {
   EXPECT_EQ(MakeSchedule(Name("a.mdb"), folder.Path()), 1);
   EXPECT_EQ(Err(),

@@ -99,7 +99,7 @@ std::vector<TableSize> BuildFolder(const BuildOptions& options, const MapBuilder
   CheckReplaceable(options.out);
   progress(0, "reading");
   const Sources sources = ReadSources(options.sources, problems);
-  if (!problems.Empty())
+  if (problems.HasErrors())
     return {};
   StagedFolders staged(options.out, {kDataFolder, kMapFolder});
   progress(kDataShare / 2, "airports and flights");

@@ -12,7 +12,7 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 }  // namespace
 
-CsvReader::CsvReader(std::string_view text) : text_(text) {
+CsvReader::CsvReader(std::string_view text, const CsvForm& form) : text_(text), form_(form) {
   if (text_.starts_with(kByteOrderMark))
     at_ = kByteOrderMark.size();
 }
@@ -23,22 +23,24 @@ bool CsvReader::Next(CsvRecord& record) {
   record.line = line_;
   if (at_ >= text_.size())
     return false;
+  const std::size_t begin = at_;
   while (true) {
     ReadField(record);
-    if (record.fault) {
-      SkipLine();
-      return true;
-    }
-    if (at_ >= text_.size() || AtLineEnd()) {
+    if (record.fault)
+      SkipToLineEnd();
+    if (record.fault || at_ >= text_.size() || AtLineEnd()) {
+      record.source = text_.substr(begin, at_ - begin);
       SkipLineEnd();
       return true;
     }
-    ++at_;  // the comma
+    ++at_;  // the separator
   }
 }
 
 void CsvReader::ReadField(CsvRecord& record) {
   CsvField& field = record.fields.emplace_back();
+  if (form_.lenient)
+    SkipBlanksBefore('"');
   field.quoted = at_ < text_.size() && text_[at_] == '"';
   if (field.quoted)
     ReadQuoted(record, field.text);
@@ -56,46 +58,77 @@ void CsvReader::ReadQuoted(CsvRecord& record, std::string& text) {
       line_ = opened;
       return Fail(record, opened, "the quotation mark that begins the field is never closed");
     }
-    const char c = text_[at_];
-    if (c == '"') {
-      ++at_;
-      if (at_ >= text_.size() || text_[at_] != '"')
-        break;
-      text.push_back('"');
-      ++at_;
-    } else if (AtLineEnd()) {
-      const std::size_t from = at_;
-      SkipLineEnd();
-      text.append(text_.substr(from, at_ - from));
-    } else if (const std::size_t length = base::Utf8Length(text_.substr(at_)); length == 0) {
-      return Fail(record, line_, "not valid UTF-8");
-    } else if (c == '\0') {
-      return Fail(record, line_, "a NUL character");
-    } else {
-      text.append(text_.substr(at_, length));
-      at_ += length;
-    }
+    if (!ReadQuotedPart(record, text))
+      break;
   }
-  if (at_ < text_.size() && text_[at_] != ',' && !AtLineEnd()) {
-    std::string reason = "text after the closing quotation mark";
-    if (opened != line_)
-      reason += " of a field that begins on line " + std::to_string(opened);
-    Fail(record, line_, std::move(reason));
+  if (!record.fault)
+    EndQuoted(record, opened);
+}
+
+/// Reads one character, line end or escaped character. False at the closing quotation mark, and for a fault.
+bool CsvReader::ReadQuotedPart(CsvRecord& record, std::string& text) {
+  const char c = text_[at_];
+  if (c == '"') {
+    ++at_;
+    if (at_ >= text_.size() || text_[at_] != '"')
+      return false;
+    text.push_back('"');
+    ++at_;
+  } else if (AtLineEnd()) {
+    const std::size_t from = at_;
+    SkipLineEnd();
+    text.append(text_.substr(from, at_ - from));
+  } else if (form_.backslashEscapes && c == '\\' && at_ + 1 < text_.size() &&
+             (text_[at_ + 1] == '\\' || text_[at_ + 1] == '"' || text_[at_ + 1] == '\'')) {
+    text.push_back(text_[at_ + 1]);
+    at_ += 2;
+  } else if (const std::size_t length = base::Utf8Length(text_.substr(at_)); length == 0) {
+    Fail(record, line_, std::string("not valid ").append(form_.encoding));
+    return false;
+  } else if (c == '\0') {
+    Fail(record, line_, "a NUL character");
+    return false;
+  } else {
+    text.append(text_.substr(at_, length));
+    at_ += length;
   }
+  return true;
+}
+
+/// After the closing quotation mark of a field that begins on line `opened`.
+void CsvReader::EndQuoted(CsvRecord& record, std::size_t opened) {
+  if (form_.lenient)
+    SkipBlanksBefore(form_.separator);
+  if (AtFieldEnd())
+    return;
+  std::string reason = "text after the closing quotation mark";
+  if (opened != line_)
+    reason += " of a field that begins on line " + std::to_string(opened);
+  Fail(record, line_, std::move(reason));
 }
 
 void CsvReader::ReadPlain(CsvRecord& record, std::string& text) {
-  while (at_ < text_.size() && text_[at_] != ',' && !AtLineEnd()) {
+  while (!AtFieldEnd()) {
     const std::size_t length = base::Utf8Length(text_.substr(at_));
     if (length == 0)
-      return Fail(record, line_, "not valid UTF-8");
+      return Fail(record, line_, std::string("not valid ").append(form_.encoding));
     if (text_[at_] == '\0')
       return Fail(record, line_, "a NUL character");
-    if (text_[at_] == '"')
+    if (text_[at_] == '"' && !form_.lenient)
       return Fail(record, line_, "a quotation mark in a field that does not begin with one");
     text.append(text_.substr(at_, length));
     at_ += length;
   }
+}
+
+/// Skips blanks that `wanted`, the end of the line or the end of the text follows.
+void CsvReader::SkipBlanksBefore(char wanted) {
+  std::size_t after = at_;
+  while (after < text_.size() && text_[after] == ' ')
+    ++after;
+  const bool atEnd = after >= text_.size() || text_[after] == '\n' || text_[after] == '\r';
+  if (atEnd ? wanted != '"' : text_[after] == wanted)
+    at_ = after;
 }
 
 void CsvReader::Fail(CsvRecord& record, std::size_t line, std::string reason) const {
@@ -113,10 +146,9 @@ void CsvReader::SkipLineEnd() {
   ++line_;
 }
 
-void CsvReader::SkipLine() {
+void CsvReader::SkipToLineEnd() {
   while (at_ < text_.size() && !AtLineEnd())
     ++at_;
-  SkipLineEnd();
 }
 
 void AppendCsvText(std::string_view text, std::string& out) {

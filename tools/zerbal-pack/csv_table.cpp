@@ -13,6 +13,7 @@
 #include "data/flight.h"
 #include "zerbal-pack/csv.h"
 #include "zerbal-pack/csv_value.h"
+#include "zerbal-pack/spreadsheet.h"
 
 namespace zerbal::pack {
 
@@ -93,8 +94,12 @@ std::string KnownColumns(const TableLayout& layout) {
 
 class TableReader {
  public:
-  TableReader(std::string_view text, CsvTable& table, Problems& problems)
-      : reader_(text), table_(table), layout_(*table.layout), problems_(problems) {}
+  TableReader(std::string_view text, const CsvForm& form, CsvTable& table, Problems& problems)
+      : reader_(text, form),
+        decimalComma_(HasDecimalComma(form.separator)),
+        table_(table),
+        layout_(*table.layout),
+        problems_(problems) {}
 
   void Read() {
     CsvRecord record;
@@ -132,10 +137,6 @@ class TableReader {
     table_.titles.assign(layout_.columns.size(), "");
     for (const CsvField& field : record.fields)
       names_.push_back(PlainName(field.text));
-    if (names_.size() == 1 && names_.front().find(';') != std::string::npos) {
-      Report(record.line, "", "the columns are separated by semicolons; commas are needed");
-      return false;
-    }
     for (const std::string& name : names_)
       ReadHeaderName(record.line, name);
     for (std::size_t i = 0; i < layout_.columns.size(); ++i) {
@@ -195,7 +196,7 @@ class TableReader {
   void ReadValue(const CsvRecord& record, std::size_t i, CsvRow& row) {
     const Target& target = header_[i];
     const ColumnLayout& column = layout_.columns[target.column];
-    CsvValue value = ToValue(record.fields[i], column, target.mapFrame);
+    CsvValue value = ToValue(record.fields[i], column, {target.mapFrame, decimalComma_});
     if (value.fault)
       return Report(record.line, names_[i], *std::move(value.fault));
     row.values[target.column] = std::move(value.value);
@@ -235,6 +236,7 @@ class TableReader {
   }
 
   CsvReader reader_;
+  bool decimalComma_;
   CsvTable& table_;
   const TableLayout& layout_;
   Problems& problems_;
@@ -259,7 +261,11 @@ CsvTable ParseCsvTable(std::string_view text, std::string fileName, const TableL
   CsvTable table;
   table.layout = &layout;
   table.file = std::move(fileName);
-  TableReader(text, table, problems).Read();
+  const SpreadsheetText decoded = DecodeSpreadsheet(std::string(text));
+  const CsvForm form{.separator = FindSeparator(decoded.text), .encoding = EncodingName(decoded.encoding)};
+  if (std::string note = ReadingNote(decoded.encoding, form.separator); !note.empty())
+    problems.Add({table.file, 0, "", std::move(note), Severity::kNote});
+  TableReader(decoded.text, form, table, problems).Read();
   return table;
 }
 

@@ -16,13 +16,6 @@ namespace {
 
 constexpr std::string_view kBlanks = " \t";
 
-std::string_view Trimmed(std::string_view text) {
-  const std::size_t from = text.find_first_not_of(kBlanks);
-  if (from == std::string_view::npos)
-    return {};
-  return text.substr(from, text.find_last_not_of(kBlanks) - from + 1);
-}
-
 CsvValue Fault(std::string reason) {
   return {jet::Null{}, std::move(reason)};
 }
@@ -94,10 +87,14 @@ double ToMapFrame(double degrees, ColumnUse use) {
   return std::round(mapDegrees * kUnits) / kUnits;
 }
 
-CsvValue PositionValue(const CsvField& field, const ColumnLayout& column, bool mapFrame) {
-  const std::optional<double> degrees = Parsed<double>(field.text);
+CsvValue PositionValue(const CsvField& field, const ColumnLayout& column, const NumberForm& form) {
+  const bool mapFrame = form.mapFrame;
+  std::string text = field.text;
+  if (form.decimalComma && std::ranges::count(text, ',') == 1 && text.find('.') == std::string::npos)
+    std::ranges::replace(text, ',', '.');
+  const std::optional<double> degrees = Parsed<double>(text);
   if (!degrees || !std::isfinite(*degrees)) {
-    const bool comma = field.text.find(',') != std::string::npos;
+    const bool comma = !form.decimalComma && field.text.find(',') != std::string::npos;
     return Fault(field, comma ? "is not a number (the decimal sign is a point)" : "is not a number");
   }
   const bool longitude = column.use == ColumnUse::kLongitude;
@@ -112,11 +109,18 @@ CsvValue PositionValue(const CsvField& field, const ColumnLayout& column, bool m
   if (column.field.type == jet::ColumnType::kDouble)
     return {mapDegrees + 0.0, {}};  // no negative zero
   // Parsed as a single, so that an exported value is read back unchanged.
-  const float single = mapFrame ? Parsed<float>(field.text).value_or(0.0F) : static_cast<float>(mapDegrees);
+  const float single = mapFrame ? Parsed<float>(text).value_or(0.0F) : static_cast<float>(mapDegrees);
   return {single + 0.0F, {}};
 }
 
 }  // namespace
+
+std::string_view Trimmed(std::string_view text) {
+  const std::size_t from = text.find_first_not_of(kBlanks);
+  if (from == std::string_view::npos)
+    return {};
+  return text.substr(from, text.find_last_not_of(kBlanks) - from + 1);
+}
 
 std::size_t CharacterCount(std::string_view text) {
   std::size_t count = 0;
@@ -147,7 +151,7 @@ std::string Quoted(std::string_view text) {
   return quoted.append("'");
 }
 
-CsvValue ToValue(const CsvField& field, const ColumnLayout& column, bool mapFrame) {
+CsvValue ToValue(const CsvField& field, const ColumnLayout& column, const NumberForm& form) {
   if (column.use == ColumnUse::kStop && field.text.empty())
     return {jet::Null{}, {}};
   if (column.use != ColumnUse::kText && Trimmed(field.text).empty())
@@ -165,7 +169,7 @@ CsvValue ToValue(const CsvField& field, const ColumnLayout& column, bool mapFram
       return WholeValue(field, column);
     case ColumnUse::kLongitude:
     case ColumnUse::kLatitude:
-      return PositionValue(field, column, mapFrame);
+      return PositionValue(field, column, form);
     case ColumnUse::kFlag:
       if (field.text != "0" && field.text != "1")
         return Fault(field, "is neither 0 nor 1");

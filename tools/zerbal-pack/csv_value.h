@@ -18,8 +18,16 @@ struct CsvValue {
   std::optional<std::string> fault;
 };
 
-/// `mapFrame`: positions are degrees of the map frame, not geographic ones.
-CsvValue ToValue(const CsvField& field, const ColumnLayout& column, bool mapFrame);
+/// How the numbers of a column are written.
+struct NumberForm {
+  bool mapFrame = false;      ///< positions are degrees of the map frame, not geographic ones
+  bool decimalComma = false;  ///< a comma may stand before the decimals
+};
+
+CsvValue ToValue(const CsvField& field, const ColumnLayout& column, const NumberForm& form);
+
+/// Without blanks and tabs at both ends.
+std::string_view Trimmed(std::string_view text);
 
 /// Characters as the database counts them (UTF-16 units).
 std::size_t CharacterCount(std::string_view text);

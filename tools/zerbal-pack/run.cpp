@@ -25,12 +25,15 @@ namespace {
 /// The folder of the sources contains this file.
 constexpr const char* kTellTale = "airports.csv";
 
-int ReportProblems(const Problems& problems, const RunContext& context) {
+/// Prints the problems. True when there are errors, so that nothing can be written.
+bool RefusedFor(const Problems& problems, const RunContext& context) {
   problems.Print(context.err);
-  const std::size_t count = problems.List().size();
+  const std::size_t count = problems.Count(Severity::kError);
+  if (count == 0)
+    return false;
   context.err << "zerbal-pack: " << count << (count == 1 ? " problem" : " problems")
               << "; nothing was written\n";
-  return kExitBadData;
+  return true;
 }
 
 MapDetail ToDetail(const std::string& name) {
@@ -74,8 +77,8 @@ int Build(const CommandLine& line, const RunContext& context) {
     };
     sizes = BuildFolder(options, MapBuilderFor(detail), progress, problems);
   }
-  if (!problems.Empty())
-    return ReportProblems(problems, context);
+  if (RefusedFor(problems, context))
+    return kExitBadData;
   for (const TableSize& size : sizes)
     context.out << size.file << " " << size.table << ": " << size.rows
                 << (size.rows == 1 ? " row\n" : " rows\n");
@@ -85,8 +88,8 @@ int Build(const CommandLine& line, const RunContext& context) {
 int MakeSchedule(const CommandLine& line, const RunContext& context) {
   Problems problems;
   const Schedule schedule = ReadSchedule({line.services, line.destinations, line.flights}, problems);
-  if (!problems.Empty())
-    return ReportProblems(problems, context);
+  if (RefusedFor(problems, context))
+    return kExitBadData;
   WriteSchedule(line.out, schedule);
   context.out << schedule.services.rows.size() << " flight services, " << schedule.destinations.rows.size()
               << " destinations, " << schedule.flights.rows.size() << " flights\n";
