@@ -9,8 +9,12 @@
 
 #include <gtest/gtest.h>
 
+#include "jet/database.h"
+#include "jet/recordset.h"
 #include "pack/pack_fixture.h"
+#include "support/temp_folder.h"
 #include "zerbal-pack/airline.h"
+#include "zerbal-pack/write_tables.h"
 
 namespace zerbal::pack {
 namespace {
@@ -171,6 +175,31 @@ TEST_F(PackContent, TakesDestinationsFromTheWorldsAirports) {
       EXPECT_EQ(Value<float>(destinations, row, field), Value<float>(*airports, *world[code], field)) << code;
     EXPECT_TRUE(used.contains(code)) << code << " has no flight";
   }
+}
+
+TEST_F(PackContent, HasTheIataCodesOfAirports) {
+  std::map<std::string, std::string> codes;
+  std::set<std::string> iataCodes;
+  for (const CsvRow& row : airports->rows) {
+    const std::string iata = Text(*airports, row, "AP_IATA");
+    if (iata.empty())
+      continue;
+    EXPECT_TRUE(iataCodes.insert(iata).second) << iata << " occurs twice";
+    EXPECT_EQ(iata.size(), 3U) << iata;
+    codes[Text(*airports, row, "AP")] = iata;
+  }
+  EXPECT_GT(codes.size(), 6000U);
+  EXPECT_EQ(codes["LPPT"], "LIS");
+  EXPECT_EQ(codes["PTSA"], "KSA");
+  EXPECT_EQ(codes["NZAA"], "AKL");
+}
+
+TEST_F(PackContent, KeepsIataCodesOutOfTheDatabase) {
+  const zerbal::test::TempFolder folder;
+  WriteAirports(folder / "allaprt.mdb", *airports);
+  const jet::Recordset rows = jet::Database::Open(folder / "allaprt.mdb").OpenTable("allaprt");
+  EXPECT_FALSE(rows.FindField("AP_IATA"));
+  EXPECT_EQ(rows.Columns().size(), 9U);
 }
 
 TEST_F(PackContent, HasRegionsAcrossTheDateLine) {

@@ -138,6 +138,7 @@ std::string ValueFault(const jet::Field& field, const ColumnLayout& column) {
     case ColumnUse::kText:
     case ColumnUse::kRequiredText:
     case ColumnUse::kStop:
+    case ColumnUse::kCode:
     case ColumnUse::kSort:
       return {};
     case ColumnUse::kWhole:

@@ -152,7 +152,7 @@ std::string Quoted(std::string_view text) {
 }
 
 CsvValue ToValue(const CsvField& field, const ColumnLayout& column, const NumberForm& form) {
-  if (column.use == ColumnUse::kStop && field.text.empty())
+  if ((column.use == ColumnUse::kStop || column.use == ColumnUse::kCode) && field.text.empty())
     return {jet::Null{}, {}};
   if (column.use != ColumnUse::kText && Trimmed(field.text).empty())
     return Fault("is empty");
@@ -160,6 +160,7 @@ CsvValue ToValue(const CsvField& field, const ColumnLayout& column, const Number
     case ColumnUse::kKey:
     case ColumnUse::kReference:
     case ColumnUse::kStop:
+    case ColumnUse::kCode:
       return KeyValue(field, column);
     case ColumnUse::kText:
     case ColumnUse::kRequiredText:

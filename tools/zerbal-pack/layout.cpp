@@ -17,6 +17,7 @@ namespace {
 using jet::ColumnType;
 
 constexpr int kCodeLength = 20;  // characters, as all lengths of texts
+constexpr int kIataLength = 3;
 constexpr int kEntryLength = 50;
 constexpr int kNameLength = 255;
 
@@ -25,7 +26,7 @@ ColumnLayout Text(std::string field, std::string title, ColumnUse use, int lengt
   column.field = {.name = std::move(field), .type = ColumnType::kText, .length = length, .compressed = true};
   column.title = std::move(title);
   column.use = use;
-  column.optional = use == ColumnUse::kStop;
+  column.optional = use == ColumnUse::kStop || use == ColumnUse::kCode;
   return column;
 }
 
@@ -66,6 +67,12 @@ ColumnLayout Sort(std::string field) {
                         std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()));
 }
 
+ColumnLayout NotStored(ColumnLayout column) {
+  column.read = false;
+  column.stored = false;
+  return column;
+}
+
 jet::IndexInfo Unique(std::string name, std::string field) {
   return {.name = std::move(name),
           .columns = {{.name = std::move(field), .ascending = true}},
@@ -92,6 +99,7 @@ TableLayout Airports(std::string name, std::string rowName) {
       Long("AP_RwyNr", "Runways", 0),
       Long("AP_RwyMaxL", "Longest runway", 0),
       Text("AP_ILS", "ILS", ColumnUse::kFlag, 1),
+      NotStored(Text("AP_IATA", "IATA", ColumnUse::kCode, kIataLength)),
   };
   table.indexes = {Unique("aprt", "AP")};
   return table;
@@ -172,8 +180,10 @@ std::size_t TableLayout::ColumnIndex(std::string_view field) const {
 
 jet::TableSpec TableLayout::Spec() const {
   jet::TableSpec spec{.name = name, .columns = {}, .indexes = indexes};
-  for (const ColumnLayout& column : columns)
-    spec.columns.push_back(column.field);
+  for (const ColumnLayout& column : columns) {
+    if (column.stored)
+      spec.columns.push_back(column.field);
+  }
   return spec;
 }
 

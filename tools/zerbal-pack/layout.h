@@ -19,6 +19,7 @@ enum class ColumnUse {
   kKey,           ///< never empty, plain ASCII, different in every row
   kReference,     ///< a key of another table: never empty, plain ASCII
   kStop,          ///< as kReference, but may be empty or missing
+  kCode,          ///< a second code: plain ASCII, may be empty or missing
   kText,          ///< anything, Null too
   kRequiredText,  ///< not Null
   kWhole,         ///< a whole number from `least` to `most`
@@ -37,6 +38,7 @@ struct ColumnLayout {
   ColumnUse use = ColumnUse::kText;
   bool optional = false;     ///< the CSV file need not have the column
   bool read = true;          ///< the program reads the field by exactly this name
+  bool stored = true;        ///< false: the column is for zerbal-pack alone, the database has no such field
   bool settingsKey = false;  ///< a key of the settings file, different in every row
   std::int64_t least = 0;    ///< whole numbers
   std::int64_t most = 0;

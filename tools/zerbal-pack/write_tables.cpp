@@ -1,6 +1,8 @@
 #include "zerbal-pack/write_tables.h"
 
+#include <cstddef>
 #include <initializer_list>
+#include <vector>
 
 #include "jet/writer.h"
 
@@ -10,8 +12,15 @@ namespace {
 
 void WriteTable(jet::DatabaseWriter& writer, const CsvTable& table) {
   writer.BeginTable(table.layout->Spec());
-  for (const CsvRow& row : table.rows)
-    writer.AddRow(row.values);
+  std::vector<jet::Value> values;
+  for (const CsvRow& row : table.rows) {
+    values.clear();
+    for (std::size_t i = 0; i < row.values.size(); ++i) {
+      if (table.layout->columns[i].stored)
+        values.push_back(row.values[i]);
+    }
+    writer.AddRow(values);
+  }
   writer.EndTable();
 }
 
