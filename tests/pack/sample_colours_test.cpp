@@ -11,6 +11,7 @@
 #include "pack/pack_fixture.h"
 #include "support/colour_difference.h"
 #include "zerbal-pack/airline.h"
+#include "zerbal-pack/service_palette.h"
 
 namespace zerbal::pack {
 namespace {
@@ -35,6 +36,8 @@ constexpr std::array kThresholds = {Threshold{Eyes::kNormal, "normal", 15.9, 19}
 constexpr double kRouteContrast = 3;    ///< to the background; what WCAG 2 asks of graphics
 constexpr double kCoastContrast = 2;    ///< to the background, at least
 constexpr double kLayerContrast = 1.2;  ///< of a route to a coast, a river or a boundary, which are lighter
+
+constexpr double kNeighbours = 2;  ///< between imported services that follow each other, of betweenServices
 
 struct Named {
   std::string code;
@@ -113,6 +116,39 @@ TEST_F(SampleColours, OfCoastsRiversAndBoundariesAreLighterThanRoutes) {
     for (const Named& service : services)
       EXPECT_GE(layer / ContrastRatio(service.colour, {0, 0, 0}), kLayerContrast)
           << code << " and " << service.code;
+  }
+}
+
+TEST_F(SampleColours, OfImportedServicesDifferAsThoseOfTheSampleDo) {
+  for (const Threshold& threshold : kThresholds) {
+    for (std::size_t i = 0; i < kServicePalette.size(); ++i) {
+      const ServiceColour& one = kServicePalette[i];
+      const Srgb colour = {one.red, one.green, one.blue};
+      for (const char* code : {"MAPBG", "COAST"})
+        EXPECT_GE(ColourDifference(threshold.eyes, colour, Map(code)), threshold.toTheMap)
+            << i << ", " << threshold.name;
+      EXPECT_GE(ContrastRatio(colour, Map("MAPBG")), kRouteContrast) << i;
+      for (std::size_t j = 0; j < i; ++j) {
+        const ServiceColour& other = kServicePalette[j];
+        EXPECT_GE(ColourDifference(threshold.eyes, colour, {other.red, other.green, other.blue}),
+                  threshold.betweenServices)
+            << i << " and " << j << ", " << threshold.name;
+      }
+    }
+  }
+}
+
+/// Services that follow each other in menus, also where the colours begin again.
+TEST_F(SampleColours, OfNeighbouringImportedServicesDifferMuch) {
+  for (const Threshold& threshold : kThresholds) {
+    for (std::size_t i = 0; i < kServicePalette.size(); ++i) {
+      const ServiceColour& one = ColourOfService(i);
+      const ServiceColour& next = ColourOfService(i + 1);
+      EXPECT_GE(
+          ColourDifference(threshold.eyes, {one.red, one.green, one.blue}, {next.red, next.green, next.blue}),
+          threshold.betweenServices * kNeighbours)
+          << i << ", " << threshold.name;
+    }
   }
 }
 

@@ -130,6 +130,7 @@ std::string ValueFault(const jet::Field& field, const ColumnLayout& column) {
     return Quoted(field.AsText()) + " cannot be a key of the settings file";
   switch (column.use) {
     case ColumnUse::kFlag:
+    case ColumnUse::kUnknownFlag:
       if (field.EqualsText("0") || field.EqualsText("1"))
         return {};
       return field.IsNull() ? "is empty" : Quoted(field.AsText()) + " is neither 0 nor 1";

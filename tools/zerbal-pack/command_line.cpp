@@ -15,6 +15,29 @@ void AddOption(CLI::App& app, const std::string& name, std::string& value, bool 
   app.add_option(name, value)->check(notEmpty)->required(required);
 }
 
+void AddFlag(CLI::App& app, const std::string& name, bool& value) {
+  app.add_flag(name, value)->disable_flag_override()->multi_option_policy(CLI::MultiOptionPolicy::Throw);
+}
+
+void AddImportArguments(CLI::App& app, ImportWords& words) {
+  app.add_option("FILE", words.files)->required();
+  AddOption(app, "--from", words.from, true);
+  AddOption(app, "--airports", words.airports, true);
+  AddOption(app, "--runways", words.runways);
+  AddOption(app, "--out", words.out, true);
+  AddOption(app, "--schedule", words.schedule);
+  AddOption(app, "--season", words.season);
+  AddOption(app, "--from-date", words.fromDate);
+  AddOption(app, "--to-date", words.toDate);
+  AddOption(app, "--on", words.on);
+  AddOption(app, "--days", words.days);
+  AddOption(app, "--airline", words.airline);
+  AddOption(app, "--services-by", words.servicesBy);
+  AddOption(app, "--codes", words.codes);
+  AddFlag(app, "--keep-variations", words.keepVariations);
+  AddFlag(app, "--strict", words.strict);
+}
+
 /// The options and arguments of the line's command.
 void AddArguments(CLI::App& app, CommandLine& line) {
   if (line.command == "build") {
@@ -26,14 +49,14 @@ void AddArguments(CLI::App& app, CommandLine& line) {
     AddOption(app, "--services", line.services, true);
     AddOption(app, "--destinations", line.destinations, true);
     AddOption(app, "--flights", line.flights, true);
+  } else if (line.command == "import") {
+    AddImportArguments(app, line.import);
   } else if (line.command == "export") {
     app.add_option("FILE.mdb", line.file)->required();
     app.add_option("DIR", line.folder)->required();
     AddOption(app, "--table", line.table);
     AddOption(app, "--index", line.index);
-    app.add_flag("--schema", line.schema)
-        ->disable_flag_override()
-        ->multi_option_policy(CLI::MultiOptionPolicy::Throw);
+    AddFlag(app, "--schema", line.schema);
   } else if (line.command == "check") {
     app.add_option("DIR", line.folder)->required();
   } else {

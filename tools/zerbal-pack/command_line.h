@@ -8,14 +8,24 @@
 
 namespace zerbal::pack {
 
+/// The words of `import`, which ToImportOptions() understands.
+struct ImportWords {
+  std::string from;
+  std::vector<std::string> files;
+  std::string airports, runways, out, schedule;
+  std::string season, fromDate, toDate, on, days, airline, servicesBy, codes;
+  bool keepVariations = false, strict = false;
+};
+
 /// What the user asks for. Commands set the members that belong to them; texts that are not given are empty.
 struct CommandLine {
-  std::string command;                   ///< "build", "schedule", "export", "check", "--help" or "--version"
-  std::string out;                       ///< build: the folder, schedule: the file
-  std::string detail = "high", sources;  // build
+  std::string command;  ///< "build", "import", "schedule", "export", "check", "--help" or "--version"
+  std::string out;      ///< build: the folder, schedule: the file
+  std::string detail = "high", sources;         // build
   std::string services, destinations, flights;  // schedule
   std::string file, folder, table, index;       // export; check: the folder
   bool schema = false;                          // export
+  ImportWords import;
 };
 
 /// Reads the words after the program's name. Options may stand anywhere after the command, as "--out DIR" or

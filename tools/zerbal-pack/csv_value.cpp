@@ -152,7 +152,9 @@ std::string Quoted(std::string_view text) {
 }
 
 CsvValue ToValue(const CsvField& field, const ColumnLayout& column, const NumberForm& form) {
-  if ((column.use == ColumnUse::kStop || column.use == ColumnUse::kCode) && field.text.empty())
+  const bool mayBeEmpty = column.use == ColumnUse::kStop || column.use == ColumnUse::kCode ||
+                          column.use == ColumnUse::kUnknownFlag;
+  if (mayBeEmpty && field.text.empty())
     return {jet::Null{}, {}};
   if (column.use != ColumnUse::kText && Trimmed(field.text).empty())
     return Fault("is empty");
@@ -172,6 +174,7 @@ CsvValue ToValue(const CsvField& field, const ColumnLayout& column, const Number
     case ColumnUse::kLatitude:
       return PositionValue(field, column, form);
     case ColumnUse::kFlag:
+    case ColumnUse::kUnknownFlag:
       if (field.text != "0" && field.text != "1")
         return Fault(field, "is neither 0 nor 1");
       return {field.text, {}};

@@ -26,7 +26,8 @@ enum class ColumnUse {
   kSort,          ///< as kWhole; when missing rows are numbered 10, 20, ...
   kLongitude,     ///< see ColumnLayout::title
   kLatitude,
-  kFlag  ///< the text 0 or 1
+  kFlag,         ///< the text 0 or 1
+  kUnknownFlag,  ///< as kFlag, but may be empty or missing
 };
 
 struct ColumnLayout {

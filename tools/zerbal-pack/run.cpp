@@ -12,6 +12,7 @@
 #include "zerbal-pack/command_line.h"
 #include "zerbal-pack/export.h"
 #include "zerbal-pack/help_text.h"
+#include "zerbal-pack/import_command.h"
 #include "zerbal-pack/map_build.h"
 #include "zerbal-pack/progress.h"
 #include "zerbal-pack/write_tables.h"
@@ -119,6 +120,8 @@ int RunCommand(const CommandLine& line, const RunContext& context) {
     return Build(line, context);
   if (line.command == "schedule")
     return MakeSchedule(line, context);
+  if (line.command == "import")
+    return ImportSchedule(ToImportOptions(line.import), context.out, context.err) ? kExitGood : kExitBadData;
   if (line.command == "export")
     return Export(line, context);
   if (line.command == "check")

@@ -37,6 +37,17 @@ void WriteSchedule(const std::filesystem::path& file, const Schedule& schedule) 
   WriteTables(file, {&schedule.services, &schedule.destinations, &schedule.flights});
 }
 
+void WriteSchedule(const std::filesystem::path& file, const CsvTable& services, const CsvTable& destinations,
+                   const std::function<void(const RowSink&)>& flights) {
+  jet::DatabaseWriter writer(file);
+  WriteTable(writer, services);
+  WriteTable(writer, destinations);
+  writer.BeginTable(FlightLayout().Spec());
+  flights([&](const std::vector<jet::Value>& row) { writer.AddRow(row); });
+  writer.EndTable();
+  writer.Finish();
+}
+
 void WriteProgramData(const std::filesystem::path& file, const ProgramData& data) {
   WriteTables(file, {&data.colours, &data.fonts, &data.regions});
 }

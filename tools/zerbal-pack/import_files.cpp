@@ -1,0 +1,271 @@
+#include "zerbal-pack/import_files.h"
+
+#include <algorithm>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+#include <fmt/format.h>
+
+#include "base/case_folding.h"
+#include "base/code_page_1252.h"
+#include "base/error.h"
+#include "base/file_replacement.h"
+#include "base/numbers.h"
+#include "base/utf8.h"
+#include "data/flight.h"
+#include "zerbal-pack/csv.h"
+#include "zerbal-pack/csv_table.h"
+#include "zerbal-pack/csv_value.h"
+#include "zerbal-pack/import_services.h"
+#include "zerbal-pack/line_reader.h"
+#include "zerbal-pack/service_palette.h"
+#include "zerbal-pack/write_tables.h"
+
+namespace zerbal::pack {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::size_t kWriteAt = 1U << 18U;  // bytes
+constexpr std::size_t kLongestName = 255;    // characters of a name in the database
+
+/// A new CSV file, which appears when it is committed.
+class CsvOutput {
+ public:
+  /// `keep`: Text() is needed.
+  CsvOutput(const fs::path& file, bool keep, std::initializer_list<std::string_view> titles)
+      : output_(file), keep_(keep) {
+    for (const std::string_view title : titles)
+      AddText(title);
+    EndRecord();
+  }
+
+  void AddText(std::string_view text) {
+    BeginField();
+    AppendCsvText(text, text_);
+  }
+  void AddNull() { BeginField(); }
+  void AddNumber(std::string_view number) {
+    BeginField();
+    text_ += number;
+  }
+  void EndRecord() {
+    text_ += kCsvLineEnd;
+    first_ = true;
+    if (text_.size() >= kWriteAt && !keep_)
+      Flush();
+  }
+  /// All that was added so far.
+  const std::string& Text() const { return text_; }
+  void Commit() {
+    Flush();
+    output_.Commit();
+  }
+
+ private:
+  void BeginField() { text_ += std::exchange(first_, false) ? "" : ","; }
+  void Flush() {
+    output_.Write(text_);
+    text_.clear();
+  }
+
+  base::FileReplacement output_;
+  bool keep_;
+  std::string text_;
+  bool first_ = true;
+};
+
+/// Without control characters, and as long as the database allows.
+std::string ToName(std::string_view text) {
+  std::string name;
+  for (std::size_t at = 0; at < text.size();) {
+    const std::size_t length = std::max<std::size_t>(base::Utf8Length(text.substr(at)), 1);
+    const bool control = static_cast<unsigned char>(text[at]) < ' ' || text[at] == '\x7F';
+    const std::string before = name;
+    name += control ? std::string_view(" ") : text.substr(at, length);
+    if (CharacterCount(name) > kLongestName)
+      return before;
+    at += length;
+  }
+  return name;
+}
+
+/// Bytes of any encoding as UTF-8 without NUL.
+std::string ToUtf8(std::string_view bytes) {
+  std::string text;
+  for (std::string_view rest = bytes; !rest.empty(); rest.remove_prefix(base::Utf8Length(rest))) {
+    if (base::Utf8Length(rest) == 0) {
+      text = base::FromCodePage1252(bytes);
+      break;
+    }
+    text.append(rest.substr(0, base::Utf8Length(rest)));
+  }
+  std::ranges::replace(text, '\0', ' ');
+  return text;
+}
+
+class ImportWriter {
+ public:
+  ImportWriter(const ImportResult& result, const ImportOptions& options)
+      : result_(result),
+        options_(options),
+        services_(options.out / "services.csv", true, {"Service", "Line", "Name", "Red", "Green", "Blue"}),
+        destinations_(options.out / "destinations.csv", true,
+                      {"Code", "Name", "City", "Longitude", "Latitude", "Elevation (ft)", "Runways",
+                       "Longest runway (ft)", "ILS", "IATA"}),
+        flights_(options.out / "flights.csv", false,
+                 {"Service", "Flight", "Key", "From", "Stop 1", "Stop 2", "Stop 3", "Stop 4", "Stop 5",
+                  "Stop 6", "Stop 7", "Stop 8", "Stop 9", "Stop 10", "To"}) {}
+
+  void Write() {
+    AddServices();
+    AddDestinations();
+    std::optional<CsvOutput> rejected;
+    AddRejected(rejected);
+    if (options_.schedule.empty())
+      AddFlights([](const std::vector<jet::Value>&) {});
+    else
+      WriteDatabase();
+    services_.Commit();
+    destinations_.Commit();
+    flights_.Commit();
+    if (rejected)
+      rejected->Commit();
+    else
+      fs::remove(options_.out / kRejectedFile);
+  }
+
+ private:
+  void AddServices() {
+    const std::vector<ImportedService>& services = result_.schedule.Services();
+    for (std::size_t i = 0; i < services.size(); ++i) {
+      services_.AddText(services[i].key);
+      services_.AddText(std::to_string(i + 1));
+      services_.AddText(ToName(services[i].name));
+      const ServiceColour& colour = ColourOfService(i);
+      for (const std::uint8_t part : {colour.red, colour.green, colour.blue})
+        services_.AddNumber(std::to_string(part));
+      services_.EndRecord();
+    }
+  }
+
+  void AddDestinations() {
+    const std::vector<AirportIndex> used = UsedAirports(result_, options_.codes);
+    for (std::size_t i = 0; i < used.size(); ++i) {
+      const Airport& airport = result_.airports[used[i]];
+      const std::string& code = CodeOf(airport, options_.codes);
+      if (i > 0 && base::EqualsIgnoringAsciiCase(code, CodeOf(result_.airports[used[i - 1]], options_.codes)))
+        throw base::Error(
+            fmt::format("two airports of the schedule have the code '{}'; choose other --codes", code));
+      destinations_.AddText(code);
+      destinations_.AddText(ToName(airport.name));
+      destinations_.AddText(ToName(airport.city));
+      destinations_.AddNumber(base::DecimalText(airport.longitude));
+      destinations_.AddNumber(base::DecimalText(airport.latitude));
+      for (const std::int32_t number : {airport.elevation, airport.runways, airport.longestRunway})
+        destinations_.AddNumber(std::to_string(number));
+      destinations_.AddText(airport.ils.value_or(false) ? "1" : "0");
+      destinations_.AddText(airport.iata);
+      destinations_.EndRecord();
+    }
+  }
+
+  void AddRejected(std::optional<CsvOutput>& rejected) {
+    for (const LeftOutFile& file : result_.leftOut) {
+      if (file.records.empty())
+        continue;
+      if (!rejected)
+        rejected.emplace(options_.out / kRejectedFile, false,
+                         std::initializer_list<std::string_view>{"File", "Line", "Reason", "Record"});
+      LineReader lines(file.file);
+      std::string_view line;
+      for (const LeftOut& record : file.records) {
+        while (record.record.empty() && lines.Number() < record.line && lines.Next(line)) {
+        }
+        rejected->AddText(file.file.string());
+        rejected->AddNumber(std::to_string(record.line));
+        rejected->AddText(record.reason);
+        rejected->AddText(ToUtf8(record.record.empty() ? line : record.record));
+        rejected->EndRecord();
+      }
+    }
+  }
+
+  /// Adds each flight to the CSV file and gives its row to `use`.
+  template <typename Use>
+  void AddFlights(const Use& use) {
+    FlightKeys keys;
+    keys.Reserve(result_.schedule.Flights().size());
+    std::vector<jet::Value> row(FlightLayout().columns.size());
+    for (const ImportedFlight& flight : result_.schedule.Flights()) {
+      FillRow(flight, keys.KeyOf(flight), row);
+      for (const jet::Value& value : row) {
+        if (const auto* text = std::get_if<std::string>(&value))
+          flights_.AddText(*text);
+        else
+          flights_.AddNull();
+      }
+      flights_.EndRecord();
+      use(row);
+    }
+  }
+
+  void FillRow(const ImportedFlight& flight, std::string key, std::vector<jet::Value>& row) const {
+    const std::span<const AirportIndex> route = result_.schedule.RouteOf(flight);
+    row[0] = result_.schedule.Services()[flight.service].key;
+    row[1] = flight.name;
+    row[2] = std::move(key);
+    row[3] = CodeOf(result_.airports[route.front()], options_.codes);
+    for (std::size_t stop = 1; stop <= data::kMaxStopovers; ++stop) {
+      if (stop + 1 < route.size())
+        row[3 + stop] = CodeOf(result_.airports[route[stop]], options_.codes);
+      else
+        row[3 + stop] = jet::Null{};
+    }
+    row[4 + data::kMaxStopovers] = CodeOf(result_.airports[route.back()], options_.codes);
+  }
+
+  /// The same database as from the CSV files.
+  void WriteDatabase() {
+    Problems problems;
+    const CsvTable services = ParseCsvTable(services_.Text(), "services.csv", ServiceLayout(), problems);
+    const CsvTable destinations =
+        ParseCsvTable(destinations_.Text(), "destinations.csv", DestinationLayout(), problems);
+    if (problems.HasErrors())
+      throw base::Error(ToText(problems.List().front()));
+    WriteSchedule(options_.schedule, services, destinations, [&](const RowSink& sink) { AddFlights(sink); });
+  }
+
+  const ImportResult& result_;
+  const ImportOptions& options_;
+  CsvOutput services_;
+  CsvOutput destinations_;
+  CsvOutput flights_;
+};
+
+}  // namespace
+
+std::vector<AirportIndex> UsedAirports(const ImportResult& result, AirportCodes codes) {
+  std::vector<bool> isUsed(result.airports.Size());
+  for (const ImportedFlight& flight : result.schedule.Flights()) {
+    for (const AirportIndex station : result.schedule.RouteOf(flight))
+      isUsed[station] = true;
+  }
+  std::vector<AirportIndex> used;
+  for (std::size_t i = 0; i < isUsed.size(); ++i) {
+    if (isUsed[i])
+      used.push_back(static_cast<AirportIndex>(i));
+  }
+  std::ranges::stable_sort(
+      used, {}, [&](AirportIndex i) { return base::LowerAscii(CodeOf(result.airports[i], codes)); });
+  return used;
+}
+
+void WriteImport(const ImportResult& result, const ImportOptions& options) {
+  fs::create_directories(options.out);
+  ImportWriter(result, options).Write();
+}
+
+}  // namespace zerbal::pack
