@@ -8,6 +8,8 @@
 #include "zerbal-pack/import_files.h"
 #include "zerbal-pack/import_services.h"
 #include "zerbal-pack/layout.h"
+#include "zerbal-pack/openflights_airports.h"
+#include "zerbal-pack/other_imports.h"
 #include "zerbal-pack/ssim_import.h"
 
 namespace zerbal::pack {
@@ -28,6 +30,7 @@ class Importer {
 
   bool Run() {
     airports_ = ReadAirportList(options_.airports, problems_);
+    ReadIds();
     for (const std::filesystem::path& file : options_.files)
       ReadFile(file);
     const ImportResult result{schedule_, airports_.table, leftOut_};
@@ -44,10 +47,31 @@ class Importer {
   }
 
  private:
+  /// Lists of airports among the routes of OpenFlights tell what the ids of airports mean.
+  void ReadIds() {
+    if (options_.format != ScheduleFormat::kOpenFlights)
+      return;
+    for (const std::filesystem::path& file : options_.files) {
+      if (IsOpenFlightsAirports(file))
+        ReadOpenFlightsIds(file, airports_, problems_);
+    }
+  }
+
   void ReadFile(const std::filesystem::path& file) {
-    SsimSchedule ssim = ReadSsim(file, airports_.table, problems_);
-    ImportSsim(ssim, airports_.table, options_, schedule_);
-    leftOut_.push_back({file, std::move(ssim.leftOut)});
+    const AirportTable& airports = airports_.table;
+    if (options_.format == ScheduleFormat::kSsim) {
+      SsimSchedule ssim = ReadSsim(file, airports, problems_);
+      ImportSsim(ssim, airports, options_, schedule_);
+      leftOut_.push_back({file, std::move(ssim.leftOut)});
+    } else if (options_.format == ScheduleFormat::kPhpVms) {
+      PhpVmsSchedule flights = ReadPhpVms(file, airports, problems_);
+      ImportPhpVms(flights, airports, options_, schedule_);
+      leftOut_.push_back({file, std::move(flights.leftOut)});
+    } else if (!IsOpenFlightsAirports(file)) {
+      OpenFlightsRoutes routes = ReadOpenFlightsRoutes(file, airports_, problems_);
+      ImportOpenFlights(routes, airports, options_, schedule_);
+      leftOut_.push_back({file, std::move(routes.leftOut)});
+    }
   }
 
   void NoteMissingCodes(const ImportResult& result) {

@@ -23,18 +23,16 @@ std::size_t HashOf(const std::string& name, std::span<const AirportIndex> route)
 
 void ImportedSchedule::Reserve(std::size_t flights) {
   flights_.reserve(flights_.size() + flights);
+  if (merge_)
+    known_.Reserve(flights);
 }
 
 bool ImportedSchedule::IsKnown(const std::string& name, std::span<const AirportIndex> route) {
-  const std::size_t hash = HashOf(name, route);
-  const auto [begin, end] = known_.equal_range(hash);
-  for (auto it = begin; it != end; ++it) {
-    const ImportedFlight& flight = flights_[it->second];
-    if (flight.name == name && std::ranges::equal(RouteOf(flight), route))
-      return true;
-  }
-  known_.emplace(hash, static_cast<std::uint32_t>(flights_.size()));
-  return false;
+  return known_.FindOrAdd(HashOf(name, route), static_cast<std::uint32_t>(flights_.size()),
+                          [&](std::uint32_t index) {
+                            const ImportedFlight& flight = flights_[index];
+                            return flight.name == name && std::ranges::equal(RouteOf(flight), route);
+                          });
 }
 
 void ImportedSchedule::Add(std::string name, std::string variation, std::span<const AirportIndex> route,
@@ -64,7 +62,9 @@ std::string ToServiceKey(std::string_view text) {
 }
 
 bool FlightKeys::Take(const std::string& key) {
-  return used_.try_emplace(std::hash<std::string>()(base::LowerAscii(key)), 2).second;
+  std::string lower = base::LowerAscii(key);
+  // Two keys of one hash would only make the second one longer.
+  return !used_.FindOrAdd(std::hash<std::string>()(lower), 0, [](std::uint32_t) { return true; });
 }
 
 std::string FlightKeys::KeyOf(const ImportedFlight& flight) {
@@ -72,11 +72,10 @@ std::string FlightKeys::KeyOf(const ImportedFlight& flight) {
     return flight.name;
   if (std::string key = flight.name + "/" + flight.variation; !flight.variation.empty() && Take(key))
     return key;
-  std::uint32_t& number = used_[std::hash<std::string>()(base::LowerAscii(flight.name))];
   const std::string prefix = flight.name + (flight.variation.empty() ? "/" : "/" + flight.variation + "/");
+  std::uint32_t& number = nextNumbers_.try_emplace(prefix, 2).first->second;
   while (true) {
-    const std::uint32_t next = number++;
-    if (std::string key = prefix + std::to_string(next); Take(key))
+    if (std::string key = prefix + std::to_string(number++); Take(key))
       return key;
   }
 }

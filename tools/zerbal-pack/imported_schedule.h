@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "zerbal-pack/airport_table.h"
+#include "zerbal-pack/hash_index.h"
 
 namespace zerbal::pack {
 
@@ -52,7 +53,7 @@ class ImportedSchedule {
   std::vector<AirportIndex> stations_;
   std::vector<ImportedService> services_;
   std::map<std::string, std::uint32_t, std::less<>> serviceIndexes_;  // by key
-  std::unordered_multimap<std::size_t, std::uint32_t> known_;         // flights by a hash of name and route
+  HashIndex known_;                                                   // flights by name and route
 };
 
 /// A text that can be a service's key: upper case ASCII letters, digits and a few signs, at most 20
@@ -63,13 +64,14 @@ std::string ToServiceKey(std::string_view text);
 /// variation, with a number if that is not enough.
 class FlightKeys {
  public:
-  void Reserve(std::size_t flights) { used_.reserve(flights); }
+  void Reserve(std::size_t flights) { used_.Reserve(flights); }
   std::string KeyOf(const ImportedFlight& flight);
 
  private:
   bool Take(const std::string& key);
 
-  std::unordered_map<std::size_t, std::uint32_t> used_;  // hashes of keys in lower case: next number to try
+  HashIndex used_;                                              // keys in lower case
+  std::unordered_map<std::string, std::uint32_t> nextNumbers_;  // of names that need numbers
 };
 
 }  // namespace zerbal::pack

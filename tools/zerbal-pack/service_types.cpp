@@ -57,4 +57,25 @@ std::string_view ServiceTypeName(char letter) {
   return type == nullptr ? std::string_view() : type->name;
 }
 
+std::string_view PhpVms7TypeName(char letter) {
+  switch (letter) {
+    case 'E':
+      return "VIP flights";
+    case 'I':
+      return "Ambulance flights";
+    case 'X':
+      return "Technical stops";
+    default:
+      return ServiceTypeName(letter);
+  }
+}
+
+std::string_view PhpVms5TypeName(std::string_view type) {
+  if (type.empty() || type == "P")
+    return "Passengers";
+  if (type == "C")
+    return "Cargo";
+  return type == "H" ? "Charter" : "";
+}
+
 }  // namespace zerbal::pack
