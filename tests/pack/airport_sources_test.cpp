@@ -129,7 +129,7 @@ TEST_F(AirportSources, ReportBadRowsOfOurAirports) {
             "airports.csv:7: error: column 'latitude_deg': '91' is not a position in degrees\n"
             "airports.csv:8: warning: column 'elevation_ft': 'high' is not a whole number; taken as 0\n"
             "airports.csv:8: warning: column 'iata_code': 'AAA' is another airport's code already\n"
-            "airports.csv:9: error: column 'ident': 'EAAA' is another airport's code already\n"
+            "airports.csv:9: warning: column 'ident': 'EAAA' is another airport's code already; left out\n"
             "airports.csv:10: error: column 'ident': is empty\n"
             "airports.csv:11: error: column '2': text after the closing quotation mark\n");
   EXPECT_EQ(list.table.Size(), 5U);

@@ -37,6 +37,8 @@ class AirportTable {
   /// Another code of an airport, unless an airport has it already.
   void AddCode(std::string_view code, AirportIndex index);
 
+  bool HasCode(std::string_view code) const { return Lookup(byCode_, code).has_value(); }
+
   /// By IATA code for three characters, else by ICAO code. In a table without any IATA code three characters
   /// are looked up as other codes are.
   std::optional<AirportIndex> Find(std::string_view code) const;

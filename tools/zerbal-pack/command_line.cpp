@@ -51,6 +51,11 @@ void AddArguments(CLI::App& app, CommandLine& line) {
     AddOption(app, "--flights", line.flights, true);
   } else if (line.command == "import") {
     AddImportArguments(app, line.import);
+  } else if (line.command == "airports") {
+    app.add_option("AIRPORTS", line.airports.files)->required();
+    AddOption(app, "--out", line.airports.out, true);
+    AddOption(app, "--min-runway", line.airports.minRunway);
+    AddOption(app, "--ils", line.airports.ils);
   } else if (line.command == "export") {
     app.add_option("FILE.mdb", line.file)->required();
     app.add_option("DIR", line.folder)->required();

@@ -17,15 +17,23 @@ struct ImportWords {
   bool keepVariations = false, strict = false;
 };
 
+/// The words of `airports`, which ToAirportsOptions() understands.
+struct AirportsWords {
+  std::vector<std::string> files;
+  std::string out, minRunway, ils;
+};
+
 /// What the user asks for. Commands set the members that belong to them; texts that are not given are empty.
 struct CommandLine {
-  std::string command;  ///< "build", "import", "schedule", "export", "check", "--help" or "--version"
+  std::string command;  ///< "build", "import", "airports", "schedule", "export", "check", "--help" or
+                        ///< "--version"
   std::string out;      ///< build: the folder, schedule: the file
   std::string detail = "high", sources;         // build
   std::string services, destinations, flights;  // schedule
   std::string file, folder, table, index;       // export; check: the folder
   bool schema = false;                          // export
   ImportWords import;
+  AirportsWords airports;
 };
 
 /// Reads the words after the program's name. Options may stand anywhere after the command, as "--out DIR" or

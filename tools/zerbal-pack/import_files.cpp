@@ -11,9 +11,9 @@
 #include "base/code_page_1252.h"
 #include "base/error.h"
 #include "base/file_replacement.h"
-#include "base/numbers.h"
 #include "base/utf8.h"
 #include "data/flight.h"
+#include "zerbal-pack/airport_csv.h"
 #include "zerbal-pack/csv.h"
 #include "zerbal-pack/csv_table.h"
 #include "zerbal-pack/csv_value.h"
@@ -29,7 +29,6 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::size_t kWriteAt = 1U << 18U;  // bytes
-constexpr std::size_t kLongestName = 255;    // characters of a name in the database
 
 /// A new CSV file, which appears when it is committed.
 class CsvOutput {
@@ -77,21 +76,6 @@ class CsvOutput {
   bool first_ = true;
 };
 
-/// Without control characters, and as long as the database allows.
-std::string ToName(std::string_view text) {
-  std::string name;
-  for (std::size_t at = 0; at < text.size();) {
-    const std::size_t length = std::max<std::size_t>(base::Utf8Length(text.substr(at)), 1);
-    const bool control = static_cast<unsigned char>(text[at]) < ' ' || text[at] == '\x7F';
-    const std::string before = name;
-    name += control ? std::string_view(" ") : text.substr(at, length);
-    if (CharacterCount(name) > kLongestName)
-      return before;
-    at += length;
-  }
-  return name;
-}
-
 /// Bytes of any encoding as UTF-8 without NUL.
 std::string ToUtf8(std::string_view bytes) {
   std::string text;
@@ -112,9 +96,6 @@ class ImportWriter {
       : result_(result),
         options_(options),
         services_(options.out / "services.csv", true, {"Service", "Line", "Name", "Red", "Green", "Blue"}),
-        destinations_(options.out / "destinations.csv", true,
-                      {"Code", "Name", "City", "Longitude", "Latitude", "Elevation (ft)", "Runways",
-                       "Longest runway (ft)", "ILS", "IATA"}),
         flights_(options.out / "flights.csv", false,
                  {"Service", "Flight", "Key", "From", "Stop 1", "Stop 2", "Stop 3", "Stop 4", "Stop 5",
                   "Stop 6", "Stop 7", "Stop 8", "Stop 9", "Stop 10", "To"}) {}
@@ -122,6 +103,8 @@ class ImportWriter {
   void Write() {
     AddServices();
     AddDestinations();
+    base::FileReplacement destinations(options_.out / "destinations.csv");
+    destinations.Write(destinations_);
     std::optional<CsvOutput> rejected;
     AddRejected(rejected);
     if (options_.schedule.empty())
@@ -129,7 +112,7 @@ class ImportWriter {
     else
       WriteDatabase();
     services_.Commit();
-    destinations_.Commit();
+    destinations.Commit();
     flights_.Commit();
     if (rejected)
       rejected->Commit();
@@ -143,7 +126,7 @@ class ImportWriter {
     for (std::size_t i = 0; i < services.size(); ++i) {
       services_.AddText(services[i].key);
       services_.AddText(std::to_string(i + 1));
-      services_.AddText(ToName(services[i].name));
+      services_.AddText(ToDatabaseName(services[i].name));
       const ServiceColour& colour = ColourOfService(i);
       for (const std::uint8_t part : {colour.red, colour.green, colour.blue})
         services_.AddNumber(std::to_string(part));
@@ -159,16 +142,7 @@ class ImportWriter {
       if (i > 0 && base::EqualsIgnoringAsciiCase(code, CodeOf(result_.airports[used[i - 1]], options_.codes)))
         throw base::Error(
             fmt::format("two airports of the schedule have the code '{}'; choose other --codes", code));
-      destinations_.AddText(code);
-      destinations_.AddText(ToName(airport.name));
-      destinations_.AddText(ToName(airport.city));
-      destinations_.AddNumber(base::DecimalText(airport.longitude));
-      destinations_.AddNumber(base::DecimalText(airport.latitude));
-      for (const std::int32_t number : {airport.elevation, airport.runways, airport.longestRunway})
-        destinations_.AddNumber(std::to_string(number));
-      destinations_.AddText(airport.ils.value_or(false) ? "1" : "0");
-      destinations_.AddText(airport.iata);
-      destinations_.EndRecord();
+      AppendAirportCsv(airport, code, airport.ils.value_or(false), destinations_);
     }
   }
 
@@ -232,7 +206,7 @@ class ImportWriter {
     Problems problems;
     const CsvTable services = ParseCsvTable(services_.Text(), "services.csv", ServiceLayout(), problems);
     const CsvTable destinations =
-        ParseCsvTable(destinations_.Text(), "destinations.csv", DestinationLayout(), problems);
+        ParseCsvTable(destinations_, "destinations.csv", DestinationLayout(), problems);
     if (problems.HasErrors())
       throw base::Error(ToText(problems.List().front()));
     WriteSchedule(options_.schedule, services, destinations, [&](const RowSink& sink) { AddFlights(sink); });
@@ -241,7 +215,7 @@ class ImportWriter {
   const ImportResult& result_;
   const ImportOptions& options_;
   CsvOutput services_;
-  CsvOutput destinations_;
+  std::string destinations_ = AirportCsvHeader();
   CsvOutput flights_;
 };
 

@@ -103,9 +103,10 @@ class AirportReader {
         table_(table),
         problems_(problems) {}
 
-  void Read(const CsvRecord& record) {
+  /// Airports with an ICAO code come first: no other airport's code can then take the place of it.
+  void Read(const CsvRecord& record, bool withIcao) {
     const std::string_view type = FieldText(record, type_);
-    if (type == "closed" || type == "closed_airport")
+    if (type == "closed" || type == "closed_airport" || withIcao == FieldText(record, icao_).empty())
       return;
     Airport airport;
     airport.code = CodeOf(record);
@@ -116,20 +117,28 @@ class AirportReader {
     if (!ReadPosition(record, airport))
       return;
     AddRunways(record, type, airport);
-    const std::string iata = airport.iata;
-    const std::string code = airport.code;
-    const auto index = static_cast<AirportIndex>(table_.Size());
-    if (!table_.Add(std::move(airport)))
-      return Report(record, "ident", Quoted(code) + " is another airport's code already");
-    if (!iata.empty() && table_[index].iata.empty())
-      Report(record, "iata_code", Quoted(iata) + " is another airport's code already", Severity::kWarning);
-    table_.AddCode(FieldText(record, ident_), index);
+    Add(record, airport);
   }
 
  private:
   void Report(const CsvRecord& record, const char* column, std::string reason,
               Severity severity = Severity::kError) {
     problems_.Add({file_.Name(), record.line, column, std::move(reason), severity});
+  }
+
+  void Add(const CsvRecord& record, Airport& airport) {
+    const std::string ident(FieldText(record, ident_));
+    if (table_.HasCode(airport.code) && !ident.empty())
+      airport.code = ident;
+    const auto index = static_cast<AirportIndex>(table_.Size());
+    if (!table_.Add(airport))
+      return Report(record, "ident", Quoted(airport.code) + " is another airport's code already; left out",
+                    Severity::kWarning);
+    if (table_[index].iata != airport.iata)
+      Report(record, "iata_code", Quoted(airport.iata) + " is another airport's code already",
+             Severity::kWarning);
+    if (!ident.empty())
+      table_.AddCode(ident, index);
   }
 
   std::string CodeOf(const CsvRecord& record) const {
@@ -200,7 +209,11 @@ void ReadOurAirports(const std::filesystem::path& airports, const std::filesyste
   if (!file.Next(first))
     return;
   AirportReader reader(CsvHeader(first), file, summaries, table, problems);
-  ForEachRow(file, problems, [&](const CsvRecord& record) { reader.Read(record); });
+  ForEachRow(file, problems, [&](const CsvRecord& record) { reader.Read(record, true); });
+  file.Rewind();
+  file.Next(first);
+  Problems reportedBefore;
+  ForEachRow(file, reportedBefore, [&](const CsvRecord& record) { reader.Read(record, false); });
 }
 
 }  // namespace zerbal::pack

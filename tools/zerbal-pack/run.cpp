@@ -7,6 +7,7 @@
 
 #include "base/error.h"
 #include "zerbal-pack/airline.h"
+#include "zerbal-pack/airports_command.h"
 #include "zerbal-pack/build.h"
 #include "zerbal-pack/check.h"
 #include "zerbal-pack/command_line.h"
@@ -122,6 +123,9 @@ int RunCommand(const CommandLine& line, const RunContext& context) {
     return MakeSchedule(line, context);
   if (line.command == "import")
     return ImportSchedule(ToImportOptions(line.import), context.out, context.err) ? kExitGood : kExitBadData;
+  if (line.command == "airports")
+    return MakeAirports(ToAirportsOptions(line.airports), context.out, context.err) ? kExitGood
+                                                                                    : kExitBadData;
   if (line.command == "export")
     return Export(line, context);
   if (line.command == "check")
