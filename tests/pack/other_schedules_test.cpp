@@ -159,7 +159,8 @@ const Case kPhpVms7[] = {
     {"NameTooLong", "ABCDEFGHIJKLMNOPQRSTU,1,,,EAAA,EBBB,1,J,,,1\n",
      "2: error: the flight's name 'ABCDEFGHIJKLMNOPQRSTU1' is not made of at most 20 letters, digits and "
      "signs\n- 2\n"},
-    {"FewerFields", "QVA,1,,,EAAA,EBBB,1,J\n", "2: note: is not active; left out\n"},
+    {"FewerFields", "QVA,1,,,EAAA,EBBB,1,J\n",
+     "2: error: has 8 fields and ends before it says whether it is active\n- 2\n"},
 };
 
 INSTANTIATE_TEST_SUITE_P(PhpVms, PhpVms7Rows, testing::ValuesIn(kPhpVms7), CaseName);

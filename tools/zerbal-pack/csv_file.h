@@ -23,6 +23,9 @@ class CsvFile {
   CsvFile(const std::filesystem::path& file, CsvForm form, Problems& problems);
   CsvFile(std::string bytes, std::string fileName, CsvForm form, Problems& problems);
 
+  CsvFile(const CsvFile&) = delete;  // its reader looks at its text
+  CsvFile& operator=(const CsvFile&) = delete;
+
   const std::string& Name() const { return name_; }
   bool DecimalComma() const;
 

@@ -2,12 +2,14 @@
 
 #include <algorithm>
 #include <cstring>
+#include <fstream>
+#include <utility>
 
 namespace zerbal::pack {
 
 namespace {
 
-constexpr std::size_t kBufferSize = 1U << 18U;
+constexpr std::size_t kBufferSize = 1U << 16U;
 constexpr std::string_view kFileMark = "\xEF\xBB\xBF";
 
 std::string_view WithoutReturn(std::string_view line) {
@@ -16,23 +18,30 @@ std::string_view WithoutReturn(std::string_view line) {
   return line;
 }
 
+/// nullptr when the file cannot be read.
+std::unique_ptr<std::istream> OpenFileStream(const std::filesystem::path& file) {
+  auto stream = std::make_unique<std::ifstream>(file, std::ios::binary);
+  std::error_code failed;
+  return stream->is_open() && !std::filesystem::is_directory(file, failed) ? std::move(stream) : nullptr;
+}
+
 }  // namespace
 
-LineReader::LineReader(const std::filesystem::path& file)
-    : stream_(file, std::ios::binary), buffer_(kBufferSize, '\0') {
-  std::error_code failed;
-  good_ = stream_.is_open() && !std::filesystem::is_directory(file, failed);
-  if (good_ && Fill() && std::string_view(buffer_.data(), end_).starts_with(kFileMark))
+LineReader::LineReader(const std::filesystem::path& file) : LineReader(OpenFileStream(file)) {}
+
+LineReader::LineReader(std::unique_ptr<std::istream> stream)
+    : stream_(std::move(stream)), buffer_(kBufferSize, '\0'), good_(stream_ != nullptr) {
+  if (Fill() && std::string_view(buffer_.data(), end_).starts_with(kFileMark))
     begin_ = kFileMark.size();
 }
 
 bool LineReader::Fill() {
-  if (!good_ || stream_.eof())
+  if (!good_ || stream_->eof())
     return false;
-  stream_.read(buffer_.data(), static_cast<std::streamsize>(buffer_.size()));
+  stream_->read(buffer_.data(), static_cast<std::streamsize>(buffer_.size()));
   begin_ = 0;
-  end_ = static_cast<std::size_t>(stream_.gcount());
-  good_ = !stream_.bad();
+  end_ = static_cast<std::size_t>(stream_->gcount());
+  good_ = !stream_->bad();
   return end_ > 0;
 }
 

@@ -3,7 +3,8 @@
 
 #include <cstddef>
 #include <filesystem>
-#include <fstream>
+#include <istream>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -16,6 +17,7 @@ class LineReader {
   static constexpr std::size_t kLongestLine = 4096;
 
   explicit LineReader(const std::filesystem::path& file);
+  explicit LineReader(std::unique_ptr<std::istream> stream);
 
   /// False when the file cannot be read, or could not be read to its end.
   bool Good() const { return good_; }
@@ -28,7 +30,7 @@ class LineReader {
  private:
   bool Fill();
 
-  std::ifstream stream_;
+  std::unique_ptr<std::istream> stream_;
   std::string buffer_;
   std::size_t begin_ = 0;  // of what is not read yet
   std::size_t end_ = 0;

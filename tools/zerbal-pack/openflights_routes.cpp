@@ -30,9 +30,8 @@ std::string SingleBlanks(std::string_view text) {
 
 class RouteReader {
  public:
-  RouteReader(const std::filesystem::path& file, const AirportList& airports, OpenFlightsRoutes& routes,
-              Problems& problems)
-      : file_(file, kOpenFlightsForm, problems), airports_(airports), routes_(routes), problems_(problems) {}
+  RouteReader(CsvFile& file, const AirportList& airports, OpenFlightsRoutes& routes, Problems& problems)
+      : file_(file), airports_(airports), routes_(routes), problems_(problems) {}
 
   void Read() {
     while (file_.Next(record_)) {
@@ -109,7 +108,7 @@ class RouteReader {
     return isNew;
   }
 
-  CsvFile file_;
+  CsvFile& file_;
   const AirportList& airports_;
   OpenFlightsRoutes& routes_;
   Problems& problems_;
@@ -120,9 +119,18 @@ class RouteReader {
 
 }  // namespace
 
-OpenFlightsRoutes ReadOpenFlightsRoutes(const std::filesystem::path& file, const AirportList& airports,
+OpenFlightsRoutes ReadOpenFlightsRoutes(const std::filesystem::path& path, const AirportList& airports,
                                         Problems& problems) {
   OpenFlightsRoutes routes;
+  CsvFile file(path, kOpenFlightsForm, problems);
+  RouteReader(file, airports, routes, problems).Read();
+  return routes;
+}
+
+OpenFlightsRoutes ParseOpenFlightsRoutes(std::string bytes, std::string name, const AirportList& airports,
+                                         Problems& problems) {
+  OpenFlightsRoutes routes;
+  CsvFile file(std::move(bytes), std::move(name), kOpenFlightsForm, problems);
   RouteReader(file, airports, routes, problems).Read();
   return routes;
 }

@@ -32,4 +32,8 @@ struct OpenFlightsRoutes {
 OpenFlightsRoutes ReadOpenFlightsRoutes(const std::filesystem::path& file, const AirportList& airports,
                                         Problems& problems);
 
+/// The same from a text in memory; `name` is for messages.
+OpenFlightsRoutes ParseOpenFlightsRoutes(std::string bytes, std::string name, const AirportList& airports,
+                                         Problems& problems);
+
 }  // namespace zerbal::pack

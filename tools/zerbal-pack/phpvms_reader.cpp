@@ -17,6 +17,7 @@ namespace zerbal::pack {
 
 namespace {
 
+constexpr CsvForm kPhpVmsForm{.backslashEscapes = true, .lenient = true};
 constexpr std::size_t kLongestPhpVmsName = 20;  // characters of a flight in the database
 
 std::string UpperAscii(std::string_view text) {
@@ -80,6 +81,10 @@ class RowReader {
     } else if (columns_.most > 0 && record_.fields.size() > columns_.most) {
       Report(Severity::kError, "",
              fmt::format("has {} fields; there are at most {}", record_.fields.size(), columns_.most));
+    } else if (columns_.version == 7 && columns_.active.value_or(0) >= record_.fields.size()) {
+      Report(
+          Severity::kError, "",
+          fmt::format("has {} fields and ends before it says whether it is active", record_.fields.size()));
     } else if (!IsActive()) {
       return Report(Severity::kNote, "", "is not active; left out");
     } else {
@@ -222,21 +227,29 @@ class RowReader {
   std::string fault_;  // of the row
 };
 
+PhpVmsSchedule ReadRows(CsvFile&& file, const AirportTable& airports, Problems& problems) {
+  PhpVmsSchedule schedule;
+  PhpVmsLegs legs(file.Name(), problems);
+  RowReader(file, airports, legs, schedule, problems).Read();
+  legs.Join(schedule);
+  std::ranges::stable_sort(schedule.leftOut, {}, &LeftOut::line);
+  return schedule;
+}
+
 }  // namespace
 
 std::string PhpVmsFlight::Name() const {
   return airline + std::to_string(number) + (routeCode.empty() ? "" : "/" + routeCode);
 }
 
-PhpVmsSchedule ReadPhpVms(const std::filesystem::path& path, const AirportTable& airports,
+PhpVmsSchedule ReadPhpVms(const std::filesystem::path& file, const AirportTable& airports,
                           Problems& problems) {
-  PhpVmsSchedule schedule;
-  CsvFile file(path, {.backslashEscapes = true, .lenient = true}, problems);
-  PhpVmsLegs legs(file.Name(), problems);
-  RowReader(file, airports, legs, schedule, problems).Read();
-  legs.Join(schedule);
-  std::ranges::stable_sort(schedule.leftOut, {}, &LeftOut::line);
-  return schedule;
+  return ReadRows(CsvFile(file, kPhpVmsForm, problems), airports, problems);
+}
+
+PhpVmsSchedule ParsePhpVms(std::string bytes, std::string name, const AirportTable& airports,
+                           Problems& problems) {
+  return ReadRows(CsvFile(std::move(bytes), std::move(name), kPhpVmsForm, problems), airports, problems);
 }
 
 }  // namespace zerbal::pack

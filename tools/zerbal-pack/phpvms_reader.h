@@ -39,4 +39,8 @@ struct PhpVmsSchedule {
 PhpVmsSchedule ReadPhpVms(const std::filesystem::path& file, const AirportTable& airports,
                           Problems& problems);
 
+/// The same from a text in memory; `name` is for messages.
+PhpVmsSchedule ParsePhpVms(std::string bytes, std::string name, const AirportTable& airports,
+                           Problems& problems);
+
 }  // namespace zerbal::pack

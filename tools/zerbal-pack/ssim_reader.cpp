@@ -1,7 +1,10 @@
 #include "zerbal-pack/ssim_reader.h"
 
 #include <algorithm>
+#include <memory>
+#include <sstream>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 #include <fmt/format.h>
@@ -49,11 +52,11 @@ class SerialNumbers {
 
 class FileReader {
  public:
-  FileReader(const std::filesystem::path& file, const AirportTable& airports, Problems& problems)
-      : lines_(file), file_(file.string()), airports_(airports), problems_(problems) {
-    std::error_code failed;
-    if (const std::uintmax_t size = std::filesystem::file_size(file, failed); !failed && lines_.Good())
-      schedule_.legs.reserve(std::min<std::uintmax_t>(size / (SsimRecord::kColumns + 1), kMostReserved));
+  /// `size` of the file in bytes.
+  FileReader(LineReader lines, std::uintmax_t size, std::string file, const AirportTable& airports,
+             Problems& problems)
+      : lines_(std::move(lines)), file_(std::move(file)), airports_(airports), problems_(problems) {
+    schedule_.legs.reserve(std::min<std::uintmax_t>(size / (SsimRecord::kColumns + 1), kMostReserved));
   }
 
   SsimSchedule Read() {
@@ -202,7 +205,16 @@ class FileReader {
 }  // namespace
 
 SsimSchedule ReadSsim(const std::filesystem::path& file, const AirportTable& airports, Problems& problems) {
-  return FileReader(file, airports, problems).Read();
+  std::error_code failed;
+  const std::uintmax_t size = std::filesystem::file_size(file, failed);
+  return FileReader(LineReader(file), failed ? 0 : size, file.string(), airports, problems).Read();
+}
+
+SsimSchedule ParseSsim(std::string text, std::string name, const AirportTable& airports, Problems& problems) {
+  const std::size_t size = text.size();
+  return FileReader(LineReader(std::make_unique<std::istringstream>(std::move(text))), size, std::move(name),
+                    airports, problems)
+      .Read();
 }
 
 }  // namespace zerbal::pack

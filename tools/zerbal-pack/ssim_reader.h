@@ -36,4 +36,7 @@ struct SsimSchedule {
 /// added to `problems`. An error leaves out the whole flight of its record.
 SsimSchedule ReadSsim(const std::filesystem::path& file, const AirportTable& airports, Problems& problems);
 
+/// The same from a text in memory; `name` is for messages.
+SsimSchedule ParseSsim(std::string text, std::string name, const AirportTable& airports, Problems& problems);
+
 }  // namespace zerbal::pack
