@@ -16,7 +16,7 @@ if(ZERBAL_WARNINGS_AS_ERRORS)
   target_compile_options(zerbal_options INTERFACE -Werror)
 endif()
 if(ZERBAL_ASSERTIONS)
-  target_compile_definitions(zerbal_options INTERFACE ZERBAL_ASSERTIONS)
+  target_compile_definitions(zerbal_options INTERFACE ZERBAL_ASSERTIONS _GLIBCXX_ASSERTIONS)
 endif()
 
 # zerbal_include_root(TARGET FOLDER): TARGET and its users include the headers of FOLDER as "NAME/header.h", NAME being

@@ -1,9 +1,10 @@
 # Precompiled headers: the standard library, GoogleTest and Qt, which take most of the time of a compilation. The project's
 # own headers are not among them, so a change of one compiles only what includes it.
 
-# GCC gains little: its precompiled headers are ten times as large, and warnings forget which header is the system's.
+# GCC gains nothing: its precompiled headers are ten times as large.
 string(COMPARE EQUAL "${CMAKE_CXX_COMPILER_ID}" "Clang" precompile_pays)
 option(ZERBAL_PRECOMPILE "Use precompiled headers" ${precompile_pays})
+option(ZERBAL_TESTS_BY_CLANG "Compile tests with clang where GCC compiles the rest: it takes a quarter of the time" OFF)
 set(CMAKE_PCH_INSTANTIATE_TEMPLATES ON)
 
 set(precompiled_std
@@ -66,11 +67,22 @@ function(zerbal_precompiled name kind use)
     target_link_libraries(${name} PRIVATE zerbal_hot_options)
   endif()
   target_precompile_headers(${name} PRIVATE ${headers})
+  if(use STREQUAL "test")
+    zerbal_by_clang(${name})
+  endif()
+endfunction()
+
+# Lets clang compile a target although GCC is the project's compiler, as the option says.
+function(zerbal_by_clang target)
+  if(ZERBAL_TESTS_BY_CLANG)
+    set(launcher ${PROJECT_SOURCE_DIR}/cmake/with_clang ${CMAKE_CXX_COMPILER} ${CMAKE_CXX_COMPILER_LAUNCHER})
+    set_target_properties(${target} PROPERTIES CXX_COMPILER_LAUNCHER "${launcher}")
+  endif()
 endfunction()
 
 # Gives every target below a directory the headers that suit it.
 function(zerbal_precompile_headers directory)
-  if(NOT ZERBAL_PRECOMPILE)
+  if(NOT ZERBAL_PRECOMPILE AND NOT ZERBAL_TESTS_BY_CLANG)
     return()
   endif()
   get_property(targets DIRECTORY ${directory} PROPERTY BUILDSYSTEM_TARGETS)
@@ -87,6 +99,11 @@ function(zerbal_precompile_headers directory)
       set(use hot)
     elseif("zerbal_test_options" IN_LIST links OR debug AND ZERBAL_TESTS)  # the same options in a debug build
       set(use test)
+    endif()
+    if(use STREQUAL "test")
+      zerbal_by_clang(${target})
+    elseif(NOT ZERBAL_PRECOMPILE)
+      continue()
     endif()
     zerbal_precompiled(precompiled_${use}_${kind} ${kind} ${use})
     target_precompile_headers(${target} REUSE_FROM precompiled_${use}_${kind})
