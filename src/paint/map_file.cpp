@@ -1,14 +1,15 @@
 #include "paint/map_file.h"
 
 #include <QBuffer>
-#include <QImageWriter>
 #include <QPageLayout>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QSvgGenerator>
+#include <algorithm>
 #include <cmath>
 
 #include "base/error.h"
+#include "paint/operation_list.h"
 #include "paint/painter_surface.h"
 #include "paint/picture_surface.h"
 #include "paint/prepared_pictures.h"
@@ -18,6 +19,17 @@ namespace {
 
 /// Vector formats are drawn on a grid this many times finer than logical pixels.
 constexpr int kVectorGrid = 8;
+/// Pixels. A band stays in the processor's cache until it is encoded.
+constexpr int kBandSize = 1 << 19;
+
+int RowsOfBand(int width) {
+  return std::max(kBandSize / width, 16);
+}
+
+/// From the top edge of the picture to that of a row, within a twip.
+std::int32_t HeightInTwips(int row, double scale) {
+  return static_cast<std::int32_t>(row * kTwipsPerPixel / PixelScale(scale).Ratio());
+}
 
 void DrawOn(QPaintDevice& device, const QSizeF& logicalSize, const DrawMapOn& draw) {
   QPainter painter(&device);
@@ -38,29 +50,35 @@ std::optional<MapFileKind> KindOfMapFile(const QString& file) {
   return std::nullopt;
 }
 
-QImage DrawPicture(const QSize& pixels, double dpi, const DrawMapOn& draw) {
-  QImage picture(pixels, QImage::Format_RGB32);
-  if (picture.isNull())
+void WritePng(const QSize& pixels, double dpi, const DrawMapOn& draw, const ByteSink& sink,
+              const Progress& progress) {
+  OperationList operations;
+  draw(operations);
+  QImage rows(pixels.width(), std::min(RowsOfBand(pixels.width()), pixels.height()), QImage::Format_RGB32);
+  if (rows.isNull())
     throw base::Error("There is not enough memory for a picture of this size.");
   PreparedPictures prepared;
-  {
-    PictureSurface surface(picture, dpi / kScreenDpi, prepared);
-    draw(surface);
+  PngWriter writer(pixels, dpi, sink);
+  const double scale = dpi / kScreenDpi;
+  for (int top = 0; top < pixels.height(); top += rows.height()) {
+    progress(static_cast<double>(top) / pixels.height());
+    {
+      PictureSurface surface(rows, {top, pixels.height()}, scale, prepared);
+      operations.DrawBetween(HeightInTwips(top, scale), HeightInTwips(top + rows.height(), scale), surface);
+    }
+    writer.Write(rows, std::min(rows.height(), pixels.height() - top));
   }
-  return picture;
+  writer.Finish();
 }
 
-QByteArray PngOf(QImage picture, double dpi) {
-  const int dotsPerMetre = static_cast<int>(std::lround(dpi / 0.0254));
-  picture.setDotsPerMeterX(dotsPerMetre);
-  picture.setDotsPerMeterY(dotsPerMetre);
-  QBuffer bytes;
-  QImageWriter writer(&bytes, "png");
-  // Maps are mostly plain areas: light compression is much faster and nearly as small as the strongest.
-  writer.setCompression(30);
-  if (!writer.write(picture))
-    throw base::Error("The picture cannot be encoded: " + writer.errorString().toStdString());
-  return bytes.data();
+QByteArray PngOf(const QImage& picture, double dpi) {
+  QByteArray bytes;
+  PngWriter writer(picture.size(), dpi, [&bytes](std::string_view part) {
+    bytes.append(part.data(), static_cast<qsizetype>(part.size()));
+  });
+  writer.Write(picture, picture.height());
+  writer.Finish();
+  return bytes;
 }
 
 QByteArray SvgOf(const QSizeF& logicalSize, const DrawMapOn& draw) {

@@ -9,6 +9,7 @@
 #include <optional>
 
 #include "map/surface.h"
+#include "paint/png_writer.h"
 
 namespace zerbal::paint {
 
@@ -23,11 +24,16 @@ std::optional<MapFileKind> KindOfMapFile(const QString& file);
 /// Draws the map; the surface's area has the logical size of the map.
 using DrawMapOn = std::function<void(map::Surface& surface)>;
 
-/// Throws base::Error when there is not enough memory for the picture.
-QImage DrawPicture(const QSize& pixels, double dpi, const DrawMapOn& draw);
+/// Learns how much is done, 0 to 1; may throw.
+using Progress = std::function<void(double done)>;
 
-/// Throws base::Error when the picture cannot be encoded.
-QByteArray PngOf(QImage picture, double dpi);
+/// Draws and encodes one band of rows after the other, in a few megabytes. Throws base::Error when there is
+/// not enough memory or the picture cannot be encoded.
+void WritePng(const QSize& pixels, double dpi, const DrawMapOn& draw, const ByteSink& sink,
+              const Progress& progress);
+
+/// Throws base::Error when the picture, which has format RGB32, cannot be encoded.
+QByteArray PngOf(const QImage& picture, double dpi);
 QByteArray SvgOf(const QSizeF& logicalSize, const DrawMapOn& draw);
 QByteArray PdfOf(const QSizeF& logicalSize, const DrawMapOn& draw);
 

@@ -14,6 +14,16 @@ constexpr std::int32_t kLargestMarker = 300;
 constexpr ClipArea kFineArea{-PixelScale::kFinestTwips, -PixelScale::kFinestTwips, PixelScale::kFinestTwips,
                              PixelScale::kFinestTwips};
 
+/// The whole picture, of which only the rows of the band exist. QPainter rounds coordinates differently left
+/// of or above its device, so it must draw a band at the coordinates of the whole picture.
+QImage WholePicture(QImage& picture, const PictureBand& band) {
+  const auto above =
+      static_cast<std::uintptr_t>(band.top) * static_cast<std::uintptr_t>(picture.bytesPerLine());
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): a pointer to rows that do not exist
+  auto* bits = reinterpret_cast<uchar*>(reinterpret_cast<std::uintptr_t>(picture.bits()) - above);
+  return {bits, picture.width(), band.height, picture.bytesPerLine(), picture.format()};
+}
+
 bool IsFine(TwipPoint point) {
   constexpr auto kReach = static_cast<std::uint32_t>(PixelScale::kFinestTwips);
   return static_cast<std::uint32_t>(point.x) + kReach <= 2 * kReach &&
@@ -22,20 +32,25 @@ bool IsFine(TwipPoint point) {
 
 }  // namespace
 
-PictureSurface::PictureSurface(QImage& picture, double scale, PreparedPictures& prepared)
+PictureSurface::PictureSurface(QImage& picture, PictureBand band, double scale, PreparedPictures& prepared)
     : picture_(picture),
+      band_(band),
       scale_(scale),
       lineWidth_(scale_.LineWidth(1)),
       prepared_(prepared),
       run_(scale_, lineWidth_),
-      canvas_(picture) {}
+      canvas_(picture, band.top) {}
 
 PictureSurface::~PictureSurface() = default;
 
 PainterSurface& PictureSurface::Rest() {
   if (!rest_) {
-    painter_.emplace(&picture_);
-    rest_.emplace(*painter_, scale_.Ratio(), QRectF(picture_.rect()));
+    const QRect band(0, band_.top, picture_.width(), picture_.height());
+    whole_ = WholePicture(picture_, band_);
+    painter_.emplace(&whole_);
+    if (band_.height > band.height())
+      painter_->setClipRect(band);
+    rest_.emplace(*painter_, scale_.Ratio(), QRectF(whole_.rect()));
   }
   return *rest_;
 }
@@ -158,7 +173,7 @@ void PictureSurface::Text(TwipPoint topLeft, std::string_view text, data::Rgb co
   }
   const PixelPoint at = scale_.ToPixelPoint(topLeft);
   const std::uint32_t pixel = PixelCanvas::Pixel(colour);
-  if (at.x >= picture_.width() || at.y >= picture_.height())
+  if (at.x >= picture_.width() || at.y - band_.top >= picture_.height())
     return;
   std::int64_t x = at.x;
   const auto baseLine = static_cast<int>(std::int64_t{at.y} + glyphs.Ascent());

@@ -12,11 +12,21 @@
 
 namespace zerbal::paint {
 
+/// The rows from `top` on of a picture that is `height` pixels high.
+struct PictureBand {
+  int top = 0;
+  int height = 0;
+};
+
 /// `picture` has format RGB32 and the device pixel ratio 1; `scale` is the number of its pixels per logical
 /// pixel. Picture and prepared pictures must outlive the surface. Drawing on an empty picture does nothing.
+/// With a band, `picture` holds as many rows of a larger picture as it is high, with the same pixels as
+/// there.
 class PictureSurface final : public map::Surface {
  public:
-  PictureSurface(QImage& picture, double scale, PreparedPictures& prepared);
+  PictureSurface(QImage& picture, double scale, PreparedPictures& prepared)
+      : PictureSurface(picture, {0, picture.height()}, scale, prepared) {}
+  PictureSurface(QImage& picture, PictureBand band, double scale, PreparedPictures& prepared);
   ~PictureSurface() override;
 
   void BeginLayer(map::Layer) override {}
@@ -36,6 +46,7 @@ class PictureSurface final : public map::Surface {
   GlyphSet& Glyphs(const map::TextFont& font);
 
   QImage& picture_;
+  PictureBand band_;
   PixelScale scale_;
   int lineWidth_;  ///< of one logical pixel
   PreparedPictures& prepared_;
@@ -44,6 +55,7 @@ class PictureSurface final : public map::Surface {
   map::TextFont font_;  ///< of glyphs_
   GlyphSet* glyphs_ = nullptr;
   // Created on first use; most redraws do not need them.
+  QImage whole_;
   std::optional<QPainter> painter_;
   std::optional<PainterSurface> rest_;
 };

@@ -20,10 +20,11 @@ const auto& FindInk(Inks& inks, std::size_t& next, std::uint32_t background, std
 
 }  // namespace
 
-PixelCanvas::PixelCanvas(QImage& image)
+PixelCanvas::PixelCanvas(QImage& image, int top)
     : grid_{reinterpret_cast<std::uint32_t*>(image.bits()),
             image.bytesPerLine() / static_cast<qsizetype>(sizeof(std::uint32_t)), image.width(),
-            image.height()} {
+            image.height()},
+      top_(top) {
   Q_ASSERT(image.isNull() || image.format() == QImage::Format_RGB32);
 }
 
@@ -47,7 +48,7 @@ const LineInk& PixelCanvas::LineInkOf(std::uint32_t pixel) {
 
 void PixelCanvas::Blend(const Mask& mask, PixelPoint place, std::uint32_t pixel) {
   const std::int64_t left = std::int64_t{place.x} + mask.left;
-  const std::int64_t top = std::int64_t{place.y} + mask.top;
+  const std::int64_t top = std::int64_t{place.y} - top_ + mask.top;
   const auto firstColumn = static_cast<int>(std::clamp<std::int64_t>(-left, 0, mask.width));
   const auto lastColumn = static_cast<int>(std::clamp<std::int64_t>(grid_.width - left, 0, mask.width));
   const auto firstRow = static_cast<int>(std::clamp<std::int64_t>(-top, 0, mask.height));
@@ -78,8 +79,8 @@ void PixelCanvas::Rectangle(PixelPoint corner1, PixelPoint corner2, std::uint32_
   const std::int64_t size = std::max(1, dots.size);
   const std::int64_t left = std::min(corner1.x, corner2.x);
   const std::int64_t right = std::max(corner1.x, corner2.x);
-  const std::int64_t top = std::min(corner1.y, corner2.y);
-  const std::int64_t bottom = std::max(corner1.y, corner2.y);
+  const std::int64_t top = std::int64_t{std::min(corner1.y, corner2.y)} - top_;
+  const std::int64_t bottom = std::int64_t{std::max(corner1.y, corner2.y)} - top_;
   const std::int64_t period = dots.dotted ? 2 * size : size;
   // The first dot of the pattern starting at `from` that can touch the picture.
   const auto firstDot = [&](std::int64_t from) {

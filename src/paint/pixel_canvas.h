@@ -17,21 +17,23 @@ namespace zerbal::paint {
 
 class PixelCanvas {
  public:
-  /// `image` has format RGB32, must outlive the canvas and must not be shared meanwhile.
-  explicit PixelCanvas(QImage& image);
+  /// `image` has format RGB32, must outlive the canvas and must not be shared meanwhile. Its first row is row
+  /// `top` of what is drawn.
+  explicit PixelCanvas(QImage& image, int top = 0);
 
   static std::uint32_t Pixel(data::Rgb colour);
 
   void Fill(std::uint32_t pixel);
   /// Rows and columns of whole pixels; any value is possible.
   void Block(std::int64_t x, std::int64_t y, std::int64_t width, std::int64_t height, std::uint32_t pixel) {
-    Block(x, y, width, height, pixel, false);
+    Block(x, y - top_, width, height, pixel, false);
   }
   /// Valid until inks of several other colours are used.
   const LineInk& LineInkOf(std::uint32_t pixel);
   /// A line with soft edges between two positions of its middle, `width` in 256ths of a pixel.
   void Line(FinePoint from, FinePoint to, std::int32_t width, const LineInk& ink, LineEnds ends) {
-    DrawSmoothLine(grid_, from, to, width, ink, ends);
+    const std::int32_t above = top_ * kFinePerPixel;
+    DrawSmoothLine(grid_, {from.x, from.y - above}, {to.x, to.y - above}, width, ink, ends);
   }
   /// Blends a mask into the picture, its reference pixel at `place`.
   void Blend(const Mask& mask, PixelPoint place, std::uint32_t pixel);
@@ -46,11 +48,13 @@ class PixelCanvas {
   void Rectangle(PixelPoint corner1, PixelPoint corner2, std::uint32_t pixel, const Dots& dots);
 
  private:
+  /// `y` is a row of the image.
   void Block(std::int64_t x, std::int64_t y, std::int64_t width, std::int64_t height, std::uint32_t pixel,
              bool invert);
   const Ink& InkOf(std::uint32_t pixel);
 
   PixelGrid grid_;
+  int top_;
   std::uint32_t background_ = 0;  ///< the last fill
   std::array<Ink, 4> inks_;  ///< the last ones used: airports, symbols and labels of a flight, and one more
   std::size_t nextInk_ = 0;

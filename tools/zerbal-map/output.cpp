@@ -6,17 +6,19 @@
 namespace zerbal::mapcommand {
 namespace {
 
-QByteArray DrawFile(MapJob& job, const Options& options) {
+void DrawFile(MapJob& job, const Options& options, const paint::ByteSink& sink) {
   const auto draw = [&job](map::Surface& surface) { job.Draw(surface); };
   switch (options.kind) {
     case MapFileKind::kSvg:
-      return paint::SvgOf(options.LogicalSize(), draw);
+      sink(paint::SvgOf(options.LogicalSize(), draw).toStdString());
+      break;
     case MapFileKind::kPdf:
-      return paint::PdfOf(options.LogicalSize(), draw);
+      sink(paint::PdfOf(options.LogicalSize(), draw).toStdString());
+      break;
     case MapFileKind::kPng:
+      paint::WritePng(options.PixelSize(), options.dpi, draw, sink, [](double) {});
       break;
   }
-  return paint::PngOf(paint::DrawPicture(options.PixelSize(), options.dpi, draw), options.dpi);
 }
 
 }  // namespace
@@ -24,8 +26,7 @@ QByteArray DrawFile(MapJob& job, const Options& options) {
 void WriteMap(MapJob& job, const Options& options) {
   // Opened first: a file that cannot be written is reported before anything is drawn.
   auto file = base::FileReplacement::OfUserFile(options.outputFile);
-  const QByteArray bytes = DrawFile(job, options);
-  file.Write({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+  DrawFile(job, options, [&file](std::string_view bytes) { file.Write(bytes); });
   file.Commit();
 }
 
