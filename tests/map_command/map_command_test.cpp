@@ -31,7 +31,7 @@ class MapCommandTest : public testing::Test {
     words << "--data" << QFile::decodeName(folder.Path().c_str());
     output.str("");
     errors.str("");
-    return mapcommand::Run(words, output, errors);
+    return mapcommand::Run(words, output, errors, false);
   }
   QImage Picture(const QStringList& words) {
     EXPECT_EQ(Run(QStringList(words) << "--out" << File("map.png")), 0) << errors.str();

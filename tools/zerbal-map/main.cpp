@@ -1,6 +1,8 @@
 #include <QGuiApplication>
 #include <iostream>
 
+#include <unistd.h>
+
 #include "jet/mapped_file_guard.h"
 #include "zerbal-map/run.h"
 
@@ -9,5 +11,6 @@ int main(int argc, char** argv) {
   // Drawing needs fonts but no screen.
   qputenv("QT_QPA_PLATFORM", "offscreen");
   QGuiApplication application(argc, argv);
-  return zerbal::mapcommand::Run(QGuiApplication::arguments().mid(1), std::cout, std::cerr);
+  return zerbal::mapcommand::Run(QGuiApplication::arguments().mid(1), std::cout, std::cerr,
+                                 ::isatty(STDERR_FILENO) == 1);
 }

@@ -2,8 +2,6 @@
 
 #include <ostream>
 
-#include <unistd.h>
-
 #include "zerbal-map/map_job.h"
 #include "zerbal-map/output.h"
 
@@ -13,15 +11,6 @@ namespace {
 constexpr int kDone = 0;
 constexpr int kBadData = 1;
 constexpr int kBadUsage = 2;
-
-/// Larger pictures are announced, because drawing takes long.
-constexpr qint64 kLargePicture = 20'000'000;
-
-bool WantsProgress(const Options& options) {
-  const QSize size = options.PixelSize();
-  return options.kind == MapFileKind::kPng && qint64{size.width()} * size.height() >= kLargePicture &&
-         ::isatty(STDERR_FILENO) == 1;
-}
 
 constexpr char kHelpText[] = R"(Usage: zerbal-map [options] --out FILE.png|.svg|.pdf
 
@@ -61,7 +50,7 @@ Exit status: 0 done, 1 something is wrong with the data or a file, 2 the command
 
 }  // namespace
 
-int Run(const QStringList& words, std::ostream& output, std::ostream& errors) {
+int Run(const QStringList& words, std::ostream& output, std::ostream& errors, bool errorsAreTerminal) {
   try {
     const auto options = ParseOptions(words);
     if (!options) {
@@ -71,11 +60,9 @@ int Run(const QStringList& words, std::ostream& output, std::ostream& errors) {
         output << kHelpText;
       return kDone;
     }
-    if (WantsProgress(*options))
-      errors << "Drawing " << options->PixelSize().width() << " x " << options->PixelSize().height()
-             << " pixels ..." << std::endl;
+    ProgressLine progress(errors, errorsAreTerminal);
     MapJob job(*options);
-    WriteMap(job, *options);
+    WriteMap(job, *options, progress);
     return kDone;
   } catch (const UsageError& error) {
     errors << "zerbal-map: " << error.what() << "\nTry 'zerbal-map --help'." << std::endl;
