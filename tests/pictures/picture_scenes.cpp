@@ -1,0 +1,67 @@
+#include "pictures/picture_scenes.h"
+
+#include <QFile>
+#include <QString>
+
+#include "paint/picture_surface.h"
+#include "zerbal-map/map_job.h"
+
+namespace zerbal::test {
+namespace {
+
+/// Draws the map with or without its letters, and notes where they are.
+class LetterSurface final : public map::Surface {
+ public:
+  LetterSurface(map::Surface& surface, int scale, bool draws)
+      : surface_(surface), scale_(scale), draws_(draws) {}
+
+  void BeginLayer(map::Layer layer) override { surface_.BeginLayer(layer); }
+  void Clear(data::Rgb colour) override { surface_.Clear(colour); }
+  void Polyline(std::span<const TwipPoint> points, const map::Pen& pen) override {
+    surface_.Polyline(points, pen);
+  }
+  void Rectangle(TwipPoint corner1, TwipPoint corner2, const map::Pen& pen) override {
+    surface_.Rectangle(corner1, corner2, pen);
+  }
+  void Circle(TwipPoint centre, std::int32_t radius, data::Rgb colour, bool fill) override {
+    surface_.Circle(centre, radius, colour, fill);
+  }
+  void Text(TwipPoint topLeft, std::string_view text, data::Rgb colour, const map::TextFont& font) override {
+    if (!draws_)
+      return;
+    surface_.Text(topLeft, text, colour, font);
+    const PixelScale pixels(scale_);
+    const PixelPoint at = pixels.ToPixelPoint(topLeft);
+    constexpr int kTwipsPerPoint = 20;
+    const int size = static_cast<int>(pixels.Length(font.size * kTwipsPerPoint));
+    boxes_.emplace_back(at.x - 2, at.y, static_cast<int>(text.size()) * size, size * 3 / 2);
+  }
+  const std::vector<QRect>& Boxes() const { return boxes_; }
+
+ private:
+  map::Surface& surface_;
+  int scale_;
+  bool draws_;
+  std::vector<QRect> boxes_;
+};
+
+}  // namespace
+
+DrawnScene DrawScene(const PictureScene& scene, int scale, bool letters, const std::filesystem::path& data) {
+  QStringList words = QString(scene.words).split(' ');
+  words << "--data" << QFile::decodeName(data.c_str()) << "--out"
+        << "unused.png";
+  mapcommand::Options options = *mapcommand::ParseOptions(words);
+  QImage picture(options.pixels * scale, QImage::Format_RGB32);
+  paint::PreparedPictures prepared;
+  std::vector<QRect> boxes;
+  {
+    paint::PictureSurface surface(picture, scale, prepared);
+    LetterSurface sorted(surface, scale, letters);
+    mapcommand::MapJob(options).Draw(sorted);
+    boxes = sorted.Boxes();
+  }
+  return {picture, boxes};
+}
+
+}  // namespace zerbal::test

@@ -1,0 +1,52 @@
+// The scenes of the reference pictures.
+#pragma once
+
+#include <QImage>
+#include <QRect>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace zerbal::test {
+
+struct PictureScene {
+  const char* name;
+  const char* words;  ///< of zerbal-map's command line, without data and output
+};
+
+/// Each is compared without letters, at scale 1 and 2.
+inline constexpr PictureScene kPictureScenes[] = {
+    {"overview", "--size 480x240"},
+    {"detail", "--region FOUR --size 300x240 --show rivers,boundaries"},
+    {"seam", "--view 110E,66N,110W,45S --size 400x300 --services all --labels symbols"},
+    {"seam-detail", "--region DATE --size 300x200 --services all --labels symbols"},
+    {"north-pole", "--view 60W,90N,60E,60N --size 320x90 --services all"},
+    {"south-pole", "--view 40W,60S,60E,90S --size 320x100"},
+    {"wide", "--size 640x50 --services all --labels none"},
+    {"high", "--size 50x400 --services all --labels none"},
+    {"everything",
+     "--region NOR --size 320x260 --services all --show airports,destinations,rivers,boundaries,centre "
+     "--labels airports,numbers,legs,symbols"},
+    {"markers-overview", "--view 30W,66N,30E,50N --size 300x100 --show airports,destinations,centre"},
+    {"markers-detail", "--view 3E,62N,20E,55N --size 240x160 --show airports,destinations,centre"},
+    {"symbols-overview", "--view 9W,8N,10E,7S --size 240x200 --services FAN --labels airports,symbols"},
+    {"symbols-detail", "--view 4W,4N,5E,3S --size 240x200 --services FAN --labels airports,symbols"},
+};
+
+/// Compared with their letters too.
+inline constexpr PictureScene kLetterScenes[] = {
+    {"labels-overview", "--region NOR --size 320x260 --services NORX --labels airports,numbers,legs"},
+    {"labels-detail", "--view 4W,4N,5E,3S --size 260x200 --services FAN --labels airports,numbers"},
+};
+
+inline constexpr int kPictureScales[] = {1, 2};
+
+struct DrawnScene {
+  QImage picture;
+  std::vector<QRect> letters;  ///< what letters can touch; empty when they are not drawn
+};
+
+/// `data` is the folder of the databases.
+DrawnScene DrawScene(const PictureScene& scene, int scale, bool letters, const std::filesystem::path& data);
+
+}  // namespace zerbal::test
