@@ -15,6 +15,7 @@
 #include "map/position_text.h"
 #include "map/tee_surface.h"
 #include "paint/colour.h"
+#include "paint/large_picture.h"
 #include "paint/picture_surface.h"
 
 namespace zerbal::app {
@@ -107,7 +108,7 @@ void frmMap::PreparePicture() {
   const auto pixels = [&](int logical) { return std::max(1, static_cast<int>(std::ceil(logical * ratio))); };
   const QSize wanted(pixels(width()), pixels(height()));
   if (picture_.size() != wanted)
-    picture_ = QImage(wanted, QImage::Format_RGB32);
+    picture_ = paint::LargePicture(wanted);
   picture_.setDevicePixelRatio(ratio);
 }
 
