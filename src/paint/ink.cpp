@@ -12,9 +12,17 @@ namespace {
 // instructions, which are many times faster than a loop over bytes.
 using Bytes = std::uint8_t __attribute__((vector_size(16)));
 using Lanes = std::uint16_t __attribute__((vector_size(16)));
-using SignedLanes = std::int16_t __attribute__((vector_size(16)));
-using PixelLanes = std::int32_t __attribute__((vector_size(16)));
+using PixelLanes = std::uint32_t __attribute__((vector_size(16)));
+using LanePairs = std::uint64_t __attribute__((vector_size(16)));
 static_assert(std::endian::native == std::endian::little);  // a lane is a byte followed by a zero byte
+
+/// Per coverage: the weight of the colour in 256ths, in the four lanes of a pixel.
+constexpr std::array<std::uint64_t, 256> kWeights = [] {
+  std::array<std::uint64_t, 256> result = {};
+  for (std::uint64_t i = 0; i < result.size(); ++i)
+    result[i] = (i + i / 128) * 0x0001'0001'0001'0001;
+  return result;
+}();
 
 struct LanePair {
   Lanes low;   ///< the first two pixels
@@ -30,91 +38,78 @@ LanePair Spread(Bytes bytes) {
                                                        29, 14, 30, 15, 31))};
 }
 
-/// The lower byte of each lane.
-template <class Vector>
-Bytes Gathered(Vector low, Vector high) {
-  return __builtin_shufflevector(std::bit_cast<Bytes>(low), std::bit_cast<Bytes>(high), 0, 2, 4, 6, 8, 10, 12,
-                                 14, 16, 18, 20, 22, 24, 26, 28, 30);
+Bytes UpperBytes(LanePair lanes) {
+  return __builtin_shufflevector(std::bit_cast<Bytes>(lanes.low), std::bit_cast<Bytes>(lanes.high), 1, 3, 5,
+                                 7, 9, 11, 13, 15, 17, 19, 21, 23, 25, 27, 29, 31);
 }
 
-/// The coverages of four pixels, the first in the lowest byte.
-std::uint32_t Coverages(const std::uint8_t* at) {
-  return std::uint32_t{at[0]} | std::uint32_t{at[1]} << 8 | std::uint32_t{at[2]} << 16 |
-         std::uint32_t{at[3]} << 24;
+Bytes FourTimes(std::uint32_t pixel) {
+  return std::bit_cast<Bytes>(PixelLanes{pixel, pixel, pixel, pixel});
 }
 
-/// The weight of the colour in four pixels, in 256ths.
-LanePair Weights(std::uint32_t coverages) {
-  Lanes parts = Spread(std::bit_cast<Bytes>(PixelLanes{static_cast<std::int32_t>(coverages), 0, 0, 0})).low;
-  parts += parts >> 7;
-  const auto twice = std::bit_cast<PixelLanes>(__builtin_shufflevector(parts, parts, 0, 0, 1, 1, 2, 2, 3, 3));
-  return {std::bit_cast<Lanes>(__builtin_shufflevector(twice, twice, 0, 0, 1, 1)),
-          std::bit_cast<Lanes>(__builtin_shufflevector(twice, twice, 2, 2, 3, 3))};
+/// Mixes each pixel with the colour by its coverage.
+Bytes Mixed(Bytes pixels, Bytes colour, const std::uint8_t* coverage) {
+  const auto weights = [&](int first) {
+    return std::bit_cast<Lanes>(LanePairs{kWeights[coverage[first]], kWeights[coverage[first + 1]]});
+  };
+  const LanePair from = Spread(pixels);
+  const LanePair to = Spread(colour);
+  // Products and sums overflow, but not in the bytes that are kept.
+  return pixels + UpperBytes({(to.low - from.low) * weights(0), (to.high - from.high) * weights(2)});
 }
 
-Lanes Mixed(Lanes below, Lanes colour, Lanes weights) {
-  return (below * (256 - weights) + colour * weights) >> 8;
+Bytes Larger(Bytes a, Bytes b) {
+  return a > b ? a : b;
 }
 
-SignedLanes Distance(Lanes pixels, Lanes colour) {
-  const auto difference = std::bit_cast<SignedLanes>(pixels - colour);
-  return difference < 0 ? -difference : difference;
+Bytes Distance(Bytes a, Bytes b) {
+  return Larger(a, b) - (a < b ? a : b);
 }
 
-Lanes Twice(std::uint32_t pixel) {
-  const auto both = static_cast<std::int32_t>(pixel);
-  return Spread(std::bit_cast<Bytes>(PixelLanes{both, both, 0, 0})).low;
-}
-
-using Distances = std::array<std::uint64_t, 256>;
+using Distances = std::array<std::uint32_t, 256>;
 
 /// Blends the colour into four pixels. `plain` holds the distances of the blended background.
-Bytes Covered(Bytes pixels, std::uint32_t coverages, Lanes colour, const Distances& plain) {
-  const auto plainOf = [&](std::uint32_t first, std::uint32_t second) {
-    return std::bit_cast<SignedLanes>(
-        std::array<std::uint64_t, 2>{plain[first & 0xFF], plain[second & 0xFF]});
-  };
-  const LanePair below = Spread(pixels);
-  const LanePair weights = Weights(coverages);
-  const Bytes mixed =
-      Gathered(Mixed(below.low, colour, weights.low), Mixed(below.high, colour, weights.high));
+inline void CoverFour(std::uint32_t* at, const std::uint8_t* coverage, Bytes colour, const Distances& plain) {
+  Bytes pixels;
+  std::memcpy(&pixels, at, sizeof pixels);
+  const auto limits = std::bit_cast<Bytes>(
+      PixelLanes{plain[coverage[0]], plain[coverage[1]], plain[coverage[2]], plain[coverage[3]]});
   // A pixel none of whose components is farther from the colour than on the background stays unchanged.
-  const Bytes farther = Gathered(Distance(below.low, colour) > plainOf(coverages, coverages >> 8),
-                                 Distance(below.high, colour) > plainOf(coverages >> 16, coverages >> 24));
-  const auto stays = std::bit_cast<Bytes>(std::bit_cast<PixelLanes>(farther) == 0);
-  return (pixels & stays) | (mixed & ~stays);
+  const Bytes larger = Larger(Distance(pixels, colour), limits);
+  const auto stays =
+      std::bit_cast<Bytes>(std::bit_cast<PixelLanes>(larger) == std::bit_cast<PixelLanes>(limits));
+  pixels = (pixels & stays) | (Mixed(pixels, colour, coverage) & ~stays);
+  std::memcpy(at, &pixels, sizeof pixels);
 }
 
 }  // namespace
 
 Ink::Ink(std::uint32_t background, std::uint32_t colour) : background_(background), colour_(colour) {
-  const Lanes full = Twice(colour);
-  for (std::size_t coverage = 0; coverage < distances_.size(); ++coverage) {
-    const Lanes weights = Weights(static_cast<std::uint32_t>(coverage)).low;
-    const auto distance =
-        std::bit_cast<std::array<std::uint64_t, 2>>(Distance(Mixed(Twice(background), full, weights), full));
-    distances_[coverage] = distance[0];
+  const Bytes full = FourTimes(colour);
+  for (std::size_t i = 0; i < distances_.size(); ++i) {
+    std::array<std::uint8_t, 4> coverage;
+    coverage.fill(static_cast<std::uint8_t>(i));
+    const Bytes plain = Mixed(FourTimes(background), full, coverage.data());
+    distances_[i] = std::bit_cast<PixelLanes>(Distance(plain, full))[0];
   }
 }
 
-void Ink::Cover(std::uint32_t* at, const std::uint8_t* coverage, int count) const {
-  const Lanes colour = Twice(colour_);
-  Bytes pixels;
-  for (; count >= 4; count -= 4, at += 4, coverage += 4) {
-    const std::uint32_t coverages = Coverages(coverage);
-    if (coverages == 0)
+void Ink::Cover(const PixelBlock& block, const std::uint8_t* coverage, std::ptrdiff_t coverageStride) const {
+  const Bytes colour = FourTimes(colour_);
+  const int rest = block.width % 4;
+  const int past = block.width - rest;
+  std::uint32_t* row = block.pixels;
+  for (int left = block.height; left > 0; --left, row += block.stride, coverage += coverageStride) {
+    for (int column = 0; column < past; column += 4)
+      CoverFour(row + column, coverage + column, colour, distances_);
+    if (rest == 0)
       continue;
-    std::memcpy(&pixels, at, sizeof pixels);
-    pixels = Covered(pixels, coverages, colour, distances_);
-    std::memcpy(at, &pixels, sizeof pixels);
-  }
-  if (count > 0) {
-    std::array<std::uint8_t, 4> rest = {};
+    std::array<std::uint8_t, 4> lastCoverage = {};
     std::array<std::uint32_t, 4> last = {};
-    std::copy_n(coverage, count, rest.begin());
-    std::copy_n(at, count, last.begin());
-    pixels = Covered(std::bit_cast<Bytes>(last), Coverages(rest.data()), colour, distances_);
-    std::copy_n(std::bit_cast<std::array<std::uint32_t, 4>>(pixels).begin(), count, at);
+    std::copy_n(coverage + past, rest, lastCoverage.begin());
+    std::copy_n(row + past, rest, last.begin());
+    CoverFour(last.data(), lastCoverage.data(), colour, distances_);
+    std::copy_n(last.begin(), rest, row + past);
   }
 }
 

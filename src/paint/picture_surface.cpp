@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "base/utf8.h"
-
 namespace zerbal::paint {
 namespace {
 
@@ -164,24 +162,14 @@ void PictureSurface::Text(TwipPoint topLeft, std::string_view text, data::Rgb co
                           const map::TextFont& font) {
   if (picture_.isNull())
     return;
-  GlyphSet& glyphs = Glyphs(font);
-  for (std::string_view rest = text; !rest.empty();) {
-    if (!glyphs.Of(base::TakeUtf8(rest)).known) {
-      Rest().Text(topLeft, text, colour, font);
-      return;
-    }
+  if (!label_.Compose(Glyphs(font), text)) {
+    Rest().Text(topLeft, text, colour, font);
+    return;
   }
   const PixelPoint at = scale_.ToPixelPoint(topLeft);
-  const std::uint32_t pixel = PixelCanvas::Pixel(colour);
   if (at.x >= picture_.width() || at.y - band_.top >= picture_.height())
     return;
-  std::int64_t x = at.x;
-  const auto baseLine = static_cast<int>(std::int64_t{at.y} + glyphs.Ascent());
-  for (std::string_view rest = text; !rest.empty() && x < picture_.width();) {
-    const GlyphSet::Glyph& glyph = glyphs.Of(base::TakeUtf8(rest));
-    canvas_.Blend(glyph.mask, {static_cast<int>(x), baseLine}, pixel);
-    x += glyph.advance;
-  }
+  canvas_.Blend(label_.Shape(), {at.x, at.y}, PixelCanvas::Pixel(colour));
 }
 
 }  // namespace zerbal::paint

@@ -5,6 +5,7 @@
 #include <QImage>
 #include <optional>
 
+#include "paint/label.h"
 #include "paint/line_run.h"
 #include "paint/painter_surface.h"
 #include "paint/pixel_canvas.h"
@@ -54,6 +55,7 @@ class PictureSurface final : public map::Surface {
   PixelCanvas canvas_;
   map::TextFont font_;  ///< of glyphs_
   GlyphSet* glyphs_ = nullptr;
+  Label label_;
   // Created on first use; most redraws do not need them.
   QImage whole_;
   std::optional<QPainter> painter_;

@@ -55,11 +55,9 @@ void PixelCanvas::Blend(const Mask& mask, PixelPoint place, std::uint32_t pixel)
   const auto lastRow = static_cast<int>(std::clamp<std::int64_t>(grid_.height - top, 0, mask.height));
   if (lastColumn <= firstColumn)
     return;
-  const Ink& ink = InkOf(pixel);
   const std::uint8_t* coverage = mask.coverage.data() + std::ptrdiff_t{firstRow} * mask.width + firstColumn;
   std::uint32_t* at = grid_.pixels + (top + firstRow) * grid_.stride + left + firstColumn;
-  for (int row = firstRow; row < lastRow; ++row, coverage += mask.width, at += grid_.stride)
-    ink.Cover(at, coverage, lastColumn - firstColumn);
+  InkOf(pixel).Cover({at, grid_.stride, lastColumn - firstColumn, lastRow - firstRow}, coverage, mask.width);
 }
 
 void PixelCanvas::Block(std::int64_t x, std::int64_t y, std::int64_t width, std::int64_t height,

@@ -32,7 +32,7 @@ Mask Trimmed(const QImage& picture, QPoint origin) {
   }
   if (right < 0)
     return {};
-  const int width = (right - left + 1 + 3) / 4 * 4;
+  const int width = (right - left + Mask::kColumns) / Mask::kColumns * Mask::kColumns;
   Mask mask{left - origin.x(), top - origin.y(), width, bottom - top + 1, {}};
   for (int y = top; y <= bottom; ++y)
     for (int x = left; x < left + width; ++x)

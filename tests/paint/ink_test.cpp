@@ -36,27 +36,35 @@ std::uint32_t Expected(std::uint32_t below, std::uint32_t background, std::uint3
 
 constexpr std::uint32_t kOpaque = 0xFF000000;
 
-TEST(Ink, FollowsItsRuleForEveryCoverageAndLength) {
+TEST(Ink, FollowsItsRuleForEveryCoverageAndSize) {
   test::TestRandom random(20200817);
   const auto any = [&] { return kOpaque | (random() & 0xFFFFFF); };
   for (int round = 0; round < 2000; ++round) {
     const std::uint32_t background = any();
     const std::uint32_t colour = any();
     const Ink ink(background, colour);
-    const int count = static_cast<int>(random() % 20);
-    std::vector<std::uint32_t> pixels;
-    std::vector<std::uint8_t> coverage;
-    std::vector<std::uint32_t> expected;
-    for (int i = 0; i < count; ++i) {
+    const int width = static_cast<int>(random() % 20);
+    const int height = static_cast<int>(random() % 4);
+    // The rows of the picture and of the mask are longer than the block.
+    const int stride = width + static_cast<int>(random() % 3);
+    const int coverageStride = width + static_cast<int>(random() % 3);
+    std::vector<std::uint32_t> pixels(static_cast<std::size_t>(stride * height + 1));
+    std::vector<std::uint8_t> coverage(static_cast<std::size_t>(coverageStride * height));
+    for (std::uint32_t& pixel : pixels) {
       const std::uint32_t kind = random() % 4;
-      pixels.push_back(kind == 0 ? background : kind == 1 ? colour : any());
-      coverage.push_back(static_cast<std::uint8_t>(random() % 3 == 0 ? 0 : random()));
-      expected.push_back(Expected(pixels.back(), background, colour, coverage.back()));
+      pixel = kind == 0 ? background : kind == 1 ? colour : any();
     }
-    const std::uint32_t past = any();
-    pixels.push_back(past);
-    expected.push_back(past);
-    ink.Cover(pixels.data(), coverage.data(), count);
+    for (std::uint8_t& each : coverage)
+      each = static_cast<std::uint8_t>(random() % 3 == 0 ? 0 : random());
+    std::vector<std::uint32_t> expected = pixels;
+    for (int row = 0; row < height; ++row) {
+      for (int column = 0; column < width; ++column) {
+        std::uint32_t& pixel = expected[static_cast<std::size_t>(row * stride + column)];
+        pixel = Expected(pixel, background, colour,
+                         coverage[static_cast<std::size_t>(row * coverageStride + column)]);
+      }
+    }
+    ink.Cover({pixels.data(), stride, width, height}, coverage.data(), coverageStride);
     ASSERT_EQ(pixels, expected) << round;
   }
 }
@@ -67,9 +75,9 @@ TEST(Ink, DrawingAgainKeepsSoftEdges) {
   for (int coverage = 0; coverage < 256; ++coverage) {
     const auto each = static_cast<std::uint8_t>(coverage);
     std::uint32_t pixel = background;
-    ink.Cover(&pixel, &each, 1);
+    ink.Cover({&pixel, 1, 1, 1}, &each, 1);
     const std::uint32_t once = pixel;
-    ink.Cover(&pixel, &each, 1);
+    ink.Cover({&pixel, 1, 1, 1}, &each, 1);
     EXPECT_EQ(pixel, once) << coverage;
   }
 }
