@@ -24,15 +24,31 @@ class LineInk {
 
   std::uint32_t Colour() const { return colour_; }
 
-  /// Blends the colour into one pixel. `coverage` is 0..kFull.
-  void Cover(std::uint32_t& pixel, std::int32_t coverage) const {
-    const std::uint32_t below = pixel;
-    const std::uint32_t level = (below >> shift_ & 0xFF) ^ flip_;
-    if (below == blends_[level]) [[likely]]
-      pixel = blends_[std::max<std::uint32_t>(level, levels_[static_cast<std::uint32_t>(coverage)])];
-    else
-      pixel = OverOthers(below, coverage);
-  }
+  /// What a loop over many pixels needs of an ink. It is valid as long as the ink.
+  class Brush {
+   public:
+    /// Blends the colour into one pixel. `coverage` is 0..kFull.
+    void Cover(std::uint32_t& pixel, std::int32_t coverage) const {
+      const std::uint32_t below = pixel;
+      const std::uint32_t level = (below >> shift_ & 0xFF) ^ flip_;
+      if (below == ink_->blends_[level]) [[likely]]
+        pixel = ink_->blends_[std::max<std::uint32_t>(level,
+                                                      ink_->levels_[static_cast<std::uint32_t>(coverage)])];
+      else
+        pixel = ink_->OverOthers(below, coverage);
+    }
+
+   private:
+    friend class LineInk;
+    explicit Brush(const LineInk& ink) : ink_(&ink), shift_(ink.shift_), flip_(ink.flip_) {}
+
+    const LineInk* ink_;
+    // Copies, which need not be read again after each pixel.
+    std::uint32_t shift_;
+    std::uint32_t flip_;
+  };
+  Brush ToBrush() const { return Brush(*this); }
+  void Cover(std::uint32_t& pixel, std::int32_t coverage) const { ToBrush().Cover(pixel, coverage); }
 
  private:
   std::uint32_t OverOthers(std::uint32_t below, std::int32_t coverage) const;

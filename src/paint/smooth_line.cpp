@@ -4,7 +4,6 @@
 #include <array>
 #include <cmath>
 #include <cstdlib>
-#include <utility>
 
 namespace zerbal::paint {
 namespace {
@@ -23,6 +22,29 @@ const std::array<std::int32_t, kFinePerPixel + 1> kThinExtents = [] {
   return result;
 }();
 
+/// 2^32 divided by the lengths of short lines.
+constexpr std::array<std::uint32_t, 4 * kFinePerPixel> kPerLength = [] {
+  std::array<std::uint32_t, 4 * kFinePerPixel> result = {};
+  for (std::size_t i = 1; i < result.size(); ++i)
+    result[i] = static_cast<std::uint32_t>(0xFFFF'FFFF / i);
+  return result;
+}();
+
+/// Positions across the line per position along, in 2^-32.
+std::int64_t SlopeOf(std::int32_t across, std::int32_t along) {
+  if (along < static_cast<std::int32_t>(kPerLength.size())) [[likely]]
+    return std::int64_t{across} * kPerLength[static_cast<std::size_t>(along)];
+  return (std::int64_t{across} << kPixelBits) / along;
+}
+
+/// Swaps when the mask has all bits and not when it has none.
+template <typename Number>
+void SwapIf(Number mask, Number& a, Number& b) {
+  const Number difference = (a ^ b) & mask;
+  a ^= difference;
+  b ^= difference;
+}
+
 /// A line in steps along the axis that it is closer to. A step is the row or column of pixels ("slice") with
 /// the same position along. Each slice has the part of the line between two parallels of it; its pixels are
 /// covered by what they have of that part at their middle. So the sum of a slice is the same everywhere.
@@ -31,28 +53,30 @@ class Stepper {
   Stepper(const PixelGrid& grid, FinePoint from, FinePoint to, std::int32_t width, const LineInk& ink,
           LineEnds ends)
       : ink_(ink), pixels_(grid.pixels), width_(width) {
-    // Selections instead of branches: the direction of a coast's next part cannot be predicted.
-    const int direction = DirectionOf(from, to);
-    const bool steep = direction >= 2;
-    slice_ = steep ? grid.stride : 1;
-    next_ = steep ? 1 : grid.stride;
-    slices_ = steep ? grid.height : grid.width;
-    depth_ = steep ? grid.width : grid.height;
-    const FinePoint a = {steep ? from.y : from.x, steep ? from.x : from.y};
-    const FinePoint b = {steep ? to.y : to.x, steep ? to.x : to.y};
+    // Masks instead of branches: the direction of a coast's next part cannot be predicted.
+    const std::int32_t steep = -static_cast<std::int32_t>(std::abs(to.y - from.y) > std::abs(to.x - from.x));
+    SwapIf(steep, from.x, from.y);
+    SwapIf(steep, to.x, to.y);
     // Always rightwards or downwards, so that both directions of a line give the same pixels.
-    const bool back = direction % 2 != 0;
-    from_ = {back ? b.x : a.x, back ? b.y : a.y};
-    to_ = {back ? a.x : b.x, back ? a.y : b.y};
-    ends_ = {back ? ends.openTo : ends.openFrom, back ? ends.openFrom : ends.openTo, ends.flat};
-    const std::int32_t length = to_.x - from_.x;
-    const double slope = length > 0 ? static_cast<double>(to_.y - from_.y) / length : 0;
-    step_ = static_cast<std::int64_t>(slope * (std::int64_t{1} << kPixelBits));
-    slope_ = slope;
+    const std::int32_t back = (to.x - from.x) >> 31;
+    SwapIf(back, from.x, to.x);
+    SwapIf(back, from.y, to.y);
+    from_ = from;
+    to_ = to;
+    openFrom_ = static_cast<std::int32_t>(ends.openFrom);
+    openTo_ = static_cast<std::int32_t>(ends.openTo);
+    SwapIf(back, openFrom_, openTo_);
+    slice_ = 1;
+    next_ = grid.stride;
+    SwapIf(std::ptrdiff_t{steep}, slice_, next_);
+    slices_ = grid.width;
+    depth_ = grid.height;
+    SwapIf(steep, slices_, depth_);
+    step_ = SlopeOf(to_.y - from_.y, to_.x - from_.x);
   }
 
-  void DrawThin();
-  void DrawWide();
+  void DrawPart();
+  void DrawStroke();
 
  private:
   static std::int32_t MiddleOf(std::int32_t slice) { return slice * kFinePerPixel + kHalfPixel; }
@@ -65,29 +89,34 @@ class Stepper {
   std::uint32_t* At(std::int32_t slice, std::int64_t depth) const {
     return pixels_ + slice * slice_ + depth * next_;
   }
-  /// Whether a thin line needs no clipping in two slices and all between them.
-  bool IsInside(std::int32_t first, std::int32_t last) const {
-    const std::int64_t begin = Begin(first) >> kPixelBits;
-    const std::int64_t lastBegin = Begin(last) >> kPixelBits;
-    return first >= 0 && last < slices_ && std::min(begin, lastBegin) >= 0 &&
-           std::max(begin, lastBegin) + 2 < depth_;
+  /// Whether the line and what it covers beside it needs no clipping.
+  bool IsInside() const {
+    const std::int32_t margin = width_ + 2 * kFinePerPixel;
+    const std::int32_t low = std::min(from_.y, to_.y) - margin;
+    const std::int32_t high = std::max(from_.y, to_.y) + margin;
+    const std::int32_t before = from_.x - margin;
+    return (low | before) >= 0 && high >> kFineBits < depth_ && (to_.x + margin) >> kFineBits < slices_;
   }
-  void CoverInside(std::int32_t first, std::int32_t last, std::int32_t firstPart,
-                   std::int32_t lastPart) const;
+  struct Parts {
+    std::int32_t first;  ///< slice
+    std::int32_t last;
+    std::int32_t ofFirst;  ///< 256ths of the slice
+    std::int32_t ofLast;
+  };
+  void CoverInside(const Parts& parts) const;
   template <typename Limit>
   void CoverSlice(std::int32_t slice, const Limit& limit) const;
-  std::int32_t EndCoverage(std::int32_t slice, std::int32_t depth) const;
+  std::int32_t EndCoverage(std::int32_t slice, std::int32_t depth, float slope, float cosine) const;
 
   const LineInk& ink_;
   std::uint32_t* pixels_;
   // x is along, y across the axis.
   FinePoint from_;
   FinePoint to_;
-  LineEnds ends_;
+  std::int32_t openFrom_ = 0;  ///< 1 or 0
+  std::int32_t openTo_ = 0;
   std::int32_t width_;
-  std::int32_t extent_ = 0;  ///< of the line in a slice
-  double slope_ = 0;
-  float cosine_ = 1;          ///< of the angle with the axis; of wide lines
+  std::int32_t extent_ = 0;   ///< of the line in a slice
   std::int64_t step_ = 0;     ///< across per slice, in 2^-32 pixels
   std::ptrdiff_t slice_ = 0;  ///< pixels from one slice to the next
   std::ptrdiff_t next_ = 0;   ///< pixels to the next pixel of a slice
@@ -95,24 +124,24 @@ class Stepper {
   std::int32_t depth_ = 0;  ///< pixels of a slice
 };
 
-/// All slices of a thin line, which covers at most three pixels of each.
-void Stepper::CoverInside(std::int32_t first, std::int32_t last, std::int32_t firstPart,
-                          std::int32_t lastPart) const {
-  const LineInk& ink = ink_;
+void Stepper::CoverInside(const Parts& parts) const {
+  const LineInk::Brush brush = ink_.ToBrush();
   const std::ptrdiff_t next = next_;
+  const std::ptrdiff_t nextSlice = slice_;
+  const std::int64_t step = step_;
   const std::int32_t extent = extent_;
-  std::int64_t begin = Begin(first);
-  std::uint32_t* slice = At(first, 0);
-  std::int32_t part = firstPart;
-  for (std::int32_t left = last - first; left >= 0; --left, slice += slice_, begin += step_) {
-    part = left == 0 ? std::min(part, lastPart) : part;
+  std::int64_t begin = Begin(parts.first);
+  std::uint32_t* slice = At(parts.first, 0);
+  std::int32_t part = parts.ofFirst;
+  for (std::int32_t left = parts.last - parts.first; left >= 0; --left, slice += nextSlice, begin += step) {
+    part = left == 0 ? std::min(part, parts.ofLast) : part;
     std::uint32_t* at = slice + (begin >> kPixelBits) * next;
     const auto before = static_cast<std::int32_t>(begin >> (kPixelBits - kFineBits) & (kFinePerPixel - 1));
-    const std::int32_t rest = extent - (kFinePerPixel - before);
-    ink.Cover(*at, ((kFinePerPixel - before) * part) >> kFineBits);
-    ink.Cover(at[next], (std::min(rest, kFinePerPixel) * part) >> kFineBits);
-    if (rest > kFinePerPixel)
-      ink.Cover(at[2 * next], ((rest - kFinePerPixel) * part) >> kFineBits);
+    brush.Cover(*at, ((kFinePerPixel - before) * part) >> kFineBits);
+    std::int32_t rest = extent - (kFinePerPixel - before);
+    for (at += next; rest > kFinePerPixel; at += next, rest -= kFinePerPixel)
+      brush.Cover(*at, part);
+    brush.Cover(*at, (rest * part) >> kFineBits);
     part = kFinePerPixel;
   }
 }
@@ -133,19 +162,23 @@ void Stepper::CoverSlice(std::int32_t slice, const Limit& limit) const {
   }
 }
 
-/// Lines one pixel wide, which are most. Their ends are cut along the slices; the part of the first and of
-/// the last slice is such that two lines that meet cover the slice between them.
-void Stepper::DrawThin() {
-  extent_ = kThinExtents[static_cast<std::size_t>(std::abs(step_) >> (kPixelBits - kFineBits))];
+/// Part of a run. The ends are cut along the slices; the parts of the first and of the last slice are such
+/// that two lines that meet cover the slice between them.
+void Stepper::DrawPart() {
+  const auto slope = static_cast<std::size_t>(std::abs(step_) >> (kPixelBits - kFineBits));
+  extent_ = (kThinExtents[slope] * width_) >> kFineBits;
+  const std::int32_t aside = (width_ - kFinePerPixel) / 2;
+  const std::int32_t from = from_.x - aside * (1 - openFrom_);
+  const std::int32_t to = to_.x + aside * (1 - openTo_);
   // The last slice whose middle is before the line, and the first whose middle is after it.
-  std::int32_t first = ((from_.x + kHalfPixel - 1) >> kFineBits) - 1;
-  std::int32_t last = ((to_.x - kHalfPixel) >> kFineBits) + 1;
-  const std::int32_t firstPart = ends_.openFrom ? kFinePerPixel : kFinePerPixel - (from_.x - MiddleOf(first));
-  const std::int32_t lastPart = ends_.openTo ? kFinePerPixel : kFinePerPixel - (MiddleOf(last) - to_.x);
-  first += ends_.openFrom ? 1 : 0;
-  last -= ends_.openTo ? 1 : 0;
-  if (IsInside(first, last)) {
-    CoverInside(first, last, firstPart, lastPart);
+  std::int32_t first = ((from + kHalfPixel - 1) >> kFineBits) - 1;
+  std::int32_t last = ((to - kHalfPixel) >> kFineBits) + 1;
+  const std::int32_t firstPart = kFinePerPixel - (from - MiddleOf(first)) * (1 - openFrom_);
+  const std::int32_t lastPart = kFinePerPixel - (MiddleOf(last) - to) * (1 - openTo_);
+  first += openFrom_;
+  last -= openTo_;
+  if (IsInside()) [[likely]] {
+    CoverInside({first, last, firstPart, lastPart});
     return;
   }
   for (std::int32_t slice = std::max(first, 0); slice <= std::min(last, slices_ - 1); ++slice) {
@@ -155,26 +188,22 @@ void Stepper::DrawThin() {
   }
 }
 
-/// The most that the ends allow: all before them; beyond, what is near enough to the end's position, or to
-/// the line across it when the ends are flat.
-std::int32_t Stepper::EndCoverage(std::int32_t slice, std::int32_t depth) const {
-  const auto slope = static_cast<float>(slope_);
-  const auto beyond = [&](FinePoint end, float sign) {
+/// The most that the ends of a stroke allow: all before them, nothing beyond.
+std::int32_t Stepper::EndCoverage(std::int32_t slice, std::int32_t depth, float slope, float cosine) const {
+  const auto beyond = [&](FinePoint end) {
     const auto along = static_cast<float>(MiddleOf(slice) - end.x);
     const auto across = static_cast<float>(MiddleOf(depth) - end.y);
-    const float distance = sign * (along + across * slope) * cosine_;
-    if (distance <= 0 || ends_.flat)
-      return distance;
-    return std::sqrt(along * along + across * across);
+    return (along + across * slope) * cosine;
   };
-  const float distance = std::max(beyond(from_, -1), beyond(to_, 1));
-  const float reach = static_cast<float>(ends_.flat ? kFinePerPixel : (width_ + kFinePerPixel) / 2);
-  return static_cast<std::int32_t>(std::clamp(reach - distance, 0.0F, static_cast<float>(kFinePerPixel)));
+  const float distance = std::max(-beyond(from_), beyond(to_));
+  constexpr float kFull = kFinePerPixel;
+  return static_cast<std::int32_t>(std::clamp(kFull - distance, 0.0F, kFull));
 }
 
-void Stepper::DrawWide() {
-  const double slant = std::sqrt(1 + slope_ * slope_);
-  cosine_ = static_cast<float>(1 / slant);
+void Stepper::DrawStroke() {
+  const double slope = std::ldexp(static_cast<double>(step_), -kPixelBits);
+  const double slant = std::sqrt(1 + slope * slope);
+  const auto cosine = static_cast<float>(1 / slant);
   extent_ = static_cast<std::int32_t>(width_ * slant + 0.5);
   const std::int32_t reach = extent_ / 2 + kHalfPixel;
   const auto sliceAt = [&](std::int64_t fine) {
@@ -190,7 +219,7 @@ void Stepper::DrawWide() {
       CoverSlice(slice, [](std::int32_t, std::int32_t plain) { return plain; });
     else
       CoverSlice(slice, [&](std::int32_t depth, std::int32_t plain) {
-        return std::min(plain, EndCoverage(slice, depth));
+        return std::min(plain, EndCoverage(slice, depth, static_cast<float>(slope), cosine));
       });
   }
 }
@@ -200,10 +229,10 @@ void Stepper::DrawWide() {
 void DrawSmoothLine(const PixelGrid& grid, FinePoint from, FinePoint to, std::int32_t width,
                     const LineInk& ink, LineEnds ends) {
   Stepper stepper(grid, from, to, width, ink, ends);
-  if (width <= kFinePerPixel)
-    stepper.DrawThin();
+  if (ends.flat)
+    stepper.DrawStroke();
   else
-    stepper.DrawWide();
+    stepper.DrawPart();
 }
 
 }  // namespace zerbal::paint

@@ -22,7 +22,7 @@ struct PixelGrid {
 struct LineEnds {
   bool openFrom = false;
   bool openTo = false;
-  bool flat = false;  ///< both ends, half a pixel beyond the positions; not of thin lines
+  bool flat = false;  ///< both ends are across the line, half a pixel beyond the positions
 };
 
 /// The axis and the direction along it that a line is closest to.
@@ -35,8 +35,9 @@ inline int DirectionOf(FinePoint from, FinePoint to) {
 
 /// Draws the line between two positions of its middle, clipped to the grid. `width` is in 256ths of a pixel,
 /// at least one pixel; it is the same at every angle. Both directions of a line give the same pixels. An end
-/// that is not open adds half the width to the length; it is round when the line is wider than a pixel. Where
-/// two lines of one direction meet, open ends let each row or column of pixels belong to one of them.
+/// that is neither open nor flat adds half the width to the length and is cut along the row or column of
+/// pixels. Where two lines of one direction meet, open ends let each row or column of pixels belong to one of
+/// them.
 void DrawSmoothLine(const PixelGrid& grid, FinePoint from, FinePoint to, std::int32_t width,
                     const LineInk& ink, LineEnds ends = {});
 

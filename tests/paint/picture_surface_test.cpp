@@ -151,7 +151,18 @@ TEST_F(PictureSurfaceTest, JointsDoNotShow) {
           surface.Line(points[i - 1], points[i], kPen);
       });
       EXPECT_LE(LargestDifference(run, whole), 0.1 * 255) << ratio << " " << to.x << " " << to.y;
-      EXPECT_LE(LargestDifference(parts, whole), 0.4 * 255) << ratio << " " << to.x << " " << to.y;
+      // Parts closer to the other axis have ends of another shape, which shows at the ends of the whole
+      // alone.
+      const auto withoutEnds = [&](QImage image) {
+        QPainter painter(&image);
+        for (const TwipPoint end : {from, to}) {
+          const PixelPoint at = PixelScale(ratio).ToPixelPoint(end);
+          painter.fillRect(at.x - 4, at.y - 4, 12, 12, Qt::white);
+        }
+        return image;
+      };
+      EXPECT_LE(LargestDifference(withoutEnds(parts), withoutEnds(whole)), 0.4 * 255)
+          << ratio << " " << to.x << " " << to.y;
       EXPECT_NEAR(test::InkAmount(parts), test::InkAmount(whole), 0.1 * test::InkAmount(whole));
     }
   }
