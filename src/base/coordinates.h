@@ -149,6 +149,8 @@ class PixelScale {
   int LineWidth(int logicalPixels) const {
     return std::max(1, static_cast<int>(std::ceil(std::clamp(logicalPixels, 1, 1000) * ratio_ - 0.5)));
   }
+  /// Of smooth lines of one logical pixel, in pixels.
+  double SmoothLineWidth() const { return std::max(ratio_, static_cast<double>(LineWidth(1))); }
 
  private:
   static constexpr int kBits = 31;

@@ -31,7 +31,13 @@ void PainterSurface::UsePen(const map::Pen& pen) {
   if (pen_ == pen)
     return;
   pen_ = pen;
-  QPen result(ToQColor(pen.colour), scale_.LineWidth(pen.width));
+  // Smooth lines into pixels would lie between two rows. Vector devices have a finer grid.
+  const bool smooth = painter_.paintEngine()->type() == QPaintEngine::Raster &&
+                      pen.style == map::LineStyle::kSolid && pen.mode == map::PenMode::kCopy;
+  painter_.setRenderHint(QPainter::Antialiasing, smooth);
+  middle_ = smooth ? scale_.LineWidth(1) / 2.0 : 0;
+  QPen result(ToQColor(pen.colour),
+              smooth && pen.width == 1 ? scale_.SmoothLineWidth() : scale_.LineWidth(pen.width));
   if (pen.style == map::LineStyle::kDotted) {
     result.setCapStyle(Qt::FlatCap);
     result.setDashPattern({1, 1});
@@ -40,12 +46,6 @@ void PainterSurface::UsePen(const map::Pen& pen) {
     result.setJoinStyle(Qt::RoundJoin);
   }
   painter_.setPen(result);
-  // Smooth lines into pixels would lie between two rows. Vector devices have a finer grid.
-  const bool smooth = painter_.paintEngine()->type() == QPaintEngine::Raster &&
-                      pen.style == map::LineStyle::kSolid && pen.mode == map::PenMode::kCopy;
-  painter_.setRenderHint(QPainter::Antialiasing, smooth);
-  middle_ = smooth ? scale_.LineWidth(1) / 2.0 : 0;
-  // Devices that cannot invert, such as printers, show the colour.
   const bool invert =
       pen.mode == map::PenMode::kXor && painter_.paintEngine()->hasFeature(QPaintEngine::RasterOpModes);
   painter_.setCompositionMode(invert ? QPainter::RasterOp_SourceXorDestination

@@ -35,6 +35,7 @@ PictureSurface::PictureSurface(QImage& picture, PictureBand band, double scale, 
       band_(band),
       scale_(scale),
       lineWidth_(scale_.LineWidth(1)),
+      softWidth_(static_cast<int>(std::lround(scale_.SmoothLineWidth() * kFinePerPixel))),
       prepared_(prepared),
       run_(scale_, lineWidth_),
       canvas_(picture, band.top) {}
@@ -88,14 +89,16 @@ void PictureSurface::ThinParts(std::span<const TwipPoint> points, std::uint32_t 
 
 void PictureSurface::ThinRun(std::span<const TwipPoint> points, std::uint32_t pixel) {
   const std::span<const FinePoint> corners = run_.Corners(points);
+  const LineInk& ink = canvas_.LineInkOf(pixel);
+  const std::int32_t edge = softWidth_ - lineWidth_ * kFinePerPixel;
   const auto drawCrisp = [&](FinePoint from, FinePoint to) {
     const PixelPoint corner = run_.PixelOf({std::min(from.x, to.x), std::min(from.y, to.y)});
     const PixelPoint last = run_.PixelOf({std::max(from.x, to.x), std::max(from.y, to.y)});
-    canvas_.Block(corner.x, corner.y, last.x - corner.x + lineWidth_, last.y - corner.y + lineWidth_, pixel);
+    canvas_.SoftBlock(corner.x, corner.y, last.x - corner.x + lineWidth_, last.y - corner.y + lineWidth_,
+                      edge, ink);
   };
   if (corners.size() == 1)
     drawCrisp(corners.front(), corners.front());
-  const LineInk& ink = canvas_.LineInkOf(pixel);
   LineEnds ends;
   int direction = corners.size() > 1 ? run_.DirectionAt(0) : LineRun::kCrisp;
   for (std::size_t i = 1; i < corners.size(); ++i) {
@@ -105,7 +108,7 @@ void PictureSurface::ThinRun(std::span<const TwipPoint> points, std::uint32_t pi
     if (direction == LineRun::kCrisp)
       drawCrisp(corners[i - 1], corners[i]);
     else
-      canvas_.Line(corners[i - 1], corners[i], lineWidth_ * kFinePerPixel, ink, ends);
+      canvas_.Line(corners[i - 1], corners[i], softWidth_, ink, ends);
     ends.openFrom = direction == next;
     direction = next;
   }

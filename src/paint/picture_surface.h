@@ -49,7 +49,8 @@ class PictureSurface final : public map::Surface {
   QImage& picture_;
   PictureBand band_;
   PixelScale scale_;
-  int lineWidth_;  ///< of one logical pixel
+  int lineWidth_;  ///< of one logical pixel, in whole pixels
+  int softWidth_;  ///< the same in 256ths, not less
   PreparedPictures& prepared_;
   LineRun run_;
   PixelCanvas canvas_;

@@ -60,17 +60,35 @@ void PixelCanvas::Blend(const Mask& mask, PixelPoint place, std::uint32_t pixel)
   InkOf(pixel).Cover({at, grid_.stride, lastColumn - firstColumn, lastRow - firstRow}, coverage, mask.width);
 }
 
+PixelCanvas::Area PixelCanvas::Clipped(std::int64_t x, std::int64_t y, std::int64_t width,
+                                       std::int64_t height) const {
+  return {std::max<std::int64_t>(x, 0), std::max<std::int64_t>(y, 0),
+          std::min<std::int64_t>(x + width, grid_.width), std::min<std::int64_t>(y + height, grid_.height)};
+}
+
 void PixelCanvas::Block(std::int64_t x, std::int64_t y, std::int64_t width, std::int64_t height,
                         std::uint32_t pixel, bool invert) {
-  const auto left = std::max<std::int64_t>(x, 0);
-  const auto right = std::min<std::int64_t>(x + width, grid_.width);
-  const auto top = std::max<std::int64_t>(y, 0);
-  const auto bottom = std::min<std::int64_t>(y + height, grid_.height);
-  for (std::int64_t row = top; row < bottom; ++row) {
+  const Area area = Clipped(x, y, width, height);
+  for (std::int64_t row = area.top; row < area.bottom; ++row) {
     std::uint32_t* line = grid_.pixels + row * grid_.stride;
-    for (std::int64_t column = left; column < right; ++column)
+    for (std::int64_t column = area.left; column < area.right; ++column)
       line[column] = invert ? line[column] ^ (pixel & 0x00FFFFFFU) : pixel;
   }
+}
+
+void PixelCanvas::SoftBlock(std::int64_t x, std::int64_t y, std::int64_t width, std::int64_t height,
+                            std::int32_t edge, const LineInk& ink) {
+  Block(x, y, width, height, ink.Colour());
+  if (edge == 0)
+    return;
+  const auto cover = [&](const Area& area, std::int32_t coverage) {
+    for (std::int64_t row = area.top; row < area.bottom; ++row)
+      for (std::int64_t column = area.left; column < area.right; ++column)
+        ink.Cover(grid_.pixels[row * grid_.stride + column], coverage);
+  };
+  cover(Clipped(x + width, y, 1, height), edge);
+  cover(Clipped(x, y + height, width, 1), edge);
+  cover(Clipped(x + width, y + height, 1, 1), edge * edge / LineInk::kFull);
 }
 
 void PixelCanvas::Rectangle(PixelPoint corner1, PixelPoint corner2, std::uint32_t pixel, const Dots& dots) {

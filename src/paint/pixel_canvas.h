@@ -28,6 +28,9 @@ class PixelCanvas {
   void Block(std::int64_t x, std::int64_t y, std::int64_t width, std::int64_t height, std::uint32_t pixel) {
     Block(x, y - top_, width, height, pixel, false);
   }
+  /// The same with an edge on the right and below, one pixel wide and covered by `edge` 256ths.
+  void SoftBlock(std::int64_t x, std::int64_t y, std::int64_t width, std::int64_t height, std::int32_t edge,
+                 const LineInk& ink);
   /// Valid until inks of several other colours are used.
   const LineInk& LineInkOf(std::uint32_t pixel);
   /// A line with soft edges between two positions of its middle, `width` in 256ths of a pixel.
@@ -51,6 +54,10 @@ class PixelCanvas {
   /// `y` is a row of the image.
   void Block(std::int64_t x, std::int64_t y, std::int64_t width, std::int64_t height, std::uint32_t pixel,
              bool invert);
+  struct Area {
+    std::int64_t left, top, right, bottom;
+  };
+  Area Clipped(std::int64_t x, std::int64_t y, std::int64_t width, std::int64_t height) const;
   const Ink& InkOf(std::uint32_t pixel);
 
   PixelGrid grid_;

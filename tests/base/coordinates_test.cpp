@@ -109,6 +109,10 @@ TEST(PixelScale, LinesAreWholePixelsWide) {
   EXPECT_EQ(PixelScale(1.75).LineWidth(1), 2);
   EXPECT_EQ(PixelScale(2).LineWidth(1), 2);
   EXPECT_EQ(PixelScale(2).LineWidth(3), 6);
+  EXPECT_EQ(PixelScale(0.5).SmoothLineWidth(), 1);
+  EXPECT_EQ(PixelScale(1.25).SmoothLineWidth(), 1.25);
+  EXPECT_EQ(PixelScale(1.5).SmoothLineWidth(), 1.5);
+  EXPECT_EQ(PixelScale(1.75).SmoothLineWidth(), 2);
 }
 
 }  // namespace

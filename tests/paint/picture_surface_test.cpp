@@ -56,23 +56,32 @@ TEST_F(PictureSurfaceTest, LineIsOnePixelWideAndHasBothEnds) {
   EXPECT_EQ(Ink(image), (Rows{"......", ".####.", "......", "......"}));
 }
 
-TEST_F(PictureSurfaceTest, LineHasSharpEdgesAtEveryRatio) {
-  for (const double ratio : {1.0, 1.25, 1.5, 2.0, 3.0}) {
-    const QImage image = Drawn(60, 60, ratio, [](map::Surface& surface) {
+TEST_F(PictureSurfaceTest, HorizontalAndVerticalLinesAreCrispAtEveryRatio) {
+  for (const double ratio : {1.0, 1.25, 1.5, 1.75, 2.0, 2.5, 3.0}) {
+    const QImage flat = Drawn(60, 60, ratio, [](map::Surface& surface) {
       surface.Line({60, 60}, {240, 60}, kPen);
     });
+    const QImage steep = Drawn(60, 60, ratio, [](map::Surface& surface) {
+      surface.Line({60, 240}, {60, 60}, kPen);
+    });
     const int width = PixelScale(ratio).LineWidth(1);
+    const double edge = PixelScale(ratio).SmoothLineWidth() - width;
     const int first = static_cast<int>(4 * ratio);
-    const int last = static_cast<int>(16 * ratio);
-    EXPECT_EQ(InkBounds(image), QRect(first, first, last - first + width, width)) << ratio;
-    for (int y = first; y < first + width; ++y)
-      for (int x = first; x < last + width; ++x)
-        EXPECT_EQ(image.pixel(x, y), qRgb(0, 0, 0)) << "no soft edge at " << ratio;
+    const int past = static_cast<int>(16 * ratio) + width;
+    for (int y = 0; y < 60; ++y) {
+      for (int x = 0; x < 60; ++x) {
+        // Whole pixels, then what is left of the width on the right and below.
+        const double across = y < first || y > first + width ? 0 : y < first + width ? 1 : edge;
+        const double along = x < first || x > past ? 0 : x < past ? 1 : edge;
+        EXPECT_NEAR(255 - qGray(flat.pixel(x, y)), 255 * across * along, 1) << x << "," << y << " " << ratio;
+        EXPECT_EQ(steep.pixel(y, x), flat.pixel(x, y)) << x << "," << y << " " << ratio;
+      }
+    }
   }
 }
 
 TEST_F(PictureSurfaceTest, ALineHasTheSameWeightAtEveryAngleAndRatio) {
-  for (const double ratio : {1.0, 1.25, 1.5, 2.0, 3.0}) {
+  for (const double ratio : {1.0, 1.25, 1.5, 1.75, 2.0, 3.0}) {
     const auto ink = [&](double angle, double length) {
       return test::InkAmount(Drawn(400, 400, ratio, [&](map::Surface& surface) {
         const auto along = [&](double part) { return static_cast<std::int32_t>(900 + 15 * length * part); };
@@ -82,7 +91,7 @@ TEST_F(PictureSurfaceTest, ALineHasTheSameWeightAtEveryAngleAndRatio) {
     for (double angle = 0; angle < 6.28; angle += 0.13) {
       // Without the ends.
       const double perPixel = (ink(angle, 55) - ink(angle, 15)) / (40 * ratio);
-      EXPECT_NEAR(perPixel, PixelScale(ratio).LineWidth(1), 0.03 * PixelScale(ratio).LineWidth(1))
+      EXPECT_NEAR(perPixel, PixelScale(ratio).SmoothLineWidth(), 0.03 * PixelScale(ratio).SmoothLineWidth())
           << angle << " at " << ratio;
     }
   }
@@ -305,15 +314,17 @@ TEST_F(PictureSurfaceTest, DrawingAgainKeepsSoftEdges) {
     surface.Line({150, 300}, {300, 370}, {.colour = kBlack, .width = 3});
     surface.Line({600, 450}, {1000, 600}, {.colour = {90, 30, 10}});
     surface.Line({1000, 600}, {600, 450}, {.colour = {90, 30, 10}});
+    surface.Line({600, 400}, {1000, 400}, {.colour = {90, 30, 10}});
   };
-  const auto times = [&](int count) {
-    return Drawn(80, 40, 1, [&](map::Surface& surface) {
+  const auto times = [&](int count, double ratio) {
+    return Drawn(160, 80, ratio, [&](map::Surface& surface) {
       surface.Clear({230, 240, 244});
       for (int i = 0; i < count; ++i)
         shapes(surface);
     });
   };
-  EXPECT_EQ(times(1), times(20));
+  for (const double ratio : {1.0, 1.25, 1.5, 2.0})
+    EXPECT_EQ(times(1, ratio), times(20, ratio)) << ratio;
 }
 
 TEST_F(PictureSurfaceTest, DrawingAgainCoversEarlierOperations) {
