@@ -60,7 +60,8 @@ class FoundList {
 
 class Finder {
  public:
-  Finder(const MapScene& scene, TwipPosition place) : scene_(scene), place_(place) {}
+  Finder(const MapScene& scene, TwipPosition place)
+      : scene_(scene), place_(place), route_(scene.databases.destinations, false) {}
 
   std::vector<std::string> Find() {
     const data::DisplayOptions& options = scene_.options;
@@ -100,7 +101,7 @@ class Finder {
 
   void FindFlights() {
     VisitShownFlights(scene_, [&](const data::Flight& flight, const data::FlightService* service) {
-      if (route_.Read(flight, scene_.databases.destinations, scene_.viewport, false))
+      if (route_.Read(flight, scene_.viewport))
         FindOnRoute(flight, service);
     });
   }

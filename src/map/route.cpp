@@ -1,27 +1,38 @@
 #include "map/route.h"
 
+#include <utility>
+
 namespace zerbal::map {
 
-bool Route::Read(const data::Flight& flight, const data::Airports& destinations, const Viewport& viewport,
-                 bool withTexts) {
+bool Route::Read(const data::Flight& flight, const Viewport& viewport) {
   count_ = 0;
   secondPass_ = false;
   for (const std::string& code : flight.route) {
-    const std::optional<data::Airport> airport = destinations.Find(code);
-    if (!airport)
+    const RoutePoint* point = Find(code);
+    if (point == nullptr)
       return false;
-    RoutePoint& point = points_.at(count_++);
-    point.position = airport->Position();
-    point.code = code;
-    if (withTexts) {
-      point.name = airport->Name();
-      point.city = airport->City();
-    }
+    points_.at(count_++) = point;
     // West of a view that runs through 360: this end is seen one turn further east.
-    if (viewport.MapWrap() && point.position.lon < viewport.MapLonMin())
+    if (viewport.MapWrap() && point->position.lon < viewport.MapLonMin())
       secondPass_ = true;
   }
   return true;
+}
+
+const RoutePoint* Route::Find(const std::string& code) {
+  auto known = known_.find(code);
+  if (known == known_.end()) {
+    std::optional<RoutePoint> point;
+    if (const std::optional<data::Airport> airport = destinations_.Find(code)) {
+      point = RoutePoint{airport->Position(), code, {}, {}};
+      if (withTexts_) {
+        point->name = airport->Name();
+        point->city = airport->City();
+      }
+    }
+    known = known_.emplace(code, std::move(point)).first;
+  }
+  return known->second ? &*known->second : nullptr;
 }
 
 const data::FlightService* FindService(const data::FlightServiceTable& services, std::string_view key) {

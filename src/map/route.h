@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 
 #include "data/airports.h"
 #include "data/flight.h"
@@ -19,20 +20,23 @@ namespace zerbal::map {
 
 struct RoutePoint {
   MapPosition position;
-  std::string_view code;
+  std::string code;
   std::string name, city;  ///< only when they are asked for
 };
 
-/// The airports of one flight after the other; keeps its buffers.
+/// The airports of one flight after the other. Looks each airport up once, so it serves one drawing: it does
+/// not notice that the table changes afterwards.
 class Route {
  public:
-  /// Looks every airport up. False when one is not among the destinations. The flight is kept in use.
-  bool Read(const data::Flight& flight, const data::Airports& destinations, const Viewport& viewport,
-            bool withTexts);
+  Route(const data::Airports& destinations, bool withTexts)
+      : destinations_(destinations), withTexts_(withTexts) {}
+
+  /// False when an airport is not among the destinations.
+  bool Read(const data::Flight& flight, const Viewport& viewport);
 
   std::size_t Legs() const { return count_ - 1; }
   /// The ends of leg n (from 1) are the points n - 1 and n.
-  const RoutePoint& Point(std::size_t n) const { return points_[n]; }
+  const RoutePoint& Point(std::size_t n) const { return *points_[n]; }
 
   /// In the order of drawing: calls `line(leg, start, end)` for each part of a leg that is in view, and after
   /// each leg `airport(point, position)` for the airport at its start, in view or not; at the end for the
@@ -52,14 +56,14 @@ class Route {
   template <typename Line, typename Airport>
   void VisitPass(const Viewport& viewport, float offset, const Line& line, const Airport& airport) const {
     for (std::size_t leg = 1; leg < count_; ++leg) {
-      const MapPosition from = Shifted(points_[leg - 1].position, offset);
-      const MapPosition to = Shifted(points_[leg].position, offset);
+      const MapPosition from = Shifted(Point(leg - 1).position, offset);
+      const MapPosition to = Shifted(Point(leg).position, offset);
       const auto draw = [&](TwipPoint start, TwipPoint end) { line(leg, start, end); };
       if (VisitLine(viewport, from, to, draw))
         VisitLine(viewport, Shifted(from, -360.0F), Shifted(to, -360.0F), draw);
-      airport(points_[leg - 1], from);
+      airport(Point(leg - 1), from);
     }
-    airport(points_[count_ - 1], Shifted(points_[count_ - 1].position, offset));
+    airport(Point(count_ - 1), Shifted(Point(count_ - 1).position, offset));
   }
 
   /// Returns whether the leg goes the short way round through 360.
@@ -73,7 +77,13 @@ class Route {
     return wrapped;
   }
 
-  std::array<RoutePoint, data::kMaxStopovers + 2> points_;
+  /// Null when the code is not among the destinations.
+  const RoutePoint* Find(const std::string& code);
+
+  const data::Airports& destinations_;
+  bool withTexts_;
+  std::unordered_map<std::string, std::optional<RoutePoint>> known_;  ///< by code; references stay valid
+  std::array<const RoutePoint*, data::kMaxStopovers + 2> points_{};
   std::size_t count_ = 0;
   bool secondPass_ = false;
 };

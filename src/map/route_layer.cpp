@@ -18,11 +18,11 @@ class FlightPainter {
         options_(scene.options),
         airportColour_(scene.style.colours[data::ColourCode::kApDest]),
         symbolColour_(scene.style.colours[data::ColourCode::kAcSymb]),
-        destinations_(scene.databases.destinations) {}
+        route_(scene.databases.destinations, options_.flightAirports) {}
 
   /// A flight without a service is black.
   void Draw(const data::Flight& flight, const data::FlightService* service) {
-    if (!route_.Read(flight, destinations_, canvas_.viewport, options_.flightAirports))
+    if (!route_.Read(flight, canvas_.viewport))
       return;
     const data::Rgb colour = service != nullptr ? service->rgb : data::Rgb{};
     route_.Visit(
@@ -71,7 +71,6 @@ class FlightPainter {
   const data::DisplayOptions& options_;
   data::Rgb airportColour_;
   data::Rgb symbolColour_;
-  const data::Airports& destinations_;
   Route route_;
   std::string label_;
 };

@@ -157,10 +157,8 @@ data::DataFiles MapWorld::WriteAll() {
                       {test::Table{"fsrv", {test::Text("FSrv")}, {test::Index("sort", "FSrv")}, {}},
                        AirportTable("dest", dest), FlightTable()});
   test::WriteDatabase(files.allaprt, {AirportTable("allaprt", allaprt)});
-  if (!storedSingles.empty()) {
-    Exchange(files.qavdata, storedSingles);
-    Exchange(files.allaprt, storedSingles);
-  }
+  if (!storedSingles.empty())
+    ChangeStored(storedSingles);
   WriteLines(files.coast, coast);
   if (river) {
     files.river = folder_ / "river.mdb";
@@ -171,6 +169,11 @@ data::DataFiles MapWorld::WriteAll() {
     WriteLines(*files.ibound, *ibound);
   }
   return files;
+}
+
+void MapWorld::ChangeStored(const std::vector<std::pair<float, float>>& singles) {
+  Exchange(folder_ / "qavdata.mdb", singles);
+  Exchange(folder_ / "allaprt.mdb", singles);
 }
 
 data::Databases& MapWorld::Databases() {

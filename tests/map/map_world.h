@@ -81,6 +81,8 @@ class MapWorld {
   /// A view of exactly these bounds at 100 twips per degree.
   void Show(float west, float top, float east, float bottom);
   void AddService(std::string key, data::Rgb colour, bool shown = true);
+  /// Replaces singles in the airport files, which stay open.
+  void ChangeStored(const std::vector<std::pair<float, float>>& singles);
 
   data::Databases& Databases();
   MapScene Scene();

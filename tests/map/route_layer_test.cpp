@@ -112,6 +112,24 @@ TEST_F(Routes, OneUnknownAirportDropsTheWholeFlight) {
   EXPECT_EQ(Texts(Draw()), (Strings{"6", "BBB", "AAA"}));
 }
 
+TEST_F(Routes, FlightsShareAirportsAndTheirTexts) {
+  world_.dest[1].name = "Big Field";
+  world_.flit = {Flight("1", "RED", {"AAA", "BBB"}), Flight("2", "RED", {"XXX", "BBB"}),
+                 Flight("3", "RED", {"BBB", "CCC", "BBB"}), Flight("4", "RED", {"XXX", "AAA"})};
+  EXPECT_EQ(DrawShort(), (Strings{kAB, kBC, "3000,1000-2000,1000"}));
+  world_.options.flightAirports = true;
+  world_.Show(118, 45, 122, 55);
+  EXPECT_EQ(Texts(Draw()),
+            (Strings{"BBB - Big Field (Town)", "BBB - Big Field (Town)", "BBB - Big Field (Town)"}));
+}
+
+TEST_F(Routes, ADrawingShowsWhatTheFileHoldsThen) {
+  world_.flit = {Flight("1", "RED", {"AAA", "BBB"})};
+  EXPECT_EQ(DrawShort(), Strings{kAB});
+  world_.ChangeStored({{120, 130}});
+  EXPECT_EQ(DrawShort(), Strings{"1000,1000-3000,1000"});
+}
+
 TEST_F(Routes, TenStopoversGiveElevenLegs) {
   const std::vector<std::string> route{"AAA", "BBB", "CCC", "AAA", "BBB", "CCC",
                                        "AAA", "BBB", "CCC", "AAA", "BBB", "CCC"};
