@@ -1,5 +1,7 @@
 #include "jet/pair_reader.h"
 
+#include <algorithm>
+#include <cstring>
 #include <exception>
 #include <optional>
 #include <string>
@@ -35,6 +37,30 @@ struct PairLayout {
   std::uint8_t secondBit = 0;
 };
 
+/// The directory of a page whose rows all have the same length, none of them moved or hidden.
+class PlainDirectory {
+ public:
+  void Make(std::size_t pageSize, std::size_t rowLength) {
+    if (rowLength == rowLength_)
+      return;
+    rowLength_ = rowLength;
+    bytes_.clear();
+    for (std::size_t start = pageSize; start >= rowLength + bytes_.size();) {
+      start -= rowLength;
+      base::AppendLittleEndian(bytes_, kDirectoryEntrySize, start);
+    }
+  }
+  /// Whether `page` begins with `rows` such rows.
+  bool IsOf(const DataPage& page, std::size_t rows) const {
+    const std::size_t size = kDirectoryEntrySize * rows;
+    return size <= bytes_.size() && std::memcmp(page.Directory(), bytes_.data(), size) == 0;
+  }
+
+ private:
+  std::size_t rowLength_ = 0;
+  std::vector<std::uint8_t> bytes_;
+};
+
 }  // namespace
 
 struct PairReader::State {
@@ -54,6 +80,7 @@ struct PairReader::State {
   }
 
   void ReadPages(std::span<LongPair> out, std::size_t& count);
+  std::size_t ReadPlainRows(std::span<LongPair> out);
   void ReadRowsOfPage(std::span<LongPair> out, std::size_t& count);
   LongPair ReadRow(const std::uint8_t* row, std::size_t length);
   void SetLayout(ByteView row);
@@ -73,6 +100,7 @@ struct PairReader::State {
   DataPage page;
   unsigned nextRow = 0;
   PairLayout layout;
+  PlainDirectory plainDirectory;
 
   // Other columns: every row is converted.
   std::optional<Recordset> rows;
@@ -81,7 +109,10 @@ struct PairReader::State {
 void PairReader::State::ReadPages(std::span<LongPair> out, std::size_t& count) {
   while (count < out.size()) {
     if (nextRow < page.RowCount()) {
-      ReadRowsOfPage(out, count);
+      const std::size_t plainRows = ReadPlainRows(out.subspan(count));
+      count += plainRows;
+      if (plainRows == 0)
+        ReadRowsOfPage(out, count);
       continue;
     }
     const std::uint32_t next = owned.Next(pageNumber);
@@ -91,6 +122,34 @@ void PairReader::State::ReadPages(std::span<LongPair> out, std::size_t& count) {
     pageNumber = next;
     nextRow = 0;
   }
+}
+
+/// Reads the next rows of the page, if they have the layout and lie side by side. Returns how many.
+std::size_t PairReader::State::ReadPlainRows(std::span<LongPair> out) {
+  const std::size_t length = layout.rowLength;
+  const std::size_t count = std::min<std::size_t>(out.size(), page.RowCount() - nextRow);
+  const ByteView bytes = page.Bytes();
+  const std::size_t last = nextRow + count;
+  if (length == 0 || length * last > bytes.Size() - page.DirectoryEnd())
+    return 0;
+  plainDirectory.Make(bytes.Size(), length);
+  if (!plainDirectory.IsOf(page, last))
+    return 0;
+  const std::uint8_t* row = bytes.Data() + bytes.Size() - length * nextRow;
+  const PairLayout at = layout;  // a copy, so that stores to `out` do not change it for the compiler
+  unsigned deviation = 0;
+  for (LongPair& pair : out.first(count)) {
+    row -= length;
+    deviation |= (LoadU16(row) & columnCountMask) ^ at.columnCount;
+    deviation |= (row[at.firstMask] & at.firstBit) ^ at.firstBit;
+    deviation |= (row[at.secondMask] & at.secondBit) ^ at.secondBit;
+    pair = {static_cast<std::int32_t>(LoadU32(row + at.first)),
+            static_cast<std::int32_t>(LoadU32(row + at.second))};
+  }
+  if (deviation != 0)
+    return 0;
+  nextRow += static_cast<unsigned>(count);
+  return count;
 }
 
 void PairReader::State::ReadRowsOfPage(std::span<LongPair> out, std::size_t& count) {

@@ -2,6 +2,7 @@
 
 #include <bit>
 #include <functional>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -81,6 +82,67 @@ TEST_P(PairReaderTest, AgreesWithTheRecordsetOnEveryKindOfRow) {
   PairReader reader = Reader();
   EXPECT_EQ(ReadAll(reader, 4), expected);
   EXPECT_THAT(expected, ElementsAre(Pair(1, 2), Pair(3, 4), Pair(5, 6), Pair(7, 8)));
+}
+
+/// The rows that can be read, and the reason why others cannot.
+using Outcome = std::pair<std::vector<Pair>, std::string>;
+
+Outcome ReadByRecordset(const Database& database) {
+  Outcome outcome;
+  outcome.second = ReasonOf([&] {
+    for (Recordset rows = database.OpenTable("T"); !rows.Eof(); rows.MoveNext())
+      outcome.first.emplace_back(rows["Lon"].AsLong(), rows["Lat"].AsLong());
+  });
+  return outcome;
+}
+
+Outcome ReadByPairs(PairReader reader, std::size_t batch) {
+  Outcome outcome;
+  std::vector<LongPair> buffer(batch);
+  outcome.second = ReasonOf([&] {
+    while (const std::size_t count = reader.Read(buffer))
+      for (std::size_t i = 0; i < count; ++i)
+        outcome.first.emplace_back(buffer[i].first, buffer[i].second);
+  });
+  return outcome;
+}
+
+TEST_P(PairReaderTest, AgreesWithTheRecordsetWhereverOneRowOfAPageDeviates) {
+  struct Deviation {
+    Bytes row;
+    std::uint16_t flags = 0;
+  };
+  constexpr std::uint32_t kRows = 9;  // per page
+  TestTable format(file, "T", lonLat);
+  const Bytes usual = format.RowBytes({Le(7, 4), Le(8, 4)});
+  const Deviation deviations[] = {{usual},
+                                  {usual, 0x8000},
+                                  {usual, 0x4000},
+                                  {format.RowBytes({Le(7, 4), kNull})},
+                                  {format.RowBytes({kNull, Le(8, 4)})},
+                                  {usual + Bytes{usual.back()}},
+                                  {{2}},
+                                  {Bytes(usual.size(), 0xFF)},
+                                  {Bytes()}};
+  for (std::uint32_t at = 0; at < kRows; ++at) {
+    for (const Deviation& deviation : deviations) {
+      file = JetFile(GetParam());
+      TestTable table(file, "T", lonLat);
+      for (std::uint32_t i = 0; i < 2 * kRows; ++i) {
+        if (i == kRows)
+          table.StartPage();
+        const bool deviates = i == kRows + at;
+        table.AddBytes(deviates ? deviation.row : table.RowBytes({Le(i, 4), Le(100 + i, 4)}),
+                       deviates ? deviation.flags : std::uint16_t{0});
+      }
+      table.Finish();
+      const Database database = file.Open();
+      const Outcome expected = ReadByRecordset(database);
+      for (const std::size_t batch : {1, 4, 11, 100})
+        EXPECT_EQ(ReadByPairs(PairReader(database.OpenTable("T"), "Lon", "Lat"), batch), expected)
+            << at << ' ' << (&deviation - deviations);
+    }
+  }
 }
 
 TEST_P(PairReaderTest, ConvertsOtherTypes) {
