@@ -13,34 +13,27 @@ DataPage::DataPage(const FilePages& pages, std::uint32_t number)
     throw Damage("data page " + std::to_string(number) + " claims more rows than it can hold");
 }
 
-ByteView DataPage::Row(unsigned row) const {
-  if (row >= rowCount_)
-    throw Damage("a pointer names a row that its page does not have");
-  const std::size_t start = Entry(row) & kRowStartMask;
-  const std::size_t end = row == 0 ? page_.Size() : Entry(row - 1) & kRowStartMask;
-  if (start < DirectoryEnd() || start > end || end > page_.Size())
-    ThrowOffPage();
-  return {page_.Data() + start, end - start};
+void DataPage::ThrowNoRow() {
+  throw Damage("a pointer names a row that its page does not have");
 }
 
 void DataPage::ThrowOffPage() {
   throw Damage("a row does not lie within its page");
 }
 
-ByteView FollowRow(const FilePages& pages, const DataPage& page, unsigned row, std::uint32_t owner) {
+ByteView FollowPointer(const FilePages& pages, ByteView pointer, std::uint32_t owner) {
   constexpr int kMostSteps = 16;
-  DataPage current = page;
-  for (int step = 0; step <= kMostSteps; ++step) {
-    const ByteView bytes = current.Row(row);
-    if ((current.Flags(row) & kRowMoved) == 0)
-      return bytes;
-    if (bytes.Size() < 4)
+  for (int step = 0; step < kMostSteps; ++step) {
+    if (pointer.Size() < 4)
       throw Damage("a moved row does not say where it went");
-    const RecordPointer target = RecordPointer::FromU32(bytes.U32(0));
-    current = DataPage(pages, target.page);
-    row = target.row;
-    if (current.Owner() != owner)
+    const RecordPointer target = RecordPointer::FromU32(pointer.U32(0));
+    const DataPage page(pages, target.page);
+    if (page.Owner() != owner)
       throw Damage("a row has moved to a page of another table");
+    const ByteView bytes = page.Row(target.row);
+    if ((page.Flags(target.row) & kRowMoved) == 0)
+      return bytes;
+    pointer = bytes;
   }
   throw Damage("a row has moved in a circle");
 }

@@ -21,7 +21,15 @@ class DataPage {
 
   std::uint16_t Flags(unsigned row) const { return static_cast<std::uint16_t>(Entry(row) & ~kRowStartMask); }
   /// The bytes of a row; throws Damage when there is no such row or it does not lie on the page.
-  ByteView Row(unsigned row) const;
+  ByteView Row(unsigned row) const {
+    if (row >= rowCount_)
+      ThrowNoRow();
+    const std::size_t start = Entry(row) & kRowStartMask;
+    const std::size_t end = row == 0 ? page_.Size() : Entry(row - 1) & kRowStartMask;
+    if (start < DirectoryEnd() || start > end || end > page_.Size())
+      ThrowOffPage();
+    return {page_.Data() + start, end - start};
+  }
 
   [[noreturn]] static void ThrowOffPage();  ///< Damage: a row is not between the directory and the page's end
 
@@ -30,6 +38,7 @@ class DataPage {
   ByteView Bytes() const { return page_; }
 
  private:
+  [[noreturn]] static void ThrowNoRow();
   std::uint16_t Entry(unsigned row) const { return page_.U16(directory_ + kDirectoryEntrySize * row); }
 
   ByteView page_;
@@ -37,8 +46,14 @@ class DataPage {
   unsigned rowCount_ = 0;
 };
 
+/// The bytes that a moved row, given as `pointer` on its page, has elsewhere. Throws Damage.
+ByteView FollowPointer(const FilePages& pages, ByteView pointer, std::uint32_t owner);
+
 /// The bytes of a row of the table `owner`, also when the row has moved. `row` is not hidden. Throws Damage.
-ByteView FollowRow(const FilePages& pages, const DataPage& page, unsigned row, std::uint32_t owner);
+inline ByteView FollowRow(const FilePages& pages, const DataPage& page, unsigned row, std::uint32_t owner) {
+  const ByteView bytes = page.Row(row);
+  return (page.Flags(row) & kRowMoved) == 0 ? bytes : FollowPointer(pages, bytes, owner);
+}
 
 /// The row that a pointer names, whatever the owner of its page. Throws Damage.
 ByteView RowAt(const FilePages& pages, RecordPointer pointer);

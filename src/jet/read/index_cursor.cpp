@@ -96,7 +96,7 @@ void IndexCursor::CheckEnd(const IndexPage& end, bool forward) {
 
 void IndexCursor::StandOn(const IndexPage& page, unsigned entry) {
   page_ = page;
-  entry_ = entry;
+  StandOn(entry);
   onEntry_ = true;
 }
 
@@ -110,18 +110,16 @@ bool IndexCursor::MoveFirst() {
 
 bool IndexCursor::MoveNext() {
   ZERBAL_ASSERT(onEntry_);
-  const unsigned next = page_.After(entry_);
-  if (next < page_.End()) {
-    entry_ = next;
-    return true;
-  }
-  return MoveAcross(true);
+  if (entryEnd_ == page_.End())
+    return MoveAcross(true);
+  StandOn(entryEnd_);
+  return true;
 }
 
 bool IndexCursor::MovePrevious() {
   ZERBAL_ASSERT(onEntry_);
   if (entry_ > 0) {
-    entry_ = page_.Before(entry_);
+    StandOn(page_.Before(entry_));
     return true;
   }
   return MoveAcross(false);
@@ -150,7 +148,7 @@ bool IndexCursor::MoveTo(std::span<const std::uint8_t> key) {
 
 RecordPointer IndexCursor::Row() const {
   ZERBAL_ASSERT(onEntry_);
-  return RecordPointer::FromU32(page_.Entry(entry_).Tail());
+  return RecordPointer::FromU32(page_.Entry(entry_, entryEnd_).Tail());
 }
 
 void IndexCursor::GoTo(const Place& place) {

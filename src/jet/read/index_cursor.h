@@ -35,7 +35,7 @@ class IndexCursor {
   // Of the entry that the cursor is on.
   bool StartsWith(std::span<const std::uint8_t> key) const {
     ZERBAL_ASSERT(onEntry_);
-    return page_.Entry(entry_).StartsWith(key);
+    return page_.Entry(entry_, entryEnd_).StartsWith(key);
   }
   RecordPointer Row() const;
 
@@ -54,6 +54,10 @@ class IndexCursor {
   bool Neighbour(IndexPage& leaf, bool forward);
   void CheckEnd(const IndexPage& end, bool forward);
   void StandOn(const IndexPage& page, unsigned entry);
+  void StandOn(unsigned entry) {
+    entry_ = entry;
+    entryEnd_ = page_.After(entry);
+  }
 
   const FilePages* pages_ = nullptr;
   std::uint32_t rootPage_ = 0;
@@ -61,6 +65,7 @@ class IndexCursor {
   bool onEntry_ = false;
   IndexPage page_;
   unsigned entry_ = 0;
+  unsigned entryEnd_ = 0;      ///< where the next entry begins
   std::vector<bool> checked_;  ///< by page number: its entries have been checked
 };
 

@@ -99,14 +99,6 @@ unsigned IndexPage::BoundaryAtOrBefore(unsigned at) const {
   return word * 64 + static_cast<unsigned>(std::bit_width(bits)) - 1;
 }
 
-IndexEntry IndexPage::Entry(unsigned entry) const {
-  const unsigned end = After(entry);
-  const std::uint8_t* bytes = page_.Data() + base_;
-  if (entry == 0)
-    return {{}, {bytes, end}};
-  return {{bytes, prefix_}, {bytes + entry, end - entry}};
-}
-
 void IndexPage::CheckEntries() const {
   const std::size_t shortest = 1 + kEntryPointerSize + (IsLeaf() ? 0 : kEntryChildSize);
   IndexEntry before;

@@ -59,7 +59,14 @@ class IndexPage {
     return BoundaryAtOrBefore(entry - 1);
   }
   unsigned Last() const { return Before(end_); }
-  IndexEntry Entry(unsigned entry) const;
+  IndexEntry Entry(unsigned entry) const { return Entry(entry, After(entry)); }
+  /// The same when its end is known.
+  IndexEntry Entry(unsigned entry, unsigned end) const {
+    const std::uint8_t* bytes = page_.Data() + base_;
+    if (entry == 0)
+      return {{}, {bytes, end}};
+    return {{bytes, prefix_}, {bytes + entry, end - entry}};
+  }
 
   /// The first entry that is not less than `key`; End() when there is none.
   unsigned LowerBound(std::span<const std::uint8_t> key) const;

@@ -69,11 +69,8 @@ std::size_t Row::VariableOffset(unsigned index) const {
   return bytes_.U8(offsets_ - index) + std::size_t{256} * passed;
 }
 
-ByteView Row::Fixed(std::size_t offset, std::size_t length) const {
-  const std::size_t start = RowHeadSize(format_) + offset;
-  if (start + length > valuesEnd_)
-    throw Damage("a row is too short for a value in its fixed part");
-  return bytes_.Sub(start, length);
+void Row::ThrowTooShort() {
+  throw Damage("a row is too short for a value in its fixed part");
 }
 
 std::optional<ByteView> Row::Variable(unsigned index) const {

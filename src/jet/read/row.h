@@ -36,7 +36,13 @@ class Row {
   }
 
  private:
-  ByteView Fixed(std::size_t offset, std::size_t length) const;
+  ByteView Fixed(std::size_t offset, std::size_t length) const {
+    const std::size_t start = RowHeadSize(format_) + offset;
+    if (start + length > valuesEnd_)
+      ThrowTooShort();
+    return {bytes_.Data() + start, length};
+  }
+  [[noreturn]] static void ThrowTooShort();
   std::optional<ByteView> Variable(unsigned index) const;
   std::size_t VariableOffset(unsigned index) const;
   bool IsJet3() const { return format_ == Format::kJet3; }

@@ -75,14 +75,17 @@ void TableCursor::SortRows() {
   sorted_ = std::move(sorted);
 }
 
-/// Loads the page of the row that the current index entry names; false when it names none, or a deleted one.
+/// Finds the page of the row that the current index entry names; false when it names none, or a deleted one.
 bool TableCursor::FindRow() {
   const RecordPointer pointer = sorted_ ? sorted_->Row() : index_.Row();
-  const std::optional<DataPage> page = TablePage(Pages(), pointer.page, table_->page);
-  if (!page || pointer.row >= page->RowCount() || (page->Flags(pointer.row) & kRowHidden) != 0)
+  if (pointer.page != pageNumber_) {
+    const std::optional<DataPage> page = TablePage(Pages(), pointer.page, table_->page);
+    pageNumber_ = page ? pointer.page : 0;
+    page_ = page.value_or(DataPage());
+  }
+  if (pageNumber_ == 0 || pointer.row >= page_.RowCount() || (page_.Flags(pointer.row) & kRowHidden) != 0)
     return false;
   pointer_ = pointer;
-  page_ = *page;
   return true;
 }
 
@@ -94,6 +97,7 @@ bool TableCursor::Settle(bool found, bool forward) {
 }
 
 bool TableCursor::StepFirst() {
+  pageNumber_ = 0;
   if (!ByIndex())
     return walk_.MoveFirst();
   return Settle(InOrder([](auto& order) { return order.MoveFirst(); }), true);
@@ -165,6 +169,7 @@ void TableCursor::Seek(std::string_view key) {
   Guarded([&] {
     state_ = State::kNowhere;
     noMatch_ = true;
+    pageNumber_ = 0;
     const PhysicalIndex::Part& part = tree_->parts.front();
     const SeekKey::Result made =
         seekKey_.Make(key, Column(part.column), Place(part.column), part.ascending, Pages().Header());

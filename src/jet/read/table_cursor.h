@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -97,6 +98,7 @@ class TableCursor {
   IndexCursor index_;                    ///< the position in its order
   std::unique_ptr<SortedRows> sorted_;   ///< replaces index_ once the index has proved damaged
   RecordPointer pointer_;                ///< the row of the index entry
+  std::uint32_t pageNumber_ = 0;         ///< of page_, which MoveFirst and Seek load anew; 0 = none
   DataPage page_;                        ///< the page of that row
   SeekKey seekKey_;
   std::unique_ptr<TextLookup> lookup_;  ///< for keys that cannot be computed; made when first needed
