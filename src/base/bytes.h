@@ -1,20 +1,34 @@
 // Little-endian numbers in bytes of any alignment.
 #pragma once
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 
 namespace zerbal::base {
 
+/// One load instruction on most machines; compilers do not always find it in a sum of bytes.
+template <class Number>
+Number LoadLittleEndian(const std::uint8_t* at) {
+  Number value = 0;
+  if constexpr (std::endian::native == std::endian::little) {
+    std::memcpy(&value, at, sizeof value);
+  } else {
+    for (std::size_t i = 0; i < sizeof value; ++i)
+      value = static_cast<Number>(value | static_cast<Number>(Number{at[i]} << 8 * i));
+  }
+  return value;
+}
+
 inline std::uint16_t LoadU16(const std::uint8_t* at) {
-  return static_cast<std::uint16_t>(at[0] | at[1] << 8);
+  return LoadLittleEndian<std::uint16_t>(at);
 }
 inline std::uint32_t LoadU32(const std::uint8_t* at) {
-  return std::uint32_t{at[0]} | std::uint32_t{at[1]} << 8 | std::uint32_t{at[2]} << 16 |
-         std::uint32_t{at[3]} << 24;
+  return LoadLittleEndian<std::uint32_t>(at);
 }
 inline std::uint64_t LoadU64(const std::uint8_t* at) {
-  return LoadU32(at) | static_cast<std::uint64_t>(LoadU32(at + 4)) << 32;
+  return LoadLittleEndian<std::uint64_t>(at);
 }
 
 /// Stores the lowest `size` bytes of `value`.

@@ -35,6 +35,16 @@ struct PairLayout {
   std::size_t secondMask = 0;
   std::uint8_t firstBit = 0;
   std::uint8_t secondBit = 0;
+
+  /// Of both values, in the last eight bytes of the row; 0 when they are not there.
+  std::uint64_t NullBits() const {
+    constexpr std::size_t kSize = sizeof(std::uint64_t);
+    if (rowLength < kSize || rowLength > std::min(firstMask, secondMask) + kSize)
+      return 0;
+    const std::size_t start = rowLength - kSize;
+    return std::uint64_t{firstBit} << 8 * (firstMask - start) | std::uint64_t{secondBit}
+                                                                    << 8 * (secondMask - start);
+  }
 };
 
 /// The directory of a page whose rows all have the same length, none of them moved or hidden.
@@ -130,23 +140,26 @@ std::size_t PairReader::State::ReadPlainRows(std::span<LongPair> out) {
   const std::size_t count = std::min<std::size_t>(out.size(), page.RowCount() - nextRow);
   const ByteView bytes = page.Bytes();
   const std::size_t last = nextRow + count;
-  if (length == 0 || length * last > bytes.Size() - page.DirectoryEnd())
+  const std::uint64_t nullBits = layout.NullBits();
+  if (nullBits == 0 || length * last > bytes.Size() - page.DirectoryEnd())
     return 0;
   plainDirectory.Make(bytes.Size(), length);
   if (!plainDirectory.IsOf(page, last))
     return 0;
   const std::uint8_t* row = bytes.Data() + bytes.Size() - length * nextRow;
-  const PairLayout at = layout;  // a copy, so that stores to `out` do not change it for the compiler
-  unsigned deviation = 0;
+  const std::size_t first = layout.first;
+  const std::size_t second = layout.second;
+  const std::uint64_t columnCount = layout.columnCount;
+  std::uint64_t different = 0;
+  std::uint64_t present = nullBits;
   for (LongPair& pair : out.first(count)) {
     row -= length;
-    deviation |= (LoadU16(row) & columnCountMask) ^ at.columnCount;
-    deviation |= (row[at.firstMask] & at.firstBit) ^ at.firstBit;
-    deviation |= (row[at.secondMask] & at.secondBit) ^ at.secondBit;
-    pair = {static_cast<std::int32_t>(LoadU32(row + at.first)),
-            static_cast<std::int32_t>(LoadU32(row + at.second))};
+    different |= LoadU64(row) ^ columnCount;
+    present &= LoadU64(row + length - sizeof present);
+    pair = {static_cast<std::int32_t>(LoadU32(row + first)),
+            static_cast<std::int32_t>(LoadU32(row + second))};
   }
-  if (deviation != 0)
+  if ((different & columnCountMask) != 0 || present != nullBits)
     return 0;
   nextRow += static_cast<unsigned>(count);
   return count;
