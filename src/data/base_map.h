@@ -40,7 +40,7 @@ struct StoredBounds {
   StoredRange lats;
   bool lonsExcluded = false;  ///< `lons` are the longitudes that are not needed
   bool Contain(StoredPoint point) const {
-    return lons.Contains(point.lon) != lonsExcluded && lats.Contains(point.lat);
+    return lats.Contains(point.lat) && lons.Contains(point.lon) != lonsExcluded;
   }
 };
 
