@@ -108,14 +108,6 @@ bool IndexCursor::MoveFirst() {
   return true;
 }
 
-bool IndexCursor::MoveNext() {
-  ZERBAL_ASSERT(onEntry_);
-  if (entryEnd_ == page_.End())
-    return MoveAcross(true);
-  StandOn(entryEnd_);
-  return true;
-}
-
 bool IndexCursor::MovePrevious() {
   ZERBAL_ASSERT(onEntry_);
   if (entry_ > 0) {
@@ -144,11 +136,6 @@ bool IndexCursor::MoveTo(std::span<const std::uint8_t> key) {
   }
   StandOn(leaf, entry);
   return true;
-}
-
-RecordPointer IndexCursor::Row() const {
-  ZERBAL_ASSERT(onEntry_);
-  return RecordPointer::FromU32(page_.Entry(entry_, entryEnd_).Tail());
 }
 
 void IndexCursor::GoTo(const Place& place) {

@@ -27,7 +27,13 @@ class IndexCursor {
   // Each returns whether there is such an entry; otherwise the cursor stays where it is. MoveNext and
   // MovePrevious start from an entry. All throw Damage.
   bool MoveFirst();
-  bool MoveNext();
+  bool MoveNext() {
+    ZERBAL_ASSERT(onEntry_);
+    if (entryEnd_ == page_.End())
+      return MoveAcross(true);
+    StandOn(entryEnd_);
+    return true;
+  }
   bool MovePrevious();
   /// To the first entry that is not less than `key`.
   bool MoveTo(std::span<const std::uint8_t> key);
@@ -37,7 +43,10 @@ class IndexCursor {
     ZERBAL_ASSERT(onEntry_);
     return page_.Entry(entry_, entryEnd_).StartsWith(key);
   }
-  RecordPointer Row() const;
+  RecordPointer Row() const {
+    ZERBAL_ASSERT(onEntry_);
+    return RecordPointer::FromU32(page_.Entry(entry_, entryEnd_).Tail());
+  }
 
   Place Here() const { return {onEntry_ ? page_.Number() : 0, entry_}; }
   /// Returns to the place of an entry. Throws Damage when the entry is gone because the file has changed.

@@ -14,11 +14,9 @@ int CompareBytes(const std::uint8_t* a, const std::uint8_t* b, std::size_t size)
 
 }  // namespace
 
-std::uint32_t IndexEntry::Tail() const {
+std::uint32_t IndexEntry::TailInBoth() const {
   constexpr std::size_t kSize = 4;
-  const std::size_t at = Size() - kSize;
-  if (at >= shared.Size())
-    return LoadU32Be(own.Sub(at - shared.Size(), kSize).Data());
+  const std::size_t at = Size() - kSize;  // too large for At() when there are fewer bytes
   std::uint32_t value = 0;
   for (std::size_t i = 0; i < kSize; ++i)
     value = value << 8 | At(at + i);
@@ -69,23 +67,6 @@ IndexPage::IndexPage(const FilePages& pages, std::uint32_t number, std::uint32_t
   firstEnd_ = end_ == 0 ? 0 : NextBoundary(1);
   if (prefix_ > firstEnd_)
     throw Damage("an index page shares more bytes than its first entry has");
-}
-
-std::uint64_t IndexPage::MaskWord(unsigned word) const {
-  return LoadU64(page_.Data() + mask_ + std::size_t{8} * word);
-}
-
-unsigned IndexPage::NextBoundary(unsigned from) const {
-  if (from >= end_)
-    return end_;
-  unsigned word = from / 64;
-  std::uint64_t bits = MaskWord(word) & ~std::uint64_t{0} << from % 64;
-  while (bits == 0) {
-    if (++word * 64 >= end_)
-      return end_;
-    bits = MaskWord(word);
-  }
-  return std::min(word * 64 + static_cast<unsigned>(std::countr_zero(bits)), end_);
 }
 
 unsigned IndexPage::BoundaryAtOrBefore(unsigned at) const {

@@ -2,6 +2,8 @@
 // reads only the entries that it compares.
 #pragma once
 
+#include <algorithm>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -23,8 +25,14 @@ struct IndexEntry {
     return i < shared.Size() ? shared.Data()[i] : own.U8(i - shared.Size());
   }
   /// The last four bytes as a big-endian number. Throws Damage when there are fewer.
-  std::uint32_t Tail() const;
+  std::uint32_t Tail() const {
+    constexpr std::size_t kSize = 4;
+    return own.Size() >= kSize ? LoadU32Be(own.Data() + own.Size() - kSize) : TailInBoth();
+  }
   bool StartsWith(std::span<const std::uint8_t> key) const;
+
+ private:
+  std::uint32_t TailInBoth() const;
 };
 
 /// Compares as byte strings: < 0, 0 or > 0 when `a` is less than, equal to or greater than `b`.
@@ -72,8 +80,22 @@ class IndexPage {
   unsigned LowerBound(std::span<const std::uint8_t> key) const;
 
  private:
-  std::uint64_t MaskWord(unsigned word) const;
-  unsigned NextBoundary(unsigned from) const;      ///< first boundary at or after `from`, else the end
+  std::uint64_t MaskWord(unsigned word) const {
+    return LoadU64(page_.Data() + mask_ + std::size_t{8} * word);
+  }
+  /// The first boundary at or after `from`, else the end.
+  unsigned NextBoundary(unsigned from) const {
+    if (from >= end_)
+      return end_;
+    unsigned word = from / 64;
+    std::uint64_t bits = MaskWord(word) & ~std::uint64_t{0} << from % 64;
+    while (bits == 0) {
+      if (++word * 64 >= end_)
+        return end_;
+      bits = MaskWord(word);
+    }
+    return std::min(word * 64 + static_cast<unsigned>(std::countr_zero(bits)), end_);
+  }
   unsigned BoundaryAtOrBefore(unsigned at) const;  ///< last boundary at or before `at`, else 0
 
   ByteView page_;

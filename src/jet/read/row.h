@@ -17,7 +17,22 @@ class Row {
  public:
   Row() = default;
   /// Throws Damage when the row is too short for its number of columns and its offsets.
-  Row(ByteView bytes, Format format, bool hasVariableColumns);
+  Row(ByteView bytes, Format format, bool hasVariableColumns) : bytes_(bytes), format_(format) {
+    const std::size_t head = RowHeadSize(format);
+    if (bytes.Size() < head)
+      ThrowBroken();
+    columnCount_ = IsJet3() ? bytes.U8(0) : bytes.U16(0);
+    const std::size_t maskSize = NullMaskSize(columnCount_);
+    if (bytes.Size() < head + maskSize)
+      ThrowBroken();
+    valuesEnd_ = bytes.Size() - maskSize;
+    if (!hasVariableColumns)
+      return;
+    if (IsJet3())
+      OutlineJet3(valuesEnd_);
+    else
+      OutlineJet4(valuesEnd_);
+  }
 
   /// The column's bit in the null mask: whether there is a value; of a boolean the value. False for columns
   /// that were added after the row was written.
@@ -42,12 +57,37 @@ class Row {
       ThrowTooShort();
     return {bytes_.Data() + start, length};
   }
-  [[noreturn]] static void ThrowTooShort();
-  std::optional<ByteView> Variable(unsigned index) const;
-  std::size_t VariableOffset(unsigned index) const;
+  std::optional<ByteView> Variable(unsigned index) const {
+    if (index >= variableCount_)
+      return std::nullopt;
+    const std::size_t start = VariableOffset(index);
+    const std::size_t end = VariableOffset(index + 1);
+    if (start < RowHeadSize(format_) || start > end || end > valuesEnd_)
+      ThrowOverlap();
+    return ByteView(bytes_.Data() + start, end - start);
+  }
+  std::size_t VariableOffset(unsigned index) const {
+    return IsJet3() ? VariableOffsetJet3(index) : bytes_.U16(offsets_ - 2 * std::size_t{index});
+  }
+  std::size_t VariableOffsetJet3(unsigned index) const;
   bool IsJet3() const { return format_ == Format::kJet3; }
   void OutlineJet3(std::size_t maskStart);
-  void OutlineJet4(std::size_t maskStart);
+  void OutlineJet4(std::size_t maskStart) {
+    if (maskStart < 6)
+      ThrowBroken();
+    variableCount_ = bytes_.U16(maskStart - 2);
+    const std::size_t tableSize = 2 * (std::size_t{variableCount_} + 1) + 2;
+    if (maskStart < 2 + tableSize)
+      ThrowBroken();
+    offsets_ = maskStart - 4;
+    valuesEnd_ = VariableOffset(variableCount_);
+    if (valuesEnd_ < 2 || valuesEnd_ > maskStart - tableSize)
+      ThrowBroken();
+  }
+  // All throw Damage.
+  [[noreturn]] static void ThrowBroken();
+  [[noreturn]] static void ThrowTooShort();
+  [[noreturn]] static void ThrowOverlap();
 
   ByteView bytes_;
   Format format_ = Format::kJet4;
