@@ -113,12 +113,15 @@ void Airports::Visit(const Visitor& visit) const {
     visit(Airport(*table_));
 }
 
-void Airports::VisitMeeting(const AirportCriteria& criteria, const Visitor& visit) const {
+void Airports::VisitMeeting(const AirportCriteria& criteria, const MapBounds& bounds,
+                            const Visitor& visit) const {
   if (!table_->HasPlaceAndTexts())
     return;
   const bool all = !criteria.AnyActive();
+  const jet::SingleBox box{table_->lon.Within(bounds.west, bounds.east),
+                           table_->lat.Within(bounds.top, bounds.bottom)};
   jet::Recordset& rows = table_->rows;
-  for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext())
+  for (rows.MoveFirstWithin(box); !rows.Eof(); rows.MoveNextWithin(box))
     if (all || table_->Meets(criteria))
       visit(Airport(*table_));
 }

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -42,6 +43,15 @@ class Airport {
   AirportTable* table_;
 };
 
+/// Part of the map frame, bounds inclusive. When `east` is less than `west`: all longitudes but those between
+/// them.
+struct MapBounds {
+  float west = -std::numeric_limits<float>::infinity();
+  float top = -std::numeric_limits<float>::infinity();
+  float east = std::numeric_limits<float>::infinity();
+  float bottom = std::numeric_limits<float>::infinity();
+};
+
 /// A table of airports in the order of their codes. Reading moves its cursor: an airport must not be visited
 /// or looked up while another one of the same table is in use.
 class Airports {
@@ -56,9 +66,10 @@ class Airports {
 
   /// Visits every airport.
   void Visit(const Visitor& visit) const;
-  /// Visits the airports that meet the criteria. A number that a criterion needs and that cannot be read
-  /// is 0, a text is empty. Visits none when the table lacks a field of position, code, name or city.
-  void VisitMeeting(const AirportCriteria& criteria, const Visitor& visit) const;
+  /// Visits the airports that meet the criteria and lie within the bounds, or whose position cannot be read.
+  /// A number that a criterion needs and that cannot be read is 0, a text is empty. Visits none when the
+  /// table lacks a field of position, code, name or city.
+  void VisitMeeting(const AirportCriteria& criteria, const MapBounds& bounds, const Visitor& visit) const;
   /// The airport with exactly this code.
   std::optional<Airport> Find(std::string_view code) const;
 

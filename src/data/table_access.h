@@ -28,6 +28,8 @@ class TableField {
   jet::Field Of(const jet::Recordset& table) const {
     return table.At(index_ ? *index_ : table.FieldIndex(name_));
   }
+  /// The field exists.
+  jet::SingleBox::Range Within(float from, float to) const { return {index_.value(), from, to}; }
   /// Replaces `text` by the text of the field and returns it.
   const std::string& Read(const jet::Recordset& table, std::string& text) const {
     text.clear();

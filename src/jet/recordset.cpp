@@ -49,6 +49,12 @@ void Recordset::MoveNext() {
 void Recordset::MovePrevious() {
   cursor_->MovePrevious();
 }
+void Recordset::MoveFirstWithin(const SingleBox& box) {
+  cursor_->MoveFirstWithin(box);
+}
+void Recordset::MoveNextWithin(const SingleBox& box) {
+  cursor_->MoveNextWithin(box);
+}
 bool Recordset::Eof() const {
   return cursor_->Eof();
 }

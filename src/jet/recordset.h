@@ -17,6 +17,21 @@ namespace zerbal::jet {
 class Database;
 class TableCursor;  // private
 
+/// Bounds on the values of two columns of type Single, inclusive.
+struct SingleBox {
+  struct Range {
+    int field = 0;  ///< position in Columns()
+    float from = 0;
+    float to = 0;  ///< when less than `from`: all numbers but those between them
+
+    bool Contains(float value) const {
+      return from <= to ? from <= value && value <= to : from <= value || value <= to;
+    }
+  };
+  Range first;
+  Range second;
+};
+
 class Recordset {
  public:
   Recordset(Recordset&&) noexcept;
@@ -45,6 +60,10 @@ class Recordset {
   void MoveFirst();
   void MoveNext();      ///< after the last row: Eof; stays at Eof
   void MovePrevious();  ///< before the first row: Bof; stays at Bof
+  // The same as MoveFirst and MoveNext, but they pass over rows that hold two singles outside of the box.
+  // Rows that hold anything else are not passed over.
+  void MoveFirstWithin(const SingleBox& box);
+  void MoveNextWithin(const SingleBox& box);
   bool Eof() const;
   bool Bof() const;
 

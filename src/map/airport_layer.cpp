@@ -25,6 +25,19 @@ std::optional<TwipPoint> ProjectAirport(const Viewport& viewport, MapPosition po
   return viewport.ProjectPoint(position);
 }
 
+data::MapBounds BoundsOf(const Viewport& viewport) {
+  constexpr float kRounding = 0.001F;  // of the longitudes that ProjectPoint shifts
+  data::MapBounds bounds;
+  bounds.top = viewport.MapLatMin();
+  bounds.bottom = viewport.MapLatMax();
+  const float east = viewport.MapWrap() ? viewport.MapLonMax() - 360.0F + kRounding : viewport.MapLonMax();
+  if (viewport.MapWrap() && !(east < viewport.MapLonMin()))
+    return bounds;  // all longitudes
+  bounds.west = viewport.MapLonMin();
+  bounds.east = east;
+  return bounds;
+}
+
 void AppendAirportLabel(std::string& label, const AirportTexts& texts, bool detailMode) {
   label += texts.code;
   if (!detailMode)

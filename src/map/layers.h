@@ -88,12 +88,15 @@ void DrawAirport(Canvas& canvas, const AirportTexts& texts, MapPosition position
 /// Where the marker's centre is; nothing when the position is not in view.
 std::optional<TwipPoint> ProjectAirport(const Viewport& viewport, MapPosition position);
 
+/// Bounds that hold every position in view. Those of a view through 360 may hold a few more.
+data::MapBounds BoundsOf(const Viewport& viewport);
+
 /// Calls `visit(airport, centre)` with each airport that the layer draws and its marker's centre. An airport
 /// whose position cannot be read, or for which `visit` throws, is left out.
 template <typename Visit>
 void VisitAirportsInView(const Viewport& viewport, const data::Airports& airports,
                          const data::AirportCriteria& criteria, const Visit& visit) {
-  airports.VisitMeeting(criteria, [&](const data::Airport& airport) {
+  airports.VisitMeeting(criteria, BoundsOf(viewport), [&](const data::Airport& airport) {
     try {
       if (const std::optional<TwipPoint> centre = ProjectAirport(viewport, airport.Position()))
         visit(airport, *centre);

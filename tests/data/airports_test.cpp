@@ -1,6 +1,7 @@
 #include "data/airports.h"
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -38,7 +39,7 @@ class AirportsTest : public testing::Test {
   }
   static Codes Meeting(const Airports& airports, const AirportCriteria& criteria) {
     Codes codes;
-    airports.VisitMeeting(criteria, [&](const Airport& airport) { codes.emplace_back(airport.Code()); });
+    airports.VisitMeeting(criteria, {}, [&](const Airport& airport) { codes.emplace_back(airport.Code()); });
     return codes;
   }
 
@@ -51,6 +52,29 @@ TEST_F(AirportsTest, AreVisitedInTheOrderOfTheirCodes) {
   airports.Visit([&](const Airport& airport) { codes.emplace_back(airport.Code()); });
   EXPECT_EQ(codes, (Codes{"AAA", "BBB", "CCC"}));
   EXPECT_EQ(Meeting(airports, {}), codes);
+}
+
+TEST_F(AirportsTest, OnlyAirportsWithinTheBoundsAreVisited) {
+  test::Table table = AirportTable({});
+  const auto add = [&](const char* code, test::Cell lon, test::Cell lat) {
+    test::Row& row = table.rows.emplace_back(AirportRow(code));
+    table.CellOf(row, "AP_Lon") = std::move(lon);
+    table.CellOf(row, "AP_Lat") = std::move(lat);
+  };
+  add("EEE", 20.0F, 30.0F);
+  add("DDD", 10.0F, test::Null());
+  add("CCC", 350.0F, 40.0F);
+  add("BBB", 15.0F, 41.0F);
+  add("AAA", 10.0F, 35.0F);
+  const Airports airports = Open(table);
+  const auto within = [&](const MapBounds& bounds) {
+    Codes codes;
+    airports.VisitMeeting({}, bounds, [&](const Airport& airport) { codes.emplace_back(airport.Code()); });
+    return codes;
+  };
+  EXPECT_EQ(within({10, 30, 20, 40}), (Codes{"AAA", "DDD", "EEE"}));
+  EXPECT_EQ(within({340, 30, 15, 50}), (Codes{"AAA", "BBB", "CCC", "DDD"}));  // through 360
+  EXPECT_EQ(within({}), (Codes{"AAA", "BBB", "CCC", "DDD", "EEE"}));
 }
 
 TEST_F(AirportsTest, FactsThatAreNotKnownAreMissing) {

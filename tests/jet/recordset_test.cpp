@@ -1,16 +1,21 @@
 // Tables as a reader meets them: which rows there are, in which order, and what their fields hold.
 #include "jet/recordset.h"
 
+#include <bit>
+#include <limits>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "jet/database.h"
+#include "support/database_builder.h"
 #include "support/engine_error.h"
 #include "support/jet_file.h"
 #include "support/jet_formats.h"
+#include "support/temp_folder.h"
 
 namespace zerbal::jet::test {
 namespace {
@@ -276,6 +281,68 @@ TEST_P(RecordsetTest, GoesOnBehindADamagedRow) {
   EXPECT_EQ(rows["Id"].AsLong(), 3);
 }
 
+Cell Single(float value) {
+  return Le(std::bit_cast<std::uint32_t>(value), 4);
+}
+
+const std::vector<TestColumn> kPlaces = {{"Id", ColumnType::kLong, 0, true, 0, 4},
+                                         {"X", ColumnType::kSingle, 1, true, 4, 4},
+                                         {"Y", ColumnType::kSingle, 2, true, 8, 4},
+                                         {"Name", ColumnType::kText, 3, false, 0, 100}};
+
+std::vector<int> IdsWithin(Recordset& rows, const SingleBox& box) {
+  std::vector<int> ids;
+  for (rows.MoveFirstWithin(box); !rows.Eof(); rows.MoveNextWithin(box))
+    ids.push_back(rows["Id"].AsLong());
+  return ids;
+}
+
+TEST_P(RecordsetTest, PassesOverRowsOutsideOfABox) {
+  constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
+  TestTable table(file, "T", kPlaces);
+  const std::pair<float, float> places[] = {{1, 1}, {2, 5}, {3, 2}, {kNaN, 2}, {2, 2}, {3, kNaN}, {2.5F, 3}};
+  std::uint32_t id = 0;
+  for (const auto& [x, y] : places)
+    table.Add({Le(++id, 4), Single(x), Single(y), file.Text("name")});
+  table.Finish();
+  Recordset rows = file.Open().OpenTable("T");
+  EXPECT_THAT(IdsWithin(rows, {{1, 2, 3}, {2, 2, 3}}), ElementsAre(3, 5, 7));  // bounds are inclusive
+  EXPECT_THAT(IdsWithin(rows, {{1, 1, 1}, {2, 1, 1}}), ElementsAre(1));
+  EXPECT_THAT(IdsWithin(rows, {{1, 3, 1}, {2, 0, 9}}), ElementsAre(1, 3));  // all but between 1 and 3
+  EXPECT_THAT(IdsWithin(rows, {{1, 0, 9}, {2, 5, 2}}), ElementsAre(1, 2, 3, 5));
+  EXPECT_THAT(IdsWithin(rows, {{1, 7, 8}, {2, 0, 9}}), ElementsAre());
+  EXPECT_THAT(IdsWithin(rows, {{2, 5, 5}, {1, 0, 9}}), ElementsAre(2));
+}
+
+TEST_P(RecordsetTest, PassesOverNoRowThatDoesNotHoldTwoSingles) {
+  TestTable table(file, "T", kPlaces);
+  table.Add({Le(1, 4), kNull, Single(9), kNull});
+  table.Add({Le(2, 4), Single(9), kNull, kNull});
+  table.Add({Le(3, 4), Single(9), Single(9), kNull});
+  table.Finish();
+  Recordset rows = file.Open().OpenTable("T");
+  EXPECT_THAT(IdsWithin(rows, {{1, 0, 1}, {2, 0, 1}}), ElementsAre(1, 2));
+  EXPECT_THAT(IdsWithin(rows, {{0, 0, 1}, {2, 0, 1}}), ElementsAre(1, 2, 3));  // Id is no single
+  EXPECT_THAT(IdsWithin(rows, {{1, 0, 1}, {3, 0, 1}}), ElementsAre(1, 2, 3));
+}
+
+TEST_P(RecordsetTest, ReportsADamagedRowOutsideOfABox) {
+  TestTable table(file, "T", kPlaces);
+  table.Add({Le(1, 4), Single(9), Single(9), kNull});
+  table.AddBytes({4});
+  table.Add({Le(3, 4), Single(9), Single(9), kNull});
+  table.Add({Le(4, 4), Single(1), Single(1), kNull});
+  table.Finish();
+  const SingleBox box{{1, 0, 1}, {2, 0, 1}};
+  Recordset rows = file.Open().OpenTable("T");
+  EXPECT_THAT(ReasonOf([&] { rows.MoveFirstWithin(box); }), HasSubstr("damaged"));
+  EXPECT_TRUE(rows["Id"].IsNull());  // not that of the row before
+  rows.MoveNextWithin(box);
+  EXPECT_EQ(rows["Id"].AsLong(), 4);
+  rows.MoveNextWithin(box);
+  EXPECT_TRUE(rows.Eof());
+}
+
 TEST_P(RecordsetTest, PassesOverPagesThatAreNotTheTables) {
   TestTable table(file, "T", kIdName);
   for (std::uint32_t i = 1; i <= 3; ++i) {
@@ -317,6 +384,31 @@ TEST_P(RecordsetTest, RefusesRowsThatDoNotFitTheirPage) {
   EXPECT_THAT(ReasonOf([&] { RowsOf(file, "T"); }), HasSubstr("within its page"));
   file.Put(page, count, Le(0xFFFF, 2));
   EXPECT_THAT(ReasonOf([&] { RowsOf(file, "T"); }), HasSubstr("more rows than it can hold"));
+}
+
+TEST(RecordsetOfAChangingFile, MoveFirstAndSeekReadThePagesOfRowsAgain) {
+  const zerbal::test::TempFolder folder;
+  const auto path = folder / "a.mdb";
+  zerbal::test::WriteDatabase(path, {{"T",
+                                      {zerbal::test::Text("Code")},
+                                      {zerbal::test::Index("i", "Code")},
+                                      {{"first"}, {"second"}, {"third"}}}});
+  Recordset rows = Database::Open(path).OpenTable("T");
+  rows.SetIndex("i");
+  rows.Seek("third");
+  EXPECT_FALSE(rows.NoMatch());
+  // The page loses its last row.
+  std::string bytes = zerbal::test::ReadBytes(path);
+  const std::size_t page = bytes.find("third") / 4096 * 4096;
+  ASSERT_EQ(bytes[page + 0x0C], 3);
+  bytes[page + 0x0C] = 2;
+  zerbal::test::WriteBytes(path, bytes);
+  rows.Seek("third");
+  EXPECT_TRUE(rows.NoMatch());
+  EXPECT_THAT(Rows(rows), ElementsAre("first", "second"));
+  bytes[page + 0x0C] = 3;
+  zerbal::test::WriteBytes(path, bytes);
+  EXPECT_THAT(Rows(rows), ElementsAre("first", "second", "third"));
 }
 
 }  // namespace

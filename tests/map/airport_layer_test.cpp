@@ -1,10 +1,13 @@
+#include <cmath>
 #include <limits>
+#include <random>
 
 #include <gtest/gtest.h>
 
 #include "jet/database.h"
 #include "map/layers.h"
 #include "map/map_world.h"
+#include "support/test_random.h"
 
 namespace zerbal::map {
 namespace {
@@ -108,6 +111,81 @@ TEST_F(AirportLayer, OnlyAirportsInViewAreDrawnEdgesIncluded) {
   // Markers and labels of the first two cross the edge and are drawn completely.
   EXPECT_EQ(Short(world_.Draw(Layer::kAirports)),
             (Strings{"o 0,0", "AAA@50,50", "o 6000,3000", "BBB@6050,3050"}));
+}
+
+struct Bounds {
+  float west, top, east, bottom;
+};
+
+Bounds RandomBounds(test::TestRandom& random) {
+  const auto uniform = [&](float low, float high) {
+    return std::uniform_real_distribution<float>(low, high)(random);
+  };
+  const float size = uniform(0.5F, 60);
+  const float top = uniform(0, 180 - size);
+  const float west = uniform(0, 360);
+  return {west, top, std::fmod(west + uniform(1, 340), 360.0F), top + size};
+}
+
+/// Positions on the bounds of a view and next to them.
+void AppendPositionsAround(const Viewport& view, std::vector<MapPosition>& positions) {
+  const auto append = [](float bound, const auto& at) {
+    for (const float value : {bound, std::nextafter(bound, 1000.0F), std::nextafter(bound, -1000.0F)})
+      at(value);
+  };
+  const MapPosition centre{view.MapLonMin() + view.MapLonSpan() / 2,
+                           view.MapLatMin() + view.MapLatSpan() / 2};
+  for (const float bound : {view.MapLonMin(), view.MapLonMax(), view.MapLonMax() - 360})
+    append(bound, [&](float lon) { positions.push_back({lon, centre.lat}); });
+  for (const float bound : {view.MapLatMin(), view.MapLatMax()})
+    append(bound, [&](float lat) { positions.push_back({centre.lon, lat}); });
+}
+
+TEST_F(AirportLayer, EveryViewShowsTheAirportsThatItsProjectionShows) {
+  test::TestRandom random(20261122);
+  std::vector<Bounds> views;
+  std::vector<MapPosition> positions;
+  const auto show = [this](const Bounds& bounds) {
+    world_.Show(bounds.west, bounds.top, bounds.east, bounds.bottom);
+  };
+  for (int i = 0; i < 60; ++i) {
+    views.push_back(RandomBounds(random));
+    show(views.back());
+    AppendPositionsAround(world_.viewport, positions);
+  }
+  for (std::size_t i = 0; i < positions.size(); ++i)
+    world_.allaprt.push_back(Airport(std::to_string(10'000 + i), positions[i].lon, positions[i].lat));
+  std::size_t shown = 0;
+  for (const Bounds& bounds : views) {
+    show(bounds);
+    std::vector<TwipPoint> expected, centres;
+    for (const MapPosition& position : positions)
+      if (const auto centre = world_.viewport.ProjectPoint(position))
+        expected.push_back(*centre);
+    for (const Operation& operation : world_.Draw(Layer::kAirports))
+      if (operation.kind == Operation::Kind::kCircle)
+        centres.push_back(operation.from);
+    ASSERT_TRUE(centres == expected) << bounds.west << ' ' << bounds.east;
+    shown += centres.size();
+  }
+  EXPECT_GT(shown, 3'000U);
+}
+
+TEST_F(AirportLayer, AViewOfNearly360DegreesShowsAllLongitudes) {
+  world_.allaprt = {Airport("AAA", 5, 45), Airport("BBB", 15, 45), Airport("CCC", 200, 45)};
+  world_.Show(10, 40, 9.9995F, 70);
+  world_.viewport.SetSize(3'000, 18'000);  // does not narrow the longitudes
+  world_.viewport.ComputeViewport();
+  EXPECT_EQ(Shown(), (Strings{"AAA", "BBB", "CCC"}));
+}
+
+TEST_F(AirportLayer, ADrawingShowsWhatTheFileHoldsThen) {
+  world_.allaprt = {Airport("AAA", 111.5F, 45), Airport("BBB", 112.5F, 45)};
+  EXPECT_EQ(Shown(), (Strings{"AAA", "BBB"}));
+  world_.ChangeStored({{111.5F, 20.5F}});
+  EXPECT_EQ(Shown(), Strings{"BBB"});
+  world_.ChangeStored({{20.5F, 111.5F}, {112.5F, 20.5F}});
+  EXPECT_EQ(Shown(), Strings{"AAA"});
 }
 
 TEST_F(AirportLayer, AViewThatWrapsShowsBothSidesOf360) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 
 #include "base/assert.h"
@@ -48,6 +49,12 @@ class Row {
     if (!Has(place.number))
       return std::nullopt;
     return column.fixed ? Fixed(place.fixedOffset, place.fixedLength) : Variable(place.variableIndex);
+  }
+
+  /// Where a value in the fixed part is; null for Null and when the row is too short.
+  const std::uint8_t* FixedValue(const ColumnPlace& place) const {
+    const std::size_t start = RowHeadSize(format_) + place.fixedOffset;
+    return Has(place.number) && start + place.fixedLength <= valuesEnd_ ? bytes_.Data() + start : nullptr;
   }
 
  private:

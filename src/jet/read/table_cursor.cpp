@@ -1,5 +1,6 @@
 #include "jet/read/table_cursor.h"
 
+#include <bit>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -10,6 +11,7 @@
 #include "jet/format/text.h"
 #include "jet/read/data_page.h"
 #include "jet/read/field_value.h"
+#include "jet/recordset.h"
 
 namespace zerbal::jet {
 
@@ -118,14 +120,13 @@ bool TableCursor::Stay(bool forward) {
   return !ByIndex() || Settle(true, forward);
 }
 
-/// Reads the row at the position of the walk or the index.
+/// Of the row at the position of the walk or the index.
+inline ByteView TableCursor::RowBytes() const {
+  return ByIndex() ? FollowRow(Pages(), page_, pointer_.row, table_->page) : walk_.RowBytes();
+}
+
 void TableCursor::LoadRow() {
-  ByteView bytes;
-  if (ByIndex())
-    bytes = FollowRow(Pages(), page_, pointer_.row, table_->page);
-  else
-    bytes = walk_.RowBytes();
-  row_ = Row(bytes, Pages().FileFormat(), table_->hasVariableColumns);
+  row_ = Row(RowBytes(), Pages().FileFormat(), table_->hasVariableColumns);
 }
 
 /// Ends a step: reads the row that was found, or sets the state to `otherwise`.
@@ -159,6 +160,56 @@ void TableCursor::MovePrevious() {
     return;
   Guarded(
       [this] { Arrive(state_ == State::kAfterLast ? Stay(false) : StepPrevious(), State::kBeforeFirst); });
+}
+
+namespace {
+
+/// Whether a row holds two singles in its fixed part that are outside of the box.
+inline bool IsOutside(const Row& row, const SingleBox& box, const ColumnPlace& first,
+                      const ColumnPlace& second) {
+  const std::uint8_t* firstAt = row.FixedValue(first);
+  const std::uint8_t* secondAt = row.FixedValue(second);
+  return firstAt != nullptr && secondAt != nullptr &&
+         !(box.first.Contains(std::bit_cast<float>(LoadU32(firstAt))) &&
+           box.second.Contains(std::bit_cast<float>(LoadU32(secondAt))));
+}
+
+}  // namespace
+
+/// Whether the column holds singles in the fixed part of rows.
+bool TableCursor::IsFixedSingle(int column) const {
+  const ColumnInfo& info = Column(column);
+  return info.type == ColumnType::kSingle && info.fixed && Place(column).fixedLength == sizeof(float);
+}
+
+/// Moves on from rows that are outside of the box.
+void TableCursor::PassOver(const SingleBox& box) {
+  if (state_ != State::kOnRow || !IsFixedSingle(box.first.field) || !IsFixedSingle(box.second.field))
+    return;
+  const ColumnPlace& first = Place(box.first.field);
+  const ColumnPlace& second = Place(box.second.field);
+  const Format format = Pages().FileFormat();
+  const bool variable = table_->hasVariableColumns;
+  Row row = row_;
+  row_ = Row();  // as Arrive does
+  while (IsOutside(row, box, first, second)) {
+    if (!StepNext()) {
+      state_ = State::kAfterLast;
+      return;
+    }
+    row = Row(RowBytes(), format, variable);
+  }
+  row_ = row;
+}
+
+void TableCursor::MoveFirstWithin(const SingleBox& box) {
+  MoveFirst();
+  Guarded([&] { PassOver(box); });
+}
+
+void TableCursor::MoveNextWithin(const SingleBox& box) {
+  MoveNext();
+  Guarded([&] { PassOver(box); });
 }
 
 void TableCursor::Seek(std::string_view key) {

@@ -23,6 +23,8 @@
 
 namespace zerbal::jet {
 
+struct SingleBox;
+
 class TableCursor {
  public:
   TableCursor(std::shared_ptr<const DatabaseState> database, std::shared_ptr<const TableDefinition> table);
@@ -39,6 +41,8 @@ class TableCursor {
   void MoveFirst();
   void MoveNext();
   void MovePrevious();
+  void MoveFirstWithin(const SingleBox& box);
+  void MoveNextWithin(const SingleBox& box);
   bool Eof() const { return state_ == State::kAfterLast || state_ == State::kNowhere; }
   bool Bof() const { return state_ == State::kBeforeFirst || state_ == State::kNowhere; }
   bool OnRow() const { return state_ == State::kOnRow; }
@@ -80,9 +84,12 @@ class TableCursor {
   bool StepNext();
   bool StepPrevious();
   bool Stay(bool forward);
+  ByteView RowBytes() const;
   void LoadRow();
   std::string LoadText(int column);
   void Arrive(bool found, State otherwise);
+  void PassOver(const SingleBox& box);
+  bool IsFixedSingle(int column) const;
   bool SeekByKey(std::string_view key);
   bool SeekByText(std::string_view key);
   std::unique_ptr<TextLookup> MakeLookup(int column);
