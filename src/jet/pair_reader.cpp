@@ -152,13 +152,24 @@ std::size_t PairReader::State::ReadPlainRows(std::span<LongPair> out) {
   const std::uint64_t columnCount = layout.columnCount;
   std::uint64_t different = 0;
   std::uint64_t present = nullBits;
-  for (LongPair& pair : out.first(count)) {
-    row -= length;
-    different |= LoadU64(row) ^ columnCount;
-    present &= LoadU64(row + length - sizeof present);
-    pair = {static_cast<std::int32_t>(LoadU32(row + first)),
-            static_cast<std::int32_t>(LoadU32(row + second))};
-  }
+  const auto decode = [&](const auto& load) {
+    for (LongPair& pair : out.first(count)) {
+      row -= length;
+      different |= LoadU64(row) ^ columnCount;
+      present &= LoadU64(row + length - sizeof present);
+      pair = load();
+    }
+  };
+  if (second == first + sizeof(LongPair::first))  // the columns are neighbours, as in all map files
+    decode([&] {
+      const std::uint64_t both = LoadU64(row + first);
+      return LongPair{static_cast<std::int32_t>(both), static_cast<std::int32_t>(both >> 32)};
+    });
+  else
+    decode([&] {
+      return LongPair{static_cast<std::int32_t>(LoadU32(row + first)),
+                      static_cast<std::int32_t>(LoadU32(row + second))};
+    });
   if ((different & columnCountMask) != 0 || present != nullBits)
     return 0;
   nextRow += static_cast<unsigned>(count);

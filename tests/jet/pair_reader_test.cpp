@@ -84,6 +84,8 @@ TEST_P(PairReaderTest, AgreesWithTheRecordsetOnEveryKindOfRow) {
   EXPECT_THAT(expected, ElementsAre(Pair(1, 2), Pair(3, 4), Pair(5, 6), Pair(7, 8)));
 }
 
+constexpr std::uint32_t kRowsOfPage = 9;
+
 /// The rows that can be read, and the reason why others cannot.
 using Outcome = std::pair<std::vector<Pair>, std::string>;
 
@@ -107,40 +109,60 @@ Outcome ReadByPairs(PairReader reader, std::size_t batch) {
   return outcome;
 }
 
+struct Deviation {
+  Bytes row;
+  std::uint16_t flags = 0;
+};
+
+/// Rows that differ from the usual ones of a table, of which they are made, in one respect each.
+std::vector<Deviation> Deviations(const TestTable& table) {
+  const Bytes usual = table.RowBytes({Le(7, 4), Le(8, 4)});
+  return {{usual},
+          {usual, 0x8000},
+          {usual, 0x4000},
+          {table.RowBytes({Le(7, 4), kNull})},
+          {table.RowBytes({kNull, Le(8, 4)})},
+          {usual + Bytes{usual.back()}},
+          {{2}},
+          {Bytes(usual.size(), 0xFF)},
+          {Bytes()}};
+}
+
+/// Writes a table of two pages whose second one has `deviation` at row `at`.
+void AddDeviatingTable(JetFile& file, const std::vector<TestColumn>& columns, std::uint32_t at,
+                       std::size_t kind) {
+  TestTable table(file, "T", columns);
+  for (std::uint32_t i = 0; i < 2 * kRowsOfPage; ++i) {
+    if (i == kRowsOfPage)
+      table.StartPage();
+    if (i == kRowsOfPage + at) {
+      const Deviation deviation = Deviations(table).at(kind);
+      table.AddBytes(deviation.row, deviation.flags);
+    } else {
+      table.Add({Le(i, 4), Le(100 + i, 4)});
+    }
+  }
+  table.Finish();
+}
+
 TEST_P(PairReaderTest, AgreesWithTheRecordsetWhereverOneRowOfAPageDeviates) {
-  struct Deviation {
-    Bytes row;
-    std::uint16_t flags = 0;
-  };
-  constexpr std::uint32_t kRows = 9;  // per page
-  TestTable format(file, "T", lonLat);
-  const Bytes usual = format.RowBytes({Le(7, 4), Le(8, 4)});
-  const Deviation deviations[] = {{usual},
-                                  {usual, 0x8000},
-                                  {usual, 0x4000},
-                                  {format.RowBytes({Le(7, 4), kNull})},
-                                  {format.RowBytes({kNull, Le(8, 4)})},
-                                  {usual + Bytes{usual.back()}},
-                                  {{2}},
-                                  {Bytes(usual.size(), 0xFF)},
-                                  {Bytes()}};
-  for (std::uint32_t at = 0; at < kRows; ++at) {
-    for (const Deviation& deviation : deviations) {
-      file = JetFile(GetParam());
-      TestTable table(file, "T", lonLat);
-      for (std::uint32_t i = 0; i < 2 * kRows; ++i) {
-        if (i == kRows)
-          table.StartPage();
-        const bool deviates = i == kRows + at;
-        table.AddBytes(deviates ? deviation.row : table.RowBytes({Le(i, 4), Le(100 + i, 4)}),
-                       deviates ? deviation.flags : std::uint16_t{0});
+  const std::vector<TestColumn> orders[] = {
+      lonLat,
+      {{"Lat", ColumnType::kLong, 0, true, 0, 4}, {"Lon", ColumnType::kLong, 1, true, 4, 4}},
+      {{"Lon", ColumnType::kLong, 0, true, 2, 4}, {"Lat", ColumnType::kLong, 60, true, 9, 4}},
+      {{"Lon", ColumnType::kLong, 0, true, 0, 4}, {"Lat", ColumnType::kLong, 90, true, 4, 4}}};
+  for (const auto& columns : orders) {
+    const std::size_t kinds = Deviations(TestTable(file, "T", columns)).size();
+    for (std::uint32_t at = 0; at < kRowsOfPage; ++at) {
+      for (std::size_t kind = 0; kind < kinds; ++kind) {
+        file = JetFile(GetParam());
+        AddDeviatingTable(file, columns, at, kind);
+        const Database database = file.Open();
+        const Outcome expected = ReadByRecordset(database);
+        for (const std::size_t batch : {1, 4, 11, 100})
+          EXPECT_EQ(ReadByPairs(PairReader(database.OpenTable("T"), "Lon", "Lat"), batch), expected)
+              << at << ' ' << kind;
       }
-      table.Finish();
-      const Database database = file.Open();
-      const Outcome expected = ReadByRecordset(database);
-      for (const std::size_t batch : {1, 4, 11, 100})
-        EXPECT_EQ(ReadByPairs(PairReader(database.OpenTable("T"), "Lon", "Lat"), batch), expected)
-            << at << ' ' << (&deviation - deviations);
     }
   }
 }

@@ -13,6 +13,14 @@ bool IsAscii(std::string_view text) {
   return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80 && c != '\0'; });
 }
 
+/// The text of a compressed one that is ASCII: its bytes are also those of its UTF-8 form. Empty for others.
+std::string_view PlainText(ByteView bytes) {
+  if (!IsCompressed(bytes))
+    return {};
+  const std::string_view text = bytes.From(kCompressedMark.size()).Chars();
+  return IsAscii(text) ? text : std::string_view();
+}
+
 }  // namespace
 
 std::string UnpackToUtf16(ByteView bytes) {
@@ -35,6 +43,11 @@ std::string UnpackToUtf16(ByteView bytes) {
 }
 
 void AppendStoredText(ByteView bytes, const CodePage* codePage, std::string& out) {
+  const std::string_view plain = codePage == nullptr ? PlainText(bytes) : "";
+  if (!plain.empty()) {
+    out += plain;
+    return;
+  }
   DecodeText(bytes, codePage, [&out](char32_t c) {
     base::AppendUtf8(c, out);
     return true;
