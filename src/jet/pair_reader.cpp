@@ -155,6 +155,7 @@ std::size_t PairReader::State::ReadPlainRows(std::span<LongPair> out) {
   const auto decode = [&](const auto& load) {
     for (LongPair& pair : out.first(count)) {
       row -= length;
+      Prefetch(row, bytes.Size());
       different |= LoadU64(row) ^ columnCount;
       present &= LoadU64(row + length - sizeof present);
       pair = load();

@@ -197,7 +197,9 @@ void TableCursor::PassOver(const SingleBox& box) {
       state_ = State::kAfterLast;
       return;
     }
-    row = Row(RowBytes(), format, variable);
+    const ByteView bytes = RowBytes();
+    Prefetch(bytes.Data(), Pages().PageSize());
+    row = Row(bytes, format, variable);
   }
   row_ = row;
 }
