@@ -90,6 +90,13 @@ std::string_view FieldText(const CsvRecord& record, std::optional<std::size_t> c
   return column && *column < record.fields.size() ? Trimmed(record.fields[*column].text) : std::string_view();
 }
 
+std::string UpperAscii(std::string_view text) {
+  std::string upper(text);
+  std::ranges::transform(upper, upper.begin(),
+                         [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
+  return upper;
+}
+
 std::optional<int> WholeNumber(std::string_view text) {
   return WholeText<int>(Trimmed(text));
 }

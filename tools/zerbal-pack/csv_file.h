@@ -59,6 +59,9 @@ class CsvHeader {
 /// The field without blanks at both ends; empty when the record has no such column.
 std::string_view FieldText(const CsvRecord& record, std::optional<std::size_t> column);
 
+/// With capitals for the letters a to z.
+std::string UpperAscii(std::string_view text);
+
 /// Whole and decimal numbers with blanks around them; nullopt for anything else.
 std::optional<int> WholeNumber(std::string_view text);
 std::optional<double> DecimalNumber(std::string_view text, bool decimalComma = false);

@@ -1,9 +1,8 @@
 #include "zerbal-pack/import_options.h"
 
-#include <algorithm>
-#include <iterator>
 #include <span>
 #include <string_view>
+#include <utility>
 
 #include <fmt/format.h>
 
@@ -79,8 +78,6 @@ FlightFilter ToFilter(const ImportWords& words) {
     filter.days = *days;
   }
   filter.airline = words.airline;
-  std::ranges::transform(filter.airline, filter.airline.begin(),
-                         [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
   return filter;
 }
 

@@ -20,7 +20,7 @@ enum class AirportCodes { kIcao, kIata };
 struct FlightFilter {
   Period period;
   Weekdays days = kEveryDay;
-  std::string airline;  ///< upper case; empty: all
+  std::string airline;  ///< letter case does not matter; empty: all
 
   bool Takes(std::string_view flightAirline, const Operation& operation) const;
 };

@@ -78,10 +78,7 @@ class RouteReader {
   }
 
   std::string Airline() {
-    std::string airline(OpenFlightsText(record_, 0));
-    std::ranges::transform(airline, airline.begin(), [](char c) {
-      return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-    });
+    std::string airline = UpperAscii(OpenFlightsText(record_, 0));
     if (airline.empty())
       Report(Severity::kError, "airline", "is empty");
     else if (std::ranges::any_of(airline, [](char c) { return c <= ' ' || c > '~'; }))

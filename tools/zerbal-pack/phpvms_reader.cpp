@@ -20,13 +20,6 @@ namespace {
 constexpr CsvForm kPhpVmsForm{.backslashEscapes = true, .lenient = true};
 constexpr std::size_t kLongestPhpVmsName = 20;  // characters of a flight in the database
 
-std::string UpperAscii(std::string_view text) {
-  std::string upper(text);
-  std::ranges::transform(upper, upper.begin(),
-                         [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
-  return upper;
-}
-
 bool IsDigits(std::string_view text) {
   return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
 }
