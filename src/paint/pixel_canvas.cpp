@@ -78,7 +78,8 @@ void PixelCanvas::Block(std::int64_t x, std::int64_t y, std::int64_t width, std:
 
 void PixelCanvas::SoftBlock(std::int64_t x, std::int64_t y, std::int64_t width, std::int64_t height,
                             std::int32_t edge, const LineInk& ink) {
-  Block(x, y, width, height, ink.Colour());
+  y -= top_;
+  Block(x, y, width, height, ink.Colour(), false);
   if (edge == 0)
     return;
   const auto cover = [&](const Area& area, std::int32_t coverage) {
