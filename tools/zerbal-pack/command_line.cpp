@@ -64,6 +64,10 @@ void AddArguments(CLI::App& app, CommandLine& line) {
     AddFlag(app, "--schema", line.schema);
   } else if (line.command == "check") {
     app.add_option("DIR", line.folder)->required();
+  } else if (line.command == "diff") {
+    app.add_option("OLD", line.before)->required();
+    app.add_option("NEW", line.after)->required();
+    AddOption(app, "--csv", line.csvFolder);
   } else {
     throw base::UsageError(fmt::format("there is no command '{}'", line.command));
   }

@@ -25,13 +25,14 @@ struct AirportsWords {
 
 /// What the user asks for. Commands set the members that belong to them; texts that are not given are empty.
 struct CommandLine {
-  std::string command;  ///< "build", "import", "airports", "schedule", "export", "check", "--help" or
+  std::string command;  ///< "build", "import", "airports", "schedule", "export", "check", "diff", "--help" or
                         ///< "--version"
   std::string out;      ///< build: the folder, schedule: the file
   std::string detail = "high", sources;         // build
   std::string services, destinations, flights;  // schedule
   std::string file, folder, table, index;       // export; check: the folder
   bool schema = false;                          // export
+  std::string before, after, csvFolder;         // diff
   ImportWords import;
   AirportsWords airports;
 };

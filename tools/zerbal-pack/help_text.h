@@ -14,6 +14,7 @@ inline constexpr const char* kHelpText = R"(Usage:
               [--ils unknown=no|unknown=estimate]
   zerbal-pack export FILE.mdb DIR [--table NAME] [--index NAME] [--schema]
   zerbal-pack check DIR
+  zerbal-pack diff OLD NEW [--csv DIR]
 
 build      makes a complete set of sample data in DIR: the folders app_data and app_map.
              --detail  resolution of the map, high when not given (full needs the package gmt-gshhg-full)
@@ -46,11 +47,15 @@ export     writes each table of a database as DIR/TABLE.csv.
              --index   rows in the order of this index
              --schema  also DIR/schema.csv: columns, types and indexes
 check      says what is missing or wrong in the folders app_data and app_map of DIR.
+diff       says which flights and destinations of the schedule NEW are not those of OLD. Each is a database,
+           a folder with app_data, or a folder with services.csv, destinations.csv and flights.csv.
+             --csv  also writes each kind of difference as a file in DIR
 
   --help     prints this
   --version  prints the version
 
-Exit status: 0 all is well, 1 something is wrong with the data or a file, 2 the command makes no sense.
+Exit status: 0 all is well, 1 something is wrong with the data or a file, 2 the command makes no sense;
+of diff: 0 the schedules are equal, 1 they differ, 2 they cannot be compared.
 The sample data is made up or estimated in parts and not for navigation.
 )";
 

@@ -38,7 +38,7 @@ int main(int argc, char** argv) {
   const int status = zerbal::pack::RunPack(words, context);
   if (!std::cout.flush()) {
     std::cerr << "zerbal-pack: cannot write to the standard output\n";
-    return zerbal::pack::kExitBadData;
+    return zerbal::pack::FailureStatus(words);
   }
   return status;
 }

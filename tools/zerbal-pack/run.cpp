@@ -11,6 +11,7 @@
 #include "zerbal-pack/build.h"
 #include "zerbal-pack/check.h"
 #include "zerbal-pack/command_line.h"
+#include "zerbal-pack/diff_command.h"
 #include "zerbal-pack/export.h"
 #include "zerbal-pack/help_text.h"
 #include "zerbal-pack/import_command.h"
@@ -130,6 +131,8 @@ int RunCommand(const CommandLine& line, const RunContext& context) {
     return Export(line, context);
   if (line.command == "check")
     return Check(line, context);
+  if (line.command == "diff")
+    return DiffSchedules({line.before, line.after, line.csvFolder}, context.out, context.err);
   if (line.command == "--version")
     context.out << "zerbal-pack " << ZERBAL_VERSION << "\n";
   else
@@ -147,8 +150,12 @@ int RunPack(const std::vector<std::string>& words, const RunContext& context) {
     return kExitBadUsage;
   } catch (const std::exception& error) {
     context.err << "zerbal-pack: " << error.what() << "\n";
-    return kExitBadData;
+    return FailureStatus(words);
   }
+}
+
+int FailureStatus(const std::vector<std::string>& words) {
+  return !words.empty() && words.front() == "diff" ? kExitNotCompared : kExitBadData;
 }
 
 fs::path FindSources(const fs::path& executable) {

@@ -23,6 +23,10 @@ struct RunContext {
 /// Runs one command; `words` are those after the program's name.
 int RunPack(const std::vector<std::string>& words, const RunContext& context);
 
+/// The exit status when the command cannot do its work. That of `diff` is not the one for schedules that
+/// differ.
+int FailureStatus(const std::vector<std::string>& words);
+
 /// The folder with the CSV files of the sample data: that of the source tree in which the executable was
 /// built, or of its installation. Empty when there is none.
 std::filesystem::path FindSources(const std::filesystem::path& executable);
