@@ -38,6 +38,30 @@ void AddImportArguments(CLI::App& app, ImportWords& words) {
   AddFlag(app, "--strict", words.strict);
 }
 
+/// Those of the commands that change no database. False when the command is none of them.
+bool AddReadingArguments(CLI::App& app, CommandLine& line) {
+  if (line.command == "export") {
+    app.add_option("FILE.mdb", line.file)->required();
+    app.add_option("DIR", line.folder)->required();
+    AddOption(app, "--table", line.table);
+    AddOption(app, "--index", line.index);
+    AddFlag(app, "--schema", line.schema);
+  } else if (line.command == "check") {
+    app.add_option("DIR", line.folder)->required();
+  } else if (line.command == "diff") {
+    app.add_option("OLD", line.before)->required();
+    app.add_option("NEW", line.after)->required();
+    AddOption(app, "--csv", line.csvFolder);
+  } else if (line.command == "stats") {
+    app.add_option("DIR", line.stats.source)->required();
+    AddFlag(app, "--csv", line.stats.csv);
+    AddFlag(app, "--json", line.stats.json);
+  } else {
+    return false;
+  }
+  return true;
+}
+
 /// The options and arguments of the line's command.
 void AddArguments(CLI::App& app, CommandLine& line) {
   if (line.command == "build") {
@@ -56,19 +80,7 @@ void AddArguments(CLI::App& app, CommandLine& line) {
     AddOption(app, "--out", line.airports.out, true);
     AddOption(app, "--min-runway", line.airports.minRunway);
     AddOption(app, "--ils", line.airports.ils);
-  } else if (line.command == "export") {
-    app.add_option("FILE.mdb", line.file)->required();
-    app.add_option("DIR", line.folder)->required();
-    AddOption(app, "--table", line.table);
-    AddOption(app, "--index", line.index);
-    AddFlag(app, "--schema", line.schema);
-  } else if (line.command == "check") {
-    app.add_option("DIR", line.folder)->required();
-  } else if (line.command == "diff") {
-    app.add_option("OLD", line.before)->required();
-    app.add_option("NEW", line.after)->required();
-    AddOption(app, "--csv", line.csvFolder);
-  } else {
+  } else if (!AddReadingArguments(app, line)) {
     throw base::UsageError(fmt::format("there is no command '{}'", line.command));
   }
 }

@@ -23,10 +23,16 @@ struct AirportsWords {
   std::string out, minRunway, ils;
 };
 
+/// The words of `stats`, which ToStatsOptions() understands.
+struct StatsWords {
+  std::string source;
+  bool csv = false, json = false;
+};
+
 /// What the user asks for. Commands set the members that belong to them; texts that are not given are empty.
 struct CommandLine {
-  std::string command;  ///< "build", "import", "airports", "schedule", "export", "check", "diff", "--help" or
-                        ///< "--version"
+  std::string command;  ///< "build", "import", "airports", "schedule", "export", "check", "diff", "stats",
+                        ///< "--help" or "--version"
   std::string out;      ///< build: the folder, schedule: the file
   std::string detail = "high", sources;         // build
   std::string services, destinations, flights;  // schedule
@@ -35,6 +41,7 @@ struct CommandLine {
   std::string before, after, csvFolder;         // diff
   ImportWords import;
   AirportsWords airports;
+  StatsWords stats;
 };
 
 /// Reads the words after the program's name. Options may stand anywhere after the command, as "--out DIR" or

@@ -17,11 +17,8 @@ namespace zerbal::pack {
 /// Records in the form that `export` writes: texts in quotes, numbers without.
 class CsvText {
  public:
-  explicit CsvText(std::initializer_list<std::string_view> titles) {
-    for (const std::string_view title : titles)
-      AddText(title);
-    EndRecord();
-  }
+  explicit CsvText(std::initializer_list<std::string_view> titles) { AddTitles(titles); }
+  explicit CsvText(const std::vector<std::string>& titles) { AddTitles(titles); }
 
   void AddText(std::string_view text) {
     BeginField();
@@ -39,6 +36,13 @@ class CsvText {
   const std::string& Text() const { return text_; }
 
  private:
+  template <typename Titles>
+  void AddTitles(const Titles& titles) {
+    for (const std::string_view title : titles)
+      AddText(title);
+    EndRecord();
+  }
+
   void BeginField() { text_ += std::exchange(first_, false) ? "" : ","; }
 
   std::string text_;

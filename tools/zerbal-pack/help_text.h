@@ -15,6 +15,7 @@ inline constexpr const char* kHelpText = R"(Usage:
   zerbal-pack export FILE.mdb DIR [--table NAME] [--index NAME] [--schema]
   zerbal-pack check DIR
   zerbal-pack diff OLD NEW [--csv DIR]
+  zerbal-pack stats DIR [--csv | --json]
 
 build      makes a complete set of sample data in DIR: the folders app_data and app_map.
              --detail  resolution of the map, high when not given (full needs the package gmt-gshhg-full)
@@ -50,6 +51,9 @@ check      says what is missing or wrong in the folders app_data and app_map of 
 diff       says which flights and destinations of the schedule NEW are not those of OLD. Each is a database,
            a folder with app_data, or a folder with services.csv, destinations.csv and flights.csv.
              --csv  also writes each kind of difference as a file in DIR
+stats      prints figures of the schedule of DIR, which may be all that diff reads: flights, legs, airports,
+           kilometres, the shortest and the longest leg, the busiest airports and pairs of them.
+             --csv, --json  in this format instead of text
 
   --help     prints this
   --version  prints the version

@@ -17,6 +17,7 @@
 #include "zerbal-pack/import_command.h"
 #include "zerbal-pack/map_build.h"
 #include "zerbal-pack/progress.h"
+#include "zerbal-pack/stats_command.h"
 #include "zerbal-pack/write_tables.h"
 
 namespace zerbal::pack {
@@ -133,6 +134,8 @@ int RunCommand(const CommandLine& line, const RunContext& context) {
     return Check(line, context);
   if (line.command == "diff")
     return DiffSchedules({line.before, line.after, line.csvFolder}, context.out, context.err);
+  if (line.command == "stats")
+    return PrintStats(ToStatsOptions(line.stats), context.out, context.err) ? kExitGood : kExitBadData;
   if (line.command == "--version")
     context.out << "zerbal-pack " << ZERBAL_VERSION << "\n";
   else

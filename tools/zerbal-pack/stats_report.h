@@ -1,0 +1,24 @@
+// The figures of a schedule for people and for other programs.
+#pragma once
+
+#include <iosfwd>
+#include <string>
+#include <string_view>
+
+#include "zerbal-pack/schedule_stats.h"
+
+namespace zerbal::pack {
+
+/// One paragraph for all flights and one for each service.
+void PrintFigures(const ScheduleFigures& figures, std::ostream& out);
+
+/// One record for all flights, whose service is empty, and one for each service.
+void PrintFiguresAsCsv(const ScheduleFigures& figures, std::ostream& out);
+
+/// An object with the members `all`, an object, and `services`, a list of such objects.
+void PrintFiguresAsJson(const ScheduleFigures& figures, std::ostream& out);
+
+/// A string of JSON, in quotes, from UTF-8.
+std::string JsonText(std::string_view text);
+
+}  // namespace zerbal::pack
