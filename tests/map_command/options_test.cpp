@@ -35,6 +35,13 @@ TEST(MapOptions, TheSuffixSelectsTheFormat) {
   EXPECT_EQ(Parse("--out a.pdf")->kind, MapFileKind::kPdf);
 }
 
+TEST(MapOptions, TheSuffixSelectsMapData) {
+  EXPECT_EQ(Parse("--out a.GeoJSON")->routes, RouteFileKind::kGeoJson);
+  EXPECT_FALSE(Parse("--out a.svg")->routes);
+  EXPECT_EQ(Complaint("--out a.json"), "--out: 'a.json' ends in none of .png, .svg, .pdf and .geojson");
+  EXPECT_EQ(Complaint("--out a.geojson --paper A0 --dpi 700"), "(none)") << "it has no pixels";
+}
+
 TEST(MapOptions, DotsPerInchDivideTheDrawingArea) {
   const Options options = Parse("--out a.png --size 2560x1800 --dpi 192").value();
   EXPECT_EQ(options.PixelSize(), QSize(2560, 1800));
@@ -83,7 +90,7 @@ TEST(MapOptions, LimitsHaveFourForms) {
 TEST(MapOptions, EachInvalidValueIsReported) {
   const std::pair<const char*, const char*> cases[] = {
       {"", "--out FILE is missing"},
-      {"--out a.gif", "'a.gif' ends neither in .png nor in .svg nor in .pdf"},
+      {"--out a.gif", "'a.gif' ends in none of .png, .svg, .pdf and .geojson"},
       {"--out a.png --colour red", "colour"},
       {"--out a.png europe", "'europe' belongs to no option"},
       {"--out a.png --out b.png", "--out is given more than once"},

@@ -8,6 +8,7 @@
 #include "data/flight_lists.h"
 #include "paint/draw_log.h"
 #include "settings/ini_file.h"
+#include "zerbal-map/gather_routes.h"
 
 namespace zerbal::mapcommand {
 namespace {
@@ -158,10 +159,18 @@ void MapJob::ChooseFlights() {
   flights_.selectedFlights = data::FlightsTouching(source, airport, {}, false).keys;
 }
 
+map::MapScene MapJob::Scene() const {
+  return {*viewport_,        options_.display,  style_,   services_,          *databases_,
+          options_.criteria, options_.criteria, flights_, paint::LogDrawError};
+}
+
 void MapJob::Draw(map::Surface& surface) {
-  const map::MapScene scene{*viewport_,        options_.display,  style_,   services_,          *databases_,
-                            options_.criteria, options_.criteria, flights_, paint::LogDrawError};
-  map::DrawMap(scene, surface);
+  map::DrawMap(Scene(), surface);
+}
+
+Routes MapJob::GatherRoutes() const {
+  return mapcommand::GatherRoutes(Scene(),
+                                  options_.ShowsWorld() ? map::FlightExtent::kAll : map::FlightExtent::kView);
 }
 
 }  // namespace zerbal::mapcommand

@@ -8,6 +8,7 @@
 #include "data/map_style.h"
 #include "map/draw_map.h"
 #include "zerbal-map/options.h"
+#include "zerbal-map/routes.h"
 
 namespace zerbal::mapcommand {
 
@@ -20,12 +21,17 @@ class MapJob {
   /// Draws the map as the map window does; the surface's area has the options' logical size.
   void Draw(map::Surface& surface);
 
+  /// What Draw shows of flights and airports, as map data. Without a view, or with the world, nothing is left
+  /// out, not even what the widest view does not show.
+  Routes GatherRoutes() const;
+
  private:
   void LoadTables();
   void ReadSettings();
   void ChooseView();
   void ChooseFlights();
   void ShowServices();
+  map::MapScene Scene() const;
 
   const Options options_;
   std::optional<data::Databases> databases_;

@@ -91,10 +91,18 @@ QSize ParseSize(const QString& text) {
   return size;
 }
 
-MapFileKind ParseKind(const QString& file) {
-  if (const auto kind = paint::KindOfMapFile(file))
-    return *kind;
-  throw UsageError(QString("--out: '%1' ends neither in .png nor in .svg nor in .pdf").arg(file));
+void ReadKind(const QString& file, Options& options) {
+  constexpr std::pair<const char*, RouteFileKind> kRouteFiles[] = {{".geojson", RouteFileKind::kGeoJson}};
+  for (const auto& [ending, kind] : kRouteFiles) {
+    if (file.endsWith(ending, Qt::CaseInsensitive)) {
+      options.routes = kind;
+      return;
+    }
+  }
+  const auto kind = paint::KindOfMapFile(file);
+  if (!kind)
+    throw UsageError(QString("--out: '%1' ends in none of .png, .svg, .pdf and .geojson").arg(file));
+  options.kind = *kind;
 }
 
 bool ParseYesNo(const QString& text, const QString& option) {
@@ -164,7 +172,8 @@ void ReadSize(const Reader& reader, Options& options) {
   if (reader.Has("paper"))
     options.paperInches = ParsePaper(reader.Value("paper"));
   const QSize pixels = options.PixelSize();
-  if (options.kind == MapFileKind::kPng && std::max(pixels.width(), pixels.height()) > kLargestSide) {
+  if (!options.routes && options.kind == MapFileKind::kPng &&
+      std::max(pixels.width(), pixels.height()) > kLargestSide) {
     throw UsageError(QString("--paper at this --dpi makes %1 x %2 pixels; at most %3 a side are possible")
                          .arg(pixels.width())
                          .arg(pixels.height())
@@ -217,6 +226,10 @@ QSizeF Options::LogicalSize() const {
   return paperInches ? *paperInches * kScreenDpi : QSizeF(pixels) * (kScreenDpi / dpi);
 }
 
+bool Options::ShowsWorld() const {
+  return !bounds && (!region || QString::fromStdString(*region).compare("World", Qt::CaseInsensitive) == 0);
+}
+
 QSize Options::PixelSize() const {
   return paperInches ? QSize(static_cast<int>(std::lround(paperInches->width() * dpi)),
                              static_cast<int>(std::lround(paperInches->height() * dpi)))
@@ -231,7 +244,7 @@ std::optional<Options> ParseOptions(const QStringList& words) {
     throw UsageError("--out FILE is missing");
   Options options;
   options.outputFile = reader.Path("out");
-  options.kind = ParseKind(reader.Value("out"));
+  ReadKind(reader.Value("out"), options);
   if (reader.Has("data"))
     options.dataFolder = reader.Path("data");
   if (reader.Has("settings"))

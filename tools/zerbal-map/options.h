@@ -32,11 +32,15 @@ struct GeoBounds {
 using paint::kScreenDpi;
 using paint::MapFileKind;
 
+/// Files of routes instead of a drawing.
+enum class RouteFileKind { kGeoJson };
+
 struct Options {
   std::string dataFolder = ".";
   std::optional<std::string> settingsFile;
   std::string outputFile;
   MapFileKind kind = MapFileKind::kPng;
+  std::optional<RouteFileKind> routes;  ///< counts instead of `kind`
 
   std::optional<std::string> region;  ///< code or name; neither this nor bounds: the world
   std::optional<GeoBounds> bounds;
@@ -53,6 +57,8 @@ struct Options {
 
   /// The drawing area in logical pixels of 1/96 inch.
   QSizeF LogicalSize() const;
+  /// No view is given, or the world.
+  bool ShowsWorld() const;
   /// The picture's size in device pixels.
   QSize PixelSize() const;
 };

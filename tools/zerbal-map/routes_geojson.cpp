@@ -1,0 +1,105 @@
+#include "zerbal-map/routes_geojson.h"
+
+#include <string_view>
+#include <type_traits>
+
+#include "base/utf8.h"
+#include "zerbal-map/route_line.h"
+
+namespace zerbal::mapcommand {
+namespace {
+
+/// In quotation marks. Invalid bytes become the replacement character.
+std::string Quoted(std::string_view text) {
+  constexpr char kDigits[] = "0123456789abcdef";
+  std::string quoted = "\"";
+  while (!text.empty()) {
+    const char32_t character = base::TakeUtf8(text);
+    if (character == '"' || character == '\\')
+      quoted.append({'\\', static_cast<char>(character)});
+    else if (character < 0x20)
+      quoted.append("\\u00").append({kDigits[character / 16], kDigits[character % 16]});
+    else
+      base::AppendUtf8(character, quoted);
+  }
+  return quoted + '"';
+}
+
+std::string ValueText(const Attribute& attribute) {
+  return std::visit(
+      [](const auto& value) -> std::string {
+        using Type = std::decay_t<decltype(value)>;
+        if constexpr (std::is_same_v<Type, std::monostate>)
+          return "null";
+        else if constexpr (std::is_same_v<Type, std::string>)
+          return Quoted(value);
+        else if constexpr (std::is_same_v<Type, bool>)
+          return value ? "true" : "false";
+        else if constexpr (std::is_same_v<Type, double>)
+          return NumberText(value, kLengthDecimals);
+        else
+          return std::to_string(value);
+      },
+      attribute.value);
+}
+
+std::string PositionText(GeoPosition position) {
+  return "[" + NumberText(position.lon, kDegreeDecimals) + "," + NumberText(position.lat, kDegreeDecimals) +
+         "]";
+}
+
+std::string LineText(const RouteLine& line) {
+  std::string text;
+  for (const GeoPosition position : line)
+    text.append(text.empty() ? "[" : ",").append(PositionText(position));
+  return text + "]";
+}
+
+std::string FlightGeometry(const RouteFlight& flight) {
+  std::string text;
+  for (const RouteLine& line : CutAtAntimeridian(flight.points, CutAt::kStraightLine))
+    text.append(text.empty() ? "[" : ",").append(LineText(line));
+  return text.empty() ? "null" : R"({"type":"MultiLineString","coordinates":)" + text + "]}";
+}
+
+std::string AirportGeometry(const RouteAirport& airport) {
+  return R"({"type":"Point","coordinates":)" + PositionText(airport.position) + "}";
+}
+
+std::string Feature(std::string_view kind, const std::vector<Attribute>& attributes, const std::string& style,
+                    const std::string& geometry) {
+  std::string text = R"({"type":"Feature","properties":{"kind":)" + Quoted(kind);
+  for (const Attribute& attribute : attributes)
+    text.append(",").append(Quoted(attribute.name)).append(":").append(ValueText(attribute));
+  return text + style + R"(},"geometry":)" + geometry + "}";
+}
+
+std::string FlightFeature(const RouteFlight& flight, const RouteService& service) {
+  return Feature(
+      "flight", AttributesOf(flight, service),
+      R"(,"stroke":)" + Quoted(ColourText(service.rgb)) + R"(,"stroke-width":)" + std::to_string(kRouteWidth),
+      FlightGeometry(flight));
+}
+
+std::string AirportFeature(const RouteAirport& airport, data::Rgb rgb) {
+  return Feature("airport", AttributesOf(airport), R"(,"marker-color":)" + Quoted(ColourText(rgb)),
+                 AirportGeometry(airport));
+}
+
+}  // namespace
+
+std::string GeoJsonOf(const Routes& routes) {
+  std::string text = R"({"type":"FeatureCollection","features":[)";
+  const char* before = "\n";
+  const auto add = [&](const std::string& feature) {
+    text.append(before).append(feature);
+    before = ",\n";
+  };
+  for (const RouteFlight& flight : routes.flights)
+    add(FlightFeature(flight, routes.services.at(flight.service)));
+  for (const RouteAirport& airport : routes.airports)
+    add(AirportFeature(airport, routes.ColourOf(airport)));
+  return text + "\n]}\n";
+}
+
+}  // namespace zerbal::mapcommand

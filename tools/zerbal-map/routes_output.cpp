@@ -1,0 +1,26 @@
+#include "zerbal-map/routes_output.h"
+
+#include "base/file_replacement.h"
+#include "zerbal-map/routes_geojson.h"
+
+namespace zerbal::mapcommand {
+namespace {
+
+std::string BytesOf(const Routes& routes, RouteFileKind kind) {
+  switch (kind) {
+    case RouteFileKind::kGeoJson:
+      break;
+  }
+  return GeoJsonOf(routes);
+}
+
+}  // namespace
+
+void WriteRoutes(const MapJob& job, const Options& options) {
+  // Opened first, as for pictures.
+  auto file = base::FileReplacement::OfUserFile(options.outputFile);
+  file.Write(BytesOf(job.GatherRoutes(), *options.routes));
+  file.Commit();
+}
+
+}  // namespace zerbal::mapcommand
