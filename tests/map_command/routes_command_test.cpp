@@ -150,5 +150,23 @@ TEST_F(RoutesCommandTest, OgrinfoReadsGeoJson) {
   EXPECT_NE(text->find("WGS 84"), std::string::npos) << *text;
 }
 
+TEST_F(RoutesCommandTest, OgrinfoReadsKml) {
+  Bytes({"--services", "all", "--show", "destinations"}, "routes.kml");
+  const auto text = OutputOf("ogrinfo", {"-al", "-so", File("routes.kml")});
+  if (!text)
+    GTEST_SKIP() << "ogrinfo is not installed";
+  EXPECT_NE(text->find("Layer name: 1 - Nordic\nGeometry"), std::string::npos) << *text;
+  EXPECT_NE(text->find("Layer name: Airports\n"), std::string::npos) << *text;
+  EXPECT_NE(text->find("Feature Count: 23\n"), std::string::npos) << *text;
+}
+
+TEST_F(RoutesCommandTest, XmllintFindsKmlWellFormed) {
+  Bytes({"--services", "all", "--show", "airports,destinations"}, "routes.kml");
+  const auto text = OutputOf("xmllint", {"--noout", File("routes.kml")});
+  if (!text)
+    GTEST_SKIP() << "xmllint is not installed";
+  EXPECT_EQ(*text, "");
+}
+
 }  // namespace
 }  // namespace zerbal::test

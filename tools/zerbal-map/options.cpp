@@ -92,7 +92,8 @@ QSize ParseSize(const QString& text) {
 }
 
 void ReadKind(const QString& file, Options& options) {
-  constexpr std::pair<const char*, RouteFileKind> kRouteFiles[] = {{".geojson", RouteFileKind::kGeoJson}};
+  constexpr std::pair<const char*, RouteFileKind> kRouteFiles[] = {{".geojson", RouteFileKind::kGeoJson},
+                                                                   {".kml", RouteFileKind::kKml}};
   for (const auto& [ending, kind] : kRouteFiles) {
     if (file.endsWith(ending, Qt::CaseInsensitive)) {
       options.routes = kind;
@@ -101,7 +102,7 @@ void ReadKind(const QString& file, Options& options) {
   }
   const auto kind = paint::KindOfMapFile(file);
   if (!kind)
-    throw UsageError(QString("--out: '%1' ends in none of .png, .svg, .pdf and .geojson").arg(file));
+    throw UsageError(QString("--out: '%1' ends in none of .png, .svg, .pdf, .geojson and .kml").arg(file));
   options.kind = *kind;
 }
 

@@ -2,12 +2,15 @@
 
 #include "base/file_replacement.h"
 #include "zerbal-map/routes_geojson.h"
+#include "zerbal-map/routes_kml.h"
 
 namespace zerbal::mapcommand {
 namespace {
 
 std::string BytesOf(const Routes& routes, RouteFileKind kind) {
   switch (kind) {
+    case RouteFileKind::kKml:
+      return KmlOf(routes);
     case RouteFileKind::kGeoJson:
       break;
   }
