@@ -38,8 +38,10 @@ TEST(MapOptions, TheSuffixSelectsTheFormat) {
 TEST(MapOptions, TheSuffixSelectsMapData) {
   EXPECT_EQ(Parse("--out a.GeoJSON")->routes, RouteFileKind::kGeoJson);
   EXPECT_EQ(Parse("--out a.kml")->routes, RouteFileKind::kKml);
+  EXPECT_EQ(Parse("--out a.gpkg")->routes, RouteFileKind::kGeoPackage);
   EXPECT_FALSE(Parse("--out a.svg")->routes);
-  EXPECT_EQ(Complaint("--out a.json"), "--out: 'a.json' ends in none of .png, .svg, .pdf, .geojson and .kml");
+  EXPECT_EQ(Complaint("--out a.json"),
+            "--out: 'a.json' ends in none of .png, .svg, .pdf, .geojson, .kml and .gpkg");
   EXPECT_EQ(Complaint("--out a.geojson --paper A0 --dpi 700"), "(none)") << "it has no pixels";
 }
 
@@ -91,7 +93,7 @@ TEST(MapOptions, LimitsHaveFourForms) {
 TEST(MapOptions, EachInvalidValueIsReported) {
   const std::pair<const char*, const char*> cases[] = {
       {"", "--out FILE is missing"},
-      {"--out a.gif", "'a.gif' ends in none of .png, .svg, .pdf, .geojson and .kml"},
+      {"--out a.gif", "'a.gif' ends in none of .png, .svg, .pdf, .geojson, .kml and .gpkg"},
       {"--out a.png --colour red", "colour"},
       {"--out a.png europe", "'europe' belongs to no option"},
       {"--out a.png --out b.png", "--out is given more than once"},

@@ -168,5 +168,28 @@ TEST_F(RoutesCommandTest, XmllintFindsKmlWellFormed) {
   EXPECT_EQ(*text, "");
 }
 
+TEST_F(RoutesCommandTest, OgrinfoReadsAGeoPackage) {
+  const std::string bytes = Bytes({"--services", "all", "--show", "destinations"}, "routes.gpkg");
+  EXPECT_TRUE(Bytes({"--services", "all", "--show", "destinations"}, "again.gpkg") == bytes);
+  const auto text = OutputOf("ogrinfo", {"-al", "-so", File("routes.gpkg")});
+  if (!text)
+    GTEST_SKIP() << "ogrinfo is not installed";
+  EXPECT_NE(text->find("Layer name: flights\nGeometry: Multi Line String\nFeature Count: 32\n"),
+            std::string::npos)
+      << *text;
+  EXPECT_NE(text->find("Layer name: airports\nGeometry: Point\nFeature Count: 22\n"), std::string::npos)
+      << *text;
+}
+
+TEST_F(RoutesCommandTest, TheValidatorOfGeoPackagesFindsNothing) {
+  Bytes({"--services", "all", "--show", "airports"}, "routes.gpkg");
+  // It belongs to the package of ogrinfo.
+  if (QStandardPaths::findExecutable("ogrinfo").isEmpty())
+    GTEST_SKIP() << "ogrinfo is not installed";
+  EXPECT_EQ(
+      OutputOf("/usr/bin/python3", {"-m", "osgeo_utils.samples.validate_gpkg", "-k", File("routes.gpkg")}),
+      "");
+}
+
 }  // namespace
 }  // namespace zerbal::test

@@ -93,7 +93,8 @@ QSize ParseSize(const QString& text) {
 
 void ReadKind(const QString& file, Options& options) {
   constexpr std::pair<const char*, RouteFileKind> kRouteFiles[] = {{".geojson", RouteFileKind::kGeoJson},
-                                                                   {".kml", RouteFileKind::kKml}};
+                                                                   {".kml", RouteFileKind::kKml},
+                                                                   {".gpkg", RouteFileKind::kGeoPackage}};
   for (const auto& [ending, kind] : kRouteFiles) {
     if (file.endsWith(ending, Qt::CaseInsensitive)) {
       options.routes = kind;
@@ -102,7 +103,8 @@ void ReadKind(const QString& file, Options& options) {
   }
   const auto kind = paint::KindOfMapFile(file);
   if (!kind)
-    throw UsageError(QString("--out: '%1' ends in none of .png, .svg, .pdf, .geojson and .kml").arg(file));
+    throw UsageError(
+        QString("--out: '%1' ends in none of .png, .svg, .pdf, .geojson, .kml and .gpkg").arg(file));
   options.kind = *kind;
 }
 

@@ -33,7 +33,7 @@ using paint::kScreenDpi;
 using paint::MapFileKind;
 
 /// Files of routes instead of a drawing.
-enum class RouteFileKind { kGeoJson, kKml };
+enum class RouteFileKind { kGeoJson, kKml, kGeoPackage };
 
 struct Options {
   std::string dataFolder = ".";

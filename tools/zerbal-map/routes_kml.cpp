@@ -3,32 +3,11 @@
 #include <string_view>
 #include <type_traits>
 
-#include "base/utf8.h"
 #include "zerbal-map/route_line.h"
+#include "zerbal-map/xml_text.h"
 
 namespace zerbal::mapcommand {
 namespace {
-
-/// What XML cannot contain is left out: control characters and the two last numbers of the first plane.
-/// Invalid bytes become the replacement character.
-std::string Escaped(std::string_view text) {
-  std::string escaped;
-  while (!text.empty()) {
-    const char32_t character = base::TakeUtf8(text);
-    if (character == '&')
-      escaped += "&amp;";
-    else if (character == '<')
-      escaped += "&lt;";
-    else if (character == '>')
-      escaped += "&gt;";
-    else if (character == '\r')
-      escaped += "&#13;";
-    else if ((character >= 0x20 || character == '\t' || character == '\n') && character != 0xFFFE &&
-             character != 0xFFFF)
-      base::AppendUtf8(character, escaped);
-  }
-  return escaped;
-}
 
 std::string Element(std::string_view name, std::string_view text) {
   return std::string("<").append(name).append(">").append(text).append("</").append(name).append(">");
@@ -72,7 +51,7 @@ std::string ValueText(const Attribute& attribute) {
         if constexpr (std::is_same_v<Type, std::monostate>)
           return "";
         else if constexpr (std::is_same_v<Type, std::string>)
-          return Escaped(value);
+          return XmlText(value);
         else if constexpr (std::is_same_v<Type, bool>)
           return value ? "true" : "false";
         else if constexpr (std::is_same_v<Type, double>)
@@ -118,13 +97,13 @@ std::string FlightGeometry(const RouteFlight& flight) {
 
 std::string Placemark(std::string_view name, const std::string& style,
                       const std::vector<Attribute>& attributes, const std::string& geometry) {
-  return Element("Placemark", Element("name", Escaped(name)) + Element("styleUrl", "#" + style) +
+  return Element("Placemark", Element("name", XmlText(name)) + Element("styleUrl", "#" + style) +
                                   ExtendedData(attributes) + geometry) +
          "\n";
 }
 
 std::string Folder(std::string_view name, const std::string& placemarks) {
-  return "<Folder>\n" + Element("name", Escaped(name)) + "\n" + placemarks + "</Folder>\n";
+  return "<Folder>\n" + Element("name", XmlText(name)) + "\n" + placemarks + "</Folder>\n";
 }
 
 std::string ServiceFolders(const Routes& routes) {

@@ -2,6 +2,7 @@
 
 #include "base/file_replacement.h"
 #include "zerbal-map/routes_geojson.h"
+#include "zerbal-map/routes_gpkg.h"
 #include "zerbal-map/routes_kml.h"
 
 namespace zerbal::mapcommand {
@@ -11,6 +12,8 @@ std::string BytesOf(const Routes& routes, RouteFileKind kind) {
   switch (kind) {
     case RouteFileKind::kKml:
       return KmlOf(routes);
+    case RouteFileKind::kGeoPackage:
+      return GeoPackageOf(routes);
     case RouteFileKind::kGeoJson:
       break;
   }

@@ -13,10 +13,10 @@ constexpr int kDone = 0;
 constexpr int kBadData = 1;
 constexpr int kBadUsage = 2;
 
-constexpr char kHelpText[] = R"(Usage: zerbal-map [options] --out FILE.png|.svg|.pdf|.geojson|.kml
+constexpr char kHelpText[] = R"(Usage: zerbal-map [options] --out FILE.png|.svg|.pdf|.geojson|.kml|.gpkg
 
 Draws the map of an airline's flights as a picture, a drawing or a page, or writes its flights and airports as
-map data (GeoJSON, KML).
+map data (GeoJSON, KML, GeoPackage).
 
 Data
   --data DIR          folder with app_data and app_map, the working directory when not given
