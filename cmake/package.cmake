@@ -24,7 +24,7 @@ install(FILES ${PROJECT_SOURCE_DIR}/src/app/icons/zerbal.svg
 foreach(page zerbal zerbal-map zerbal-pack zerbal-sample)
   zerbal_install_compressed(${packaging}/man/${page}.1 ${CMAKE_INSTALL_MANDIR}/man1 ${page}.1.gz)
 endforeach()
-install(FILES ${packaging}/bash-completion/zerbal-pack DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+install(DIRECTORY ${packaging}/bash-completion/ DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
 zerbal_install_compressed(${packaging}/debian/changelog ${documents} changelog.gz)
 install(FILES ${packaging}/debian/copyright DESTINATION ${documents})
 
