@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <type_traits>
 
 namespace zerbal::mapcommand {
 namespace {
@@ -46,6 +47,24 @@ std::vector<Attribute> AttributesOf(const RouteAirport& airport) {
           {"longest_runway_ft", "INTEGER", Whole(airport.longestRunway)},
           {"ils", "BOOLEAN", airport.ils ? Value(*airport.ils) : Value()},
           {"destination", "BOOLEAN", airport.destination}};
+}
+
+std::string ValueText(const Attribute& attribute, std::string (*escape)(std::string_view text)) {
+  return std::visit(
+      [=](const auto& value) -> std::string {
+        using Type = std::decay_t<decltype(value)>;
+        if constexpr (std::is_same_v<Type, std::monostate>)
+          return "";
+        else if constexpr (std::is_same_v<Type, std::string>)
+          return escape(value);
+        else if constexpr (std::is_same_v<Type, bool>)
+          return value ? "true" : "false";
+        else if constexpr (std::is_same_v<Type, double>)
+          return NumberText(value, kLengthDecimals);
+        else
+          return std::to_string(value);
+      },
+      attribute.value);
 }
 
 std::string ColourText(data::Rgb rgb) {

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -58,10 +59,15 @@ struct Attribute {
   const char* name;
   const char* type;  ///< in SQL
   std::variant<std::monostate, std::string, std::int64_t, double, bool> value;
+
+  bool IsNull() const { return std::holds_alternative<std::monostate>(value); }
 };
 
 std::vector<Attribute> AttributesOf(const RouteFlight& flight, const RouteService& service);
 std::vector<Attribute> AttributesOf(const RouteAirport& airport);
+
+/// Numbers, `true` and `false` as JSON and XML write them; texts as `escape` gives them; nothing for null.
+std::string ValueText(const Attribute& attribute, std::string (*escape)(std::string_view text));
 
 /// "#rrggbb".
 std::string ColourText(data::Rgb rgb);
@@ -72,7 +78,7 @@ std::string NumberText(double value, int decimals);
 /// Decimals of degrees: 0.1 m on the earth.
 inline constexpr int kDegreeDecimals = 6;
 
-/// Decimals of kilometres.
+/// Decimals of kilometres in texts.
 inline constexpr int kLengthDecimals = 3;
 
 /// Width of a route in the styles, pixels.

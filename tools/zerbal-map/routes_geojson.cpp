@@ -1,7 +1,6 @@
 #include "zerbal-map/routes_geojson.h"
 
 #include <string_view>
-#include <type_traits>
 
 #include "base/utf8.h"
 #include "zerbal-map/route_line.h"
@@ -25,22 +24,8 @@ std::string Quoted(std::string_view text) {
   return quoted + '"';
 }
 
-std::string ValueText(const Attribute& attribute) {
-  return std::visit(
-      [](const auto& value) -> std::string {
-        using Type = std::decay_t<decltype(value)>;
-        if constexpr (std::is_same_v<Type, std::monostate>)
-          return "null";
-        else if constexpr (std::is_same_v<Type, std::string>)
-          return Quoted(value);
-        else if constexpr (std::is_same_v<Type, bool>)
-          return value ? "true" : "false";
-        else if constexpr (std::is_same_v<Type, double>)
-          return NumberText(value, kLengthDecimals);
-        else
-          return std::to_string(value);
-      },
-      attribute.value);
+std::string JsonValue(const Attribute& attribute) {
+  return attribute.IsNull() ? "null" : ValueText(attribute, Quoted);
 }
 
 std::string PositionText(GeoPosition position) {
@@ -70,7 +55,7 @@ std::string Feature(std::string_view kind, const std::vector<Attribute>& attribu
                     const std::string& geometry) {
   std::string text = R"({"type":"Feature","properties":{"kind":)" + Quoted(kind);
   for (const Attribute& attribute : attributes)
-    text.append(",").append(Quoted(attribute.name)).append(":").append(ValueText(attribute));
+    text.append(",").append(Quoted(attribute.name)).append(":").append(JsonValue(attribute));
   return text + style + R"(},"geometry":)" + geometry + "}";
 }
 

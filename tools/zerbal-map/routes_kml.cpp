@@ -1,7 +1,6 @@
 #include "zerbal-map/routes_kml.h"
 
 #include <string_view>
-#include <type_traits>
 
 #include "zerbal-map/route_line.h"
 #include "zerbal-map/xml_text.h"
@@ -44,33 +43,15 @@ std::string AirportStyle(const char* id, data::Rgb rgb) {
          Element("LabelStyle", Element("scale", "0.7")) + "</Style>\n";
 }
 
-std::string ValueText(const Attribute& attribute) {
-  return std::visit(
-      [](const auto& value) -> std::string {
-        using Type = std::decay_t<decltype(value)>;
-        if constexpr (std::is_same_v<Type, std::monostate>)
-          return "";
-        else if constexpr (std::is_same_v<Type, std::string>)
-          return XmlText(value);
-        else if constexpr (std::is_same_v<Type, bool>)
-          return value ? "true" : "false";
-        else if constexpr (std::is_same_v<Type, double>)
-          return NumberText(value, kLengthDecimals);
-        else
-          return std::to_string(value);
-      },
-      attribute.value);
-}
-
 /// Properties without a value are left out.
 std::string ExtendedData(const std::vector<Attribute>& attributes) {
   std::string text;
   for (const Attribute& attribute : attributes) {
-    if (!std::holds_alternative<std::monostate>(attribute.value))
+    if (!attribute.IsNull())
       text.append("<Data name=\"")
           .append(attribute.name)
           .append("\">")
-          .append(Element("value", ValueText(attribute)))
+          .append(Element("value", ValueText(attribute, XmlText)))
           .append("</Data>");
   }
   return Element("ExtendedData", text);
