@@ -26,7 +26,7 @@ class RoutesCommandTest : public testing::Test {
     words << "--data" << QFile::decodeName(folder.Path().c_str());
     output.str("");
     errors.str("");
-    return mapcommand::Run(words, output, errors);
+    return mapcommand::Run(words, output, errors, false);
   }
   std::string Bytes(const QStringList& words, const char* name) {
     EXPECT_EQ(Run(QStringList(words) << "--out" << File(name)), 0) << errors.str();

@@ -9,7 +9,7 @@
 namespace zerbal::test {
 namespace {
 
-constexpr char kExpected[] = R"(<?xml version="1.0" encoding="UTF-8"?>
+constexpr char kExpectedKml[] = R"(<?xml version="1.0" encoding="UTF-8"?>
 <kml xmlns="http://www.opengis.net/kml/2.2">
 <Document>
 <name>Flights</name>
@@ -36,7 +36,7 @@ constexpr char kExpected[] = R"(<?xml version="1.0" encoding="UTF-8"?>
 )";
 
 TEST(RoutesKml, EveryServiceHasAStyleAndAFolder) {
-  EXPECT_EQ(mapcommand::KmlOf(SampleRoutes()), kExpected);
+  EXPECT_EQ(mapcommand::KmlOf(SampleRoutes()), kExpectedKml);
 }
 
 TEST(RoutesKml, NoFlightsMakeADocumentWithoutFolders) {

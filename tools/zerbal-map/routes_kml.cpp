@@ -68,7 +68,7 @@ std::string LineElement(const RouteLine& line) {
   return Element("LineString", Element("tessellate", "1") + Element("coordinates", tuples));
 }
 
-std::string FlightGeometry(const RouteFlight& flight) {
+std::string FlightPlacemarks(const RouteFlight& flight) {
   const auto lines = CutAtAntimeridian(flight.points, CutAt::kGreatCircle);
   std::string text;
   for (const RouteLine& line : lines)
@@ -91,8 +91,8 @@ std::string ServiceFolders(const Routes& routes) {
   std::vector<std::string> placemarks(routes.services.size());
   for (const RouteFlight& flight : routes.flights) {
     const RouteService& service = routes.services.at(flight.service);
-    placemarks[flight.service] +=
-        Placemark(flight.number, StyleId(service.key), AttributesOf(flight, service), FlightGeometry(flight));
+    placemarks[flight.service] += Placemark(flight.number, StyleId(service.key),
+                                            AttributesOf(flight, service), FlightPlacemarks(flight));
   }
   std::string text;
   for (std::size_t i = 0; i < placemarks.size(); ++i)
