@@ -46,6 +46,7 @@ void PainterSurface::UsePen(const map::Pen& pen) {
     result.setJoinStyle(Qt::RoundJoin);
   }
   painter_.setPen(result);
+  // Devices that cannot invert, such as printers, show the colour.
   const bool invert =
       pen.mode == map::PenMode::kXor && painter_.paintEngine()->hasFeature(QPaintEngine::RasterOpModes);
   painter_.setCompositionMode(invert ? QPainter::RasterOp_SourceXorDestination
