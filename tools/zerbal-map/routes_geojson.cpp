@@ -2,30 +2,14 @@
 
 #include <string_view>
 
-#include "base/utf8.h"
+#include "base/json_text.h"
 #include "zerbal-map/route_line.h"
 
 namespace zerbal::mapcommand {
 namespace {
 
-/// In quotation marks. Invalid bytes become the replacement character.
-std::string Quoted(std::string_view text) {
-  constexpr char kDigits[] = "0123456789abcdef";
-  std::string quoted = "\"";
-  while (!text.empty()) {
-    const char32_t character = base::TakeUtf8(text);
-    if (character == '"' || character == '\\')
-      quoted.append({'\\', static_cast<char>(character)});
-    else if (character < 0x20)
-      quoted.append("\\u00").append({kDigits[character / 16], kDigits[character % 16]});
-    else
-      base::AppendUtf8(character, quoted);
-  }
-  return quoted + '"';
-}
-
 std::string JsonValue(const Attribute& attribute) {
-  return attribute.IsNull() ? "null" : ValueText(attribute, Quoted);
+  return attribute.IsNull() ? "null" : ValueText(attribute, base::JsonText);
 }
 
 std::string PositionText(GeoPosition position) {
@@ -53,21 +37,21 @@ std::string AirportGeometry(const RouteAirport& airport) {
 
 std::string Feature(std::string_view kind, const std::vector<Attribute>& attributes, const std::string& style,
                     const std::string& geometry) {
-  std::string text = R"({"type":"Feature","properties":{"kind":)" + Quoted(kind);
+  std::string text = R"({"type":"Feature","properties":{"kind":)" + base::JsonText(kind);
   for (const Attribute& attribute : attributes)
-    text.append(",").append(Quoted(attribute.name)).append(":").append(JsonValue(attribute));
+    text.append(",").append(base::JsonText(attribute.name)).append(":").append(JsonValue(attribute));
   return text + style + R"(},"geometry":)" + geometry + "}";
 }
 
 std::string FlightFeature(const RouteFlight& flight, const RouteService& service) {
-  return Feature(
-      "flight", AttributesOf(flight, service),
-      R"(,"stroke":)" + Quoted(ColourText(service.rgb)) + R"(,"stroke-width":)" + std::to_string(kRouteWidth),
-      FlightGeometry(flight));
+  return Feature("flight", AttributesOf(flight, service),
+                 R"(,"stroke":)" + base::JsonText(ColourText(service.rgb)) + R"(,"stroke-width":)" +
+                     std::to_string(kRouteWidth),
+                 FlightGeometry(flight));
 }
 
 std::string AirportFeature(const RouteAirport& airport, data::Rgb rgb) {
-  return Feature("airport", AttributesOf(airport), R"(,"marker-color":)" + Quoted(ColourText(rgb)),
+  return Feature("airport", AttributesOf(airport), R"(,"marker-color":)" + base::JsonText(ColourText(rgb)),
                  AirportGeometry(airport));
 }
 

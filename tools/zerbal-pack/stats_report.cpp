@@ -6,6 +6,7 @@
 
 #include <fmt/format.h>
 
+#include "base/json_text.h"
 #include "data/great_circle.h"
 #include "zerbal-pack/csv_text.h"
 
@@ -102,8 +103,9 @@ void AddRecord(const FlightFigures& figures, CsvText& csv) {
 }
 
 std::string JsonLeg(const std::optional<MeasuredLeg>& leg) {
-  return leg ? fmt::format(R"({{"from": {}, "to": {}, "flight": {}, "kilometres": {}}})", JsonText(leg->from),
-                           JsonText(leg->to), JsonText(leg->flight), Kilometres(leg->metres, kDataDecimals))
+  return leg ? fmt::format(R"({{"from": {}, "to": {}, "flight": {}, "kilometres": {}}})",
+                           base::JsonText(leg->from), base::JsonText(leg->to), base::JsonText(leg->flight),
+                           Kilometres(leg->metres, kDataDecimals))
              : "null";
 }
 
@@ -116,11 +118,11 @@ std::string JsonList(const Entries& entries, const ToText& toText) {
 /// The members of an object, without its braces.
 std::string JsonMembers(const FlightFigures& figures, std::string_view indent) {
   const std::string airports = JsonList(figures.busiestAirports, [](const BusyAirport& airport) {
-    return fmt::format(R"({{"airport": {}, "legs": {}}})", JsonText(airport.code), airport.legs);
+    return fmt::format(R"({{"airport": {}, "legs": {}}})", base::JsonText(airport.code), airport.legs);
   });
   const std::string pairs = JsonList(figures.busiestPairs, [](const BusyPair& pair) {
-    return fmt::format(R"({{"airports": [{}, {}], "legs": {}}})", JsonText(pair.codes.first),
-                       JsonText(pair.codes.second), pair.legs);
+    return fmt::format(R"({{"airports": [{}, {}], "legs": {}}})", base::JsonText(pair.codes.first),
+                       base::JsonText(pair.codes.second), pair.legs);
   });
   std::string text;
   const auto add = [&](std::string_view name, std::string_view value) {
@@ -171,26 +173,12 @@ void PrintFiguresAsJson(const ScheduleFigures& figures, std::ostream& out) {
   out << "{\n  \"all\": {\n" << JsonMembers(figures.all, "    ") << "\n  },\n  \"services\": [";
   std::string_view separator = "\n";
   for (const FlightFigures& service : figures.services) {
-    out << separator << "    {\n      \"service\": " << JsonText(service.service)
-        << ",\n      \"name\": " << JsonText(service.name) << ",\n"
+    out << separator << "    {\n      \"service\": " << base::JsonText(service.service)
+        << ",\n      \"name\": " << base::JsonText(service.name) << ",\n"
         << JsonMembers(service, "      ") << "\n    }";
     separator = ",\n";
   }
   out << "\n  ]\n}\n";
-}
-
-std::string JsonText(std::string_view text) {
-  std::string json = "\"";
-  for (const char c : text) {
-    const auto code = static_cast<unsigned char>(c);
-    if (c == '"' || c == '\\')
-      json.append(1, '\\').append(1, c);
-    else if (code < ' ' || code == 0x7F)
-      json += fmt::format("\\u{:04x}", code);
-    else
-      json += c;
-  }
-  return json.append("\"");
 }
 
 }  // namespace zerbal::pack

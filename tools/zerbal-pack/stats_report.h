@@ -2,8 +2,6 @@
 #pragma once
 
 #include <iosfwd>
-#include <string>
-#include <string_view>
 
 #include "zerbal-pack/schedule_stats.h"
 
@@ -17,8 +15,5 @@ void PrintFiguresAsCsv(const ScheduleFigures& figures, std::ostream& out);
 
 /// An object with the members `all`, an object, and `services`, a list of such objects.
 void PrintFiguresAsJson(const ScheduleFigures& figures, std::ostream& out);
-
-/// A string of JSON, in quotes, from UTF-8.
-std::string JsonText(std::string_view text);
 
 }  // namespace zerbal::pack
