@@ -7,6 +7,7 @@
 
 #include "base/utf8.h"
 #include "require.h"
+#include "support/utf16_text.h"
 #include "zerbal-pack/airport_sources.h"
 #include "zerbal-pack/csv_table.h"
 #include "zerbal-pack/openflights_routes.h"
@@ -17,8 +18,6 @@ namespace {
 
 using namespace zerbal;
 using fuzz::Require;
-
-constexpr char32_t kMark = 0xFEFF;
 
 pack::AirportList LetterList() {
   pack::AirportList list;
@@ -32,49 +31,17 @@ pack::AirportList LetterList() {
   return list;
 }
 
-/// With a mark. Valid UTF-8 only.
-std::string ToUtf16(std::string_view text, bool littleEndian) {
-  std::string bytes;
-  const auto append = [&](char32_t unit) {
-    const char low = static_cast<char>(unit & 0xFFU);
-    const char high = static_cast<char>(unit >> 8U);
-    bytes.push_back(littleEndian ? low : high);
-    bytes.push_back(littleEndian ? high : low);
-  };
-  append(kMark);
-  while (!text.empty()) {
-    const char32_t character = base::TakeUtf8(text);
-    if (character < 0x10000) {
-      append(character);
-    } else {
-      append(0xD800 + ((character - 0x10000) >> 10U));
-      append(0xDC00 + ((character - 0x10000) & 0x3FFU));
-    }
-  }
-  return bytes;
-}
-
-bool IsValid(std::string_view text) {
-  while (!text.empty()) {
-    const std::size_t length = base::Utf8Length(text);
-    if (length == 0)
-      return false;
-    text.remove_prefix(length);
-  }
-  return true;
-}
-
 void CheckEncodings(const std::string& bytes) {
   const pack::SpreadsheetText decoded = pack::DecodeSpreadsheet(bytes);
   const char separator = pack::FindSeparator(decoded.text);
   Require(separator == ',' || separator == ';' || separator == '\t', "an impossible separator");
-  if (!IsValid(decoded.text))
+  if (!base::IsUtf8(decoded.text))
     return;
   pack::Problems plain;
   const pack::CsvTable table =
       pack::ParseCsvTable("\xEF\xBB\xBF" + decoded.text, "f", pack::RegionLayout(), plain);
   for (const bool littleEndian : {true, false}) {
-    const std::string utf16 = ToUtf16(decoded.text, littleEndian);
+    const std::string utf16 = test::ToUtf16(decoded.text, littleEndian);
     Require(pack::DecodeSpreadsheet(utf16).text == decoded.text, "a text changes in UTF-16");
     pack::Problems problems;
     const pack::CsvTable same = pack::ParseCsvTable(utf16, "f", pack::RegionLayout(), problems);

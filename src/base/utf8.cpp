@@ -40,6 +40,16 @@ std::size_t Utf8Length(std::string_view text) {
   return length;
 }
 
+bool IsUtf8(std::string_view text) {
+  while (!text.empty()) {
+    const std::size_t length = Utf8Length(text);
+    if (length == 0)
+      return false;
+    text.remove_prefix(length);
+  }
+  return true;
+}
+
 char32_t TakeUtf8(std::string_view& text) {
   ZERBAL_ASSERT(!text.empty());
   const std::size_t length = Utf8Length(text);

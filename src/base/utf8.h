@@ -14,6 +14,8 @@ inline constexpr char32_t kReplacement = 0xFFFD;  ///< stands for an invalid cha
 /// is empty.
 std::size_t Utf8Length(std::string_view text);
 
+bool IsUtf8(std::string_view text);
+
 /// Removes the first character of `text`, which must not be empty, and returns it. An invalid byte is removed
 /// alone and returned as kReplacement.
 char32_t TakeUtf8(std::string_view& text);

@@ -32,6 +32,13 @@ TEST(TakeUtf8, ReplacesEachInvalidByteAndReadsTheRest) {
   }
 }
 
+TEST(IsUtf8, IsTrueWhenEveryCharacterIsValid) {
+  EXPECT_TRUE(IsUtf8(""));
+  EXPECT_TRUE(IsUtf8("a\xC3\xBC\xF0\x9F\x9B\xAB"));
+  EXPECT_FALSE(IsUtf8("a\xC3"));
+  EXPECT_FALSE(IsUtf8("\xFF"));
+}
+
 TEST(Utf8Length, DistinguishesTheReplacementCharacterFromAnInvalidByte) {
   EXPECT_EQ(Utf8Length("\xEF\xBF\xBD"), 3u);
   EXPECT_EQ(Utf8Length("\xEF\xBF"), 0u);

@@ -8,7 +8,7 @@
 
 #include <gtest/gtest.h>
 
-#include "base/utf8.h"
+#include "support/utf16_text.h"
 #include "zerbal-pack/airline.h"
 #include "zerbal-pack/csv_table.h"
 
@@ -20,31 +20,12 @@ const std::string kAirport =
     "comma)\n"
     "ENZV;Sola;Stavanger \xC3\xB8\xE2\x82\xAC\xF0\x9F\x98\x80;5,63778;58,8767;29;1;8383;1\n";
 
+using zerbal::test::ToUtf16;
+
 std::string ReplaceAll(std::string text, std::string_view from, std::string_view to) {
   for (std::size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size())
     text.replace(at, from.size(), to);
   return text;
-}
-
-/// With the byte order mark.
-std::string Utf16(std::string_view utf8, bool littleEndian) {
-  std::string bytes;
-  const auto append = [&](char32_t unit) {
-    const char high = static_cast<char>(unit >> 8U);
-    const char low = static_cast<char>(unit & 0xFFU);
-    bytes += littleEndian ? std::string{low, high} : std::string{high, low};
-  };
-  append(0xFEFF);
-  while (!utf8.empty()) {
-    const char32_t character = base::TakeUtf8(utf8);
-    if (character < 0x10000) {
-      append(character);
-    } else {
-      append(0xD800 + ((character - 0x10000) >> 10U));
-      append(0xDC00 + ((character - 0x10000) & 0x3FFU));
-    }
-  }
-  return bytes;
 }
 
 struct Read {
@@ -109,11 +90,11 @@ TEST(Spreadsheets, ReadTheirNumbersInOneWayOnly) {
 }
 
 TEST(Spreadsheets, MayBeUtf16WithAMark) {
-  const Read little = ReadTable(Utf16(kAirport, true));
+  const Read little = ReadTable(ToUtf16(kAirport, true));
   EXPECT_EQ(little.messages,
             "d.csv: note: read as UTF-16 (little endian), with semicolons between the fields\n");
   EXPECT_EQ(City(little), "Stavanger \xC3\xB8\xE2\x82\xAC\xF0\x9F\x98\x80");
-  const Read big = ReadTable(Utf16(kAirport, false));
+  const Read big = ReadTable(ToUtf16(kAirport, false));
   EXPECT_EQ(big.messages, "d.csv: note: read as UTF-16 (big endian), with semicolons between the fields\n");
   EXPECT_EQ(City(big), City(little));
 }
@@ -144,17 +125,18 @@ TEST(Spreadsheets, KeepLineAndColumnOfAFault) {
   const std::string bad =
       ReplaceAll(kAirport, "\nENZV", "\n\nENZV") + "AAAA;\"x\ny\";z;1,5;1,5;1;1;1;0\nB;x;y;1;x;1;1;1;0\n";
   const std::string fault = "d.csv:6: column 'Latitude': 'x' is not a number\n";
-  for (const std::string& bytes : {bad, ReplaceAll(bad, "\n", "\r\n"), Utf16(bad, true), Utf16(bad, false)})
+  for (const std::string& bytes :
+       {bad, ReplaceAll(bad, "\n", "\r\n"), ToUtf16(bad, true), ToUtf16(bad, false)})
     EXPECT_TRUE(ReadTable(bytes).messages.ends_with(fault)) << ReadTable(bytes).messages;
 }
 
 TEST(Spreadsheets, ReportHalvesOfCharacters) {
-  std::string bytes = Utf16(kAirport, true);
+  std::string bytes = ToUtf16(kAirport, true);
   const std::size_t half = bytes.find("\x3D\xD8");
   ASSERT_NE(half, std::string::npos);
   bytes.erase(half, 2);
   EXPECT_TRUE(ReadTable(bytes).messages.ends_with("d.csv:2: column 'City': not valid UTF-16\n"));
-  EXPECT_TRUE(ReadTable(Utf16(kAirport, true) + "x")
+  EXPECT_TRUE(ReadTable(ToUtf16(kAirport, true) + "x")
                   .messages.ends_with("d.csv:3: column 'Code': not valid UTF-16\n"));
 }
 

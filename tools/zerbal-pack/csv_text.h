@@ -33,7 +33,10 @@ class CsvText {
     text_ += kCsvLineEnd;
     first_ = true;
   }
+  /// All that was added since the last Clear().
   const std::string& Text() const { return text_; }
+  /// After the end of a record.
+  void Clear() { text_.clear(); }
 
  private:
   template <typename Titles>

@@ -16,6 +16,7 @@
 #include "zerbal-pack/airport_csv.h"
 #include "zerbal-pack/csv.h"
 #include "zerbal-pack/csv_table.h"
+#include "zerbal-pack/csv_text.h"
 #include "zerbal-pack/csv_value.h"
 #include "zerbal-pack/import_services.h"
 #include "zerbal-pack/line_reader.h"
@@ -31,61 +32,39 @@ namespace {
 constexpr std::size_t kWriteAt = 1U << 18U;  // bytes
 
 /// A new CSV file, which appears when it is committed.
-class CsvOutput {
+class CsvOutput : private CsvText {
  public:
   /// `keep`: Text() is needed.
   CsvOutput(const fs::path& file, bool keep, std::initializer_list<std::string_view> titles)
-      : output_(file), keep_(keep) {
-    for (const std::string_view title : titles)
-      AddText(title);
-    EndRecord();
-  }
+      : CsvText(titles), output_(file), keep_(keep) {}
 
-  void AddText(std::string_view text) {
-    BeginField();
-    AppendCsvText(text, text_);
-  }
-  void AddNull() { BeginField(); }
-  void AddNumber(std::string_view number) {
-    BeginField();
-    text_ += number;
-  }
+  using CsvText::AddNull;
+  using CsvText::AddNumber;
+  using CsvText::AddText;
+  using CsvText::Text;
   void EndRecord() {
-    text_ += kCsvLineEnd;
-    first_ = true;
-    if (text_.size() >= kWriteAt && !keep_)
+    CsvText::EndRecord();
+    if (Text().size() >= kWriteAt && !keep_)
       Flush();
   }
-  /// All that was added so far.
-  const std::string& Text() const { return text_; }
   void Commit() {
     Flush();
     output_.Commit();
   }
 
  private:
-  void BeginField() { text_ += std::exchange(first_, false) ? "" : ","; }
   void Flush() {
-    output_.Write(text_);
-    text_.clear();
+    output_.Write(Text());
+    Clear();
   }
 
   base::FileReplacement output_;
   bool keep_;
-  std::string text_;
-  bool first_ = true;
 };
 
 /// Bytes of any encoding as UTF-8 without NUL.
 std::string ToUtf8(std::string_view bytes) {
-  std::string text;
-  for (std::string_view rest = bytes; !rest.empty(); rest.remove_prefix(base::Utf8Length(rest))) {
-    if (base::Utf8Length(rest) == 0) {
-      text = base::FromCodePage1252(bytes);
-      break;
-    }
-    text.append(rest.substr(0, base::Utf8Length(rest)));
-  }
+  std::string text = base::IsUtf8(bytes) ? std::string(bytes) : base::FromCodePage1252(bytes);
   std::ranges::replace(text, '\0', ' ');
   return text;
 }

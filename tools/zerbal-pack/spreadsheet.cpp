@@ -15,16 +15,6 @@ constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view kLittleEndianMark = "\xFF\xFE";
 constexpr std::string_view kBigEndianMark = "\xFE\xFF";
 
-bool IsUtf8(std::string_view text) {
-  while (!text.empty()) {
-    const std::size_t length = base::Utf8Length(text);
-    if (length == 0)
-      return false;
-    text.remove_prefix(length);
-  }
-  return true;
-}
-
 /// The units of UTF-16 text, one after the other.
 class Utf16Units {
  public:
@@ -97,7 +87,7 @@ SpreadsheetText DecodeSpreadsheet(std::string bytes) {
     return {TextEncoding::kUtf16LittleEndian, FromUtf16(std::string_view(bytes).substr(2), true)};
   if (bytes.starts_with(kBigEndianMark))
     return {TextEncoding::kUtf16BigEndian, FromUtf16(std::string_view(bytes).substr(2), false)};
-  if (IsUtf8(bytes))
+  if (base::IsUtf8(bytes))
     return {TextEncoding::kUtf8, std::move(bytes)};
   return {TextEncoding::kCodePage1252, From1252(bytes)};
 }
