@@ -101,12 +101,12 @@ std::optional<int> WholeNumber(std::string_view text) {
   return WholeText<int>(Trimmed(text));
 }
 
-std::optional<double> DecimalNumber(std::string_view text, bool decimalComma) {
+std::optional<double> Degrees(std::string_view text, double most, bool decimalComma) {
   std::string number(Trimmed(text));
   if (decimalComma && number.find('.') == std::string::npos)
     std::ranges::replace(number, ',', '.');
   const std::optional<double> value = WholeText<double>(number);
-  return value && std::isfinite(*value) ? value : std::nullopt;
+  return value && std::abs(*value) <= most ? std::optional(*value + 0.0) : std::nullopt;
 }
 
 }  // namespace zerbal::pack

@@ -62,8 +62,9 @@ std::string_view FieldText(const CsvRecord& record, std::optional<std::size_t> c
 /// With capitals for the letters a to z.
 std::string UpperAscii(std::string_view text);
 
-/// Whole and decimal numbers with blanks around them; nullopt for anything else.
+/// A whole number with blanks around it; nullopt for anything else.
 std::optional<int> WholeNumber(std::string_view text);
-std::optional<double> DecimalNumber(std::string_view text, bool decimalComma = false);
+/// Degrees from -most to most, with blanks around them; nullopt for anything else. Never negative zero.
+std::optional<double> Degrees(std::string_view text, double most, bool decimalComma);
 
 }  // namespace zerbal::pack

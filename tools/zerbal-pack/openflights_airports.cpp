@@ -82,13 +82,11 @@ class OpenFlightsAirportReader {
   bool ReadPosition(Airport& airport) {
     const auto read = [&](std::size_t column, const char* name, double most, double& degrees) {
       const std::string_view text = OpenFlightsText(record_, column);
-      const std::optional<double> number = DecimalNumber(text, file_.DecimalComma());
-      if (!number || *number < -most || *number > most) {
+      const std::optional<double> number = Degrees(text, most, file_.DecimalComma());
+      if (!number)
         Report(name, Quoted(text) + " is not a position in degrees");
-        return false;
-      }
-      degrees = *number + 0.0;
-      return true;
+      degrees = number.value_or(0);
+      return number.has_value();
     };
     return read(kLatitude, "latitude", 90, airport.latitude) &&
            read(kLongitude, "longitude", 180, airport.longitude);

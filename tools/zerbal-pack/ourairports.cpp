@@ -155,13 +155,11 @@ class AirportReader {
       return false;
     }
     const auto read = [&](std::optional<std::size_t> column, const char* name, double most, double& degrees) {
-      const std::optional<double> number = DecimalNumber(FieldText(record, column), file_.DecimalComma());
-      if (!number || *number < -most || *number > most) {
+      const std::optional<double> number = Degrees(FieldText(record, column), most, file_.DecimalComma());
+      if (!number)
         Report(record, name, Quoted(FieldText(record, column)) + " is not a position in degrees");
-        return false;
-      }
-      degrees = *number + 0.0;
-      return true;
+      degrees = number.value_or(0);
+      return number.has_value();
     };
     if (!read(longitude_, "longitude_deg", 180, airport.longitude) ||
         !read(latitude_, "latitude_deg", 90, airport.latitude))
