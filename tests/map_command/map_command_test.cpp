@@ -10,38 +10,23 @@
 #include <gtest/gtest.h>
 
 #include "app/frm_map.h"
+#include "command_fixture.h"
 #include "data/map_style.h"
 #include "support/captured_log.h"
-#include "support/small_world.h"
 #include "zerbal-map/map_job.h"
 #include "zerbal-map/options.h"
-#include "zerbal-map/run.h"
 
 namespace zerbal::test {
 namespace {
 
 namespace fs = std::filesystem;
 
-class MapCommandTest : public testing::Test {
+class MapCommandTest : public CommandFixture {
  protected:
-  MapCommandTest() { world.Write(folder.Path()); }
-
-  QString File(const char* name) const { return QFile::decodeName((folder / name).c_str()); }
-  int Run(QStringList words) {
-    words << "--data" << QFile::decodeName(folder.Path().c_str());
-    output.str("");
-    errors.str("");
-    return mapcommand::Run(words, output, errors, false);
-  }
   QImage Picture(const QStringList& words) {
     EXPECT_EQ(Run(QStringList(words) << "--out" << File("map.png")), 0) << errors.str();
     return QImage(File("map.png")).convertToFormat(QImage::Format_RGB32);
   }
-
-  TempFolder folder;
-  SmallWorld world;
-  std::ostringstream output;
-  std::ostringstream errors;
 };
 
 /// The picture of the map window for the same data; a user's commands set region and options.

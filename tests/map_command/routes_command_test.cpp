@@ -9,25 +9,15 @@
 
 #include <gtest/gtest.h>
 
-#include "support/small_world.h"
-#include "zerbal-map/run.h"
+#include "command_fixture.h"
 
 namespace zerbal::test {
 namespace {
 
 namespace fs = std::filesystem;
 
-class RoutesCommandTest : public testing::Test {
+class RoutesCommandTest : public CommandFixture {
  protected:
-  RoutesCommandTest() { world.Write(folder.Path()); }
-
-  QString File(const char* name) const { return QFile::decodeName((folder / name).c_str()); }
-  int Run(QStringList words) {
-    words << "--data" << QFile::decodeName(folder.Path().c_str());
-    output.str("");
-    errors.str("");
-    return mapcommand::Run(words, output, errors, false);
-  }
   std::string Bytes(const QStringList& words, const char* name) {
     EXPECT_EQ(Run(QStringList(words) << "--out" << File(name)), 0) << errors.str();
     return ReadBytes(folder / name);
@@ -46,11 +36,6 @@ class RoutesCommandTest : public testing::Test {
     }
     return values.join(' ').toStdString();
   }
-
-  TempFolder folder;
-  SmallWorld world;
-  std::ostringstream output;
-  std::ostringstream errors;
 };
 
 /// What a program prints; nullopt when it is not installed.

@@ -1,6 +1,7 @@
 // Runs commands on files of a temporary folder.
 #pragma once
 
+#include <filesystem>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -17,7 +18,9 @@ class CommandTest : public testing::Test {
   int Run(const std::vector<std::string>& words) {
     out.str("");
     err.str("");
-    return RunPack(words, {.out = out, .err = err, .executable = {}, .interrupted = [] { return false; }});
+    return RunPack(words, {.out = out, .err = err, .executable = executable, .interrupted = [this] {
+                             return interrupted;
+                           }});
   }
 
   std::string Name(const std::string& name) const { return (folder / name).string(); }
@@ -32,6 +35,8 @@ class CommandTest : public testing::Test {
   }
 
   zerbal::test::TempFolder folder;
+  std::filesystem::path executable;
+  bool interrupted = false;
   std::ostringstream out, err;
 };
 

@@ -7,6 +7,7 @@
 
 #include "jet/database.h"
 #include "jet/recordset.h"
+#include "pack/command_test.h"
 #include "pack/pack_fixture.h"
 #include "support/temp_folder.h"
 
@@ -16,29 +17,11 @@ namespace {
 namespace fs = std::filesystem;
 using test::kPackFolder;
 using zerbal::test::ReadBytes;
-using zerbal::test::TempFolder;
 using zerbal::test::WriteBytes;
 
-class RunPackTest : public testing::Test {
+class RunPackTest : public test::CommandTest {
  protected:
-  int Run(const std::vector<std::string>& words) {
-    out.str("");
-    err.str("");
-    return RunPack(words, {.out = out, .err = err, .executable = executable, .interrupted = [this] {
-                             return interrupted;
-                           }});
-  }
-
-  std::string Name(const fs::path& name) const { return (folder / name).string(); }
-
-  /// Replaces the name of the folder in a message.
-  std::string Err() const {
-    std::string text = err.str();
-    const std::string name = folder.Path().string() + "/";
-    for (std::size_t at = text.find(name); at != std::string::npos; at = text.find(name))
-      text.erase(at, name.size());
-    return text;
-  }
+  RunPackTest() { executable = fs::path(ZERBAL_SOURCE_DIR) / "build" / "x" / "bin" / "zerbal-pack"; }
 
   /// The schedule of the sample airline.
   int MakeSampleSchedule(const std::string& out_file) {
@@ -52,12 +35,6 @@ class RunPackTest : public testing::Test {
                 "--destinations", (exported / "dest.csv").string(), "--flights",
                 (exported / "flit.csv").string()});
   }
-
-  TempFolder folder;
-  fs::path executable = fs::path(ZERBAL_SOURCE_DIR) / "build" / "x" / "bin" / "zerbal-pack";
-  bool interrupted = false;
-  std::ostringstream out;
-  std::ostringstream err;
 };
 
 TEST_F(RunPackTest, PrintsHelpOnStandardOutput) {
