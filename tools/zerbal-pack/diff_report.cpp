@@ -16,6 +16,7 @@ namespace zerbal::pack {
 namespace {
 
 using data::Flight;
+using data::FlightPair;
 
 std::string NameOf(const Flight& flight) {
   return flight.key == flight.number ? flight.number : fmt::format("{} (key {})", flight.number, flight.key);

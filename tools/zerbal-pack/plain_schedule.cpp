@@ -8,13 +8,13 @@
 
 #include "base/error.h"
 #include "base/find_file.h"
+#include "data/flight_pairs.h"
 #include "data/flight_reader.h"
 #include "jet/database.h"
 #include "jet/error.h"
 #include "jet/recordset.h"
 #include "zerbal-pack/airline.h"
 #include "zerbal-pack/find_index.h"
-#include "zerbal-pack/natural_order.h"
 
 namespace zerbal::pack {
 
@@ -158,9 +158,7 @@ PlainSchedule ReadPlainSchedule(const fs::path& source, Problems& problems) {
   else
     ReadDatabase(source, schedule);
   std::ranges::stable_sort(schedule.destinations, {}, &PlainAirport::code);
-  std::ranges::stable_sort(schedule.flights, [](const data::Flight& a, const data::Flight& b) {
-    return a.number == b.number ? NaturalLess(a.key, b.key) : NaturalLess(a.number, b.number);
-  });
+  data::SortFlights(schedule.flights);
   return schedule;
 }
 

@@ -30,7 +30,7 @@ struct PlainAirport {
 struct PlainSchedule {
   std::vector<PlainService> services;      ///< in display order
   std::vector<PlainAirport> destinations;  ///< by code
-  std::vector<data::Flight> flights;       ///< by number, then by key, both as NaturalLess() orders them
+  std::vector<data::Flight> flights;       ///< as data::SortFlights() orders them
 
   /// The last one of that key, as the map has it; null when there is none.
   const PlainService* FindService(std::string_view key) const;

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <string_view>
 
-namespace zerbal::pack {
+namespace zerbal::base {
 
 /// Whether a number stands at the start of `text`.
 inline bool StartsWithDigit(std::string_view text) {
@@ -40,4 +40,4 @@ inline bool NaturalLess(std::string_view a, std::string_view b) {
   return wholeA < wholeB;  // 7 and 07 are different texts
 }
 
-}  // namespace zerbal::pack
+}  // namespace zerbal::base
