@@ -24,12 +24,17 @@ FoundFiles FindDataFiles(const std::filesystem::path& folder) {
   return found;
 }
 
-Databases OpenDatabases(const DataFiles& files) {
-  const jet::Database schedule = jet::Database::Open(files.qavdata);
-  jet::Recordset services = schedule.OpenTable("fsrv");
-  Airports destinations(schedule, "dest");
+ScheduleFile OpenSchedule(const std::filesystem::path& file) {
+  const jet::Database database = jet::Database::Open(file);
+  jet::Recordset services = database.OpenTable("fsrv");
+  Airports destinations(database, "dest");
   // The parts of a braced list are made in their order.
-  return {Schedule(std::move(services), schedule.OpenTable("flit")), std::move(destinations),
+  return {Schedule(std::move(services), database.OpenTable("flit")), std::move(destinations)};
+}
+
+Databases OpenDatabases(const DataFiles& files) {
+  ScheduleFile schedule = OpenSchedule(files.qavdata);
+  return {std::move(schedule.schedule), std::move(schedule.destinations),
           Airports(jet::Database::Open(files.allaprt), "allaprt"),
           BaseMap(files.coast, files.river, files.ibound)};
 }

@@ -35,6 +35,15 @@ struct Databases {
   BaseMap baseMap;
 };
 
+/// What a schedule database contains.
+struct ScheduleFile {
+  Schedule schedule;
+  Airports destinations;
+};
+
+/// Throws jet::EngineError when it cannot be opened.
+ScheduleFile OpenSchedule(const std::filesystem::path& file);
+
 /// Opens all of them. Throws jet::EngineError when one cannot be opened.
 Databases OpenDatabases(const DataFiles& files);
 

@@ -16,6 +16,10 @@ struct ScheduleTables {
     byKey = false;
     flights.SetIndex("fsrv");
   }
+  void SelectStoredOrder() {
+    byKey = false;
+    flights.SetIndex("");
+  }
   void SelectByKey() {
     if (!byKey)
       flights.SetIndex("flituni");
@@ -80,6 +84,14 @@ void Schedule::VisitFlights(std::string_view service, const Visitor& visit) cons
   const TableField& key = tables_->fields.service;
   while (!flights.Eof() && key.Of(flights).EqualsText(service) && visit(FlightRow(*tables_)))
     flights.MoveNext();
+}
+
+std::vector<Flight> Schedule::LoadFlights() const {
+  tables_->SelectStoredOrder();
+  std::vector<Flight> all;
+  for (jet::Recordset& rows = tables_->flights; !rows.Eof(); rows.MoveNext())
+    ReadFlight(rows, tables_->fields, all.emplace_back());
+  return all;
 }
 
 std::optional<FlightRow> Schedule::Find(std::string_view key) const {

@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string_view>
+#include <vector>
 
 #include "data/flight.h"
 
@@ -50,6 +51,8 @@ class Schedule {
   /// Visits the flights of a service, from the first one with that key as long as they have it, until `visit`
   /// returns false.
   void VisitFlights(std::string_view service, const Visitor& visit) const;
+  /// All flights, in stored order.
+  std::vector<Flight> LoadFlights() const;
   /// The flight with exactly this key.
   std::optional<FlightRow> Find(std::string_view key) const;
 

@@ -99,6 +99,8 @@ void DrawAirportsAndFlights(const MapScene& scene, Surface& surface) {
   DrawAirports(scene, canvas);
   Contained(scene, "flights", [&] {
     surface.BeginLayer(Layer::kFlights);
+    if (scene.comparison != nullptr)
+      DrawDroppedFlights(canvas, scene);
     if (scene.flights.serviceMode)
       DrawServiceFlights(canvas, scene);
     else

@@ -8,6 +8,7 @@
 #include "data/display_options.h"
 #include "data/flight.h"
 #include "data/map_style.h"
+#include "map/flight_comparison.h"
 #include "map/surface.h"
 #include "map/viewport.h"
 
@@ -25,6 +26,8 @@ struct MapScene {
   const data::FlightSelection& flights;
   /// Called with one line of text for each step of the drawing that an error ended; nullptr for none.
   void (*logError)(const std::string& line) = nullptr;
+  /// nullptr when the flights are not compared with an older schedule.
+  const FlightComparison* comparison = nullptr;
 };
 
 /// Draws everything, in the fixed order background, centre mark, coast, rivers, boundaries, airports,

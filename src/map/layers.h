@@ -120,6 +120,9 @@ void DrawServiceFlights(Canvas& canvas, const MapScene& scene);
 /// black.
 void DrawSelectedFlights(Canvas& canvas, const MapScene& scene);
 
+/// Draws those of the scene's comparison, which must be there.
+void DrawDroppedFlights(Canvas& canvas, const MapScene& scene);
+
 /// The number of shown flights of which some of a leg is in view.
 int CountFlightsInView(const MapScene& scene);
 

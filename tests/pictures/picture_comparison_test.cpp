@@ -15,6 +15,7 @@
 #include "pictures/picture_scenes.h"
 #include "pictures/picture_world.h"
 #include "support/pictures.h"
+#include "support/temp_folder.h"
 
 namespace zerbal::test {
 namespace {
@@ -44,7 +45,7 @@ QPoint SoftPixel(const QImage& picture) {
 
 TEST(PictureComparison, NoticesTheSmallestChangeOfOnePixelInEachScene) {
   TempFolder folder;
-  PictureWorld().Write(folder.Path());
+  WritePictureWorlds(folder.Path());
   for (const PictureScene& scene : kPictureScenes) {
     const QImage picture = DrawScene(scene, 1, false, folder.Path()).picture;
     EXPECT_EQ(ComparePictures(picture, picture, {}).words, "");

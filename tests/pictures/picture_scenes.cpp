@@ -4,6 +4,7 @@
 #include <QString>
 
 #include "paint/picture_surface.h"
+#include "pictures/picture_world.h"
 #include "zerbal-map/map_job.h"
 
 namespace zerbal::test {
@@ -49,6 +50,7 @@ class LetterSurface final : public map::Surface {
 
 DrawnScene DrawScene(const PictureScene& scene, int scale, bool letters, const std::filesystem::path& data) {
   QStringList words = QString(scene.words).split(' ');
+  words.replaceInStrings("OLDER", QFile::decodeName((data / kOlderFolder).c_str()));
   words << "--data" << QFile::decodeName(data.c_str()) << "--out"
         << "unused.png";
   mapcommand::Options options = *mapcommand::ParseOptions(words);

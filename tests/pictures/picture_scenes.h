@@ -11,7 +11,7 @@ namespace zerbal::test {
 
 struct PictureScene {
   const char* name;
-  const char* words;  ///< of zerbal-map's command line, without data and output
+  const char* words;  ///< of zerbal-map's command line, without data and output; OLDER is the older world
 };
 
 /// Each is compared without letters, at scale 1 and 2.
@@ -30,6 +30,7 @@ inline constexpr PictureScene kPictureScenes[] = {
     {"markers-overview", "--view 30W,66N,30E,50N --size 300x100 --show airports,destinations,centre"},
     {"markers-detail", "--view 3E,62N,20E,55N --size 240x160 --show airports,destinations,centre"},
     {"symbols-overview", "--view 9W,8N,10E,7S --size 240x200 --services FAN --labels airports,symbols"},
+    {"compared", "--view 9W,8N,10E,7S --size 240x200 --compare OLDER --labels airports"},
     {"symbols-detail", "--view 4W,4N,5E,3S --size 240x200 --services FAN --labels airports,symbols"},
 };
 
@@ -46,7 +47,7 @@ struct DrawnScene {
   std::vector<QRect> letters;  ///< what letters can touch; empty when they are not drawn
 };
 
-/// `data` is the folder of the databases.
+/// `data` is the folder of the databases, with those of the older world in its folder kOlderFolder.
 DrawnScene DrawScene(const PictureScene& scene, int scale, bool letters, const std::filesystem::path& data);
 
 }  // namespace zerbal::test

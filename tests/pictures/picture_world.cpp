@@ -6,6 +6,8 @@
 #include <string>
 #include <utility>
 
+#include "support/small_world.h"
+
 namespace zerbal::test {
 namespace {
 
@@ -63,8 +65,6 @@ void AddFan(SmallWorld& world) {
   }
 }
 
-}  // namespace
-
 SmallWorld PictureWorld() {
   SmallWorld world;
   for (const char* code : {"HIRES", "LORES"})
@@ -74,6 +74,28 @@ SmallWorld PictureWorld() {
   AddCoasts(world);
   AddFan(world);
   return world;
+}
+
+SmallWorld OlderPictureWorld() {
+  SmallWorld world = PictureWorld();
+  for (const char* number : {"11", "14", "16", "21", "24"})
+    world.flit.RemoveRow("Flit_2015", std::string("K20") + number);
+  constexpr int kRim = 16, kDropped = 8;
+  for (int i = 0; i < kDropped; ++i) {
+    const std::string number = std::to_string(50 + i);
+    const double angle = kFullTurn * (2 * i + 0.5) / kRim;
+    world.dest.rows.push_back(AirportRow("F" + number, "Rim", "Fan", 0.5 + 7 * std::cos(angle),
+                                         0.25 + 5 * std::sin(angle), 0, 1, 5000, "1"));
+    world.flit.rows.push_back(FlightRow("FAN", "ZB7" + number, "K20" + number, "FAN", {}, "F" + number));
+  }
+  return world;
+}
+
+}  // namespace
+
+void WritePictureWorlds(const std::filesystem::path& folder) {
+  PictureWorld().Write(folder);
+  OlderPictureWorld().Write(folder / kOlderFolder);
 }
 
 }  // namespace zerbal::test

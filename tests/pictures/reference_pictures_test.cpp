@@ -11,6 +11,7 @@
 #include "pictures/picture_comparison.h"
 #include "pictures/picture_scenes.h"
 #include "pictures/picture_world.h"
+#include "support/temp_folder.h"
 
 namespace zerbal::test {
 namespace {
@@ -37,7 +38,7 @@ void Save(const QImage& picture, const fs::path& file) {
 
 class ReferencePictures : public testing::Test {
  protected:
-  ReferencePictures() { PictureWorld().Write(folder_.Path()); }
+  ReferencePictures() { WritePictureWorlds(folder_.Path()); }
 
   void Check(const PictureScene& scene, int scale, bool letters) {
     const std::string name = FileName(scene, scale, letters);

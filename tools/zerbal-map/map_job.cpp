@@ -1,6 +1,7 @@
 #include "zerbal-map/map_job.h"
 
 #include <QFontDatabase>
+#include <algorithm>
 #include <cstdint>
 #include <limits>
 
@@ -8,6 +9,7 @@
 #include "data/flight_lists.h"
 #include "paint/draw_log.h"
 #include "settings/ini_file.h"
+#include "zerbal-map/comparison.h"
 #include "zerbal-map/gather_routes.h"
 
 namespace zerbal::mapcommand {
@@ -77,6 +79,7 @@ MapJob::MapJob(const Options& options) : options_(options) {
   ReadSettings();
   ChooseView();
   ChooseFlights();
+  CompareFlights();
 }
 
 void MapJob::LoadTables() {
@@ -154,14 +157,41 @@ void MapJob::ChooseFlights() {
   }
   if (!options_.touching)
     return;
-  const std::string airport = FindDestination(databases_->destinations, *options_.touching);
+  touching_ = FindDestination(databases_->destinations, *options_.touching);
   const data::FlightSource source{databases_->schedule, databases_->destinations, services_};
-  flights_.selectedFlights = data::FlightsTouching(source, airport, {}, false).keys;
+  flights_.selectedFlights = data::FlightsTouching(source, *touching_, {}, false).keys;
+}
+
+bool MapJob::IsShownOfDropped(const data::Flight& flight) const {
+  if (touching_)
+    return std::ranges::find(flight.route, *touching_) != flight.route.end();
+  const auto isAll = [](const std::string& wanted) { return SameName(wanted, "all"); };
+  return std::ranges::any_of(options_.services, isAll) ||
+         std::ranges::any_of(services_, [&](const data::FlightService& service) {
+           return service.displayFlag && service.key == flight.service;
+         });
+}
+
+void MapJob::CompareFlights() {
+  if (!options_.compare)
+    return;
+  oldSchedule_ = OpenOldSchedule(*options_.compare);
+  comparison_.emplace(
+      mapcommand::CompareFlights(*oldSchedule_, databases_->schedule,
+                                 [this](const data::Flight& flight) { return IsShownOfDropped(flight); }));
 }
 
 map::MapScene MapJob::Scene() const {
-  return {*viewport_,        options_.display,  style_,   services_,          *databases_,
-          options_.criteria, options_.criteria, flights_, paint::LogDrawError};
+  return {*viewport_,
+          options_.display,
+          style_,
+          services_,
+          *databases_,
+          options_.criteria,
+          options_.criteria,
+          flights_,
+          paint::LogDrawError,
+          comparison_ ? &*comparison_ : nullptr};
 }
 
 void MapJob::Draw(map::Surface& surface) {

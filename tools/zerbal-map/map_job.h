@@ -7,6 +7,7 @@
 #include "data/flight.h"
 #include "data/map_style.h"
 #include "map/draw_map.h"
+#include "map/flight_comparison.h"
 #include "zerbal-map/options.h"
 #include "zerbal-map/routes.h"
 
@@ -31,6 +32,8 @@ class MapJob {
   void ChooseView();
   void ChooseFlights();
   void ShowServices();
+  void CompareFlights();
+  bool IsShownOfDropped(const data::Flight& flight) const;
   map::MapScene Scene() const;
 
   const Options options_;
@@ -39,6 +42,9 @@ class MapJob {
   data::FlightServiceTable services_;
   std::optional<map::Viewport> viewport_;
   data::FlightSelection flights_;
+  std::optional<std::string> touching_;  ///< as in the table
+  std::optional<data::ScheduleFile> oldSchedule_;
+  std::optional<map::FlightComparison> comparison_;
 };
 
 }  // namespace zerbal::mapcommand

@@ -129,7 +129,7 @@ class Reader {
     const char* withValue[] = {"data",    "region",   "view",     "centre",    "span",
                                "size",    "paper",    "dpi",      "show",      "services",
                                "flights", "touching", "labels",   "elevation", "runways",
-                               "longest", "ils",      "settings", "out"};
+                               "longest", "ils",      "settings", "out",       "compare"};
     for (const char* name : withValue)
       parser_.addOption(QCommandLineOption(name, QString(), "value"));
     parser_.addOption(QCommandLineOption("help"));
@@ -223,6 +223,17 @@ void ReadContents(const Reader& reader, Options& options) {
   }
 }
 
+void ReadCompare(const Reader& reader, Options& options) {
+  if (!reader.Has("compare"))
+    return;
+  reader.OneOf({"flights", "compare"});
+  if (options.routes)
+    throw UsageError("--compare belongs to .png, .svg and .pdf");
+  options.compare = reader.Path("compare");
+  if (!reader.Has("services") && !reader.Has("touching"))
+    options.services = {"all"};
+}
+
 }  // namespace
 
 QSizeF Options::LogicalSize() const {
@@ -255,6 +266,7 @@ std::optional<Options> ParseOptions(const QStringList& words) {
   ReadSize(reader, options);
   ReadView(reader, options);
   ReadContents(reader, options);
+  ReadCompare(reader, options);
   return options;
 }
 

@@ -53,7 +53,8 @@ struct Options {
   std::vector<std::string> services;  ///< keys or names; "all" for every one
   std::vector<std::string> flights;   ///< Flit_2015 keys
   std::optional<std::string> touching;
-  data::AirportCriteria criteria;  ///< of both airport layers
+  data::AirportCriteria criteria;      ///< of both airport layers
+  std::optional<std::string> compare;  ///< an older schedule
 
   /// The drawing area in logical pixels of 1/96 inch.
   QSizeF LogicalSize() const;

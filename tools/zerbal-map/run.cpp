@@ -38,6 +38,8 @@ What is drawn (lists are separated by commas; none is possible too)
   --services LIST     all, or names or keys of flight services
   --flights LIST      keys of flights
   --touching CODE     all flights that touch a destination
+  --compare OLD       an older schedule, as a database or a data folder: flights that it alone has are dashed and
+                      grey, flights that it lacks wide; of all services when no flights are chosen (drawings only)
   --labels LIST       of airports, numbers, legs, symbols; airports,numbers when not given
   --elevation LIMIT   feet: A-B between, N+ at least, N- at most, N exactly
   --runways LIMIT     number of runways
