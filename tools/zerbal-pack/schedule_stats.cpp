@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <functional>
-#include <map>
+#include <span>
 #include <string_view>
 #include <unordered_map>
 
@@ -13,6 +13,13 @@ namespace zerbal::pack {
 namespace {
 
 using CodePair = std::pair<std::string_view, std::string_view>;
+
+struct CodePairHash {
+  std::size_t operator()(const CodePair& codes) const {
+    const std::hash<std::string_view> hash;
+    return hash(codes.first) * 31 + hash(codes.second);
+  }
+};
 
 /// Lengths of legs. Keeps each, because many flights share it.
 class LegLengths {
@@ -33,16 +40,17 @@ class LegLengths {
 
  private:
   const AirportPositions& positions_;
-  std::map<CodePair, std::optional<double>> lengths_;
+  std::unordered_map<CodePair, std::optional<double>, CodePairHash> lengths_;
 };
 
 /// The first entries by descending count, equal ones in the order of their keys.
-template <typename Key>
-std::vector<std::pair<Key, std::size_t>> Busiest(const std::map<Key, std::size_t>& counts) {
-  std::vector<std::pair<Key, std::size_t>> sorted(counts.begin(), counts.end());
-  std::ranges::stable_sort(sorted, std::greater<>(), &std::pair<Key, std::size_t>::second);
-  sorted.resize(std::min(sorted.size(), kBusiest));
-  return sorted;
+template <typename Counts>
+auto Busiest(const Counts& counts) {
+  std::vector<std::pair<typename Counts::key_type, std::size_t>> busiest(std::min(counts.size(), kBusiest));
+  std::ranges::partial_sort_copy(counts, busiest, [](const auto& a, const auto& b) {
+    return a.second == b.second ? a.first < b.first : a.second > b.second;
+  });
+  return busiest;
 }
 
 class FlightCounter {
@@ -52,10 +60,11 @@ class FlightCounter {
     figures_.name = std::move(name);
   }
 
-  void Add(const data::Flight& flight, LegLengths& lengths) {
+  /// `lengths` has one for each leg.
+  void Add(const data::Flight& flight, std::span<const std::optional<double>> lengths) {
     ++figures_.flights;
     for (std::size_t leg = 1; leg < flight.route.size(); ++leg)
-      AddLeg(flight, flight.route[leg - 1], flight.route[leg], lengths);
+      AddLeg(flight, flight.route[leg - 1], flight.route[leg], lengths[leg - 1]);
   }
 
   FlightFigures Result() {
@@ -69,12 +78,11 @@ class FlightCounter {
 
  private:
   void AddLeg(const data::Flight& flight, const std::string& from, const std::string& to,
-              LegLengths& lengths) {
+              const std::optional<double>& metres) {
     ++figures_.legs;
     ++airports_[from];
     ++airports_[to];
     ++pairs_[std::minmax<std::string_view>(from, to)];
-    const std::optional<double> metres = lengths.Of(from, to);
     if (!metres) {
       ++figures_.unmeasured;
       return;
@@ -87,8 +95,8 @@ class FlightCounter {
   }
 
   FlightFigures figures_;
-  std::map<std::string_view, std::size_t> airports_;
-  std::map<CodePair, std::size_t> pairs_;
+  std::unordered_map<std::string_view, std::size_t> airports_;
+  std::unordered_map<CodePair, std::size_t, CodePairHash> pairs_;
 };
 
 /// A counter for each service, those of the table first.
@@ -130,12 +138,16 @@ class ServiceCounters {
 
 ScheduleFigures CountSchedule(const PlainSchedule& schedule, const AirportPositions& positions) {
   LegLengths lengths(positions);
+  std::vector<std::optional<double>> metres;
   FlightCounter all("", "");
   ServiceCounters services(schedule);
   ScheduleFigures figures;
   for (const data::Flight& flight : schedule.flights) {
-    all.Add(flight, lengths);
-    services.Of(flight.service).Add(flight, lengths);
+    metres.clear();
+    for (std::size_t leg = 1; leg < flight.route.size(); ++leg)
+      metres.push_back(lengths.Of(flight.route[leg - 1], flight.route[leg]));
+    all.Add(flight, metres);
+    services.Of(flight.service).Add(flight, metres);
     for (const std::string& code : flight.route) {
       if (!positions.contains(code))
         figures.unknownAirports.insert(code);
