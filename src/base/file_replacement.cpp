@@ -12,6 +12,7 @@
 #include <unistd.h>
 
 #include "base/error.h"
+#include "base/temporary_files.h"
 
 namespace zerbal::base {
 
@@ -156,7 +157,9 @@ struct FileReplacement::State {
     if (folder.Error() != 0)
       Fail(kCannotCreate, folder.Error());
     for (int i = 0; !present; ++i) {
+      mark.Clear();
       temporary = FolderOf(target) / TemporaryName();
+      mark.Set(temporary.c_str());
       present = file.Open(temporary, O_WRONLY | O_CREAT | O_EXCL, mode);
       if (!present && (errno != EEXIST || i == kTemporaryNameTries))
         Fail(kCannotCreate, errno);
@@ -197,6 +200,7 @@ struct FileReplacement::State {
   Folder folder;
   fs::path temporary;
   OpenFile file;
+  TemporaryFileMark mark;  ///< cleared before the name that it refers to is destroyed
   bool present = false;    ///< the temporary file exists
   std::uint64_t size = 0;  ///< of what Write has appended
 };
@@ -244,6 +248,7 @@ void FileReplacement::Commit() {
   state.Require(state.steps.Rename(state.temporary.c_str(), state.target.c_str()) == 0,
                 "cannot put the finished file in the place of the old one");
   state.present = false;
+  state.mark.Clear();
   state.Require(state.folder.Flush(), "cannot flush the folder");
 }
 

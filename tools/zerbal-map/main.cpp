@@ -3,11 +3,13 @@
 
 #include <unistd.h>
 
+#include "base/temporary_files.h"
 #include "jet/mapped_file_guard.h"
 #include "zerbal-map/run.h"
 
 int main(int argc, char** argv) {
   zerbal::jet::InstallMappedFileGuard();
+  zerbal::base::RemoveTemporaryFilesOnSignals();
   // Drawing needs fonts but no screen.
   qputenv("QT_QPA_PLATFORM", "offscreen");
   QGuiApplication application(argc, argv);

@@ -7,6 +7,7 @@
 
 #include <unistd.h>
 
+#include "base/temporary_files.h"
 #include "jet/mapped_file_guard.h"
 #include "zerbal-pack/run.h"
 
@@ -23,7 +24,8 @@ void OnInterrupt(int signalNumber) {
 int main(int argc, char** argv) {
   zerbal::jet::InstallMappedFileGuard();
   const std::vector<std::string> words(argv + 1, argv + argc);
-  // An interrupted build removes its temporary files; the other commands have none.
+  zerbal::base::RemoveTemporaryFilesOnSignals();
+  // A build has folders of temporary files, which it removes itself.
   if (!words.empty() && words.front() == "build") {
     for (const int signalNumber : {SIGINT, SIGTERM, SIGHUP})
       std::signal(signalNumber, OnInterrupt);
