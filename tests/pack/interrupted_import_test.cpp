@@ -9,6 +9,7 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -93,6 +94,20 @@ TEST_F(InterruptedImport, LeavesNoTemporaryFile) {
     EXPECT_EQ(NamesIn(Output()), std::vector<std::string>{"flights.csv"});
     fs::remove(folder_ / "s.ssim");
   }
+  EXPECT_EQ(zerbal::test::ReadBytes(Output() / "flights.csv"), "old");
+}
+
+TEST_F(InterruptedImport, ReportsAFileThatGrowsTooLarge) {
+  std::vector<std::string> records;
+  for (int number = 1; number <= 200; ++number)
+    records.push_back(SsimLegRecord(std::to_string(number), 1, "AAA", "BBB"));
+  WriteBytes(folder_ / "s.ssim", SsimFile(records));
+  const int status = StatusOf(Start([] {
+    const rlimit limit{4096, 4096};
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+  }));
+  EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 1) << status;
+  EXPECT_EQ(NamesIn(Output()), std::vector<std::string>{"flights.csv"});
   EXPECT_EQ(zerbal::test::ReadBytes(Output() / "flights.csv"), "old");
 }
 

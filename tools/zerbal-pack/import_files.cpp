@@ -47,17 +47,15 @@ class CsvOutput : private CsvText {
     if (Text().size() >= kWriteAt && !keep_)
       Flush();
   }
-  void Commit() {
-    Flush();
-    output_.Commit();
-  }
-
- private:
+  /// Writes what is left of the text.
   void Flush() {
     output_.Write(Text());
     Clear();
   }
+  /// After Flush.
+  void Commit() { output_.Commit(); }
 
+ private:
   base::FileReplacement output_;
   bool keep_;
 };
@@ -86,6 +84,8 @@ class ImportWriter {
     destinations.Write(destinations_);
     std::optional<CsvOutput> rejected;
     AddRejected(rejected);
+    if (rejected)
+      rejected->Flush();
     if (options_.schedule.empty())
       AddFlights([](const std::vector<jet::Value>&) {});
     else
@@ -163,6 +163,9 @@ class ImportWriter {
       flights_.EndRecord();
       use(row);
     }
+    // Before the database appears, so that no error can follow but that of a file's last step.
+    services_.Flush();
+    flights_.Flush();
   }
 
   void FillRow(const ImportedFlight& flight, std::string key, std::vector<jet::Value>& row) const {
