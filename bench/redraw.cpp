@@ -3,9 +3,10 @@
 // drawing only the line segments, which are already projected ("lines"), and libmdb reading the same rows
 // ("scan"). Then the first scene in larger pictures, and in 100 sizes one after the other.
 //
-//     bench_redraw DATA [FULL] [--picture DIR] [--seconds N]
+//     bench_redraw DATA [FULL] [--picture DIR] [--seconds N] [--only-redraw SCENE]
 //
-// DATA and FULL are folders as zerbal-pack build writes them, FULL with full detail for scene F.
+// DATA and FULL are folders as zerbal-pack build writes them, FULL with full detail for scene F. --only-redraw
+// leaves out the comparisons and the other scenes, for a profiler.
 #include <QGuiApplication>
 #include <QPainter>
 #include <algorithm>
@@ -261,7 +262,7 @@ struct Options {
   std::optional<fs::path> full;
   std::optional<fs::path> pictures;
   double seconds = 3;
-  bool onlyRedraw = false;  ///< for a profiler
+  QString onlyRedraw;  ///< the scene, empty to measure all
 };
 
 void Run(const View& view, const fs::path& folder, const Options& options) {
@@ -276,7 +277,7 @@ void Run(const View& view, const fs::path& folder, const Options& options) {
     paint::PictureSurface surface(picture, 1, prepared);
     map::DrawMap(scene, surface);
   };
-  if (options.onlyRedraw) {
+  if (!options.onlyRedraw.isEmpty()) {
     redraw();
     int count = 0;
     for (double spent = 0; spent < options.seconds; ++count)
@@ -373,15 +374,16 @@ int Main(const QStringList& arguments) {
       options.pictures = arguments[++i].toStdString();
     else if (argument == "--seconds" && i + 1 < arguments.size())
       options.seconds = arguments[++i].toDouble();
-    else if (argument == "--only-redraw")
-      options.onlyRedraw = true;
+    else if (argument == "--only-redraw" && i + 1 < arguments.size())
+      options.onlyRedraw = arguments[++i];
     else if (options.data.empty())
       options.data = argument.toStdString();
     else
       options.full = argument.toStdString();
   }
   if (options.data.empty()) {
-    std::fprintf(stderr, "usage: bench_redraw DATA [FULL] [--picture DIR] [--seconds N] [--only-redraw]\n");
+    std::fprintf(stderr,
+                 "usage: bench_redraw DATA [FULL] [--picture DIR] [--seconds N] [--only-redraw SCENE]\n");
     return 2;
   }
   std::printf(
@@ -391,11 +393,15 @@ int Main(const QStringList& arguments) {
       kWidth, kHeight);
   std::printf("%-2s %-24s %8s %8s %9s %9s %9s %9s %8s %8s %8s\n", "", "scene", "rows", "ops", "redraw",
               "naive", "lines", "scan", "/naive", "/bound", "scan/");
+  const auto run = [&](const View& view, const fs::path& folder) {
+    if (options.onlyRedraw.isEmpty() || options.onlyRedraw == view.name)
+      Run(view, folder, options);
+  };
   for (const View& view : {kWorldView, kRoughCoast, kClosest})
-    Run(view, options.data, options);
+    run(view, options.data);
   if (options.full)
-    Run(kFullDetail, *options.full, options);
-  if (!options.onlyRedraw)
+    run(kFullDetail, *options.full);
+  if (options.onlyRedraw.isEmpty())
     RunSizes(options);
   return 0;
 }
