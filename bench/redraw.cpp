@@ -278,11 +278,11 @@ void Run(const View& view, const fs::path& folder, const Options& options) {
     map::DrawMap(scene, surface);
   };
   if (!options.onlyRedraw.isEmpty()) {
-    redraw();
-    int count = 0;
-    for (double spent = 0; spent < options.seconds; ++count)
-      spent += Seconds(redraw);
-    std::printf("%s: %d redraws, %.3f ms each\n", view.name, count, options.seconds * 1000 / count);
+    std::vector<Measure> measures = {{redraw, {}}};
+    TakeTurns(measures, options.seconds);
+    std::vector<double>& times = measures.front().times;
+    std::printf("%s: %zu redraws, shortest %.3f ms, median %.3f ms\n", view.name, times.size(),
+                *std::min_element(times.begin(), times.end()) * 1000, measures.front().Milliseconds());
     return;
   }
 
