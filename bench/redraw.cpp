@@ -5,8 +5,8 @@
 //
 //     bench_redraw DATA [FULL] [--picture DIR] [--seconds N] [--only-redraw SCENE]
 //
-// DATA and FULL are folders as zerbal-pack build writes them, FULL with full detail for scene F. --only-redraw
-// leaves out the comparisons and the other scenes, for a profiler.
+// DATA and FULL are folders as zerbal-pack build writes them, FULL with full detail for scene F.
+// --only-redraw leaves out the comparisons and the other scenes, for a profiler.
 #include <QGuiApplication>
 #include <QPainter>
 #include <algorithm>

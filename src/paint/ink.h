@@ -1,7 +1,6 @@
 // Blends a colour into a picture by coverage, and the masks that hold coverage.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -10,7 +9,7 @@ namespace zerbal::paint {
 
 /// The shape of a marker, a letter or a label: coverage 0..255, row by row. The reference pixel of the shape
 /// (a marker's centre, a letter's origin on the base line, the top left corner of a label's box) has the
-/// coordinates 0, 0; the top left pixel of the mask has `left`, `top`. The width of markers and letters is
+/// coordinates 0, 0; the top left pixel of the mask has `left`, `top`. The width is
 /// padded with empty columns to a multiple of kColumns.
 struct Mask {
   static constexpr int kColumns = 8;
@@ -34,22 +33,15 @@ struct PixelBlock {
 /// unchanged.
 class Ink {
  public:
-  Ink() = default;
   /// Both are pixels of a 32-bit picture.
-  Ink(std::uint32_t background, std::uint32_t colour);
-
-  bool Is(std::uint32_t background, std::uint32_t colour) const {
-    return background_ == background && colour_ == colour;
-  }
+  Ink(std::uint32_t background, std::uint32_t colour) : background_(background), colour_(colour) {}
 
   /// Blends the colour into each pixel by its coverage (0..255).
   void Cover(const PixelBlock& block, const std::uint8_t* coverage, std::ptrdiff_t coverageStride) const;
 
  private:
-  std::uint32_t background_ = 0;
-  std::uint32_t colour_ = 0;
-  /// Per coverage: the distance of the blended background from the colour, per component.
-  std::array<std::uint32_t, 256> distances_ = {};
+  std::uint32_t background_;
+  std::uint32_t colour_;
 };
 
 }  // namespace zerbal::paint

@@ -55,7 +55,7 @@ bool Label::Place(GlyphSet& glyphs, std::string_view text) {
   const bool empty = letters_.empty();
   shape_.left = empty ? 0 : left;
   shape_.top = empty ? 0 : top;
-  shape_.width = empty ? 0 : (right - left + 3) / 4 * 4;
+  shape_.width = empty ? 0 : (right - left + Mask::kColumns - 1) / Mask::kColumns * Mask::kColumns;
   shape_.height = empty ? 0 : bottom - top;
   return std::int64_t{shape_.width} * shape_.height <= kLargest;
 }

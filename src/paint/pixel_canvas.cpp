@@ -3,22 +3,6 @@
 #include <algorithm>
 
 namespace zerbal::paint {
-namespace {
-
-/// The ink of a colour; `next` is the one that is replaced when it is not there.
-template <typename Inks>
-const auto& FindInk(Inks& inks, std::size_t& next, std::uint32_t background, std::uint32_t colour) {
-  for (const auto& ink : inks) {
-    if (ink.Is(background, colour))
-      return ink;
-  }
-  auto& ink = inks[next];
-  next = (next + 1) % inks.size();
-  ink = {background, colour};
-  return ink;
-}
-
-}  // namespace
 
 PixelCanvas::PixelCanvas(QImage& image, int top)
     : grid_{reinterpret_cast<std::uint32_t*>(image.bits()),
@@ -38,12 +22,15 @@ void PixelCanvas::Fill(std::uint32_t pixel) {
     std::fill_n(grid_.pixels + y * grid_.stride, grid_.width, pixel);
 }
 
-const Ink& PixelCanvas::InkOf(std::uint32_t pixel) {
-  return FindInk(inks_, nextInk_, background_, pixel);
-}
-
 const LineInk& PixelCanvas::LineInkOf(std::uint32_t pixel) {
-  return FindInk(lineInks_, nextLineInk_, background_, pixel);
+  for (const LineInk& ink : lineInks_) {
+    if (ink.Is(background_, pixel))
+      return ink;
+  }
+  LineInk& ink = lineInks_[nextLineInk_];
+  nextLineInk_ = (nextLineInk_ + 1) % lineInks_.size();
+  ink = {background_, pixel};
+  return ink;
 }
 
 void PixelCanvas::Blend(const Mask& mask, PixelPoint place, std::uint32_t pixel) {
@@ -57,7 +44,8 @@ void PixelCanvas::Blend(const Mask& mask, PixelPoint place, std::uint32_t pixel)
     return;
   const std::uint8_t* coverage = mask.coverage.data() + std::ptrdiff_t{firstRow} * mask.width + firstColumn;
   std::uint32_t* at = grid_.pixels + (top + firstRow) * grid_.stride + left + firstColumn;
-  InkOf(pixel).Cover({at, grid_.stride, lastColumn - firstColumn, lastRow - firstRow}, coverage, mask.width);
+  Ink(background_, pixel)
+      .Cover({at, grid_.stride, lastColumn - firstColumn, lastRow - firstRow}, coverage, mask.width);
 }
 
 PixelCanvas::Area PixelCanvas::Clipped(std::int64_t x, std::int64_t y, std::int64_t width,

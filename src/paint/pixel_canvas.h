@@ -58,13 +58,10 @@ class PixelCanvas {
     std::int64_t left, top, right, bottom;
   };
   Area Clipped(std::int64_t x, std::int64_t y, std::int64_t width, std::int64_t height) const;
-  const Ink& InkOf(std::uint32_t pixel);
 
   PixelGrid grid_;
   int top_;
   std::uint32_t background_ = 0;  ///< the last fill
-  std::array<Ink, 4> inks_;  ///< the last ones used: airports, symbols and labels of a flight, and one more
-  std::size_t nextInk_ = 0;
   std::array<LineInk, 4> lineInks_;
   std::size_t nextLineInk_ = 0;
 };

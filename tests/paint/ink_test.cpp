@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include "paint/ink_rows.h"
 #include "support/test_random.h"
 
 namespace zerbal::paint {
@@ -36,13 +37,15 @@ std::uint32_t Expected(std::uint32_t below, std::uint32_t background, std::uint3
 
 constexpr std::uint32_t kOpaque = 0xFF000000;
 
-TEST(Ink, FollowsItsRuleForEveryCoverageAndSize) {
+/// Compares `Blender`, an ink or what it consists of, with the rule.
+template <typename Blender>
+void FollowsTheRule() {
   test::TestRandom random(20200817);
   const auto any = [&] { return kOpaque | (random() & 0xFFFFFF); };
   for (int round = 0; round < 2000; ++round) {
     const std::uint32_t background = any();
     const std::uint32_t colour = any();
-    const Ink ink(background, colour);
+    const Blender blender(background, colour);
     const int width = static_cast<int>(random() % 20);
     const int height = static_cast<int>(random() % 4);
     // The rows of the picture and of the mask are longer than the block.
@@ -64,9 +67,17 @@ TEST(Ink, FollowsItsRuleForEveryCoverageAndSize) {
                          coverage[static_cast<std::size_t>(row * coverageStride + column)]);
       }
     }
-    ink.Cover({pixels.data(), stride, width, height}, coverage.data(), coverageStride);
+    blender.Cover({pixels.data(), stride, width, height}, coverage.data(), coverageStride);
     ASSERT_EQ(pixels, expected) << round;
   }
+}
+
+TEST(Ink, FollowsItsRuleForEveryCoverageAndSize) {
+  FollowsTheRule<Ink>();
+}
+
+TEST(Ink, FollowsItsRuleOnProcessorsWithoutAvx2) {
+  FollowsTheRule<InkRows>();
 }
 
 TEST(Ink, DrawingAgainKeepsSoftEdges) {
@@ -80,13 +91,6 @@ TEST(Ink, DrawingAgainKeepsSoftEdges) {
     ink.Cover({&pixel, 1, 1, 1}, &each, 1);
     EXPECT_EQ(pixel, once) << coverage;
   }
-}
-
-TEST(Ink, StoresItsParameters) {
-  const Ink ink(1, 2);
-  EXPECT_TRUE(ink.Is(1, 2));
-  EXPECT_FALSE(ink.Is(2, 1));
-  EXPECT_FALSE(ink.Is(1, 3));
 }
 
 }  // namespace

@@ -30,7 +30,7 @@ TEST_F(LabelTest, HasTheLargestCoverageOfItsLetters) {
   const std::string text = "QAV 12 (2/3) jf,gj";
   ASSERT_TRUE(label_.Compose(glyphs, text));
   const Mask& shape = label_.Shape();
-  EXPECT_EQ(shape.width % 4, 0);
+  EXPECT_EQ(shape.width % Mask::kColumns, 0);
   for (int y = -5; y < 25; ++y) {
     for (int x = -5; x < 150; ++x) {
       int largest = 0;
