@@ -89,13 +89,10 @@ class Stepper {
   std::uint32_t* At(std::int32_t slice, std::int64_t depth) const {
     return pixels_ + slice * slice_ + depth * next_;
   }
-  /// Whether the line and what it covers beside it needs no clipping.
-  bool IsInside() const {
-    const std::int32_t margin = width_ + 2 * kFinePerPixel;
-    const std::int32_t low = std::min(from_.y, to_.y) - margin;
-    const std::int32_t high = std::max(from_.y, to_.y) + margin;
-    const std::int32_t before = from_.x - margin;
-    return (low | before) >= 0 && high >> kFineBits < depth_ && (to_.x + margin) >> kFineBits < slices_;
+  /// Whether what the line covers of a slice needs no clipping.
+  bool IsInside(std::int32_t slice) const {
+    const std::int64_t begin = Begin(slice) >> (kPixelBits - kFineBits);
+    return begin >= 0 && (begin + extent_) >> kFineBits < depth_;
   }
   struct Parts {
     std::int32_t first;  ///< slice
@@ -104,6 +101,8 @@ class Stepper {
     std::int32_t ofLast;
   };
   void CoverInside(const Parts& parts) const;
+  /// One of the slices, clipped.
+  void CoverPart(std::int32_t slice, const Parts& parts) const;
   template <typename Limit>
   void CoverSlice(std::int32_t slice, const Limit& limit) const;
   std::int32_t EndCoverage(std::int32_t slice, std::int32_t depth, float slope, float cosine) const;
@@ -162,6 +161,12 @@ void Stepper::CoverSlice(std::int32_t slice, const Limit& limit) const {
   }
 }
 
+void Stepper::CoverPart(std::int32_t slice, const Parts& parts) const {
+  const std::int32_t part = std::min(slice == parts.first ? parts.ofFirst : kFinePerPixel,
+                                     slice == parts.last ? parts.ofLast : kFinePerPixel);
+  CoverSlice(slice, [part](std::int32_t, std::int32_t plain) { return (plain * part) >> kFineBits; });
+}
+
 /// Part of a run. The ends are cut along the slices; the parts of the first and of the last slice are such
 /// that two lines that meet cover the slice between them.
 void Stepper::DrawPart() {
@@ -177,15 +182,18 @@ void Stepper::DrawPart() {
   const std::int32_t lastPart = kFinePerPixel - (MiddleOf(last) - to) * (1 - openTo_);
   first += openFrom_;
   last -= openTo_;
-  if (IsInside()) [[likely]] {
-    CoverInside({first, last, firstPart, lastPart});
-    return;
+  Parts parts{std::max(first, 0), std::min(last, slices_ - 1), first < 0 ? kFinePerPixel : firstPart,
+              last < slices_ ? lastPart : kFinePerPixel};
+  // Slices that are clipped are at the ends.
+  for (; parts.first <= parts.last && !IsInside(parts.first); ++parts.first) {
+    CoverPart(parts.first, parts);
+    parts.ofFirst = kFinePerPixel;
   }
-  for (std::int32_t slice = std::max(first, 0); slice <= std::min(last, slices_ - 1); ++slice) {
-    const std::int32_t part =
-        std::min(slice == first ? firstPart : kFinePerPixel, slice == last ? lastPart : kFinePerPixel);
-    CoverSlice(slice, [part](std::int32_t, std::int32_t plain) { return (plain * part) >> kFineBits; });
+  for (; parts.first <= parts.last && !IsInside(parts.last); --parts.last) {
+    CoverPart(parts.last, parts);
+    parts.ofLast = kFinePerPixel;
   }
+  CoverInside(parts);
 }
 
 /// The most that the ends of a stroke allow: all before them, nothing beyond.
