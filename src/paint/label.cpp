@@ -17,15 +17,32 @@ constexpr std::int64_t kLargest = 1 << 22;
 using Columns = std::uint8_t __attribute__((vector_size(8)));
 static_assert(sizeof(Columns) == Mask::kColumns);
 
-void KeepLarger(std::uint8_t* to, const std::uint8_t* from, int width) {
-  for (int column = 0; column < width; column += Mask::kColumns) {
-    Columns a;
-    Columns b;
-    std::memcpy(&a, to + column, sizeof a);
-    std::memcpy(&b, from + column, sizeof b);
-    a = a > b ? a : b;
-    std::memcpy(to + column, &a, sizeof a);
+/// Puts a letter into a label, whose rows are `stride` bytes apart.
+void KeepLarger(std::uint8_t* to, std::ptrdiff_t stride, const Mask& letter) {
+  const std::ptrdiff_t width = letter.width;
+  const int height = letter.height;
+  // Row by row within the columns: nearly all letters of usual sizes are this narrow.
+  for (std::ptrdiff_t column = 0; column < width; column += Mask::kColumns) {
+    const std::uint8_t* from = letter.coverage.data() + column;
+    std::uint8_t* at = to + column;
+    for (int left = height; left > 0; --left, from += width, at += stride) {
+      Columns a;
+      Columns b;
+      std::memcpy(&a, at, sizeof a);
+      std::memcpy(&b, from, sizeof b);
+      a = a > b ? a : b;
+      std::memcpy(at, &a, sizeof a);
+    }
   }
+}
+
+/// As TakeUtf8, which need not be called for ASCII.
+char32_t TakeCharacter(std::string_view& text) {
+  const auto first = static_cast<unsigned char>(text.front());
+  if (first >= 0x80)
+    return base::TakeUtf8(text);
+  text.remove_prefix(1);
+  return first;
 }
 
 }  // namespace
@@ -39,7 +56,7 @@ bool Label::Place(GlyphSet& glyphs, std::string_view text) {
   int right = -kFar;
   int bottom = -kFar;
   while (!text.empty()) {
-    const GlyphSet::Glyph& glyph = glyphs.Of(base::TakeUtf8(text));
+    const GlyphSet::Glyph& glyph = glyphs.Of(TakeCharacter(text));
     if (!glyph.known || x > kLargest)
       return false;
     const Mask& mask = glyph.mask;
@@ -64,13 +81,10 @@ bool Label::Compose(GlyphSet& glyphs, std::string_view text) {
   if (!Place(glyphs, text))
     return false;
   shape_.coverage.assign(static_cast<std::size_t>(shape_.width * shape_.height), 0);
-  for (const auto& [mask, left] : letters_) {
-    const std::uint8_t* from = mask->coverage.data();
-    std::uint8_t* to =
-        shape_.coverage.data() + std::ptrdiff_t{mask->top - shape_.top} * shape_.width + left - shape_.left;
-    for (int row = 0; row < mask->height; ++row, from += mask->width, to += shape_.width)
-      KeepLarger(to, from, mask->width);
-  }
+  std::uint8_t* corner = shape_.coverage.data();
+  const std::ptrdiff_t stride = shape_.width;
+  for (const auto& [mask, left] : letters_)
+    KeepLarger(corner + (mask->top - shape_.top) * stride + (left - shape_.left), stride, *mask);
   shape_.top += glyphs.Ascent();
   return true;
 }

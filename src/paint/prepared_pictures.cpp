@@ -63,13 +63,10 @@ GlyphSet::GlyphSet(const QFont& font, double pixelSize) : font_(QRawFont::fromFo
   ascent_ = static_cast<int>(std::ceil(font_.ascent()));
 }
 
-const GlyphSet::Glyph& GlyphSet::Of(char32_t character) {
-  if (character < ascii_.size()) {
-    auto& glyph = ascii_[character];
-    if (!glyph)
-      glyph = std::make_unique<Glyph>(Draw(character));
-    return *glyph;
-  }
+/// Draws a character, unless that has been done.
+const GlyphSet::Glyph& GlyphSet::Make(char32_t character) {
+  if (character < ascii_.size())
+    return *(ascii_[character] = std::make_unique<Glyph>(Draw(character)));
   const auto found = others_.find(character);
   return found != others_.end() ? found->second : others_.emplace(character, Draw(character)).first->second;
 }

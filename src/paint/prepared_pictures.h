@@ -34,9 +34,14 @@ class GlyphSet {
 
   /// Pixels from the top of a text to its base line.
   int Ascent() const { return ascent_; }
-  const Glyph& Of(char32_t character);
+  const Glyph& Of(char32_t character) {
+    if (character < ascii_.size() && ascii_[character]) [[likely]]
+      return *ascii_[character];
+    return Make(character);
+  }
 
  private:
+  const Glyph& Make(char32_t character);
   Glyph Draw(char32_t character) const;
 
   QRawFont font_;
