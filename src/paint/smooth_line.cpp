@@ -157,7 +157,8 @@ void Stepper::CoverSlice(std::int32_t slice, const Limit& limit) const {
   for (std::int32_t depth = first; depth < past; ++depth, at += next_) {
     const std::int64_t top = std::int64_t{depth} * kFinePerPixel;
     const auto plain = static_cast<std::int32_t>(std::min(top + kFinePerPixel, end) - std::max(top, begin));
-    ink_.Cover(*at, limit(depth, plain));
+    if (const std::int32_t coverage = limit(depth, plain); coverage > 0)
+      ink_.Cover(*at, coverage);
   }
 }
 
