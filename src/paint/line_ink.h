@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
+#include <cstddef>
 #include <cstdint>
 
 namespace zerbal::paint {
@@ -51,7 +53,20 @@ class LineInk {
   void Cover(std::uint32_t& pixel, std::int32_t coverage) const { ToBrush().Cover(pixel, coverage); }
 
  private:
+  // Inline, because flights are drawn over other colours nearly everywhere.
   std::uint32_t OverOthers(std::uint32_t below, std::int32_t coverage) const;
+  /// The largest distance of a component.
+  static std::int32_t Distance(std::uint32_t pixel, std::uint32_t other);
+  /// The colour with `part` (in 2^-16) of its difference from `other` left.
+  static std::uint32_t Near(std::uint32_t colour, std::uint32_t other, std::int32_t part);
+
+  /// 2^16 divided by each number, rounded.
+  static constexpr std::array<std::int32_t, 256> kReciprocals = [] {
+    std::array<std::int32_t, 256> result = {};
+    for (std::int32_t i = 1; i < 256; ++i)
+      result[static_cast<std::size_t>(i)] = ((1 << 16) + i / 2) / i;
+    return result;
+  }();
 
   std::uint32_t background_ = 0;
   std::uint32_t colour_ = 0;
@@ -63,5 +78,39 @@ class LineInk {
   std::array<std::uint32_t, 256> blends_ = {};       ///< per level; no pixel where no blend has it
   std::array<std::uint8_t, kFull + 1> levels_ = {};  ///< on the background, per coverage
 };
+
+inline std::int32_t LineInk::Distance(std::uint32_t pixel, std::uint32_t other) {
+  // All components at once, in the first bytes of a vector.
+  using Bytes = std::uint8_t __attribute__((vector_size(16)));
+  using Pixels = std::uint32_t __attribute__((vector_size(16)));
+  const auto a = std::bit_cast<Bytes>(Pixels{pixel, 0, 0, 0});
+  const auto b = std::bit_cast<Bytes>(Pixels{other, 0, 0, 0});
+  const std::uint32_t apart = std::bit_cast<Pixels>((a > b ? a : b) - (a < b ? a : b))[0];
+  return static_cast<std::int32_t>(std::max({apart & 0xFF, apart >> 8 & 0xFF, apart >> 16 & 0xFF}));
+}
+
+inline std::uint32_t LineInk::Near(std::uint32_t colour, std::uint32_t other, std::int32_t part) {
+  // Red and blue are multiplied together, 32 bits apart. Differences below 0 wrap round, but no sum does.
+  const auto redAndBlue = [](std::uint32_t pixel) {
+    return std::uint64_t{pixel & 0xFF0000} << 16 | (pixel & 0xFF);
+  };
+  const auto green = [](std::uint32_t pixel) { return pixel >> 8 & 0xFF; };
+  const auto factor = static_cast<std::uint32_t>(part);
+  const std::uint64_t two =
+      (redAndBlue(colour) << 16) + 0x0000'8000'0000'8000 + (redAndBlue(other) - redAndBlue(colour)) * factor;
+  const std::uint32_t one = (green(colour) << 16) + 0x8000 + (green(other) - green(colour)) * factor;
+  return 0xFF000000 | static_cast<std::uint32_t>(two >> 32 & 0xFF0000) | (one >> 8 & 0xFF00) |
+         static_cast<std::uint32_t>(two >> 16 & 0xFF);
+}
+
+inline std::uint32_t LineInk::OverOthers(std::uint32_t below, std::int32_t coverage) const {
+  const std::int32_t distance = Distance(below, colour_);
+  const std::int32_t left = kFull - coverage;
+  const std::int32_t plain = (difference_ * left + kFull / 2) / kFull;
+  if (distance <= plain)
+    return below;
+  return Near(colour_, below,
+              std::max(plain * kReciprocals[static_cast<std::size_t>(distance)], left * (1 << 16) / kFull));
+}
 
 }  // namespace zerbal::paint
