@@ -6,6 +6,8 @@
 #include <QPainter>
 #include <QPalette>
 #include <QSvgRenderer>
+#include <map>
+#include <tuple>
 
 namespace zerbal::app {
 namespace {
@@ -15,28 +17,36 @@ class SvgIconEngine final : public QIconEngine {
   explicit SvgIconEngine(QByteArray drawing) : drawing_(std::move(drawing)) {}
 
   void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
-    // Reads the palette each time, because it changes between light and dark themes.
-    const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
-    const QColor text = QApplication::palette().color(group, QPalette::ButtonText);
     QByteArray coloured = drawing_;
-    QSvgRenderer renderer(coloured.replace("currentColor", text.name().toLatin1()));
+    QSvgRenderer renderer(coloured.replace("currentColor", TextColour(mode).name().toLatin1()));
     if (mode == QIcon::Disabled)
       painter->setOpacity(0.5 * painter->opacity());
     renderer.render(painter, rect);
   }
 
+  /// Each window asks twice for the pictures of its icon.
   QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-    QPixmap picture(size);
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    paint(&painter, picture.rect(), mode, state);
+    QPixmap& picture = pictures_[{size.width(), size.height(), mode, TextColour(mode).rgba()}];
+    if (picture.isNull()) {
+      picture = QPixmap(size);
+      picture.fill(Qt::transparent);
+      QPainter painter(&picture);
+      paint(&painter, picture.rect(), mode, state);
+    }
     return picture;
   }
 
   QIconEngine* clone() const override { return new SvgIconEngine(drawing_); }
 
  private:
+  /// Reads the palette each time, because it changes between light and dark themes.
+  static QColor TextColour(QIcon::Mode mode) {
+    const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
+    return QApplication::palette().color(group, QPalette::ButtonText);
+  }
+
   QByteArray drawing_;
+  std::map<std::tuple<int, int, QIcon::Mode, QRgb>, QPixmap> pictures_;  ///< by what they depend on
 };
 
 }  // namespace

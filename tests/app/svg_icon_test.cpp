@@ -116,6 +116,16 @@ TEST_F(Pictures, AreSharpAtTwiceTheResolution) {
   EXPECT_GT(PixelsLike(picture.toImage(), Qt::black), 100);
 }
 
+TEST_F(Pictures, AreDrawnOnceForEachSizeAndLook) {
+  SetTextColour(Qt::black);
+  const QIcon icon = SvgIcon(":/app/zoom_in.svg");
+  const QPixmap picture = icon.pixmap(24, 24);
+  EXPECT_EQ(icon.pixmap(24, 24).cacheKey(), picture.cacheKey());
+  EXPECT_EQ(icon.pixmap(32, 32).size(), QSize(32, 32));
+  EXPECT_NE(icon.pixmap(24, 24, QIcon::Disabled).toImage(), picture.toImage());
+  EXPECT_EQ(icon.pixmap(24, 24).toImage(), picture.toImage());
+}
+
 TEST_F(Pictures, AMissingFileGivesNoPicture) {
   EXPECT_TRUE(SvgIcon(":/app/nothing.svg").isNull());
 }
