@@ -5,6 +5,7 @@
 #include <exception>
 #include <new>
 
+#include "app/program_style.h"
 #include "app/svg_icon.h"
 #include "base/assert.h"
 
@@ -13,6 +14,7 @@ namespace zerbal::app {
 Application::Application(int& argc, char** argv, settings::MessageBoxes& boxes)
     : QApplication(argc, argv), boxes_(boxes) {
   setApplicationName("zerbal");
+  setStyle(new ProgramStyle);
   setWindowIcon(SvgIcon(":/app/zerbal.svg"));
 }
 

@@ -108,6 +108,14 @@ TEST_F(ProgramTest, ClosingTheMainWindowSavesTheSettingsAndEndsWith0) {
   EXPECT_EQ(Ini("Region", "CentreWorld"), "1");
 }
 
+TEST_F(ProgramTest, TheFirstMapNeedsNoPluginsOfImageFormats) {
+  world.Write(folder.Path());
+  const Ran ran = Run();
+  EXPECT_EQ(ran.status, 0) << ran.errors;
+  ASSERT_EQ(ran.seen.size(), 1U);
+  EXPECT_EQ(ran.seen.front()["imageFormats"], 0);
+}
+
 TEST_F(ProgramTest, QuitInTheMenuEndsWith0Too) {
   world.Write(folder.Path());
   const Ran ran = Run("mnuHelpInfo mnuFileQuit");

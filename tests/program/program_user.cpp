@@ -7,10 +7,12 @@
 //   {"box": {"title", "text", "icon", "parent"}}   parent: the name of the parent window of the box, or
 //   null
 //   {"dialog": name}
-//   {"window": name}                                the main window is shown
+//   {"window": name, "imageFormats": number}        the main window is shown, and how many parts of
+//                                                   plugins of image formats are in memory then
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
+#include <QFile>
 #include <QGenericPlugin>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -41,6 +43,17 @@ void PrintBox(const QMessageBox& box) {
                              {"text", box.text()},
                              {"icon", IconName(box.icon())},
                              {"parent", parent != nullptr ? parent->objectName() : QJsonValue()}}}});
+}
+
+int LoadedImageFormats() {
+  QFile maps("/proc/self/maps");
+  int count = 0;
+  if (maps.open(QIODevice::ReadOnly)) {
+    const QByteArray text = maps.readAll();
+    for (const QByteArray& line : text.split('\n'))
+      count += line.contains("/imageformats/") ? 1 : 0;
+  }
+  return count;
 }
 
 void Press(QWidget* window, Qt::Key key) {
@@ -83,7 +96,7 @@ class User final : public QObject {
   void Use(QWidget& main) {
     if (!shown_) {
       shown_ = true;
-      Print({{"window", main.objectName()}});
+      Print({{"window", main.objectName()}, {"imageFormats", LoadedImageFormats()}});
     } else if (entries_.isEmpty()) {
       main.close();
     } else if (auto* entry = main.findChild<QAction*>(entries_.takeFirst())) {
