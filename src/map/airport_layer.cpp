@@ -12,11 +12,23 @@ constexpr std::int32_t kRadiusDetail = 30;
 constexpr std::int32_t kLabelOffset = 50;  ///< right of and below the marker's centre
 
 void DrawAt(TwipPoint centre, Canvas& canvas, std::string_view label, data::Rgb colour) {
-  canvas.surface.Circle(centre, canvas.viewport.DetailMode() ? kRadiusDetail : kRadiusOverview, colour, true);
-  canvas.surface.Text({centre.x + kLabelOffset, centre.y + kLabelOffset}, label, colour, canvas.font);
+  DrawAirportMarker(canvas, centre, colour);
+  DrawAirportLabel(canvas, centre, label, colour);
 }
 
 }  // namespace
+
+std::int32_t MarkerRadius(bool detailMode) {
+  return detailMode ? kRadiusDetail : kRadiusOverview;
+}
+
+void DrawAirportMarker(Canvas& canvas, TwipPoint centre, data::Rgb colour) {
+  canvas.surface.Circle(centre, MarkerRadius(canvas.viewport.DetailMode()), colour, true);
+}
+
+void DrawAirportLabel(Canvas& canvas, TwipPoint centre, std::string_view label, data::Rgb colour) {
+  canvas.surface.Text({centre.x + kLabelOffset, centre.y + kLabelOffset}, label, colour, canvas.font);
+}
 
 std::optional<TwipPoint> ProjectAirport(const Viewport& viewport, MapPosition position) {
   // The longitude of the marker in line tables is not a position here either.

@@ -1,9 +1,9 @@
 #include "map/draw_map.h"
 
-#include <exception>
 #include <span>
 #include <string>
 
+#include "map/contained.h"
 #include "map/layers.h"
 
 namespace zerbal::map {
@@ -11,18 +11,6 @@ namespace zerbal::map {
 namespace {
 
 using data::ColourCode;
-
-/// Runs one step of the drawing. An error, such as a database that has disappeared, ends the step. What the
-/// step has drawn stays, and the next one is drawn.
-template <typename Step>
-void Contained(const MapScene& scene, const char* name, const Step& step) {
-  try {
-    step();
-  } catch (const std::exception& error) {
-    if (scene.logError != nullptr)
-      scene.logError(std::string(name) + ": " + error.what());
-  }
-}
 
 void DrawCentreMark(const Viewport& viewport, Surface& surface, data::Rgb colour) {
   constexpr std::int32_t kRadius = 60;

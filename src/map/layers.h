@@ -85,6 +85,12 @@ void AppendAirportLabel(std::string& label, const AirportTexts& texts, bool deta
 /// Draws marker and label when the position is in view.
 void DrawAirport(Canvas& canvas, const AirportTexts& texts, MapPosition position, data::Rgb colour);
 
+/// The parts of DrawAirport, around the marker's centre.
+void DrawAirportMarker(Canvas& canvas, TwipPoint centre, data::Rgb colour);
+void DrawAirportLabel(Canvas& canvas, TwipPoint centre, std::string_view label, data::Rgb colour);
+/// Twips, without the outline.
+std::int32_t MarkerRadius(bool detailMode);
+
 /// Where the marker's centre is; nothing when the position is not in view.
 std::optional<TwipPoint> ProjectAirport(const Viewport& viewport, MapPosition position);
 

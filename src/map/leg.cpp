@@ -160,6 +160,13 @@ TwipPoint LegLabelPosition(TwipPoint from, TwipPoint to, bool detailMode) {
   return {reference.x + offset.x, reference.y + offset.y};
 }
 
+void MakeLegLabel(std::string& label, std::string_view number, bool withLeg, std::size_t leg,
+                  std::size_t legs) {
+  label = number;
+  if (withLeg)
+    label.append(" (").append(std::to_string(leg)).append("/").append(std::to_string(legs)).append(")");
+}
+
 void DrawLegSymbol(Canvas& canvas, TwipPoint from, TwipPoint to, std::string_view label,
                    const LegSymbolOptions& options) {
   const bool detailMode = canvas.viewport.DetailMode();

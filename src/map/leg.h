@@ -1,6 +1,8 @@
 // One leg of a flight: its part that is in view, its aircraft symbol, the place of its flight number.
 #pragma once
 
+#include <cstddef>
+#include <string>
 #include <string_view>
 
 #include "data/rgb.h"
@@ -38,6 +40,10 @@ LegSymbol ComputeLegSymbol(TwipPoint from, TwipPoint to, bool detailMode);
 
 /// Top left corner of the label, which does not depend on whether the symbol is drawn.
 TwipPoint LegLabelPosition(TwipPoint from, TwipPoint to, bool detailMode);
+
+/// The label of a leg: the flight's number, on request with the leg's own number (from 1) and that of legs.
+void MakeLegLabel(std::string& label, std::string_view number, bool withLeg, std::size_t leg,
+                  std::size_t legs);
 
 struct LegSymbolOptions {
   bool symbol = false;

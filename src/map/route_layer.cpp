@@ -57,22 +57,12 @@ class FlightPainter {
                   data::Rgb colour) {
     if (!options_.flightNumbers && !options_.aircraftSymbols)
       return;
-    MakeLabel(number, leg);
+    MakeLegLabel(label_, number, options_.legNumbers, leg, route_.Legs());
     DrawLegSymbol(canvas_, start, end, label_,
                   {.symbol = options_.aircraftSymbols,
                    .label = options_.flightNumbers,
                    .symbolColour = symbolColour_,
                    .labelColour = colour});
-  }
-
-  void MakeLabel(std::string_view number, std::size_t leg) {
-    label_ = number;
-    if (options_.legNumbers)
-      label_.append(" (")
-          .append(std::to_string(leg))
-          .append("/")
-          .append(std::to_string(route_.Legs()))
-          .append(")");
   }
 
   void DrawRouteAirport(const RoutePoint& point, MapPosition position) {

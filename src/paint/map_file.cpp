@@ -17,8 +17,6 @@
 namespace zerbal::paint {
 namespace {
 
-/// Vector formats are drawn on a grid this many times finer than logical pixels.
-constexpr int kVectorGrid = 8;
 /// Pixels. A band stays in the processor's cache until it is encoded.
 constexpr int kBandSize = 1 << 19;
 
@@ -31,11 +29,18 @@ std::int32_t HeightInTwips(int row, double scale) {
   return static_cast<std::int32_t>(row * kTwipsPerPixel / PixelScale(scale).Ratio());
 }
 
-void DrawOn(QPaintDevice& device, const QSizeF& logicalSize, const DrawMapOn& draw) {
+void PaintOn(QPaintDevice& device, const QSizeF& logicalSize, const PaintMap& paint) {
+  const QRectF area(QPointF(), logicalSize * kVectorGrid);
   QPainter painter(&device);
-  PainterSurface surface(painter, kVectorGrid, QRectF(QPointF(), logicalSize * kVectorGrid));
-  painter.setClipRect(QRectF(QPointF(), logicalSize * kVectorGrid));
-  draw(surface);
+  painter.setClipRect(area);
+  paint(painter, kVectorGrid, area);
+}
+
+PaintMap Painting(const DrawMapOn& draw) {
+  return [&draw](QPainter& painter, double scale, const QRectF& area) {
+    PainterSurface surface(painter, scale, area);
+    draw(surface);
+  };
 }
 
 }  // namespace
@@ -54,18 +59,27 @@ void WritePng(const QSize& pixels, double dpi, const DrawMapOn& draw, const Byte
               const Progress& progress) {
   OperationList operations;
   draw(operations);
+  PreparedPictures prepared;
+  WritePngBands(
+      pixels, dpi,
+      [&](const BandToDraw& part) {
+        PictureSurface surface(part.rows, part.band, dpi / kScreenDpi, prepared);
+        operations.DrawBetween(part.top, part.bottom, surface);
+      },
+      sink, progress);
+}
+
+void WritePngBands(const QSize& pixels, double dpi, const std::function<void(const BandToDraw&)>& draw,
+                   const ByteSink& sink, const Progress& progress) {
   QImage rows(pixels.width(), std::min(RowsOfBand(pixels.width()), pixels.height()), QImage::Format_RGB32);
   if (rows.isNull())
     throw base::Error("There is not enough memory for a picture of this size.");
-  PreparedPictures prepared;
   PngWriter writer(pixels, dpi, sink);
   const double scale = dpi / kScreenDpi;
   for (int top = 0; top < pixels.height(); top += rows.height()) {
     progress(static_cast<double>(top) / pixels.height());
-    {
-      PictureSurface surface(rows, {top, pixels.height()}, scale, prepared);
-      operations.DrawBetween(HeightInTwips(top, scale), HeightInTwips(top + rows.height(), scale), surface);
-    }
+    draw(
+        {rows, {top, pixels.height()}, HeightInTwips(top, scale), HeightInTwips(top + rows.height(), scale)});
     writer.Write(rows, std::min(rows.height(), pixels.height() - top));
   }
   writer.Finish();
@@ -82,6 +96,14 @@ QByteArray PngOf(const QImage& picture, double dpi) {
 }
 
 QByteArray SvgOf(const QSizeF& logicalSize, const DrawMapOn& draw) {
+  return PaintedSvg(logicalSize, Painting(draw));
+}
+
+QByteArray PdfOf(const QSizeF& logicalSize, const DrawMapOn& draw) {
+  return PaintedPdf(logicalSize, Painting(draw));
+}
+
+QByteArray PaintedSvg(const QSizeF& logicalSize, const PaintMap& paint) {
   QBuffer bytes;
   QSvgGenerator generator;
   generator.setOutputDevice(&bytes);
@@ -90,11 +112,11 @@ QByteArray SvgOf(const QSizeF& logicalSize, const DrawMapOn& draw) {
   generator.setSize(QSize(static_cast<int>(std::lround(logicalSize.width() * kVectorGrid)),
                           static_cast<int>(std::lround(logicalSize.height() * kVectorGrid))));
   generator.setViewBox(QRectF(QPointF(), logicalSize * kVectorGrid));
-  DrawOn(generator, logicalSize, draw);
+  PaintOn(generator, logicalSize, paint);
   return bytes.data();
 }
 
-QByteArray PdfOf(const QSizeF& logicalSize, const DrawMapOn& draw) {
+QByteArray PaintedPdf(const QSizeF& logicalSize, const PaintMap& paint) {
   QBuffer bytes;
   bytes.open(QIODevice::WriteOnly);
   {
@@ -104,7 +126,7 @@ QByteArray PdfOf(const QSizeF& logicalSize, const DrawMapOn& draw) {
     writer.setPageSize(
         QPageSize(logicalSize / kScreenDpi, QPageSize::Inch, QString(), QPageSize::ExactMatch));
     writer.setPageMargins(QMarginsF());
-    DrawOn(writer, logicalSize, draw);
+    PaintOn(writer, logicalSize, paint);
   }
   return bytes.data();
 }

@@ -3,12 +3,15 @@
 
 #include <QByteArray>
 #include <QImage>
+#include <QPainter>
 #include <QSizeF>
 #include <QString>
+#include <cstdint>
 #include <functional>
 #include <optional>
 
 #include "map/surface.h"
+#include "paint/picture_band.h"
 #include "paint/png_writer.h"
 
 namespace zerbal::paint {
@@ -32,9 +35,31 @@ using Progress = std::function<void(double done)>;
 void WritePng(const QSize& pixels, double dpi, const DrawMapOn& draw, const ByteSink& sink,
               const Progress& progress);
 
+/// Rows of a picture. Only what lies between two heights (twips) can be visible in them.
+struct BandToDraw {
+  QImage& rows;
+  PictureBand band;
+  std::int32_t top;
+  std::int32_t bottom;
+};
+
+/// The same for what is more than the operations of a map::Surface: `draw` is called with one band after the
+/// other.
+void WritePngBands(const QSize& pixels, double dpi, const std::function<void(const BandToDraw&)>& draw,
+                   const ByteSink& sink, const Progress& progress);
+
 /// Throws base::Error when the picture, which has format RGB32, cannot be encoded.
 QByteArray PngOf(const QImage& picture, double dpi);
 QByteArray SvgOf(const QSizeF& logicalSize, const DrawMapOn& draw);
 QByteArray PdfOf(const QSizeF& logicalSize, const DrawMapOn& draw);
+
+/// Paints the map within `area`, `scale` units per logical pixel.
+using PaintMap = std::function<void(QPainter& painter, double scale, const QRectF& area)>;
+
+QByteArray PaintedSvg(const QSizeF& logicalSize, const PaintMap& paint);
+QByteArray PaintedPdf(const QSizeF& logicalSize, const PaintMap& paint);
+
+/// Of vector formats: they are drawn on a grid this many times finer than logical pixels.
+inline constexpr int kVectorGrid = 8;
 
 }  // namespace zerbal::paint

@@ -12,16 +12,6 @@ constexpr std::int32_t kLargestMarker = 300;
 constexpr ClipArea kFineArea{-PixelScale::kFinestTwips, -PixelScale::kFinestTwips, PixelScale::kFinestTwips,
                              PixelScale::kFinestTwips};
 
-/// The whole picture, of which only the rows of the band exist. QPainter rounds coordinates differently left
-/// of or above its device, so it must draw a band at the coordinates of the whole picture.
-QImage WholePicture(QImage& picture, const PictureBand& band) {
-  const auto above =
-      static_cast<std::uintptr_t>(band.top) * static_cast<std::uintptr_t>(picture.bytesPerLine());
-  // NOLINTNEXTLINE(performance-no-int-to-ptr): a pointer to rows that do not exist
-  auto* bits = reinterpret_cast<uchar*>(reinterpret_cast<std::uintptr_t>(picture.bits()) - above);
-  return {bits, picture.width(), band.height, picture.bytesPerLine(), picture.format()};
-}
-
 bool IsFine(TwipPoint point) {
   constexpr auto kReach = static_cast<std::uint32_t>(PixelScale::kFinestTwips);
   return static_cast<std::uint32_t>(point.x) + kReach <= 2 * kReach &&
@@ -44,12 +34,8 @@ PictureSurface::~PictureSurface() = default;
 
 PainterSurface& PictureSurface::Rest() {
   if (!rest_) {
-    const QRect band(0, band_.top, picture_.width(), picture_.height());
-    whole_ = WholePicture(picture_, band_);
-    painter_.emplace(&whole_);
-    if (band_.height > band.height())
-      painter_->setClipRect(band);
-    rest_.emplace(*painter_, scale_.Ratio(), QRectF(whole_.rect()));
+    painter_.emplace(picture_, band_);
+    rest_.emplace(painter_->Painter(), scale_.Ratio(), painter_->Area());
   }
   return *rest_;
 }

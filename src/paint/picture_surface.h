@@ -8,16 +8,11 @@
 #include "paint/label.h"
 #include "paint/line_run.h"
 #include "paint/painter_surface.h"
+#include "paint/picture_band.h"
 #include "paint/pixel_canvas.h"
 #include "paint/prepared_pictures.h"
 
 namespace zerbal::paint {
-
-/// The rows from `top` on of a picture that is `height` pixels high.
-struct PictureBand {
-  int top = 0;
-  int height = 0;
-};
 
 /// `picture` has format RGB32 and the device pixel ratio 1; `scale` is the number of its pixels per logical
 /// pixel. Picture and prepared pictures must outlive the surface. Drawing on an empty picture does nothing.
@@ -58,8 +53,7 @@ class PictureSurface final : public map::Surface {
   GlyphSet* glyphs_ = nullptr;
   Label label_;
   // Created on first use; most redraws do not need them.
-  QImage whole_;
-  std::optional<QPainter> painter_;
+  std::optional<BandPainter> painter_;
   std::optional<PainterSurface> rest_;
 };
 

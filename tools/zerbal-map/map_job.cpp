@@ -198,6 +198,11 @@ void MapJob::Draw(map::Surface& surface) {
   map::DrawMap(Scene(), surface);
 }
 
+void MapJob::DrawForPrint(print::PrintSurface& surface) {
+  const map::MapScene scene = Scene();
+  print::DrawPrintMap({scene, options_.print}, surface);
+}
+
 Routes MapJob::GatherRoutes() const {
   return mapcommand::GatherRoutes(Scene(),
                                   options_.ShowsWorld() ? map::FlightExtent::kAll : map::FlightExtent::kView);

@@ -21,6 +21,8 @@ class MapJob {
 
   /// Draws the map as the map window does; the surface's area has the options' logical size.
   void Draw(map::Surface& surface);
+  /// The same with the options for print.
+  void DrawForPrint(print::PrintSurface& surface);
 
   /// What Draw shows of flights and airports, as map data. Without a view, or with the world, nothing is left
   /// out, not even what the widest view does not show.

@@ -12,6 +12,7 @@
 #include "data/airport_criteria.h"
 #include "data/display_options.h"
 #include "paint/map_file.h"
+#include "print/print_map.h"
 
 namespace zerbal::mapcommand {
 
@@ -55,6 +56,10 @@ struct Options {
   std::optional<std::string> touching;
   data::AirportCriteria criteria;      ///< of both airport layers
   std::optional<std::string> compare;  ///< an older schedule
+
+  print::PrintOptions print;  ///< with any of them the map is one for print
+
+  bool ForPrint() const { return print != print::PrintOptions(); }
 
   /// The drawing area in logical pixels of 1/96 inch.
   QSizeF LogicalSize() const;

@@ -2,6 +2,7 @@
 
 #include "base/file_replacement.h"
 #include "paint/map_file.h"
+#include "print/print_file.h"
 
 namespace zerbal::mapcommand {
 namespace {
@@ -55,12 +56,33 @@ void DrawFile(MapJob& job, const Options& options, ProgressLine& progress, const
   }
 }
 
+void DrawPrintFile(MapJob& job, const Options& options, ProgressLine& progress, const paint::ByteSink& sink) {
+  const auto draw = [&job](print::PrintSurface& surface) { job.DrawForPrint(surface); };
+  progress.Show(std::nullopt);
+  switch (options.kind) {
+    case MapFileKind::kSvg:
+      sink(print::PrintSvgOf(options.LogicalSize(), draw).toStdString());
+      break;
+    case MapFileKind::kPdf:
+      sink(print::PrintPdfOf(options.LogicalSize(), draw).toStdString());
+      break;
+    case MapFileKind::kPng:
+      print::WritePrintPng(options.PixelSize(), options.dpi, draw, sink,
+                           [&](double done) { progress.Show(done); });
+      break;
+  }
+}
+
 }  // namespace
 
 void WriteMap(MapJob& job, const Options& options, ProgressLine& progress) {
   // Opened first: a file that cannot be written is reported before anything is drawn.
   auto file = base::FileReplacement::OfUserFile(options.outputFile);
-  DrawFile(job, options, progress, [&file](std::string_view bytes) { file.Write(bytes); });
+  const auto sink = [&file](std::string_view bytes) { file.Write(bytes); };
+  if (options.ForPrint())
+    DrawPrintFile(job, options, progress, sink);
+  else
+    DrawFile(job, options, progress, sink);
   file.Commit();
 }
 

@@ -1,0 +1,46 @@
+// The layers of a map for print.
+#pragma once
+
+#include "map/layers.h"
+#include "print/contents.h"
+#include "print/print_surface.h"
+#include "print/projection.h"
+
+namespace zerbal::print {
+
+// Coastlines, rivers and boundaries
+
+struct LineLayer {
+  data::LineKind kind;
+  const char* name;  ///< of the step, for the log
+  data::Rgb colour;
+};
+
+/// Draws the lines that the map window shows of this kind, cut at the edge of the view. A table that cannot
+/// be read ends with the error, which is logged.
+void DrawLineLayer(const map::MapScene& scene, const Projection& projection, const LineLayer& layer,
+                   PrintSurface& surface);
+
+// Airports
+
+void DrawAirportMarkers(map::Canvas& canvas, const std::vector<PlacedAirport>& airports);
+/// Right of and below the markers, as on the map of the window.
+void DrawAirportLabels(map::Canvas& canvas, const std::vector<PlacedAirport>& airports);
+
+// Flights
+
+void DrawLegs(map::Canvas& canvas, const std::vector<PlacedLeg>& legs);
+/// An aircraft on each part of a leg, a quarter of the way along the curve.
+void DrawLegSymbols(map::Canvas& canvas, const map::MapScene& scene, const std::vector<PlacedLeg>& legs);
+/// The numbers beside the symbols, as on the map of the window.
+void DrawLegLabels(map::Canvas& canvas, const map::MapScene& scene, const std::vector<PlacedLeg>& legs);
+
+/// A straight leg that has its symbol and its label where those of a curved part are: its quarter is that of
+/// the curve, and its direction the curve's there.
+struct StraightLeg {
+  TwipPoint from;
+  TwipPoint to;
+};
+StraightLeg StraightAtQuarter(std::span<const TwipPoint> part);
+
+}  // namespace zerbal::print

@@ -1,0 +1,63 @@
+#include "print/print_map.h"
+
+#include "map/contained.h"
+#include "print/contents.h"
+#include "print/layers.h"
+#include "print/plate_carree.h"
+
+namespace zerbal::print {
+namespace {
+
+using data::ColourCode;
+
+Contents PlaceContents(const PrintScene& scene, const Projection& projection) {
+  const map::MapScene& map = scene.map;
+  Contents contents;
+  if (map.options.allAirports)
+    map::Contained(map, "airports", [&] { PlaceAllAirports(map, projection, contents); });
+  if (map.options.destinations)
+    map::Contained(map, "destinations", [&] { PlaceDestinations(map, projection, contents); });
+  map::Contained(map, "flights", [&] { PlaceFlights(map, scene.options, projection, contents); });
+  return contents;
+}
+
+void DrawLines(const PrintScene& scene, const Projection& projection, PrintSurface& surface) {
+  surface.BeginPrintLayer(PrintLayer::kLines);
+  const auto draw = [&](data::LineKind kind, const char* name, ColourCode colour) {
+    DrawLineLayer(scene.map, projection, {kind, name, scene.map.style.colours[colour]}, surface);
+  };
+  draw(data::LineKind::kCoast, "coast", ColourCode::kCoast);
+  if (scene.map.options.rivers)
+    draw(data::LineKind::kRiver, "rivers", ColourCode::kRiver);
+  if (scene.map.options.boundaries)
+    draw(data::LineKind::kBoundary, "boundaries", ColourCode::kIBound);
+}
+
+}  // namespace
+
+void DrawPrintMap(const PrintScene& scene, PrintSurface& surface) {
+  const map::MapScene& map = scene.map;
+  if (!map.viewport.HasArea())
+    return;
+  surface.BeginPrintLayer(PrintLayer::kBackground);
+  surface.Clear(map.style.colours[ColourCode::kMapBg]);
+  const PlateCarree projection(map.viewport);
+  DrawLines(scene, projection, surface);
+  const Contents contents = PlaceContents(scene, projection);
+  const map::TextFont font = map::MapFont(map.viewport, map.style.fonts);
+  map::Canvas canvas{map.viewport, surface, font};
+  surface.BeginPrintLayer(PrintLayer::kAirports);
+  DrawAirportMarkers(canvas, contents.allAirports);
+  DrawAirportMarkers(canvas, contents.destinations);
+  surface.BeginPrintLayer(PrintLayer::kFlights);
+  DrawLegs(canvas, contents.legs);
+  DrawLegSymbols(canvas, map, contents.legs);
+  DrawAirportMarkers(canvas, contents.legAirports);
+  surface.BeginPrintLayer(PrintLayer::kLabels);
+  DrawAirportLabels(canvas, contents.allAirports);
+  DrawAirportLabels(canvas, contents.destinations);
+  DrawLegLabels(canvas, map, contents.legs);
+  DrawAirportLabels(canvas, contents.legAirports);
+}
+
+}  // namespace zerbal::print
