@@ -1,9 +1,12 @@
 #include "print/contents.h"
 
 #include <exception>
+#include <map>
 #include <optional>
 #include <unordered_map>
+#include <utility>
 
+#include "data/great_circle.h"
 #include "map/layers.h"
 #include "map/leg.h"
 #include "map/shown_flights.h"
@@ -61,11 +64,14 @@ void PlaceAirports(const map::MapScene& scene, const Projection& projection, con
   });
 }
 
+using Parts = std::vector<std::vector<TwipPoint>>;
+
 /// Reads the flights one after the other.
 class FlightPlacer {
  public:
-  FlightPlacer(const map::MapScene& scene, const Projection& projection, Contents& contents)
-      : scene_(scene), projection_(projection), contents_(contents) {}
+  FlightPlacer(const map::MapScene& scene, bool greatCircles, const Projection& projection,
+               Contents& contents)
+      : scene_(scene), greatCircles_(greatCircles), projection_(projection), contents_(contents) {}
 
   /// A flight with an airport that is not among the destinations is left out, as on every map.
   void Place(const data::Flight& flight, const data::FlightService* service) {
@@ -110,10 +116,11 @@ class FlightPlacer {
 
   void PlaceLeg(const data::Flight& flight, const data::FlightService* service, std::size_t leg,
                 const KnownAirport& from, const KnownAirport& to) {
-    std::vector<std::vector<TwipPoint>> parts;
-    const GeoPosition ends[] = {from.position, to.position};
-    projection_.ProjectLine(
-        ends, [&](std::span<const TwipPoint> part) { parts.emplace_back(part.begin(), part.end()); });
+    // Airports keep their place, so they stand for their positions.
+    const auto [known, isNew] = ways_.try_emplace({&from, &to});
+    if (isNew)
+      known->second = PartsOf(from.position, to.position);
+    const Parts& parts = known->second;
     if (parts.empty())
       return;
     PlacedLeg& placed = contents_.legs.emplace_back();
@@ -123,13 +130,26 @@ class FlightPlacer {
     map::MakeLegLabel(placed.label, flight.number, scene_.options.legNumbers, leg, flight.route.size() - 1);
     placed.service = flight.service;
     placed.colour = service != nullptr ? service->rgb : data::Rgb{};
-    placed.parts = std::move(parts);
+    placed.parts = parts;
+  }
+
+  Parts PartsOf(GeoPosition from, GeoPosition to) const {
+    constexpr double kTolerance = 1;  // twips: less than a pixel of the finest pictures
+    const std::vector<GeoPosition> way =
+        greatCircles_ ? data::GreatCircleLine(from, to, kTolerance / projection_.TwipsPerDegree())
+                      : std::vector{from, to};
+    Parts parts;
+    projection_.ProjectLine(
+        way, [&](std::span<const TwipPoint> part) { parts.emplace_back(part.begin(), part.end()); });
+    return parts;
   }
 
   const map::MapScene& scene_;
+  bool greatCircles_;
   const Projection& projection_;
   Contents& contents_;
   std::unordered_map<std::string, std::optional<KnownAirport>> known_;  ///< by code; references stay valid
+  std::map<std::pair<const KnownAirport*, const KnownAirport*>, Parts> ways_;
 };
 
 }  // namespace
@@ -144,9 +164,9 @@ void PlaceDestinations(const map::MapScene& scene, const Projection& projection,
                 scene.style.colours[data::ColourCode::kApDest], contents.destinations);
 }
 
-void PlaceFlights(const map::MapScene& scene, const PrintOptions&, const Projection& projection,
+void PlaceFlights(const map::MapScene& scene, const PrintOptions& options, const Projection& projection,
                   Contents& contents) {
-  FlightPlacer placer(scene, projection, contents);
+  FlightPlacer placer(scene, options.greatCircles, projection, contents);
   map::VisitFlights(
       scene, map::FlightExtent::kAll,
       [&](const data::Flight& flight, const data::FlightService* service) { placer.Place(flight, service); });

@@ -40,8 +40,8 @@ class Projection {
   /// The position at a place of the picture; nothing beside the globe or when the place is not on the map.
   virtual std::optional<GeoPosition> Unproject(TwipPoint place) const = 0;
   /// Calls `part` with the visible parts of a line that is straight in degrees between its positions, each
-  /// the short way round. It is cut at the seam, the horizon and the edge of the view, and curved where the
-  /// projection curves it.
+  /// the short way round. A segment from a pole to the same pole is left out. It is cut at the seam, the
+  /// horizon and the edge of the view, and curved where the projection curves it.
   virtual void ProjectLine(std::span<const GeoPosition> line, const LineSink& part) const = 0;
   /// The visible part of an area, to be filled as a whole.
   virtual std::vector<Ring> ProjectArea(std::span<const GeoRing> rings) const = 0;

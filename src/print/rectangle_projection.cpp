@@ -133,7 +133,8 @@ void RectangleProjection::ProjectLine(std::span<const GeoPosition> line, const L
   for (std::size_t i = 1; i < line.size(); ++i) {
     GeoPosition from = line[i - 1];
     GeoPosition to = line[i];
-    if (!IsFinite(from) || !IsFinite(to)) {
+    // Between two positions at a pole there is nothing.
+    if (!IsFinite(from) || !IsFinite(to) || (std::fabs(from.lat) == 90 && from.lat == to.lat)) {
       runner.Break();
       continue;
     }

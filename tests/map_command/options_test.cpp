@@ -45,6 +45,18 @@ TEST(MapOptions, TheSuffixSelectsMapData) {
   EXPECT_EQ(Complaint("--out a.geojson --paper A0 --dpi 700"), "(none)") << "it has no pixels";
 }
 
+TEST(MapOptions, WithoutOptionsForPrintTheMapIsThatOfTheWindow) {
+  EXPECT_FALSE(Parse("--out a.png --services all --paper A3")->ForPrint());
+  EXPECT_TRUE(Parse("--out a.png --great-circles")->ForPrint());
+}
+
+TEST(MapOptions, OptionsForPrintAreForDrawings) {
+  EXPECT_EQ(Complaint("--out a.kml --great-circles"),
+            "--great-circles is for drawings; it has no meaning for .geojson, .kml and .gpkg");
+  EXPECT_EQ(Complaint("--out a.svg --great-circles"), "(none)");
+  EXPECT_NE(Complaint("--out a.svg --great-circles=yes"), "(none)");
+}
+
 TEST(MapOptions, DotsPerInchDivideTheDrawingArea) {
   const Options options = Parse("--out a.png --size 2560x1800 --dpi 192").value();
   EXPECT_EQ(options.PixelSize(), QSize(2560, 1800));

@@ -1,6 +1,7 @@
 #include "print/print_map.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include <gtest/gtest.h>
 
@@ -85,6 +86,77 @@ TEST_F(PrintMap, TheWholeMapHasWhatTheWindowDraws) {
         });
     EXPECT_TRUE(found) << testing::PrintToString(wanted);
   }
+}
+
+TEST_F(PrintMap, GreatCirclesAreCurvesBetweenTheAirports) {
+  // The view is 90 to 60 north; both airports are at 60 north, 40 degrees apart.
+  world_.Show(100, 0, 160, 30);
+  world_.dest = {Airport("AAA", 110, 30), Airport("BBB", 150, 30)};
+  world_.flit = {Flight("1", "RED", {"AAA", "BBB"}), Flight("2", "RED", {"BBB", "AAA"})};
+  EXPECT_EQ(DrawnLines(PrintLayer::kFlights)[0], (Part{{1'000, 3'000}, {5'000, 3'000}}));
+  options_.greatCircles = true;
+  const Parts lines = DrawnLines(PrintLayer::kFlights);
+  ASSERT_EQ(lines.size(), 2U);
+  EXPECT_EQ(lines[0].front(), (TwipPoint{1'000, 3'000}));
+  EXPECT_EQ(lines[0].back(), (TwipPoint{5'000, 3'000}));
+  EXPECT_GT(lines[0].size(), 10U);
+  const TwipPoint top =
+      *std::min_element(lines[0].begin(), lines[0].end(), [](TwipPoint a, TwipPoint b) { return a.y < b.y; });
+  // On the sphere, the middle is at atan(tan 60 / cos 20) = 61.52 north.
+  EXPECT_NEAR(top.x, 3'000, 100);
+  EXPECT_NEAR(top.y, 2'848, 3);
+}
+
+TEST_F(PrintMap, AGreatCircleIsCutAtTheSeamAndAtTheView) {
+  // From 165 east to 165 west in a view from 175 west to 175 east, 80 to 20 north.
+  world_.Show(5, 10, 355, 70);
+  world_.dest = {Airport("EEE", 345, 40), Airport("WWW", 15, 40)};
+  world_.flit = {Flight("1", "RED", {"EEE", "WWW"})};
+  options_.greatCircles = true;
+  const Parts lines = DrawnLines(PrintLayer::kFlights);
+  ASSERT_EQ(lines.size(), 2U);
+  EXPECT_EQ(lines[0].front(), (TwipPoint{34'000, 3'000}));
+  EXPECT_EQ(lines[0].back().x, 35'000);
+  EXPECT_EQ(lines[1].front().x, 0);
+  EXPECT_EQ(lines[1].front().y, lines[0].back().y);
+  EXPECT_LT(lines[0].back().y, 2'990);
+  EXPECT_EQ(lines[1].back(), (TwipPoint{1'000, 3'000}));
+}
+
+TEST_F(PrintMap, AGreatCircleOverThePoleRunsUpAndDownTheMeridians) {
+  world_.Show(5, 0, 355, 60);
+  world_.dest = {Airport("AAA", 60, 40), Airport("BBB", 240, 40)};
+  world_.flit = {Flight("1", "RED", {"AAA", "BBB"})};
+  options_.greatCircles = true;
+  const Parts lines = DrawnLines(PrintLayer::kFlights);
+  ASSERT_EQ(lines.size(), 2U);
+  for (const TwipPoint point : lines[0])
+    EXPECT_NEAR(point.x, 5'500, 1);
+  EXPECT_EQ(lines[0].back().y, 0);
+  for (const TwipPoint point : lines[1])
+    EXPECT_NEAR(point.x, 23'500, 1);
+  EXPECT_EQ(lines[1].front().y, 0);
+}
+
+TEST_F(PrintMap, AircraftAndNumbersSitOnTheGreatCircle) {
+  world_.Show(100, 0, 160, 30);
+  world_.dest = {Airport("AAA", 110, 30), Airport("BBB", 150, 30)};
+  world_.flit = {Flight("1", "RED", {"AAA", "BBB"})};
+  world_.options.aircraftSymbols = true;
+  options_.greatCircles = true;
+  const Parts lines = DrawnLines(PrintLayer::kFlights);
+  ASSERT_EQ(lines.size(), 4U);  // the curve and the three lines of the aircraft
+  const TwipPoint tail = lines[1].front();
+  double nearest = 1e9;
+  for (std::size_t i = 1; i < lines[0].size(); ++i) {
+    const TwipPoint from = lines[0][i - 1];
+    const TwipPoint to = lines[0][i];
+    if (from.x <= tail.x && tail.x <= to.x)
+      nearest = std::abs(from.y + static_cast<double>(tail.x - from.x) / (to.x - from.x) * (to.y - from.y) -
+                         tail.y);
+  }
+  EXPECT_LT(nearest, 2);
+  EXPECT_LT(tail.y, 2'900);
 }
 
 TEST_F(PrintMap, AnAirportOfSeveralFlightsIsDrawnOnce) {

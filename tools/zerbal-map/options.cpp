@@ -1,11 +1,11 @@
 #include "zerbal-map/options.h"
 
-#include <QCommandLineParser>
-#include <QFile>
 #include <QRegularExpression>
 #include <cmath>
 
 #include "map/viewport.h"
+#include "zerbal-map/option_reader.h"
+#include "zerbal-map/print_options.h"
 #include "zerbal-map/values.h"
 
 namespace zerbal::mapcommand {
@@ -123,48 +123,7 @@ std::vector<std::string> Texts(const QString& list) {
   return texts;
 }
 
-class Reader {
- public:
-  explicit Reader(const QStringList& words) {
-    const char* withValue[] = {"data",    "region",   "view",     "centre",    "span",
-                               "size",    "paper",    "dpi",      "show",      "services",
-                               "flights", "touching", "labels",   "elevation", "runways",
-                               "longest", "ils",      "settings", "out",       "compare"};
-    for (const char* name : withValue)
-      parser_.addOption(QCommandLineOption(name, QString(), "value"));
-    parser_.addOption(QCommandLineOption("help"));
-    parser_.addOption(QCommandLineOption("version"));
-    parser_.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
-    if (!parser_.parse(QStringList{"zerbal-map"} + words))
-      throw UsageError(parser_.errorText());
-    if (!parser_.positionalArguments().isEmpty())
-      throw UsageError(QString("'%1' belongs to no option").arg(parser_.positionalArguments().front()));
-    for (const char* name : withValue) {
-      if (parser_.values(name).size() > 1)
-        throw UsageError(QString("--%1 is given more than once").arg(name));
-      if (parser_.isSet(name) && parser_.value(name).isEmpty())
-        throw UsageError(QString("--%1: the value is empty").arg(name));
-    }
-  }
-  bool Has(const char* name) const { return parser_.isSet(name); }
-  QString Value(const char* name) const { return parser_.value(name); }
-  std::string Path(const char* name) const { return QFile::encodeName(Value(name)).toStdString(); }
-  /// At most one of these may be given.
-  void OneOf(std::initializer_list<const char*> names) const {
-    QStringList given;
-    for (const char* name : names) {
-      if (Has(name))
-        given.append(QString("--") + name);
-    }
-    if (given.size() > 1)
-      throw UsageError(given.join(" and ") + " exclude each other");
-  }
-
- private:
-  QCommandLineParser parser_;
-};
-
-void ReadSize(const Reader& reader, Options& options) {
+void ReadSize(const OptionReader& reader, Options& options) {
   reader.OneOf({"size", "paper"});
   if (reader.Has("dpi"))
     options.dpi = ParsePositive(reader.Value("dpi"), "--dpi");
@@ -184,7 +143,7 @@ void ReadSize(const Reader& reader, Options& options) {
   }
 }
 
-void ReadView(const Reader& reader, Options& options) {
+void ReadView(const OptionReader& reader, Options& options) {
   reader.OneOf({"region", "view", "centre"});
   if (reader.Has("centre") != reader.Has("span"))
     throw UsageError("--centre and --span belong together");
@@ -198,7 +157,7 @@ void ReadView(const Reader& reader, Options& options) {
   }
 }
 
-void ReadContents(const Reader& reader, Options& options) {
+void ReadContents(const OptionReader& reader, Options& options) {
   reader.OneOf({"services", "flights", "touching"});
   if (reader.Has("show"))
     SetSwitches(reader.Value("show"), "--show", kShown, options.display);
@@ -223,7 +182,7 @@ void ReadContents(const Reader& reader, Options& options) {
   }
 }
 
-void ReadCompare(const Reader& reader, Options& options) {
+void ReadCompare(const OptionReader& reader, Options& options) {
   if (!reader.Has("compare"))
     return;
   reader.OneOf({"flights", "compare"});
@@ -251,7 +210,7 @@ QSize Options::PixelSize() const {
 }
 
 std::optional<Options> ParseOptions(const QStringList& words) {
-  const Reader reader(words);
+  const OptionReader reader(words);
   if (reader.Has("help") || reader.Has("version"))
     return std::nullopt;
   if (!reader.Has("out"))
@@ -267,6 +226,7 @@ std::optional<Options> ParseOptions(const QStringList& words) {
   ReadView(reader, options);
   ReadContents(reader, options);
   ReadCompare(reader, options);
+  ReadPrintOptions(reader, options);
   return options;
 }
 

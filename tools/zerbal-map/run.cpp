@@ -46,6 +46,9 @@ What is drawn (lists are separated by commas; none is possible too)
   --longest LIMIT     feet of the longest runway
   --ils yes|no        only airports with, or without, an instrument landing system
 
+Maps for print (PNG, SVG, PDF)
+  --great-circles     legs as the shortest ways over the earth
+
   --help              prints this
   --version           prints the version
 
