@@ -21,6 +21,9 @@ struct LineLayer {
 void DrawLineLayer(const map::MapScene& scene, const Projection& projection, const LineLayer& layer,
                    PrintSurface& surface);
 
+/// The edge of the globe.
+void DrawOutline(const Projection& projection, data::Rgb colour, PrintSurface& surface);
+
 // Airports
 
 void DrawAirportMarkers(map::Canvas& canvas, const std::vector<PlacedAirport>& airports);

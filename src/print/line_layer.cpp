@@ -1,14 +1,9 @@
-#include <limits>
-
 #include "map/contained.h"
 #include "print/layers.h"
+#include "print/map_data_bounds.h"
 
 namespace zerbal::print {
 namespace {
-
-/// All of them.
-constexpr std::uint32_t kEvery = std::numeric_limits<std::uint32_t>::max();
-constexpr data::StoredBounds kWorld{{0, kEvery}, {0, kEvery}, false};
 
 GeoPosition ToGlobe(data::StoredPoint point) {
   return {point.lon / double{data::kStoredDegree} - 180, 90 - point.lat / double{data::kStoredDegree}};
@@ -28,10 +23,20 @@ void DrawLineLayer(const map::MapScene& scene, const Projection& projection, con
     projection.ProjectLine(line, draw);
   };
   const data::BaseMap& baseMap = scene.databases.baseMap;
+  const data::StoredBounds bounds = StoredBoundsOf(projection.Visible());
   if (!scene.viewport.DetailMode() && layer.kind == data::LineKind::kCoast)
-    map::Contained(scene, layer.name, [&] { baseMap.VisitOverview(kWorld, project); });
-  for (const std::string& tile : scene.viewport.DetailTiles())
-    map::Contained(scene, layer.name, [&] { baseMap.VisitTile(layer.kind, tile, kWorld, project); });
+    map::Contained(scene, layer.name, [&] { baseMap.VisitOverview(bounds, project); });
+  if (!scene.viewport.DetailMode())
+    return;
+  for (const std::string& tile : TilesIn(projection.Visible()))
+    map::Contained(scene, layer.name, [&] { baseMap.VisitTile(layer.kind, tile, bounds, project); });
+}
+
+void DrawOutline(const Projection& projection, data::Rgb colour, PrintSurface& surface) {
+  for (Ring ring : projection.Globe()) {
+    ring.push_back(ring.front());
+    surface.Polyline(ring, {.colour = colour, .width = map::kLineWidth});
+  }
 }
 
 }  // namespace zerbal::print

@@ -3,7 +3,6 @@
 #include "map/contained.h"
 #include "print/contents.h"
 #include "print/layers.h"
-#include "print/plate_carree.h"
 
 namespace zerbal::print {
 namespace {
@@ -31,9 +30,15 @@ void DrawLines(const PrintScene& scene, const Projection& projection, PrintSurfa
     draw(data::LineKind::kRiver, "rivers", ColourCode::kRiver);
   if (scene.map.options.boundaries)
     draw(data::LineKind::kBoundary, "boundaries", ColourCode::kIBound);
+  if (HasOutline(scene.options.projection))
+    DrawOutline(projection, scene.map.style.colours[ColourCode::kCoast], surface);
 }
 
 }  // namespace
+
+void CheckPrintScene(const PrintScene& scene) {
+  MakeProjection(scene.options.projection, scene.map.viewport, scene.wholeWorld);
+}
 
 void DrawPrintMap(const PrintScene& scene, PrintSurface& surface) {
   const map::MapScene& map = scene.map;
@@ -41,9 +46,9 @@ void DrawPrintMap(const PrintScene& scene, PrintSurface& surface) {
     return;
   surface.BeginPrintLayer(PrintLayer::kBackground);
   surface.Clear(map.style.colours[ColourCode::kMapBg]);
-  const PlateCarree projection(map.viewport);
-  DrawLines(scene, projection, surface);
-  const Contents contents = PlaceContents(scene, projection);
+  const auto projection = MakeProjection(scene.options.projection, map.viewport, scene.wholeWorld);
+  DrawLines(scene, *projection, surface);
+  const Contents contents = PlaceContents(scene, *projection);
   const map::TextFont font = map::MapFont(map.viewport, map.style.fonts);
   map::Canvas canvas{map.viewport, surface, font};
   surface.BeginPrintLayer(PrintLayer::kAirports);

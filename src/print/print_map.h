@@ -2,14 +2,15 @@
 #pragma once
 
 #include "map/draw_map.h"
+#include "print/make_projection.h"
 #include "print/print_surface.h"
-#include "print/projection.h"
 
 namespace zerbal::print {
 
 /// What the map of the window does not have.
 struct PrintOptions {
   bool greatCircles = false;  ///< legs are the shortest ways over the earth
+  ProjectionKind projection = ProjectionKind::kPlateCarree;
 
   bool operator==(const PrintOptions&) const = default;
 };
@@ -17,7 +18,11 @@ struct PrintOptions {
 struct PrintScene {
   const map::MapScene& map;
   const PrintOptions& options;
+  bool wholeWorld = false;  ///< the view is all of the world, in projections that can show it
 };
+
+/// Throws base::UsageError when a view cannot be drawn with the options.
+void CheckPrintScene(const PrintScene& scene);
 
 /// Draws everything, in the order of PrintLayer. After the background no error leaves this function: it ends
 /// the layer that fails and is logged, and the next one is drawn.

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "print/cut_ring.h"
+
 namespace zerbal::print {
 namespace {
 
@@ -22,10 +24,6 @@ bool IsFinite(GeoPosition position) {
   return std::isfinite(position.lon) && std::isfinite(position.lat);
 }
 
-GeoPosition Between(GeoPosition from, GeoPosition to, double share) {
-  return {from.lon + (to.lon - from.lon) * share, from.lat + (to.lat - from.lat) * share};
-}
-
 /// Degrees as a plane with the north up.
 PlaneBox BoxOf(const GeoBox& box) {
   return {box.west, -box.north, box.east, -box.south};
@@ -39,23 +37,6 @@ bool ClipToBox(const GeoBox& box, GeoPosition& from, GeoPosition& to) {
   from = {start.x, -start.y};
   to = {end.x, -end.y};
   return true;
-}
-
-/// What of a ring is on one side of a line: where `room` of a position is not negative.
-template <typename Room>
-void CutRing(GeoRing& ring, const Room& room) {
-  GeoRing kept;
-  for (std::size_t i = 0; i < ring.size(); ++i) {
-    const GeoPosition from = ring[i];
-    const GeoPosition to = ring[(i + 1) % ring.size()];
-    const double here = room(from);
-    const double there = room(to);
-    if (here >= 0)
-      kept.push_back(from);
-    if ((here < 0) != (there < 0))
-      kept.push_back(Between(from, to, here / (here - there)));
-  }
-  ring = std::move(kept);
 }
 
 }  // namespace
@@ -156,15 +137,10 @@ void RectangleProjection::ProjectLine(std::span<const GeoPosition> line, const L
 }
 
 Ring RectangleProjection::PlacedRing(const GeoRing& ring) const {
-  Ring placed;
-  const auto add = [&placed](PlanePoint place) {
-    const TwipPoint point = ToTwipPoint(place);
-    if (placed.empty() || placed.back() != point)
-      placed.push_back(point);
-  };
+  std::vector<PlanePoint> placed;
   for (std::size_t i = 0; i < ring.size(); ++i)
-    VisitCurve(ring[i], ring[(i + 1) % ring.size()], add);
-  return placed;
+    VisitCurve(ring[i], ring[(i + 1) % ring.size()], [&](PlanePoint place) { placed.push_back(place); });
+  return RingNear(frame_, std::move(placed));
 }
 
 std::vector<Ring> RectangleProjection::ProjectArea(std::span<const GeoRing> rings) const {
@@ -184,8 +160,9 @@ std::vector<Ring> RectangleProjection::ProjectArea(std::span<const GeoRing> ring
       CutRing(part, [this](GeoPosition at) { return shown_.east - at.lon; });
       CutRing(part, [this](GeoPosition at) { return at.lat - shown_.south; });
       CutRing(part, [this](GeoPosition at) { return shown_.north - at.lat; });
-      if (part.size() > 2)
-        result.push_back(PlacedRing(part));
+      Ring placed = PlacedRing(part);
+      if (placed.size() > 2)
+        result.push_back(std::move(placed));
     }
   }
   return result;

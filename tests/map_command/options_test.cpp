@@ -50,6 +50,13 @@ TEST(MapOptions, WithoutOptionsForPrintTheMapIsThatOfTheWindow) {
   EXPECT_TRUE(Parse("--out a.png --great-circles")->ForPrint());
 }
 
+TEST(MapOptions, AProjectionHasAName) {
+  EXPECT_EQ(Parse("--out a.png --projection Robinson")->print.projection, print::ProjectionKind::kRobinson);
+  EXPECT_EQ(Complaint("--out a.png --projection globe"),
+            "--projection: there is no projection 'globe'; possible are plate-carree, mercator, robinson, "
+            "lambert, orthographic");
+}
+
 TEST(MapOptions, OptionsForPrintAreForDrawings) {
   EXPECT_EQ(Complaint("--out a.kml --great-circles"),
             "--great-circles is for drawings; it has no meaning for .geojson, .kml and .gpkg");

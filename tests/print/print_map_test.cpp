@@ -53,7 +53,7 @@ TEST_F(PrintMap, HasTheBackgroundOfTheMap) {
 }
 
 TEST_F(PrintMap, CoastsAreCutAtTheEdgeOfTheView) {
-  world_.coast["wcl"] = {At(90, 50), At(110, 50), At(120, 60), map::kPenUp, At(10, 10), At(20, 20)};
+  world_.coast["wcl"] = {At(99.5, 50), At(110, 50), At(120, 60), map::kPenUp, At(10, 10), At(20, 20)};
   EXPECT_EQ(DrawnLines(PrintLayer::kLines), (Parts{{{0, 1'000}, {1'000, 1'000}, {2'000, 2'000}}}));
 }
 

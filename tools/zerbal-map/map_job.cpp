@@ -80,6 +80,10 @@ MapJob::MapJob(const Options& options) : options_(options) {
   ChooseView();
   ChooseFlights();
   CompareFlights();
+  if (options_.ForPrint()) {
+    const map::MapScene scene = Scene();
+    print::CheckPrintScene(ForPrint(scene));
+  }
 }
 
 void MapJob::LoadTables() {
@@ -198,9 +202,13 @@ void MapJob::Draw(map::Surface& surface) {
   map::DrawMap(Scene(), surface);
 }
 
+print::PrintScene MapJob::ForPrint(const map::MapScene& scene) const {
+  return {scene, options_.print, options_.ShowsWorld()};
+}
+
 void MapJob::DrawForPrint(print::PrintSurface& surface) {
   const map::MapScene scene = Scene();
-  print::DrawPrintMap({scene, options_.print}, surface);
+  print::DrawPrintMap(ForPrint(scene), surface);
 }
 
 Routes MapJob::GatherRoutes() const {

@@ -37,6 +37,7 @@ class MapJob {
   void CompareFlights();
   bool IsShownOfDropped(const data::Flight& flight) const;
   map::MapScene Scene() const;
+  print::PrintScene ForPrint(const map::MapScene& scene) const;
 
   const Options options_;
   std::optional<data::Databases> databases_;

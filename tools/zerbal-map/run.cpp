@@ -48,6 +48,7 @@ What is drawn (lists are separated by commas; none is possible too)
 
 Maps for print (PNG, SVG, PDF)
   --great-circles     legs as the shortest ways over the earth
+  --projection NAME   plate-carree, mercator, robinson, lambert or orthographic
 
   --help              prints this
   --version           prints the version
@@ -74,7 +75,7 @@ int Run(const QStringList& words, std::ostream& output, std::ostream& errors, bo
     else
       WriteMap(job, *options, progress);
     return kDone;
-  } catch (const UsageError& error) {
+  } catch (const base::UsageError& error) {
     errors << "zerbal-map: " << error.what() << "\nTry 'zerbal-map --help'." << std::endl;
     return kBadUsage;
   } catch (const std::exception& error) {
