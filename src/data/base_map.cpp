@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -83,6 +84,15 @@ void BaseMap::VisitTile(LineKind kind, std::string_view tile, const StoredBounds
     VisitTable(files_->coast, table, bounds, visit);
   else if (const auto& database = kind == LineKind::kRiver ? files_->river : files_->boundary)
     VisitTable(*database, table, bounds, visit);
+}
+
+bool BaseMap::HasLand(bool detailed) const {
+  return files_->coast.HasTable(detailed ? kFineLandTable : kLandTable);
+}
+
+void BaseMap::VisitLand(bool detailed, const Visitor& visit) const {
+  constexpr StoredRange kEvery{0, std::numeric_limits<std::uint32_t>::max()};
+  VisitTable(files_->coast, detailed ? kFineLandTable : kLandTable, {kEvery, kEvery, false}, visit);
 }
 
 }  // namespace zerbal::data

@@ -44,6 +44,10 @@ struct StoredBounds {
   }
 };
 
+// The tables of polygons of land in the file of the coast: of the overview, and in full detail.
+inline constexpr const char* kLandTable = "land";
+inline constexpr const char* kFineLandTable = "landfine";
+
 enum class LineKind { kCoast, kRiver, kBoundary };
 
 struct BaseMapFiles;  // the open databases
@@ -67,6 +71,13 @@ class BaseMap {
   /// The lines of one tile.
   void VisitTile(LineKind kind, std::string_view tile, const StoredBounds& bounds,
                  const Visitor& visit) const;
+
+  /// Polygons of land are there, in the detail of the overview or of the tiles. The map window does not use
+  /// them.
+  bool HasLand(bool detailed) const;
+  /// Visits them as whole rings, in which the last point is joined to the first. Land is inside an odd number
+  /// of rings. No ring crosses the edge of the map frame.
+  void VisitLand(bool detailed, const Visitor& visit) const;
 
  private:
   std::shared_ptr<const BaseMapFiles> files_;  ///< copies share the open databases

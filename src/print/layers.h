@@ -8,6 +8,14 @@
 
 namespace zerbal::print {
 
+// Filled areas
+
+/// Fills what is visible of the globe.
+void FillGlobe(const Projection& projection, data::Rgb colour, PrintSurface& surface);
+/// Fills the land within the shores that the lines of the coast show.
+void FillLand(const map::MapScene& scene, const Projection& projection, data::Rgb colour,
+              PrintSurface& surface);
+
 // Coastlines, rivers and boundaries
 
 struct LineLayer {

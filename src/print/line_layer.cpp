@@ -3,14 +3,6 @@
 #include "print/map_data_bounds.h"
 
 namespace zerbal::print {
-namespace {
-
-GeoPosition ToGlobe(data::StoredPoint point) {
-  return {point.lon / double{data::kStoredDegree} - 180, 90 - point.lat / double{data::kStoredDegree}};
-}
-
-}  // namespace
-
 void DrawLineLayer(const map::MapScene& scene, const Projection& projection, const LineLayer& layer,
                    PrintSurface& surface) {
   const map::Pen pen{.colour = layer.colour, .width = map::kLineWidth};

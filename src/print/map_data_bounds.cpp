@@ -38,21 +38,22 @@ data::StoredBounds StoredBoundsOf(const GeoBox& box) {
   return bounds;
 }
 
-std::vector<std::string> TilesIn(const GeoBox& box) {
-  const auto touches = [](const data::GridBand& band, double low, double high) {
-    return low <= band.upper && high >= band.lower;
-  };
-  std::vector<std::string> tiles;
-  for (const data::GridBand& lon : data::kGridBands.lon) {
-    bool isTouched = false;
-    for (const double turn : {-360.0, 0.0, 360.0})
-      isTouched |= touches(lon, box.west + 180 + turn, box.east + 180 + turn);
-    if (!isTouched)
-      continue;
-    for (const data::GridBand& lat : data::kGridBands.lat)
-      if (touches(lat, 90 - box.north, 90 - box.south))
-        tiles.push_back({lon.letter, lat.letter});
+bool Touch(const GeoBox& a, const GeoBox& b) {
+  if (a.south > b.north || b.south > a.north)
+    return false;
+  for (const double turn : {-360.0, 0.0, 360.0}) {
+    if (a.west <= b.east + turn && b.west + turn <= a.east)
+      return true;
   }
+  return false;
+}
+
+std::vector<std::string> TilesIn(const GeoBox& box) {
+  std::vector<std::string> tiles;
+  for (const data::GridBand& lon : data::kGridBands.lon)
+    for (const data::GridBand& lat : data::kGridBands.lat)
+      if (Touch(box, {lon.lower - 180.0, lon.upper - 180.0, 90.0 - lat.upper, 90.0 - lat.lower}))
+        tiles.push_back({lon.letter, lat.letter});
   return tiles;
 }
 

@@ -9,6 +9,13 @@
 
 namespace zerbal::print {
 
+inline GeoPosition ToGlobe(data::StoredPoint point) {
+  return {point.lon / double{data::kStoredDegree} - 180, 90 - point.lat / double{data::kStoredDegree}};
+}
+
+/// Whether boxes share a position, on any turn.
+bool Touch(const GeoBox& a, const GeoBox& b);
+
 /// Holds all points of the box and a degree around it, so that lines can be cut at its edges.
 data::StoredBounds StoredBoundsOf(const GeoBox& box);
 

@@ -1,5 +1,6 @@
 #include "print/print_map.h"
 
+#include "base/error.h"
 #include "map/contained.h"
 #include "print/contents.h"
 #include "print/layers.h"
@@ -20,6 +21,15 @@ Contents PlaceContents(const PrintScene& scene, const Projection& projection) {
   return contents;
 }
 
+void FillAreas(const PrintScene& scene, const Projection& projection, PrintSurface& surface) {
+  surface.BeginPrintLayer(PrintLayer::kWater);
+  if (scene.options.water)
+    FillGlobe(projection, *scene.options.water, surface);
+  surface.BeginPrintLayer(PrintLayer::kLand);
+  if (scene.options.land)
+    map::Contained(scene.map, "land", [&] { FillLand(scene.map, projection, *scene.options.land, surface); });
+}
+
 void DrawLines(const PrintScene& scene, const Projection& projection, PrintSurface& surface) {
   surface.BeginPrintLayer(PrintLayer::kLines);
   const auto draw = [&](data::LineKind kind, const char* name, ColourCode colour) {
@@ -37,6 +47,9 @@ void DrawLines(const PrintScene& scene, const Projection& projection, PrintSurfa
 }  // namespace
 
 void CheckPrintScene(const PrintScene& scene) {
+  if (scene.options.land && !scene.map.databases.baseMap.HasLand(scene.map.viewport.DetailMode()))
+    throw base::Error(
+        "--land: the base map has no polygons of land. Build the data anew with 'zerbal-pack build'.");
   MakeProjection(scene.options.projection, scene.map.viewport, scene.wholeWorld);
 }
 
@@ -47,6 +60,7 @@ void DrawPrintMap(const PrintScene& scene, PrintSurface& surface) {
   surface.BeginPrintLayer(PrintLayer::kBackground);
   surface.Clear(map.style.colours[ColourCode::kMapBg]);
   const auto projection = MakeProjection(scene.options.projection, map.viewport, scene.wholeWorld);
+  FillAreas(scene, *projection, surface);
   DrawLines(scene, *projection, surface);
   const Contents contents = PlaceContents(scene, *projection);
   const map::TextFont font = map::MapFont(map.viewport, map.style.fonts);

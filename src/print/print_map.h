@@ -1,6 +1,8 @@
 // The map for print: what zerbal-map draws with one of the options below.
 #pragma once
 
+#include <optional>
+
 #include "map/draw_map.h"
 #include "print/make_projection.h"
 #include "print/print_surface.h"
@@ -11,6 +13,8 @@ namespace zerbal::print {
 struct PrintOptions {
   bool greatCircles = false;  ///< legs are the shortest ways over the earth
   ProjectionKind projection = ProjectionKind::kPlateCarree;
+  std::optional<data::Rgb> land;   ///< fills the land
+  std::optional<data::Rgb> water;  ///< fills the rest of the globe
 
   bool operator==(const PrintOptions&) const = default;
 };
@@ -21,7 +25,7 @@ struct PrintScene {
   bool wholeWorld = false;  ///< the view is all of the world, in projections that can show it
 };
 
-/// Throws base::UsageError when a view cannot be drawn with the options.
+/// Throws base::UsageError when a view cannot be drawn with the options, base::Error when data are missing.
 void CheckPrintScene(const PrintScene& scene);
 
 /// Draws everything, in the order of PrintLayer. After the background no error leaves this function: it ends

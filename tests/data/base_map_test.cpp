@@ -114,5 +114,27 @@ TEST_F(BaseMapTest, PointsBeforeABadRowAreVisited) {
   EXPECT_EQ(runs.runs, (std::vector<Longitudes>{{1, 2}}));
 }
 
+TEST_F(BaseMapTest, PolygonsOfLandAreVisitedAsWholeRings) {
+  const Longitudes rings{1, 400'000'000, 3, kEndOfLine, 4, 5, 6, kEndOfLine};
+  const BaseMap map = Open({Lines("wcl", {1, 2}), Lines("land", rings), Lines("landfine", {7, 8, 9})});
+  EXPECT_TRUE(map.HasLand(false));
+  EXPECT_TRUE(map.HasLand(true));
+  Runs coarse;
+  map.VisitLand(false, coarse.Visitor());
+  EXPECT_EQ(coarse.runs, (std::vector<Longitudes>{{1, 400'000'000, 3}, {4, 5, 6}}));
+  Runs fine;
+  map.VisitLand(true, fine.Visitor());
+  EXPECT_EQ(fine.runs, (std::vector<Longitudes>{{7, 8, 9}}));
+}
+
+TEST_F(BaseMapTest, PolygonsOfLandCanBeMissing) {
+  const BaseMap map = Open({Lines("wcl", {1, 2})});
+  EXPECT_FALSE(map.HasLand(false));
+  EXPECT_FALSE(map.HasLand(true));
+  Runs runs;
+  map.VisitLand(true, runs.Visitor());
+  EXPECT_TRUE(runs.runs.empty());
+}
+
 }  // namespace
 }  // namespace zerbal::data

@@ -57,6 +57,16 @@ TEST(MapOptions, AProjectionHasAName) {
             "lambert, orthographic");
 }
 
+TEST(MapOptions, LandAndWaterHaveColours) {
+  const Options options = Parse("--out a.png --land tan --water #b0c4de").value();
+  EXPECT_EQ(options.print.land, (data::Rgb{210, 180, 140}));
+  EXPECT_EQ(options.print.water, (data::Rgb{176, 196, 222}));
+  for (const char* wrong : {"earth", "#12", "#80b0c4de", "transparent", "176,196,222"})
+    EXPECT_EQ(Complaint(QString("--out a.png --land ") + wrong),
+              std::string("--land: '") + wrong +
+                  "' is no colour; possible are #rrggbb and names such as tan or steelblue");
+}
+
 TEST(MapOptions, OptionsForPrintAreForDrawings) {
   EXPECT_EQ(Complaint("--out a.kml --great-circles"),
             "--great-circles is for drawings; it has no meaning for .geojson, .kml and .gpkg");

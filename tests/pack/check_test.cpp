@@ -334,6 +334,9 @@ TEST(CheckFolder, ReportsMapPointsOutsideTheMapFrame) {
                             writer.AddPair(360'000'001, 1);
                             writer.AddPair(1, -1);
                             writer.EndTable();
+                            writer.BeginTable(test::PointTable("landfine"));
+                            writer.AddPair(360'000'001, 2);
+                            writer.EndTable();
                             writer.BeginTable(
                                 test::PointTable("BBwdb2"));  // the name of no tile, so it is not read
                             writer.AddPair(-5, -5);
@@ -342,7 +345,8 @@ TEST(CheckFolder, ReportsMapPointsOutsideTheMapFrame) {
                           }),
             "app_map/coast.mdb: table 'wcl' is missing; there is no coastline in wide views\n"
             "app_map/coast.mdb: table 'IEwdb2': row 4: the point 360000001, 1 is outside the map frame\n"
-            "app_map/coast.mdb: table 'IEwdb2': row 5: the point 1, -1 is outside the map frame\n");
+            "app_map/coast.mdb: table 'IEwdb2': row 5: the point 1, -1 is outside the map frame\n"
+            "app_map/coast.mdb: table 'landfine': row 1: the point 360000001, 2 is outside the map frame\n");
 }
 
 TEST(CheckFolder, ReportsMapTablesWithOtherFields) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <utility>
@@ -14,6 +15,7 @@
 #include "jet/pair_reader.h"
 #include "jet/recordset.h"
 #include "support/temp_folder.h"
+#include "zerbal-pack/land_tables.h"
 #include "zerbal-pack/map_tables.h"
 
 namespace zerbal::pack {
@@ -71,7 +73,9 @@ TEST_F(MapBuild, WritesEveryLineWithAMarkerAfterIt) {
   auto size = sizes.begin();
   for (const auto& [theme, file] : kFiles) {
     const jet::Database database = jet::Database::Open(Low().File(file));
-    const std::vector<MapTable> tables = MakeMapTables(theme, MapDetail::kLow, kMapSourceFolder);
+    std::vector<MapTable> tables = MakeMapTables(theme, MapDetail::kLow, kMapSourceFolder);
+    if (theme == MapTheme::kCoast)
+      std::ranges::move(MakeLandTables(MapDetail::kLow, kMapSourceFolder), std::back_inserter(tables));
     std::vector<std::string> names = database.TableNames();
     EXPECT_EQ(names.size(), tables.size());
     for (const MapTable& table : tables) {

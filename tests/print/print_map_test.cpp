@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include "base/error.h"
 #include "map/map_world.h"
 #include "print/parts.h"
 #include "print/print_recorder.h"
@@ -55,6 +56,44 @@ TEST_F(PrintMap, HasTheBackgroundOfTheMap) {
 TEST_F(PrintMap, CoastsAreCutAtTheEdgeOfTheView) {
   world_.coast["wcl"] = {At(99.5, 50), At(110, 50), At(120, 60), map::kPenUp, At(10, 10), At(20, 20)};
   EXPECT_EQ(DrawnLines(PrintLayer::kLines), (Parts{{{0, 1'000}, {1'000, 1'000}, {2'000, 2'000}}}));
+}
+
+TEST_F(PrintMap, LandAndWaterAreFilledBelowTheLines) {
+  world_.coast["land"] = {At(90, 50),  At(110, 50), At(110, 60), At(90, 60),
+                          map::kPenUp, At(10, 10),  At(20, 10),  At(20, 20)};
+  options_.land = data::Rgb{200, 180, 140};
+  options_.water = data::Rgb{170, 190, 220};
+  const auto water = Draw(PrintLayer::kWater);
+  ASSERT_EQ(water.size(), 1U);
+  EXPECT_EQ(water[0].colour, options_.water);
+  EXPECT_EQ(water[0].rings, (std::vector<Ring>{{{6'000, 0}, {6'000, 3'000}, {0, 3'000}, {0, 0}}}));
+  const auto land = Draw(PrintLayer::kLand);
+  ASSERT_EQ(land.size(), 1U);
+  EXPECT_EQ(land[0].colour, options_.land);
+  // Cut at the edge of the view; the other ring is not there.
+  EXPECT_EQ(land[0].rings, (std::vector<Ring>{{{1'000, 1'000}, {1'000, 2'000}, {0, 2'000}, {0, 1'000}}}));
+}
+
+TEST_F(PrintMap, LandNeedsPolygonsOfTheViewsDetail) {
+  const auto check = [this] {
+    const map::MapScene scene = world_.Scene();
+    CheckPrintScene({scene, options_});
+  };
+  world_.coast["land"] = {At(90, 50), At(110, 50), At(110, 60)};
+  options_.water = data::Rgb{1, 2, 3};
+  world_.Show(100, 40, 110, 45);
+  EXPECT_NO_THROW(check());
+  options_.land = data::Rgb{1, 2, 3};
+  EXPECT_THROW(check(), base::Error);
+  world_.Show(100, 40, 160, 70);
+  EXPECT_NO_THROW(check());
+}
+
+TEST_F(PrintMap, TheGlobeHasAnOutlineWhereItsEdgeIsNotThatOfTheMap) {
+  options_.projection = ProjectionKind::kOrthographic;
+  EXPECT_EQ(DrawnLines(PrintLayer::kLines).size(), 1U);
+  options_.projection = ProjectionKind::kMercator;
+  EXPECT_EQ(DrawnLines(PrintLayer::kLines).size(), 0U);
 }
 
 TEST_F(PrintMap, LegsAreWhereTheWindowHasThem) {

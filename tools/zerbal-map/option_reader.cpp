@@ -7,10 +7,10 @@
 namespace zerbal::mapcommand {
 namespace {
 
-constexpr const char* kWithValue[] = {"data",     "region", "view",      "centre",   "span",    "size",
-                                      "paper",    "dpi",    "show",      "services", "flights", "touching",
-                                      "compare",  "labels", "elevation", "runways",  "longest", "ils",
-                                      "settings", "out",    "projection"};
+constexpr const char* kWithValue[] = {"data",     "region", "view",       "centre",   "span",    "size",
+                                      "paper",    "dpi",    "show",       "services", "flights", "touching",
+                                      "compare",  "labels", "elevation",  "runways",  "longest", "ils",
+                                      "settings", "out",    "projection", "land",     "water"};
 constexpr const char* kWithoutValue[] = {"great-circles", "help", "version"};
 
 }  // namespace

@@ -49,6 +49,8 @@ What is drawn (lists are separated by commas; none is possible too)
 Maps for print (PNG, SVG, PDF)
   --great-circles     legs as the shortest ways over the earth
   --projection NAME   plate-carree, mercator, robinson, lambert or orthographic
+  --land COLOR, --water COLOR
+                      fills land and water: #rrggbb or a name such as tan
 
   --help              prints this
   --version           prints the version

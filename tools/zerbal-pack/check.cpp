@@ -238,12 +238,19 @@ class FolderCheck {
     for (const std::string& table : database->TableNames()) {
       const bool detail = IsTileTable(table);
       tables += detail ? 1 : 0;
-      if (detail || (coast && base::EqualsIgnoringAsciiCase(table, "wcl")))
+      if (detail || (coast && IsWorldTable(table)))
         CheckLines(*database, TableOf(file, table), table);
     }
     if (tables == 0)
       report_.Add(file, "cells", "there is no table of a grid cell; close views show no lines");
     report_.AddCount(tables, "cell in " + name, "cells in " + name);
+  }
+
+  /// The overview, or polygons of land.
+  static bool IsWorldTable(const std::string& name) {
+    return base::EqualsIgnoringAsciiCase(name, "wcl") ||
+           base::EqualsIgnoringAsciiCase(name, data::kLandTable) ||
+           base::EqualsIgnoringAsciiCase(name, data::kFineLandTable);
   }
 
   /// A tile's name, two of the letters A, C, E, ... Q, and "wdb2".

@@ -1,6 +1,10 @@
 #include "zerbal-pack/map_build.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "jet/writer.h"
+#include "zerbal-pack/land_tables.h"
 #include "zerbal-pack/map_tables.h"
 
 namespace zerbal::pack {
@@ -56,7 +60,9 @@ std::vector<MapTableSize> BuildMapDatabases(const MapBuildOptions& options, cons
   double done = 0;
   report(done);
   for (const MapFile& file : kMapFiles) {
-    const std::vector<MapTable> tables = MakeMapTables(file.theme, options.detail, options.sourceFolder);
+    std::vector<MapTable> tables = MakeMapTables(file.theme, options.detail, options.sourceFolder);
+    if (file.theme == MapTheme::kCoast)
+      std::ranges::move(MakeLandTables(options.detail, options.sourceFolder), std::back_inserter(tables));
     report(done + file.share / 2);
     jet::DatabaseWriter writer(folder / file.name);
     for (std::size_t i = 0; i < tables.size(); ++i) {

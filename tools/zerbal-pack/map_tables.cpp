@@ -20,18 +20,6 @@ constexpr char kBandLetters[] = "ACEGIKMOQ";
 constexpr double kOverviewIslandKm2 = 10;
 constexpr double kOverviewLakeKm2 = 1000;
 
-// Antarctica is shown by its ice front. Wide rivers are
-// shown with the other rivers.
-bool InDetailCoast(const MapFeature& feature) {
-  return feature.level != kGroundingLine && !feature.riverLake;
-}
-
-bool InOverview(const MapFeature& feature) {
-  if (!InDetailCoast(feature) || feature.level == kIslandPond)
-    return false;
-  return feature.areaKm2 >= (feature.level == kLandShore ? kOverviewIslandKm2 : kOverviewLakeKm2);
-}
-
 bool IsPermanentRiver(const MapFeature& feature) {
   return feature.level >= kMajorRiver && feature.level <= kMinorRiver;
 }
@@ -98,6 +86,18 @@ void AppendTables(TileCutter& cutter, Repeats repeats, std::int32_t longestSegme
 }
 
 }  // namespace
+
+// Antarctica is shown by its ice front. Wide rivers are
+// shown with the other rivers.
+bool InDetailCoast(const MapFeature& feature) {
+  return feature.level != kGroundingLine && !feature.riverLake;
+}
+
+bool InOverview(const MapFeature& feature) {
+  if (!InDetailCoast(feature) || feature.level == kIslandPond)
+    return false;
+  return feature.areaKm2 >= (feature.level == kLandShore ? kOverviewIslandKm2 : kOverviewLakeKm2);
+}
 
 std::vector<MapTable> MakeMapTables(MapTheme theme, MapDetail detail,
                                     const std::filesystem::path& sourceFolder) {

@@ -22,8 +22,14 @@ struct MapTable {
   std::vector<MapLine> lines;
 };
 
-/// All tables that coast.mdb, river.mdb or ibound.mdb holds, in the order in which it is written: for the
-/// coast first the overview of the world, always from the low resolution, then the tiles that have lines.
+/// The shores that the tiles have.
+bool InDetailCoast(const MapFeature& feature);
+/// The shores that the overview has.
+bool InOverview(const MapFeature& feature);
+
+/// All tables of lines that coast.mdb, river.mdb or ibound.mdb holds, in the order in which it is written:
+/// for the coast first the overview of the world, always from the low resolution, then the tiles that have
+/// lines.
 std::vector<MapTable> MakeMapTables(MapTheme theme, MapDetail detail,
                                     const std::filesystem::path& sourceFolder);
 
