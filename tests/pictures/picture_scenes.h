@@ -32,6 +32,16 @@ inline constexpr PictureScene kPictureScenes[] = {
     {"symbols-overview", "--view 9W,8N,10E,7S --size 240x200 --services FAN --labels airports,symbols"},
     {"compared", "--view 9W,8N,10E,7S --size 240x200 --compare OLDER --labels airports"},
     {"symbols-detail", "--view 4W,4N,5E,3S --size 240x200 --services FAN --labels airports,symbols"},
+    {"great-circles",
+     "--view 110E,66N,110W,45S --size 170x120 --services all --labels symbols --great-circles"},
+    {"mercator", "--view 130W,75N,30W,10S --size 110x100 --projection mercator --land wheat"},
+    {"robinson",
+     "--size 180x100 --services all --labels none --great-circles --projection robinson --land wheat"},
+    {"lambert",
+     "--region NOR --size 110x90 --services all --labels none --great-circles --projection lambert"},
+    {"orthographic",
+     "--view 100W,80N,60E,10S --size 110x110 --services all --labels none --great-circles "
+     "--projection orthographic --land wheat --water lightblue"},
 };
 
 /// Compared with their letters too.

@@ -51,6 +51,18 @@ void AddCoasts(SmallWorld& world) {
   append(SmallWorld::MapTableOf(world.coast, "IEwdb2"), detail);
 }
 
+/// Land within some of the coasts, with a lake, and around the South Pole.
+void AddLand(SmallWorld& world) {
+  std::vector<Point> land;
+  AddRoughCoast(land, 190, 45, 22, 1);
+  AddRoughCoast(land, 195, 43, 5, 10);
+  AddRoughCoast(land, 80, 60, 30, 2);
+  AddRoughCoast(land, 300, 110, 25, 3);
+  for (const Point point : {At(0, 172), At(0, 180), At(360, 180), At(360, 172), At(240, 168), At(100, 170)})
+    land.push_back(point);
+  world.coast.push_back(MapTable("land", land));
+}
+
 /// Flights in 16 directions.
 void AddFan(SmallWorld& world) {
   constexpr int kDirections = 16;
@@ -72,6 +84,7 @@ SmallWorld PictureWorld() {
   for (const auto& [column, value] : {std::pair("Col_R", 0), std::pair("Col_G", 90), std::pair("Col_B", 160)})
     world.col.CellOf(world.col.RowWhere("Col", "ACSYMB"), column) = value;
   AddCoasts(world);
+  AddLand(world);
   AddFan(world);
   return world;
 }
