@@ -140,6 +140,25 @@ std::optional<std::string_view> FindProfileValue(std::string_view bytes, std::st
   return WithoutMarks(Trim(place.key.value, kBlanks));
 }
 
+std::vector<ProfileLine> ProfileLines(std::string_view bytes) {
+  std::vector<ProfileLine> result;
+  std::string_view section;
+  Lines lines(bytes);
+  Line line;
+  for (int number = 1; lines.Next(line); ++number) {
+    const std::string_view text = Trim(line.text, kBlanks);
+    if (text.empty() || text.front() == ';')
+      continue;
+    if (const auto name = HeaderName(text))
+      section = *name;
+    else if (const auto parsed = ParseKeyLine(text))
+      result.push_back({number, section, parsed->name, WithoutMarks(Trim(parsed->value, kBlanks))});
+    else
+      result.push_back({number, section, {}, {}});
+  }
+  return result;
+}
+
 std::string WithProfileValue(std::string_view bytes, std::string_view section, std::string_view key,
                              std::string_view value) {
   const Place place = FindPlace(bytes, section, key);
