@@ -68,9 +68,10 @@ StraightLeg StraightAtQuarter(std::span<const TwipPoint> part) {
   return {at(left - whole / 4), at(left + whole * 3 / 4)};
 }
 
-void DrawAirportMarkers(map::Canvas& canvas, const std::vector<PlacedAirport>& airports) {
+void DrawAirportMarkers(const std::vector<PlacedAirport>& airports, std::int32_t radius,
+                        PrintSurface& surface) {
   for (const PlacedAirport& airport : airports)
-    map::DrawAirportMarker(canvas, airport.centre, airport.colour);
+    surface.Circle(airport.centre, radius, airport.colour, true);
 }
 
 void DrawAirportLabels(map::Canvas& canvas, const std::vector<PlacedAirport>& airports) {
@@ -78,10 +79,10 @@ void DrawAirportLabels(map::Canvas& canvas, const std::vector<PlacedAirport>& ai
     map::DrawAirportLabel(canvas, airport.centre, airport.label, airport.colour);
 }
 
-void DrawLegs(map::Canvas& canvas, const std::vector<PlacedLeg>& legs) {
+void DrawLegs(const std::vector<PlacedLeg>& legs, double width, PrintSurface& surface) {
   for (const PlacedLeg& leg : legs) {
     for (const auto& part : leg.parts)
-      canvas.surface.Polyline(part, {.colour = leg.colour});
+      DrawPart(part, leg.colour, width, surface);
   }
 }
 

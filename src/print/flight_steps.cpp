@@ -37,7 +37,7 @@ std::string StepText(const FlightStep& step) {
   std::string text = std::to_string(step.least);
   if (step.most != step.least)
     text += "–" + std::to_string(step.most);
-  return text + (step.most == 1 ? " flight" : " flights");
+  return text;
 }
 
 }  // namespace zerbal::print

@@ -25,7 +25,7 @@ std::vector<FlightStep> FlightSteps(std::vector<int> flightsOfLegs);
 /// The step that holds a number of flights of the legs that the steps were made of.
 std::size_t StepOf(std::span<const FlightStep> steps, int flights);
 
-/// "1 flight", "2 flights", "3–5 flights".
+/// "1", "3–5".
 std::string StepText(const FlightStep& step);
 
 }  // namespace zerbal::print

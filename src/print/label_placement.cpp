@@ -132,6 +132,13 @@ double LengthOf(TwipPoint from, TwipPoint to) {
   return std::hypot(static_cast<double>(to.x) - from.x, static_cast<double>(to.y) - from.y);
 }
 
+double LengthOf(std::span<const TwipPoint> line) {
+  double length = 0;
+  for (std::size_t i = 1; i < line.size(); ++i)
+    length += LengthOf(line[i - 1], line[i]);
+  return length;
+}
+
 /// At `distance` from the beginning. The line must have a length.
 PointOnLine PointAt(std::span<const TwipPoint> line, double distance) {
   PointOnLine point{};
@@ -150,7 +157,7 @@ PointOnLine PointAt(std::span<const TwipPoint> line, double distance) {
   return point;
 }
 
-/// The box whose middle is `aside` to the left of the line; its distance from the line is `gap`.
+/// The box at `gap` to the left (1) or right (-1) of the line, or on it (0).
 TwipBox BoxBeside(const PointOnLine& point, double side, std::int32_t gap, TwipSize size) {
   const double acrossX = point.alongY * side;
   const double acrossY = -point.alongX * side;
@@ -192,9 +199,7 @@ std::vector<TwipBox> PlacesAround(TwipPoint centre, std::int32_t radius, std::in
 
 std::vector<TwipBox> PlacesAlong(std::span<const TwipPoint> line, std::int32_t gap, TwipSize size) {
   constexpr double kParts[] = {0.5, 0.42, 0.58, 0.34, 0.66, 0.26, 0.74, 0.18, 0.82, 0.1, 0.9};
-  double length = 0;
-  for (std::size_t i = 1; i < line.size(); ++i)
-    length += LengthOf(line[i - 1], line[i]);
+  const double length = LengthOf(line);
   std::vector<TwipBox> places;
   if (length == 0)
     return places;
@@ -203,6 +208,20 @@ std::vector<TwipBox> PlacesAlong(std::span<const TwipPoint> line, std::int32_t g
       places.push_back(BoxBeside(PointAt(line, part * length), side, gap, size));
   for (const double part : kParts)
     places.push_back(BoxBeside(PointAt(line, part * length), 0, gap, size));
+  return places;
+}
+
+std::vector<TwipBox> PlacesAtEnds(std::span<const TwipPoint> line, std::int32_t gap, TwipSize size) {
+  const double length = LengthOf(line);
+  std::vector<TwipBox> places;
+  if (length == 0)
+    return places;
+  const auto inside = [&](const PointOnLine& end) {
+    return gap + std::abs(end.alongX) * size.width / 2 + std::abs(end.alongY) * size.height / 2;
+  };
+  places.push_back(BoxBeside(PointAt(line, inside(PointAt(line, 0))), 0, 0, size));
+  places.push_back(
+      BoxBeside(PointAt(line, std::max(length - inside(PointAt(line, length)), 0.0)), 0, 0, size));
   return places;
 }
 

@@ -31,4 +31,8 @@ std::vector<TwipBox> PlacesAround(TwipPoint centre, std::int32_t radius, std::in
 /// the line itself. None when the line has no length.
 std::vector<TwipBox> PlacesAlong(std::span<const TwipPoint> line, std::int32_t gap, TwipSize size);
 
+/// Places for a label of `size` on a line at `gap` from its beginning and from its end. None when the line
+/// has no length.
+std::vector<TwipBox> PlacesAtEnds(std::span<const TwipPoint> line, std::int32_t gap, TwipSize size);
+
 }  // namespace zerbal::print

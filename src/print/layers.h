@@ -8,6 +8,9 @@
 
 namespace zerbal::print {
 
+/// Lines of one logical pixel are those of every map.
+void DrawPart(std::span<const TwipPoint> part, data::Rgb colour, double width, PrintSurface& surface);
+
 // Filled areas
 
 /// Fills what is visible of the globe.
@@ -22,6 +25,7 @@ struct LineLayer {
   data::LineKind kind;
   const char* name;  ///< of the step, for the log
   data::Rgb colour;
+  double width = map::kLineWidth;  ///< logical pixels
 };
 
 /// Draws the lines that the map window shows of this kind, cut at the edge of the view. A table that cannot
@@ -30,17 +34,19 @@ void DrawLineLayer(const map::MapScene& scene, const Projection& projection, con
                    PrintSurface& surface);
 
 /// The edge of the globe.
-void DrawOutline(const Projection& projection, data::Rgb colour, PrintSurface& surface);
+void DrawOutline(const Projection& projection, data::Rgb colour, double width, PrintSurface& surface);
 
 // Airports
 
-void DrawAirportMarkers(map::Canvas& canvas, const std::vector<PlacedAirport>& airports);
+/// `radius` in twips.
+void DrawAirportMarkers(const std::vector<PlacedAirport>& airports, std::int32_t radius,
+                        PrintSurface& surface);
 /// Right of and below the markers, as on the map of the window.
 void DrawAirportLabels(map::Canvas& canvas, const std::vector<PlacedAirport>& airports);
 
 // Flights
 
-void DrawLegs(map::Canvas& canvas, const std::vector<PlacedLeg>& legs);
+void DrawLegs(const std::vector<PlacedLeg>& legs, double width, PrintSurface& surface);
 /// An aircraft on each part of a leg, a quarter of the way along the curve.
 void DrawLegSymbols(map::Canvas& canvas, const map::MapScene& scene, const std::vector<PlacedLeg>& legs);
 /// The numbers beside the symbols, as on the map of the window.

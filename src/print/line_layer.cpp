@@ -3,10 +3,19 @@
 #include "print/map_data_bounds.h"
 
 namespace zerbal::print {
+
+void DrawPart(std::span<const TwipPoint> part, data::Rgb colour, double width, PrintSurface& surface) {
+  if (width == map::kLineWidth)
+    surface.Polyline(part, {.colour = colour, .width = map::kLineWidth});
+  else
+    surface.Stroke(part, {.colour = colour, .width = width});
+}
+
 void DrawLineLayer(const map::MapScene& scene, const Projection& projection, const LineLayer& layer,
                    PrintSurface& surface) {
-  const map::Pen pen{.colour = layer.colour, .width = map::kLineWidth};
-  const LineSink draw = [&](std::span<const TwipPoint> part) { surface.Polyline(part, pen); };
+  const LineSink draw = [&](std::span<const TwipPoint> part) {
+    DrawPart(part, layer.colour, layer.width, surface);
+  };
   std::vector<GeoPosition> line;
   const data::BaseMap::Visitor project = [&](std::span<const data::StoredPoint> points) {
     line.clear();
@@ -24,10 +33,10 @@ void DrawLineLayer(const map::MapScene& scene, const Projection& projection, con
     map::Contained(scene, layer.name, [&] { baseMap.VisitTile(layer.kind, tile, bounds, project); });
 }
 
-void DrawOutline(const Projection& projection, data::Rgb colour, PrintSurface& surface) {
+void DrawOutline(const Projection& projection, data::Rgb colour, double width, PrintSurface& surface) {
   for (Ring ring : projection.Globe()) {
     ring.push_back(ring.front());
-    surface.Polyline(ring, {.colour = colour, .width = map::kLineWidth});
+    DrawPart(ring, colour, width, surface);
   }
 }
 

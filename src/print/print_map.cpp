@@ -2,6 +2,7 @@
 
 #include "base/error.h"
 #include "map/contained.h"
+#include "print/annotation.h"
 #include "print/contents.h"
 #include "print/layers.h"
 
@@ -32,16 +33,17 @@ void FillAreas(const PrintScene& scene, const Projection& projection, PrintSurfa
 
 void DrawLines(const PrintScene& scene, const Projection& projection, PrintSurface& surface) {
   surface.BeginPrintLayer(PrintLayer::kLines);
-  const auto draw = [&](data::LineKind kind, const char* name, ColourCode colour) {
-    DrawLineLayer(scene.map, projection, {kind, name, scene.map.style.colours[colour]}, surface);
+  const PrintStyle& style = scene.style;
+  const auto draw = [&](data::LineKind kind, const char* name, data::Rgb colour, double width) {
+    DrawLineLayer(scene.map, projection, {kind, name, colour, width}, surface);
   };
-  draw(data::LineKind::kCoast, "coast", ColourCode::kCoast);
+  draw(data::LineKind::kCoast, "coast", style.coast, style.coastWidth);
   if (scene.map.options.rivers)
-    draw(data::LineKind::kRiver, "rivers", ColourCode::kRiver);
+    draw(data::LineKind::kRiver, "rivers", style.river, style.riverWidth);
   if (scene.map.options.boundaries)
-    draw(data::LineKind::kBoundary, "boundaries", ColourCode::kIBound);
+    draw(data::LineKind::kBoundary, "boundaries", style.boundary, style.boundaryWidth);
   if (HasOutline(scene.options.projection))
-    DrawOutline(projection, scene.map.style.colours[ColourCode::kCoast], surface);
+    DrawOutline(projection, style.coast, style.coastWidth, surface);
 }
 
 }  // namespace
@@ -63,20 +65,19 @@ void DrawPrintMap(const PrintScene& scene, PrintSurface& surface) {
   FillAreas(scene, *projection, surface);
   DrawLines(scene, *projection, surface);
   const Contents contents = PlaceContents(scene, *projection);
-  const map::TextFont font = map::MapFont(map.viewport, map.style.fonts);
-  map::Canvas canvas{map.viewport, surface, font};
+  Annotation annotation(scene, *projection, contents, surface);
+  annotation.DrawGraticule();
+  const std::int32_t radius = annotation.MarkerRadius();
   surface.BeginPrintLayer(PrintLayer::kAirports);
-  DrawAirportMarkers(canvas, contents.allAirports);
-  DrawAirportMarkers(canvas, contents.destinations);
+  DrawAirportMarkers(contents.allAirports, radius, surface);
+  DrawAirportMarkers(contents.destinations, radius, surface);
   surface.BeginPrintLayer(PrintLayer::kFlights);
-  DrawLegs(canvas, contents.legs);
+  map::Canvas canvas{map.viewport, surface, annotation.LabelFont()};
+  annotation.DrawLegLines();
   DrawLegSymbols(canvas, map, contents.legs);
-  DrawAirportMarkers(canvas, contents.legAirports);
-  surface.BeginPrintLayer(PrintLayer::kLabels);
-  DrawAirportLabels(canvas, contents.allAirports);
-  DrawAirportLabels(canvas, contents.destinations);
-  DrawLegLabels(canvas, map, contents.legs);
-  DrawAirportLabels(canvas, contents.legAirports);
+  DrawAirportMarkers(contents.legAirports, radius, surface);
+  annotation.DrawLabels(canvas);
+  annotation.DrawFurniture();
 }
 
 }  // namespace zerbal::print

@@ -33,7 +33,6 @@ struct PrintStyle {
   double flightWidth = 1;
   std::array<double, kMostFlightSteps> flightWidths{1, 2, 3.5, 5};  ///< from few flights to many
   double airportWidth = 0;  ///< of markers; 0: as the window draws them
-  double haloWidth = 2;     ///< around letters
   double frameWidth = 1;
 
   std::optional<map::TextFont> label;  ///< of airports and flights; nothing: the font of the mode

@@ -65,7 +65,6 @@ constexpr Key<double> kWidths[] = {{"Coast", Set<&PrintStyle::coastWidth>},
                                    {"Flights3", SetPart<&PrintStyle::flightWidths, 2>},
                                    {"Flights4", SetPart<&PrintStyle::flightWidths, 3>},
                                    {"Airport", Set<&PrintStyle::airportWidth>},
-                                   {"Halo", Set<&PrintStyle::haloWidth>},
                                    {"Frame", Set<&PrintStyle::frameWidth>}};
 constexpr Key<map::TextFont> kFonts[] = {{"Label", Set<&PrintStyle::label>},
                                          {"Legend", Set<&PrintStyle::legend>},
@@ -94,7 +93,6 @@ Frame=74,86,104
 Flights=4
 [Widths]
 Graticule=0.5
-Halo=2
 )";
 
 constexpr char kPrint[] = R"([Colors]
@@ -122,7 +120,6 @@ Coast=0.75
 River=0.5
 Boundary=0.75
 Graticule=0.5
-Halo=2
 )";
 
 /// Refuses a line of the file.

@@ -5,7 +5,7 @@
 //                   "red,green,blue" or "#rrggbb"
 //   [FlightColors]  the keys of flight services: as in [Colors]
 //   [Contrast]      Flights: 1 to 21
-//   [Widths]        Coast, River, Boundary, Graticule, Flight, Flights1 to Flights4, Airport, Halo, Frame:
+//   [Widths]        Coast, River, Boundary, Graticule, Flight, Flights1 to Flights4, Airport, Frame:
 //                   logical pixels
 //   [Fonts]         Label, Legend, Title: "name,size" in points
 //

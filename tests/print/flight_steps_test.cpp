@@ -33,9 +33,9 @@ TEST(FlightSteps, HoldEveryLeg) {
 }
 
 TEST(FlightSteps, HaveTexts) {
-  EXPECT_EQ(StepText({1, 1}), "1 flight");
-  EXPECT_EQ(StepText({2, 2}), "2 flights");
-  EXPECT_EQ(StepText({3, 17}), "3–17 flights");
+  EXPECT_EQ(StepText({1, 1}), "1");
+  EXPECT_EQ(StepText({2, 2}), "2");
+  EXPECT_EQ(StepText({3, 17}), "3–17");
 }
 
 }  // namespace
