@@ -124,18 +124,23 @@ void Annotation::DrawLegLines() {
   }
 }
 
+double Annotation::WidestLeg() const {
+  return scene_.options.widthByFlights ? std::max(scene_.style.flightWidths.back(), scene_.style.flightWidth)
+                                       : scene_.style.flightWidth;
+}
+
 void Annotation::PlaceLabels(LabelPlan& plan) const {
   const data::DisplayOptions& shown = scene_.map.options;
   const bool byFrequency = scene_.options.colourBy == ColourLegsBy::kFrequency;
   for (const TwipBox& box : furniture_.Boxes())
     plan.AddObstacle(box);
   plan.AddMarkers(contents_, markerRadius_);
-  if (scene_.options.labelsPlaced) {
+  const PrintStyle& style = scene_.style;
+  if (scene_.options.labelsPlaced)
     plan.AddAirports(contents_, markerRadius_, labelFont_);
-    if (shown.flightNumbers)
-      plan.AddLegs(groups_, byFrequency ? std::optional(scene_.style.text) : std::nullopt, labelFont_);
-  }
-  plan.AddGraticule(graticule_, scene_.style.text, labelFont_);
+  plan.AddGraticule(graticule_, style.text, labelFont_);
+  if (scene_.options.labelsPlaced && shown.flightNumbers)
+    plan.AddLegs(groups_, byFrequency ? std::optional(style.text) : std::nullopt, WidestLeg(), labelFont_);
 }
 
 void Annotation::DrawLabels(map::Canvas& canvas) {

@@ -37,6 +37,7 @@ class Annotation {
   std::vector<FurnitureItem> MakeFurniture() const;
   LegendContents Legend() const;
   std::vector<TwipPoint> BusyPoints() const;
+  double WidestLeg() const;  ///< logical pixels
   void PlaceLabels(LabelPlan& plan) const;
 
   const PrintScene& scene_;

@@ -14,7 +14,7 @@ constexpr std::int32_t kGap = 20;
 constexpr auto kHaloTwips = static_cast<std::int32_t>(kHaloReach * kTwipsPerPixel);
 /// Above the numbers of flights of all legs.
 constexpr long kAirportPriority = 1'000'000;
-constexpr long kGraticulePriority = -1;
+constexpr long kGraticulePriority = kAirportPriority - 1;
 
 struct LabelledAirport {
   const PlacedAirport* airport;
@@ -83,15 +83,16 @@ void LabelPlan::AddAirports(const Contents& contents, std::int32_t markerRadius,
   }
 }
 
-void LabelPlan::AddLegs(const std::vector<LegGroup>& groups, std::optional<data::Rgb> colour,
+void LabelPlan::AddLegs(const std::vector<LegGroup>& groups, std::optional<data::Rgb> colour, double widest,
                         const map::TextFont& font) {
+  const auto gap = kGap + static_cast<std::int32_t>(widest * kTwipsPerPixel / 2);
   for (const LegGroup& group : groups) {
     const std::vector<TwipPoint>* line = LongestOf(group.first->parts);
     if (line == nullptr)
       continue;
     const std::string text = SharedLabel(group.labels);
     Add(group.flights, {text, {.font = font, .colour = colour.value_or(group.colour)}},
-        PlacesAlong(*line, kGap, SizeOf(text, font)));
+        PlacesAlong(*line, gap, SizeOf(text, font)));
   }
 }
 

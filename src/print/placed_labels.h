@@ -28,11 +28,12 @@ class LabelPlan {
 
   /// Each airport once; those with more flights first.
   void AddAirports(const Contents& contents, std::int32_t markerRadius, const map::TextFont& font);
-  /// One label for all flights of a leg; legs with more flights first. Without a colour, that of the service.
-  void AddLegs(const std::vector<LegGroup>& groups, std::optional<data::Rgb> colour,
-               const map::TextFont& font);
   /// At the ends of the lines.
   void AddGraticule(const std::vector<GraticuleLine>& lines, data::Rgb colour, const map::TextFont& font);
+  /// One label for all flights of a leg; legs with more flights first. Without a colour, that of the service.
+  /// `widest` is the width of the widest line, logical pixels.
+  void AddLegs(const std::vector<LegGroup>& groups, std::optional<data::Rgb> colour, double widest,
+               const map::TextFont& font);
 
   /// Draws the texts that have found a place.
   void Draw(PrintSurface& surface) const;

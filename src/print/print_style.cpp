@@ -1,5 +1,7 @@
 #include "print/print_style.h"
 
+#include <algorithm>
+
 #include "base/case_folding.h"
 #include "print/contrast.h"
 
@@ -41,12 +43,26 @@ PrintStyle StyleOf(const data::MapStyle& map) {
 void DeriveColours(PrintStyle& style) {
   style.text = TextColourOn(style.background);
   style.box = style.background;
-  style.frame = style.text;
+  style.frame = Mixed(style.background, style.text, 0.5);
   style.graticule = Mixed(style.background, style.text, 0.3);
   constexpr Rgb kBlue{60, 130, 200};
   for (std::size_t i = 0; i < kMostFlightSteps; ++i)
     style.frequency[i] = WithContrast(Mixed(style.background, kBlue, (i + 1.0) / kMostFlightSteps),
                                       style.background, kFrequencyContrast[i]);
+}
+
+void CheckFonts(PrintStyle& style, std::span<const std::string> installedFonts) {
+  const auto check = [&](map::TextFont& font) {
+    const auto isFont = [&](const std::string& name) {
+      return base::EqualsIgnoringEuropeanCase(name, font.name);
+    };
+    if (std::none_of(installedFonts.begin(), installedFonts.end(), isFont))
+      font.name = data::kFallbackFont;
+  };
+  if (style.label)
+    check(*style.label);
+  check(style.legend);
+  check(style.title);
 }
 
 void ApplyStyle(const PrintStyle& style, data::MapStyle& map, data::FlightServiceTable& services) {

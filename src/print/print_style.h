@@ -4,6 +4,7 @@
 #include <array>
 #include <map>
 #include <optional>
+#include <span>
 #include <string>
 
 #include "data/map_style.h"
@@ -44,6 +45,9 @@ PrintStyle StyleOf(const data::MapStyle& map);
 
 /// Sets graticule, frequency, text, box and frame to colours that go with the background.
 void DeriveColours(PrintStyle& style);
+
+/// Replaces fonts that are not installed, as data::CheckFonts does.
+void CheckFonts(PrintStyle& style, std::span<const std::string> installedFonts);
 
 /// Gives the style's colours and font to the map, and its colours to the services.
 void ApplyStyle(const PrintStyle& style, data::MapStyle& map, data::FlightServiceTable& services);

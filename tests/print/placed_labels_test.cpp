@@ -74,18 +74,18 @@ TEST_F(PlacedLabels, GoToAirportsWithMoreFlights) {
 
 TEST_F(PlacedLabels, OfALegNameAllItsFlightsBesideItsMiddle) {
   const std::vector<PlacedLeg> legs{LegOf("A", "B", "Q1"), LegOf("B", "A", "Q2"), LegOf("A", "B", "Q3")};
-  plan_.AddLegs(GroupLegs(legs), std::nullopt, kFont);
+  plan_.AddLegs(GroupLegs(legs), std::nullopt, 4, kFont);
   plan_.Draw(recorder_);
   ASSERT_THAT(TextsOf(recorder_), ElementsAre("Q1 +2"));
-  // 5 letters around x 3000, the box 20 above the line.
-  EXPECT_EQ(recorder_.Operations()[0].points[0], (TwipPoint{3000 - 200, 1500 - 20 - 160 - kHaloTwips}));
+  // 5 letters around x 3000, the box 20 above the edge of the line.
+  EXPECT_EQ(recorder_.Operations()[0].points[0], (TwipPoint{3000 - 200, 1500 - 30 - 20 - 160 - kHaloTwips}));
 }
 
 TEST_F(PlacedLabels, OfAFlightBetweenTheSameAirportIsNone) {
   PlacedLeg leg = LegOf("A", "A", "Q1");
   leg.parts = {{{1000, 1000}, {1000, 1000}}};
   const std::vector<PlacedLeg> legs{leg};
-  plan_.AddLegs(GroupLegs(legs), std::nullopt, kFont);
+  plan_.AddLegs(GroupLegs(legs), std::nullopt, 4, kFont);
   plan_.Draw(recorder_);
   EXPECT_THAT(recorder_.Operations(), IsEmpty());
 }

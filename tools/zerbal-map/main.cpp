@@ -1,4 +1,5 @@
 #include <QGuiApplication>
+#include <algorithm>
 #include <iostream>
 
 #include <unistd.h>
@@ -12,7 +13,11 @@ int main(int argc, char** argv) {
   zerbal::base::RemoveTemporaryFilesOnSignals();
   // Drawing needs fonts but no screen.
   qputenv("QT_QPA_PLATFORM", "offscreen");
-  QGuiApplication application(argc, argv);
-  return zerbal::mapcommand::Run(QGuiApplication::arguments().mid(1), std::cout, std::cerr,
-                                 ::isatty(STDERR_FILENO) == 1);
+  // Only the program's name: Qt would take --style and others for itself.
+  int nameOnly = std::min(argc, 1);
+  QGuiApplication application(nameOnly, argv);
+  QStringList words;
+  for (int i = 1; i < argc; ++i)
+    words.append(QString::fromLocal8Bit(argv[i]));
+  return zerbal::mapcommand::Run(words, std::cout, std::cerr, ::isatty(STDERR_FILENO) == 1);
 }

@@ -8,6 +8,7 @@
 #include "base/error.h"
 #include "data/flight_lists.h"
 #include "paint/draw_log.h"
+#include "print/style_file.h"
 #include "settings/ini_file.h"
 #include "zerbal-map/comparison.h"
 #include "zerbal-map/gather_routes.h"
@@ -72,11 +73,19 @@ bool IsTooClose(const map::Viewport& view) {
   return view.MapOffX() == kFarthest || view.MapOffY() == kFarthest;
 }
 
+std::vector<std::string> InstalledFonts() {
+  std::vector<std::string> fonts;
+  for (const QString& family : QFontDatabase::families())
+    fonts.push_back(family.toStdString());
+  return fonts;
+}
+
 }  // namespace
 
 MapJob::MapJob(const Options& options) : options_(options) {
   LoadTables();
   ReadSettings();
+  ReadStyle();
   ChooseView();
   ChooseFlights();
   CompareFlights();
@@ -95,15 +104,21 @@ void MapJob::LoadTables() {
   services_ = databases_->schedule.LoadServices();
 }
 
+void MapJob::ReadStyle() {
+  printStyle_ = print::StyleOf(style_);
+  if (options_.print.style.empty())
+    return;
+  print::ReadNamedStyle(options_.print.style, printStyle_);
+  print::CheckFonts(printStyle_, InstalledFonts());
+  print::ApplyStyle(printStyle_, style_, services_);
+}
+
 void MapJob::ReadSettings() {
   if (options_.settingsFile && !std::filesystem::is_regular_file(*options_.settingsFile))
     throw NotFound(*options_.settingsFile);
   // Without a settings file every key is missing, and the defaults hold.
   settings::IniFile ini(options_.settingsFile.value_or(""));
-  std::vector<std::string> fonts;
-  for (const QString& family : QFontDatabase::families())
-    fonts.push_back(family.toStdString());
-  data::ReadFontSettings(ini, style_.fonts, fonts);
+  data::ReadFontSettings(ini, style_.fonts, InstalledFonts());
   data::ReadColourSettings(ini, style_.colours);
   data::ReadFlightColourSettings(ini, services_);
   data::ReadRegionSettings(ini, style_.regions);
@@ -203,7 +218,7 @@ void MapJob::Draw(map::Surface& surface) {
 }
 
 print::PrintScene MapJob::ForPrint(const map::MapScene& scene) const {
-  return {scene, options_.print, options_.ShowsWorld()};
+  return {scene, options_.print, options_.ShowsWorld(), printStyle_};
 }
 
 void MapJob::DrawForPrint(print::PrintSurface& surface) {

@@ -31,6 +31,7 @@ class MapJob {
  private:
   void LoadTables();
   void ReadSettings();
+  void ReadStyle();
   void ChooseView();
   void ChooseFlights();
   void ShowServices();
@@ -43,6 +44,7 @@ class MapJob {
   std::optional<data::Databases> databases_;
   data::MapStyle style_;
   data::FlightServiceTable services_;
+  print::PrintStyle printStyle_;
   std::optional<map::Viewport> viewport_;
   data::FlightSelection flights_;
   std::optional<std::string> touching_;  ///< as in the table

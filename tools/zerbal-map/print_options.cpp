@@ -2,11 +2,15 @@
 
 #include <QColor>
 
+#include "zerbal-map/print_values.h"
+
 namespace zerbal::mapcommand {
 namespace {
 
 /// All of them.
-constexpr const char* kForPrint[] = {"great-circles", "projection", "land", "water"};
+constexpr const char* kForPrint[] = {"great-circles", "projection", "land",   "water",     "labels-placed",
+                                     "width-by",      "color-by",   "legend", "scale-bar", "north",
+                                     "title",         "graticule",  "style"};
 
 print::ProjectionKind ParseProjection(const QString& text) {
   QStringList names;
@@ -36,6 +40,17 @@ std::optional<data::Rgb> ReadColour(const OptionReader& reader, const char* name
                    static_cast<std::uint8_t>(colour.blue())};
 }
 
+void ReadPieces(const OptionReader& reader, print::PrintOptions& print) {
+  const std::pair<const char*, print::WantedPiece&> pieces[] = {
+      {"legend", print.legend}, {"scale-bar", print.scaleBar}, {"north", print.north}};
+  for (const auto& [name, piece] : pieces) {
+    if (reader.Has(name))
+      piece = ParsePiece(reader.Value(name), QString("--") + name);
+  }
+  if (reader.Has("title"))
+    print.title = ParseTitle(reader.Value("title"));
+}
+
 }  // namespace
 
 void ReadPrintOptions(const OptionReader& reader, Options& options) {
@@ -44,11 +59,22 @@ void ReadPrintOptions(const OptionReader& reader, Options& options) {
       throw UsageError(
           QString("--%1 is for drawings; it has no meaning for .geojson, .kml and .gpkg").arg(name));
   }
-  options.print.greatCircles = reader.Has("great-circles");
+  print::PrintOptions& print = options.print;
+  print.greatCircles = reader.Has("great-circles");
   if (reader.Has("projection"))
-    options.print.projection = ParseProjection(reader.Value("projection"));
-  options.print.land = ReadColour(reader, "land");
-  options.print.water = ReadColour(reader, "water");
+    print.projection = ParseProjection(reader.Value("projection"));
+  print.land = ReadColour(reader, "land");
+  print.water = ReadColour(reader, "water");
+  print.labelsPlaced = reader.Has("labels-placed");
+  if (reader.Has("width-by"))
+    print.widthByFlights = ParseWidthBy(reader.Value("width-by"));
+  if (reader.Has("color-by"))
+    print.colourBy = ParseColourBy(reader.Value("color-by"));
+  if (reader.Has("graticule"))
+    print.graticule = ParseGraticule(reader.Value("graticule"));
+  if (reader.Has("style"))
+    print.style = reader.Path("style");
+  ReadPieces(reader, print);
 }
 
 }  // namespace zerbal::mapcommand
