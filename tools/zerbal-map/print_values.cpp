@@ -59,7 +59,10 @@ double ParseGraticule(const QString& text) {
 }
 
 std::string ParseTitle(const QString& text) {
-  return text.simplified().toStdString();
+  const QString title = text.simplified();
+  if (title.isEmpty())
+    throw UsageError("--title: the value is empty");
+  return title.toStdString();
 }
 
 }  // namespace zerbal::mapcommand
