@@ -51,6 +51,14 @@ Maps for print (PNG, SVG, PDF)
   --projection NAME   plate-carree, mercator, robinson, lambert or orthographic
   --land COLOR, --water COLOR
                       fills land and water: #rrggbb or a name such as tan
+  --labels-placed     labels that do not overlap; flights of one leg share a label
+  --width-by flights  wider legs where more flights are
+  --color-by WHAT     service, or frequency: legs by their number of flights
+  --title TEXT        a title
+  --legend, --scale-bar, --north
+                      in the emptiest corner, or =top-left, =top-right, =bottom-left, =bottom-right
+  --graticule DEG     meridians and parallels, 0.1 to 90 degrees apart
+  --style STYLE       dark, print, or a file of colours, widths and fonts
 
   --help              prints this
   --version           prints the version
