@@ -91,7 +91,8 @@ void PrintPainter::DrawHalo(TwipPoint topLeft, std::string_view text, const map:
                             data::Rgb colour) {
   QPainter& painter = painter_();
   const SavedPainter saved(painter);
-  const QFont device = paint::DeviceFont(font, scale_, *painter.device());
+  // Paths have the size of the font on its own device.
+  const QFont device(paint::DeviceFont(font, scale_, *painter.device()), painter.device());
   const PixelPoint at = scale_.ToPixelPoint(topLeft);
   painter.setFont(device);
   const double ascent = std::ceil(painter.fontMetrics().ascent());

@@ -1,5 +1,7 @@
 #include "print/print_file.h"
 
+#include <QRegularExpression>
+
 #include <gtest/gtest.h>
 
 #include "print/print_list.h"
@@ -151,6 +153,28 @@ TEST(PrintFile, AnSvgHasAreasStrokesAndTexts) {
   EXPECT_NE(svg.find("#ff0000"), std::string::npos) << svg;
   EXPECT_NE(svg.find("stroke-dasharray"), std::string::npos) << svg;
   EXPECT_NE(svg.find(">OSL</text>"), std::string::npos) << svg;
+}
+
+TEST(PrintFile, AHaloOfAnSvgIsAsWideAsItsText) {
+  TextSize size;
+  const QString svg = PrintSvgOf({100, 40}, [&](PrintSurface& surface) {
+    size = surface.Measure("OSL OSL", kFont);
+    surface.StyledText({150, 150}, "OSL OSL", {.font = kFont, .halo = data::Rgb{1, 2, 3}});
+  });
+  // The outlines of the letters, in eighths of a pixel.
+  const qsizetype path = svg.indexOf("<path", svg.indexOf("#010203"));
+  ASSERT_GE(path, 0) << svg.toStdString();
+  static const QRegularExpression place("[MLC ](-?[\\d.]+),-?[\\d.]+");
+  double left = 1e9;
+  double right = -1e9;
+  auto places = place.globalMatch(svg.mid(path, svg.indexOf("/>", path) - path));
+  while (places.hasNext()) {
+    const double x = places.next().captured(1).toDouble() / 8 * kTwipsPerPixel;
+    left = std::min(left, x);
+    right = std::max(right, x);
+  }
+  EXPECT_NEAR(left, 150, 20);
+  EXPECT_NEAR(right, 150 + size.width, 20);
 }
 
 TEST(PrintFile, APdfHasOnePage) {
