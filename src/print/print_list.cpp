@@ -10,6 +10,11 @@ constexpr double kFillReach = 2 * kTwipsPerPixel;
 /// A text reaches at most as many times its height from its top, however many marks its letters have.
 constexpr int kTextReach = 5;
 
+/// How far a line can be seen above and below its points, twips.
+std::int32_t ReachOf(const StrokeStyle& style) {
+  return static_cast<std::int32_t>((style.width + 2) * kTwipsPerPixel) + 1;
+}
+
 /// The ring without what cannot be seen between two heights: of points in a row that are all above or all
 /// below, the first and the last remain.
 Ring Shortened(const Ring& ring, std::int64_t top, std::int64_t bottom) {
@@ -56,8 +61,7 @@ void PrintList::Fill(std::span<const Ring> rings, data::Rgb colour) {
 void PrintList::Stroke(std::span<const TwipPoint> points, const StrokeStyle& style) {
   if (points.size() < 2)
     return;
-  const double reach = (style.width + 2) * kTwipsPerPixel;
-  steps_.emplace_back(StrokeStep{{points.begin(), points.end()}, style, HeightsOf(points, reach)});
+  steps_.emplace_back(StrokeStep{{points.begin(), points.end()}, style, HeightsOf(points, ReachOf(style))});
 }
 
 void PrintList::StyledText(TwipPoint topLeft, std::string_view text, const TextStyle& style) {
@@ -77,6 +81,29 @@ void PrintList::DrawFill(const FillStep& step, std::int32_t top, std::int32_t bo
     surface.Fill(rings, step.colour);
 }
 
+/// Draws the parts of a line that can be visible; all of a dashed one, whose dashes depend on its beginning.
+void PrintList::DrawStroke(const StrokeStep& step, std::int32_t top, std::int32_t bottom,
+                           PrintSurface& surface) {
+  const std::span<const TwipPoint> points = step.points;
+  const std::int64_t reach = ReachOf(step.style);
+  const auto touches = [&](std::size_t end) {
+    const auto [upper, lower] = std::minmax(points[end - 1].y, points[end].y);
+    return upper - reach <= bottom && lower + reach >= top;
+  };
+  if (!step.style.dashes.empty()) {
+    surface.Stroke(points, step.style);
+    return;
+  }
+  std::size_t begin = 0;
+  for (std::size_t end = 1; end <= points.size(); ++end) {
+    if (end < points.size() && touches(end))
+      continue;
+    if (end - begin > 1)
+      surface.Stroke(points.subspan(begin, end - begin), step.style);
+    begin = end;
+  }
+}
+
 void PrintList::DrawBetween(std::int32_t top, std::int32_t bottom, PrintSurface& surface) const {
   const auto touches = [&](const Heights& heights) { return heights.top <= bottom && heights.bottom >= top; };
   for (const Step& step : steps_) {
@@ -86,7 +113,7 @@ void PrintList::DrawBetween(std::int32_t top, std::int32_t bottom, PrintSurface&
       DrawFill(*fill, top, bottom, surface);
     } else if (const auto* stroke = std::get_if<StrokeStep>(&step)) {
       if (touches(stroke->heights))
-        surface.Stroke(stroke->points, stroke->style);
+        DrawStroke(*stroke, top, bottom, surface);
     } else if (const auto* text = std::get_if<TextStep>(&step)) {
       if (touches(text->heights))
         surface.StyledText(text->topLeft, text->text, text->style);

@@ -66,6 +66,8 @@ class PrintList final : public PrintSurface {
   using Step = std::variant<paint::OperationList, FillStep, StrokeStep, TextStep>;
 
   static Heights HeightsOf(std::span<const TwipPoint> points, double reach);
+  static void DrawStroke(const StrokeStep& step, std::int32_t top, std::int32_t bottom,
+                         PrintSurface& surface);
   static void DrawFill(const FillStep& step, std::int32_t top, std::int32_t bottom, PrintSurface& surface);
   /// Takes operations of every map; what is drawn next comes after what was added before.
   paint::OperationList& Plain();

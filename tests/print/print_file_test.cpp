@@ -120,6 +120,9 @@ void DrawMuch(PrintSurface& surface) {
     const TwipPoint line[] = {{10, y}, {400, y + 777}, {610, y - 100}};
     surface.Stroke(line, {.colour = kRed, .width = 2.5, .dashes = {3, 2}});
     surface.Stroke(line, {.colour = kGreen, .width = 1.3});
+    const TwipPoint corners[] = {{700, y}, {720, y + 2'000}, {900, y + 10}, {905, y - 3'000}, {1'100, y}};
+    surface.Stroke(corners, {.colour = kRed, .width = 0.75});
+    surface.Stroke(corners, {.colour = kGreen, .width = 7});
     surface.Polyline(line, {.colour = {0, 0, 0}});
     surface.StyledText({200, y}, "OSL 12", {.font = kFont, .colour = {0, 0, 90}, .halo = kWhite});
   }
