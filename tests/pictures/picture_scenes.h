@@ -42,12 +42,23 @@ inline constexpr PictureScene kPictureScenes[] = {
     {"orthographic",
      "--view 100W,80N,60E,10S --size 110x110 --services all --labels none --great-circles "
      "--projection orthographic --land wheat --water lightblue"},
+    {"print-widths", "--region NOR --size 100x80 --services all --width-by flights --labels none"},
+    {"print-frequency", "--region NOR --size 100x80 --services all --color-by frequency --labels none"},
+    {"print-style", "--region NOR --size 100x80 --services all --style dark --show destinations"},
 };
 
 /// Compared with their letters too.
 inline constexpr PictureScene kLetterScenes[] = {
     {"labels-overview", "--region NOR --size 320x260 --services NORX --labels airports,numbers,legs"},
     {"labels-detail", "--view 4W,4N,5E,3S --size 260x200 --services FAN --labels airports,numbers"},
+};
+
+/// Compared with their letters, which the rest makes way for.
+inline constexpr PictureScene kPrintLetterScenes[] = {
+    {"print-labels", "--region NOR --size 150x120 --services all --labels-placed"},
+    {"print-furniture",
+     "--size 260x150 --services NORX,FAN --labels none --color-by service --legend --title Routes "
+     "--scale-bar=bottom-left --north --graticule 30"},
 };
 
 inline constexpr int kPictureScales[] = {1, 2};

@@ -78,6 +78,10 @@ TEST_F(ReferencePictures, LettersAreAsExpected) {
       Check(scene, scale, true);
     }
   }
+  for (const PictureScene& scene : kPrintLetterScenes) {
+    for (const int scale : kPictureScales)
+      Check(scene, scale, true);
+  }
 }
 
 TEST(ReferencePictureFiles, AreThoseOfTheScenesAndSmall) {
@@ -89,6 +93,8 @@ TEST(ReferencePictureFiles, AreThoseOfTheScenesAndSmall) {
       names.insert(FileName(scene, scale, false));
       names.insert(FileName(scene, scale, true));
     }
+    for (const PictureScene& scene : kPrintLetterScenes)
+      names.insert(FileName(scene, scale, true));
   }
   std::set<std::string> found;
   std::uintmax_t bytes = 0;
