@@ -48,11 +48,16 @@ std::string LengthText(MapPosition from, MapPosition to) {
 
 }  // namespace
 
-std::string AirportText(const data::Airport& airport) {
+std::string AirportLabel(const data::Airport& airport) {
   const std::string name = ReadableText([&] { return airport.Name(); });
   const std::string city = ReadableText([&] { return airport.City(); });
-  std::string text;
-  AppendAirportLabel(text, {airport.Code(), name, city}, true);
+  std::string label;
+  AppendAirportLabel(label, {airport.Code(), name, city}, true);
+  return label;
+}
+
+std::string AirportText(const data::Airport& airport) {
+  std::string text = AirportLabel(airport);
   if (const std::optional<std::int32_t> elevation = airport.Elevation())
     text.append(", elevation ").append(std::to_string(*elevation)).append(" ft");
   if (const std::optional<std::int32_t> runways = airport.Runways())
@@ -64,12 +69,15 @@ std::string AirportText(const data::Airport& airport) {
   return text;
 }
 
+std::string FlightText(const data::Flight& flight, const data::FlightService* service) {
+  return flight.number + " (" + (service != nullptr ? service->displayText : flight.service) + ")";
+}
+
 std::string LegText(const data::Flight& flight, const data::FlightService* service, const Route& route,
                     std::size_t leg, const data::Airports& destinations) {
   const RoutePoint& from = route.Point(leg - 1);
   const RoutePoint& to = route.Point(leg);
-  std::string text = flight.number;
-  text.append(" (").append(service != nullptr ? service->displayText : flight.service).append("): ");
+  std::string text = FlightText(flight, service) + ": ";
   text.append(CityAndCode(from.code, destinations)).append(" -> ").append(CityAndCode(to.code, destinations));
   text.append(", leg ").append(std::to_string(leg)).append(" of ").append(std::to_string(route.Legs()));
   return text.append(LengthText(from.position, to.position));

@@ -14,8 +14,14 @@ namespace zerbal::map {
 /// known.
 std::string AirportText(const data::Airport& airport);
 
-/// "ZB108 (1 - Nordic): Oslo OSL -> Bergen BGO, leg 1 of 4, 325 km, 176 nautical miles". The service is null
-/// when it is not known; its key stands for it then. `leg` counts from 1.
+/// The first part of that: "OSL - Gardermoen (Oslo)".
+std::string AirportLabel(const data::Airport& airport);
+
+/// "ZB108 (1 - Nordic)". The service is null when it is not known; its key stands for it then.
+std::string FlightText(const data::Flight& flight, const data::FlightService* service);
+
+/// "ZB108 (1 - Nordic): Oslo OSL -> Bergen BGO, leg 1 of 4, 325 km, 176 nautical miles". `leg` counts
+/// from 1.
 std::string LegText(const data::Flight& flight, const data::FlightService* service, const Route& route,
                     std::size_t leg, const data::Airports& destinations);
 
