@@ -41,7 +41,7 @@ TEST(MapOptions, TheSuffixSelectsMapData) {
   EXPECT_EQ(Parse("--out a.gpkg")->routes, RouteFileKind::kGeoPackage);
   EXPECT_FALSE(Parse("--out a.svg")->routes);
   EXPECT_EQ(Complaint("--out a.json"),
-            "--out: 'a.json' ends in none of .png, .svg, .pdf, .geojson, .kml and .gpkg");
+            "--out: 'a.json' ends in none of .png, .svg, .pdf, .html, .geojson, .kml and .gpkg");
   EXPECT_EQ(Complaint("--out a.geojson --paper A0 --dpi 700"), "(none)") << "it has no pixels";
 }
 
@@ -72,6 +72,12 @@ TEST(MapOptions, OptionsForPrintAreForDrawings) {
             "--great-circles is for drawings; it has no meaning for .geojson, .kml and .gpkg");
   EXPECT_EQ(Complaint("--out a.svg --great-circles"), "(none)");
   EXPECT_NE(Complaint("--out a.svg --great-circles=yes"), "(none)");
+}
+
+TEST(MapOptions, TheSuffixSelectsAPage) {
+  EXPECT_TRUE(Parse("--out a.HTML")->page);
+  EXPECT_FALSE(Parse("--out a.svg")->page);
+  EXPECT_EQ(Complaint("--out a.html --paper A0 --dpi 700"), "(none)") << "it has no pixels";
 }
 
 TEST(MapOptions, DotsPerInchDivideTheDrawingArea) {
@@ -122,7 +128,7 @@ TEST(MapOptions, LimitsHaveFourForms) {
 TEST(MapOptions, EachInvalidValueIsReported) {
   const std::pair<const char*, const char*> cases[] = {
       {"", "--out FILE is missing"},
-      {"--out a.gif", "'a.gif' ends in none of .png, .svg, .pdf, .geojson, .kml and .gpkg"},
+      {"--out a.gif", "'a.gif' ends in none of .png, .svg, .pdf, .html, .geojson, .kml and .gpkg"},
       {"--out a.png --colour red", "colour"},
       {"--out a.png europe", "'europe' belongs to no option"},
       {"--out a.png --out b.png", "--out is given more than once"},

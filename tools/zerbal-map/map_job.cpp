@@ -7,11 +7,13 @@
 
 #include "base/error.h"
 #include "data/flight_lists.h"
+#include "map/view_description.h"
 #include "paint/draw_log.h"
 #include "print/style_file.h"
 #include "settings/ini_file.h"
 #include "zerbal-map/comparison.h"
 #include "zerbal-map/gather_routes.h"
+#include "zerbal-map/page_lines.h"
 
 namespace zerbal::mapcommand {
 namespace {
@@ -127,7 +129,8 @@ void MapJob::ReadSettings() {
 void MapJob::ChooseView() {
   viewport_.emplace(data::kGridBands);
   const QSizeF size = options_.LogicalSize();
-  viewport_->SetSize(size.width() * kTwipsPerPixel, size.height() * kTwipsPerPixel);
+  const double scale = kTwipsPerPixel * (options_.page ? kPageGrid : 1);
+  viewport_->SetSize(size.width() * scale, size.height() * scale);
   data::Region view;
   if (options_.bounds) {
     const MapPosition northWest = ToMapPosition({options_.bounds->west, options_.bounds->north});
@@ -138,6 +141,7 @@ void MapJob::ChooseView() {
     view.toLat = southEast.lat;
   } else {
     view = FindRegion(style_.regions, options_.region.value_or("World"));
+    place_ = options_.ShowsWorld() ? "World" : view.name;
   }
   const bool hasExtent = viewport_->SelectRegion(view);
   viewport_->ComputeViewport();
@@ -229,6 +233,14 @@ void MapJob::DrawForPrint(print::PrintSurface& surface) {
 Routes MapJob::GatherRoutes() const {
   return mapcommand::GatherRoutes(Scene(),
                                   options_.ShowsWorld() ? map::FlightExtent::kAll : map::FlightExtent::kView);
+}
+
+Page MapJob::GatherPage() const {
+  const map::MapScene scene = Scene();
+  PageLines lines;
+  map::DrawMap(scene, lines);
+  return {viewport_->MapWidth(), viewport_->MapHeight(), place_,           map::DescribeView(scene),
+          options_.display,      style_.colours,         lines.Elements(), map::ContentsOf(scene)};
 }
 
 }  // namespace zerbal::mapcommand

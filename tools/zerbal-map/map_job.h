@@ -9,6 +9,7 @@
 #include "map/draw_map.h"
 #include "map/flight_comparison.h"
 #include "zerbal-map/options.h"
+#include "zerbal-map/page.h"
 #include "zerbal-map/routes.h"
 
 namespace zerbal::mapcommand {
@@ -28,6 +29,9 @@ class MapJob {
   /// out, not even what the widest view does not show.
   Routes GatherRoutes() const;
 
+  /// What Draw shows, for a page.
+  Page GatherPage() const;
+
  private:
   void LoadTables();
   void ReadSettings();
@@ -46,6 +50,7 @@ class MapJob {
   data::FlightServiceTable services_;
   print::PrintStyle printStyle_;
   std::optional<map::Viewport> viewport_;
+  std::string place_;  ///< name of the region; empty for bounds
   data::FlightSelection flights_;
   std::optional<std::string> touching_;  ///< as in the table
   std::optional<data::ScheduleFile> oldSchedule_;

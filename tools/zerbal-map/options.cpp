@@ -101,10 +101,13 @@ void ReadKind(const QString& file, Options& options) {
       return;
     }
   }
+  options.page = file.endsWith(".html", Qt::CaseInsensitive);
+  if (options.page)
+    return;
   const auto kind = paint::KindOfMapFile(file);
   if (!kind)
     throw UsageError(
-        QString("--out: '%1' ends in none of .png, .svg, .pdf, .geojson, .kml and .gpkg").arg(file));
+        QString("--out: '%1' ends in none of .png, .svg, .pdf, .html, .geojson, .kml and .gpkg").arg(file));
   options.kind = *kind;
 }
 
@@ -134,7 +137,7 @@ void ReadSize(const OptionReader& reader, Options& options) {
   if (reader.Has("paper"))
     options.paperInches = ParsePaper(reader.Value("paper"));
   const QSize pixels = options.PixelSize();
-  if (!options.routes && options.kind == MapFileKind::kPng &&
+  if (!options.routes && !options.page && options.kind == MapFileKind::kPng &&
       std::max(pixels.width(), pixels.height()) > kLargestSide) {
     throw UsageError(QString("--paper at this --dpi makes %1 x %2 pixels; at most %3 a side are possible")
                          .arg(pixels.width())

@@ -42,6 +42,7 @@ struct Options {
   std::string outputFile;
   MapFileKind kind = MapFileKind::kPng;
   std::optional<RouteFileKind> routes;  ///< counts instead of `kind`
+  bool page = false;                    ///< a page for browsers; counts instead of `kind`
 
   std::optional<std::string> region;  ///< code or name; neither this nor bounds: the world
   std::optional<GeoBounds> bounds;

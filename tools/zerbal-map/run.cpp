@@ -4,6 +4,7 @@
 
 #include "zerbal-map/map_job.h"
 #include "zerbal-map/output.h"
+#include "zerbal-map/page_output.h"
 #include "zerbal-map/routes_output.h"
 
 namespace zerbal::mapcommand {
@@ -13,10 +14,10 @@ constexpr int kDone = 0;
 constexpr int kBadData = 1;
 constexpr int kBadUsage = 2;
 
-constexpr char kHelpText[] = R"(Usage: zerbal-map [options] --out FILE.png|.svg|.pdf|.geojson|.kml|.gpkg
+constexpr char kHelpText[] = R"(Usage: zerbal-map [options] --out FILE.png|.svg|.pdf|.html|.geojson|.kml|.gpkg
 
-Draws the map of an airline's flights as a picture, a drawing or a page, or writes its flights and airports as
-map data (GeoJSON, KML, GeoPackage).
+Draws the map of an airline's flights as a picture, a drawing, a page of paper or a page for browsers, or
+writes its flights and airports as map data (GeoJSON, KML, GeoPackage).
 
 Data
   --data DIR          folder with app_data and app_map, the working directory when not given
@@ -28,7 +29,7 @@ View (the world when not given)
   --centre LAT,LON --span DEG
                       as many degrees of longitude around a place
 
-Size (of map data: only the shape of the view)
+Size (of map data and pages for browsers: only the shape of the view)
   --size WxH          pixels, 1280x900 when not given, at most 16384 a side
   --paper NAME        A0 to A6, Letter, Legal or Tabloid, wider than high
   --dpi N             dots per inch, 96 when not given: line widths and labels grow with it
@@ -82,6 +83,8 @@ int Run(const QStringList& words, std::ostream& output, std::ostream& errors, bo
     MapJob job(*options);
     if (options->routes)
       WriteRoutes(job, *options);
+    else if (options->page)
+      WritePage(job, *options);
     else
       WriteMap(job, *options, progress);
     return kDone;
