@@ -39,6 +39,7 @@ class Labels {
     this.group = group;
     this.view = view;
     this.model = model;
+    this.chosen = null; // the only flights whose numbers are placed
     this.texts = new Map(); // elements by what they are the label of
     this.widths = new Map();
     this.context = document.createElement("canvas").getContext("2d");
@@ -106,7 +107,9 @@ class Labels {
   }
 
   placeLeg(leg, occupied, placed, isNear) {
-    const flights = leg.flights.filter((flight) => this.model.isFlightShown(flight));
+    const flights = leg.flights.filter(
+      ({ flight }) => this.model.isFlightShown(flight) && (this.chosen === null || this.chosen.has(flight)),
+    );
     if (flights.length === 0) return;
     const [from, to] = [this.view.toScreen(leg.from), this.view.toScreen(leg.to)];
     const text = flights.length === 1 ? flights[0].label : `${flights[0].label} +${flights.length - 1}`;

@@ -1,6 +1,8 @@
 // The page: puts map, panel and search together. What is selected is in the address, so that a link can name it.
 
 const MOST_TIP_LINES = 8;
+const MOST_LINES_OF_SMALL_TIP = 3; // on a map of less than SMALL_MAP pixels
+const SMALL_MAP = 560;
 const REACH = 6; // pixels, as in the program
 const TOUCH_REACH = 16;
 
@@ -64,7 +66,6 @@ class Page {
     byId("marks").querySelector(".airports").setAttribute("d", marks(false));
     byId("marks").querySelector(".destinations").setAttribute("d", marks(true));
     this.highlight();
-    this.labels.place();
   }
 
   // What is near a place
@@ -91,14 +92,15 @@ class Page {
   showTip(found, place) {
     this.tip.hidden = found.length === 0;
     if (this.tip.hidden) return;
-    const lines = found.slice(0, MOST_TIP_LINES).map((one) => {
+    const { width, height } = this.view.screen;
+    const most = Math.min(width, height) < SMALL_MAP ? MOST_LINES_OF_SMALL_TIP : MOST_TIP_LINES;
+    const lines = found.slice(0, most).map((one) => {
       const className = one.leg ? `s${one.leg.flight.service}` : one.airport.destination ? "destination" : "airport";
       return element("div", { className }, this.textOf(one));
     });
-    if (found.length > MOST_TIP_LINES) lines.push(element("div", {}, `and ${found.length - MOST_TIP_LINES} more`));
+    if (found.length > most) lines.push(element("div", {}, `and ${found.length - most} more`));
     this.tip.replaceChildren(...lines);
     // Right of and below the place, or on the other side where that is outside.
-    const { width, height } = this.view.screen;
     const box = this.tip.getBoundingClientRect();
     const beside = (at, length, size) => (at + 14 + length <= size - 8 ? at + 14 : Math.max(at - 14 - length, 8));
     const left = Math.min(beside(place.x, box.width, width), Math.max(width - box.width - 8, 8));
@@ -185,6 +187,8 @@ class Page {
     }
     const paths = [...lines].map(([service, all]) => svgElement("path", { class: `s${service}`, d: pathOf(all) }));
     byId("selection").replaceChildren(...paths);
+    this.labels.chosen = paths.length > 0 ? new Set(shown) : null;
+    this.view.refresh();
     byId("drawing").classList.toggle("selected", paths.length > 0);
   }
 

@@ -52,17 +52,14 @@ class View {
     };
   }
 
-  /** Shows this as far as the limits allow: nothing beyond the map's edges, or all of the map where there is room. */
+  /** Shows this as far as the limits allow. The map never leaves the part of the screen that all of it would cover. */
   set(centre, unit) {
     this.unit = Math.min(Math.max(unit, this.closest()), this.widest());
-    const within = (value, length, pixels) => {
-      const half = (pixels * this.unit) / 2;
-      return Math.min(Math.max(value, Math.min(half, length - half)), Math.max(half, length - half));
+    const within = (value, length) => {
+      const half = length / this.zoom / 2;
+      return Math.min(Math.max(value, half), length - half);
     };
-    this.centre = {
-      x: within(centre.x, this.width, this.screen.width),
-      y: within(centre.y, this.height, this.screen.height),
-    };
+    this.centre = { x: within(centre.x, this.width), y: within(centre.y, this.height) };
     this.refresh();
   }
 
