@@ -16,8 +16,8 @@ namespace {
 
 class ContentsLister {
  public:
-  explicit ContentsLister(const MapScene& scene)
-      : scene_(scene), route_(scene.databases.destinations, false) {}
+  ContentsLister(const MapScene& scene, FlightExtent extent)
+      : scene_(scene), extent_(extent), route_(scene.databases.destinations, false) {}
 
   MapContents List() && {
     // The order of the tool tip: of an airport in both tables it shows the values of all airports.
@@ -58,7 +58,7 @@ class ContentsLister {
     if (!flight.key.empty() && keys_.contains(flight.key))
       return;
     std::vector<std::vector<ContentsLine>> lines = LinesOfLegs();
-    if (std::ranges::all_of(lines, &std::vector<ContentsLine>::empty))
+    if (extent_ == FlightExtent::kView && std::ranges::all_of(lines, &std::vector<ContentsLine>::empty))
       return;
     keys_.insert(flight.key);
     ContentsFlight added{
@@ -123,6 +123,7 @@ class ContentsLister {
   }
 
   const MapScene& scene_;
+  FlightExtent extent_;
   Route route_;
   MapContents contents_;
   std::set<std::string> keys_;
@@ -132,8 +133,8 @@ class ContentsLister {
 
 }  // namespace
 
-MapContents ContentsOf(const MapScene& scene) {
-  return scene.viewport.HasArea() ? ContentsLister(scene).List() : MapContents();
+MapContents ContentsOf(const MapScene& scene, FlightExtent extent) {
+  return scene.viewport.HasArea() ? ContentsLister(scene, extent).List() : MapContents();
 }
 
 }  // namespace zerbal::map

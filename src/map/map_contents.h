@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "map/draw_map.h"
+#include "map/shown_flights.h"
 
 namespace zerbal::map {
 
@@ -44,11 +45,12 @@ struct ContentsService {
 
 struct MapContents {
   std::vector<ContentsService> services;  ///< of the flights, in the order of their first flights
-  std::vector<ContentsFlight> flights;    ///< those of which some of a leg is in view, each key once
+  std::vector<ContentsFlight> flights;    ///< each key once
   std::vector<ContentsAirport> airports;  ///< those in view, each code once, in the order of the codes
 };
 
-/// Throws when the data cannot be read; an airport that cannot be read is left out.
-MapContents ContentsOf(const MapScene& scene);
+/// Flights with an airport that is not among the destinations are left out with either extent, and so is an
+/// airport that cannot be read. Throws when the data cannot be read.
+MapContents ContentsOf(const MapScene& scene, FlightExtent extent);
 
 }  // namespace zerbal::map

@@ -20,7 +20,9 @@ class MapContentsTest : public testing::Test {
     world_.services.back().displayText = "1 - Red";
   }
 
-  MapContents Contents() { return ContentsOf(world_.Scene()); }
+  MapContents Contents(FlightExtent extent = FlightExtent::kView) {
+    return ContentsOf(world_.Scene(), extent);
+  }
   Strings Codes() {
     Strings codes;
     for (const ContentsAirport& airport : Contents().airports)
@@ -67,6 +69,17 @@ TEST_F(MapContentsTest, OnlyWhatIsInViewIsListed) {
   EXPECT_EQ(contents.flights[0].number, "QV2");
   EXPECT_EQ(contents.flights[0].legs[0].lines, (std::vector<ContentsLine>{{{1000, 0}, {1000, 1000}}}));
   EXPECT_EQ(Codes(), Strings{"AAA"});
+}
+
+TEST_F(MapContentsTest, AllFlightsCanBeAskedFor) {
+  world_.flit = {Flight("QV1", "RED", {"NNN", "NNN"}), Flight("QV2", "RED", {"NNN", "AAA", "NNN"}),
+                 Flight("QV3", "RED", {"AAA", "missing"})};
+  world_.options.flightAirports = true;
+  const MapContents contents = Contents(FlightExtent::kAll);
+  ASSERT_EQ(contents.flights.size(), 2U);
+  EXPECT_EQ(contents.flights[0].number, "QV1");
+  EXPECT_EQ(contents.flights[0].legs.at(0).lines.size(), 0U);
+  EXPECT_EQ(contents.airports.size(), 1U) << "none out of view";
 }
 
 TEST_F(MapContentsTest, ALegOverTheSeamHasTwoLines) {

@@ -230,9 +230,12 @@ void MapJob::DrawForPrint(print::PrintSurface& surface) {
   print::DrawPrintMap(ForPrint(scene), surface);
 }
 
+map::FlightExtent MapJob::Extent() const {
+  return options_.ShowsWorld() ? map::FlightExtent::kAll : map::FlightExtent::kView;
+}
+
 Routes MapJob::GatherRoutes() const {
-  return mapcommand::GatherRoutes(Scene(),
-                                  options_.ShowsWorld() ? map::FlightExtent::kAll : map::FlightExtent::kView);
+  return mapcommand::GatherRoutes(Scene(), Extent());
 }
 
 Page MapJob::GatherPage() const {
@@ -240,7 +243,7 @@ Page MapJob::GatherPage() const {
   PageLines lines;
   map::DrawMap(scene, lines);
   return {viewport_->MapWidth(), viewport_->MapHeight(), place_,           map::DescribeView(scene),
-          options_.display,      style_.colours,         lines.Elements(), map::ContentsOf(scene)};
+          options_.display,      style_.colours,         lines.Elements(), map::ContentsOf(scene, Extent())};
 }
 
 }  // namespace zerbal::mapcommand

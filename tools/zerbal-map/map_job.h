@@ -8,6 +8,7 @@
 #include "data/map_style.h"
 #include "map/draw_map.h"
 #include "map/flight_comparison.h"
+#include "map/shown_flights.h"
 #include "zerbal-map/options.h"
 #include "zerbal-map/page.h"
 #include "zerbal-map/routes.h"
@@ -29,7 +30,7 @@ class MapJob {
   /// out, not even what the widest view does not show.
   Routes GatherRoutes() const;
 
-  /// What Draw shows, for a page.
+  /// What Draw shows, for a page. With the world, flights that the widest view does not show are in it too.
   Page GatherPage() const;
 
  private:
@@ -43,6 +44,7 @@ class MapJob {
   bool IsShownOfDropped(const data::Flight& flight) const;
   map::MapScene Scene() const;
   print::PrintScene ForPrint(const map::MapScene& scene) const;
+  map::FlightExtent Extent() const;  ///< the widest view does not show all of the world
 
   const Options options_;
   std::optional<data::Databases> databases_;

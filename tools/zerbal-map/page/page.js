@@ -145,6 +145,7 @@ class Page {
   selectFlight(flight) {
     const lines = flight.legs.map((leg) => element("li", {}, leg.text));
     const parts = [this.model.services[flight.service].name, flight.length].filter(Boolean);
+    if (flight.legs.every((leg) => leg.lines.length === 0)) parts.push("outside of this map");
     this.select([flight], flight.number, parts.join(" · "), lines);
   }
 
@@ -185,7 +186,8 @@ class Page {
       const known = lines.get(flight.service) ?? [];
       lines.set(flight.service, [...known, ...flight.legs.flatMap((leg) => leg.lines)]);
     }
-    const paths = [...lines].map(([service, all]) => svgElement("path", { class: `s${service}`, d: pathOf(all) }));
+    const drawn = [...lines].filter(([, all]) => all.length > 0);
+    const paths = drawn.map(([service, all]) => svgElement("path", { class: `s${service}`, d: pathOf(all) }));
     byId("selection").replaceChildren(...paths);
     this.labels.chosen = paths.length > 0 ? new Set(shown) : null;
     this.view.refresh();
