@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <map>
+#include <span>
 #include <string_view>
 
 #include "base/assert.h"
@@ -18,7 +19,8 @@ static void UsePageResources() {
 namespace zerbal::mapcommand {
 namespace {
 
-/// In the order in which the page needs them.
+// In the order in which the page needs them.
+constexpr const char* kStyles[] = {"page.css", "map.css", "panel.css", "screens.css"};
 constexpr const char* kScripts[] = {"model.js", "view.js", "input.js", "labels.js", "search.js", "page.js"};
 
 std::string Source(const char* name) {
@@ -29,9 +31,9 @@ std::string Source(const char* name) {
   return opened ? file.readAll().toStdString() : std::string();
 }
 
-std::string Scripts() {
+std::string Sources(std::span<const char* const> names) {
   std::string text;
-  for (const char* name : kScripts)
+  for (const char* name : names)
     text += Source(name);
   return text;
 }
@@ -70,7 +72,7 @@ std::string HtmlOf(const Page& page) {
                                       {"heading", XmlText(heading)},
                                       {"summary", XmlText(Summary(page))},
                                       {"description", XmlText(page.description)},
-                                      {"style", ColourStyles(page) + Source("page.css")},
+                                      {"style", ColourStyles(page) + Sources(kStyles)},
                                       {"width", std::to_string(page.width)},
                                       {"height", std::to_string(page.height)},
                                       {"base", page.base},
@@ -79,7 +81,7 @@ std::string HtmlOf(const Page& page) {
                                       {"services", ServiceBoxes(page)},
                                       {"flights", FlightLists(page)},
                                       {"data", PageData(page)},
-                                      {"script", Scripts()}});
+                                      {"script", Sources(kScripts)}});
 }
 
 }  // namespace zerbal::mapcommand

@@ -51,7 +51,8 @@ struct Scheme {
 /// The brightest colour of the same hue and saturation.
 Rgb Brightest(Rgb rgb) {
   const int most = std::max({rgb.red, rgb.green, rgb.blue});
-  return most == 0 ? kWhite : data::ClampRgb(rgb.red * 255 / most, rgb.green * 255 / most, rgb.blue * 255 / most);
+  return most == 0 ? kWhite
+                   : data::ClampRgb(rgb.red * 255 / most, rgb.green * 255 / most, rgb.blue * 255 / most);
 }
 
 std::string Property(const char* name, Rgb rgb) {

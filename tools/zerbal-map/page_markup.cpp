@@ -50,13 +50,6 @@ std::string DotsPath(const Page& page, bool destinations) {
   return path;
 }
 
-std::string Joined(const std::vector<std::string>& codes) {
-  std::string text;
-  for (const std::string& code : codes)
-    text.append(text.empty() ? "" : " ").append(code);
-  return text;
-}
-
 /// Everything but letters and digits of ASCII as "%" and two hexadecimal digits.
 std::string PercentEncoded(std::string_view text) {
   constexpr char kDigits[] = "0123456789ABCDEF";
@@ -75,7 +68,7 @@ std::string FlightRow(const Page& page, std::size_t at) {
   const map::ContentsFlight& flight = page.contents.flights[at];
   return "<tr id=\"flight-" + std::to_string(at) +
          "\"><th scope=\"row\"><a href=\"#flight=" + PercentEncoded(FlightId(page, at)) + "\">" +
-         XmlText(flight.number) + "</a></th><td>" + XmlText(Joined(flight.route)) + "</td><td>" +
+         XmlText(flight.number) + "</a></th><td>" + XmlText(RouteText(flight.route)) + "</td><td>" +
          LengthText(flight) + "</td></tr>\n";
 }
 

@@ -9,13 +9,6 @@ namespace {
 
 using Value = decltype(Attribute::value);
 
-std::string Joined(const std::vector<std::string>& codes) {
-  std::string text;
-  for (const std::string& code : codes)
-    text.append(text.empty() ? "" : " ").append(code);
-  return text;
-}
-
 Value Whole(const std::optional<std::int32_t>& value) {
   return value ? Value(std::int64_t{*value}) : Value();
 }
@@ -33,7 +26,7 @@ std::vector<Attribute> AttributesOf(const RouteFlight& flight, const RouteServic
           {"key", "TEXT", flight.key},
           {"service", "TEXT", service.key},
           {"service_name", "TEXT", service.name},
-          {"route", "TEXT", Joined(flight.route)},
+          {"route", "TEXT", RouteText(flight.route)},
           {"legs", "INTEGER", static_cast<std::int64_t>(legs)},
           {"length_km", "REAL", Kilometres(flight.metres)}};
 }
@@ -65,6 +58,13 @@ std::string ValueText(const Attribute& attribute, std::string (*escape)(std::str
           return std::to_string(value);
       },
       attribute.value);
+}
+
+std::string RouteText(const std::vector<std::string>& codes) {
+  std::string text;
+  for (const std::string& code : codes)
+    text.append(text.empty() ? "" : " ").append(code);
+  return text;
 }
 
 std::string ColourText(data::Rgb rgb) {

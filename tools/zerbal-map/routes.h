@@ -69,6 +69,9 @@ std::vector<Attribute> AttributesOf(const RouteAirport& airport);
 /// Numbers, `true` and `false` as JSON and XML write them; texts as `escape` gives them; nothing for null.
 std::string ValueText(const Attribute& attribute, std::string (*escape)(std::string_view text));
 
+/// "OSL BGO": the codes with blanks between them.
+std::string RouteText(const std::vector<std::string>& codes);
+
 /// "#rrggbb".
 std::string ColourText(data::Rgb rgb);
 
