@@ -96,7 +96,7 @@ function boundsOf(lines) {
 function element(name, properties = {}, ...children) {
   const made = document.createElement(name);
   for (const [key, value] of Object.entries(properties)) {
-    if (key in made) made[key] = value;
+    if (key in made && key !== "role") made[key] = value;
     else made.setAttribute(key, value);
   }
   made.append(...children);

@@ -69,7 +69,7 @@ class Search {
 
   mark() {
     [...this.list.children].forEach((item, index) => {
-      if (item.role === "option") item.setAttribute("aria-selected", String(index === this.active));
+      if (item.getAttribute("role") === "option") item.setAttribute("aria-selected", String(index === this.active));
       if (index === this.active) item.scrollIntoView({ block: "nearest" });
     });
     if (this.active >= 0) this.field.setAttribute("aria-activedescendant", `result-${this.active}`);
