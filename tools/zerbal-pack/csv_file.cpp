@@ -31,7 +31,7 @@ std::optional<Number> WholeText(std::string_view text) {
 
 }  // namespace
 
-CsvFile::CsvFile(const std::filesystem::path& file, CsvForm form, Problems& problems)
+CsvFile::CsvFile(const std::filesystem::path& file, const CsvForm& form, Problems& problems)
     : name_(file.string()), form_(form) {
   std::optional<std::string> bytes = base::ReadFile(file);
   if (!bytes)
@@ -41,7 +41,7 @@ CsvFile::CsvFile(const std::filesystem::path& file, CsvForm form, Problems& prob
   Rewind();
 }
 
-CsvFile::CsvFile(std::string bytes, std::string fileName, CsvForm form, Problems& problems)
+CsvFile::CsvFile(std::string bytes, std::string fileName, const CsvForm& form, Problems& problems)
     : name_(std::move(fileName)), form_(form) {
   Decode(std::move(bytes), problems);
   Rewind();

@@ -20,8 +20,8 @@ class CsvFile {
  public:
   /// `form` says how the program that makes such files writes them; separator and encoding are found here. A
   /// file that cannot be read is reported and has no records.
-  CsvFile(const std::filesystem::path& file, CsvForm form, Problems& problems);
-  CsvFile(std::string bytes, std::string fileName, CsvForm form, Problems& problems);
+  CsvFile(const std::filesystem::path& file, const CsvForm& form, Problems& problems);
+  CsvFile(std::string bytes, std::string fileName, const CsvForm& form, Problems& problems);
 
   CsvFile(const CsvFile&) = delete;  // its reader looks at its text
   CsvFile& operator=(const CsvFile&) = delete;
