@@ -1,7 +1,9 @@
 // The writer as a whole: order of calls, bad tables, and what is on the disk when something fails.
 #include "jet/writer.h"
 
+#include <algorithm>
 #include <csignal>
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <iterator>
@@ -14,6 +16,9 @@
 
 #include "jet/database.h"
 #include "jet/error.h"
+#include "jet/format/bytes.h"
+#include "jet/format/page_layout.h"
+#include "jet/format/table_definition_layout.h"
 #include "jet/recordset.h"
 #include "support/database_builder.h"
 #include "support/temp_folder.h"
@@ -179,6 +184,8 @@ TEST_F(Writer, KeepsWhatIsSaidOfColumnsAndIndexes) {
   ASSERT_EQ(rows.Columns().size(), 3u);
   EXPECT_TRUE(rows.Columns()[0].autonumber);
   EXPECT_TRUE(rows.Columns()[0].fixed);
+  EXPECT_FALSE(rows.Columns()[1].autonumber);
+  EXPECT_FALSE(rows.Columns()[1].fixed);
   EXPECT_EQ(rows.Columns()[1].length, 7);
   EXPECT_TRUE(rows.Columns()[1].compressed);
   EXPECT_EQ(rows.Columns()[2].precision, 9);
@@ -193,6 +200,35 @@ TEST_F(Writer, KeepsWhatIsSaidOfColumnsAndIndexes) {
   EXPECT_TRUE(rows.Indexes()[1].primary);
   EXPECT_TRUE(rows.Indexes()[2].required);
   EXPECT_TRUE(rows.Indexes()[2].unique);
+}
+
+/// The last number of a counter that a table definition of the file names.
+std::uint32_t LastAutonumberIn(const std::string& file) {
+  std::uint32_t last = 0;
+  const std::size_t pageSize = PageSizeOf(Format::kJet4);
+  for (std::size_t page = 0; page < file.size(); page += pageSize) {
+    if (file[page] == static_cast<char>(PageKind::kTableDefinition))
+      last = std::max(last, LoadU32(AsBytes(std::string_view(file).substr(page + kLastAutonumberAt)).data()));
+  }
+  return last;
+}
+
+TEST_F(Writer, KeepsTheLastNumberThatACounterGave) {
+  ColumnInfo counter = Long("id");
+  counter.autonumber = true;
+  const auto lastOf = [&](const std::vector<int>& numbers) {
+    DatabaseWriter writer(File());
+    writer.BeginTable({"t", {Long("other"), counter}, {}});
+    for (const int number : numbers)
+      writer.AddRow(std::vector<Value>{99, number});
+    writer.EndTable();
+    writer.Finish();
+    return LastAutonumberIn(ReadBytes(File()));
+  };
+  EXPECT_EQ(lastOf({}), 0u);
+  EXPECT_EQ(lastOf({1}), 1u);
+  EXPECT_EQ(lastOf({3, 7, 5}), 7u);
+  EXPECT_EQ(lastOf({-7}), 0u);
 }
 
 TEST_F(Writer, ReportsFoldersThatCannotTakeTheFile) {

@@ -27,6 +27,19 @@ TEST(RowTest, RefusesRowsShorterThanTheirOutline) {
   EXPECT_NO_THROW(Parse(Bytes{1, 1, 1, 1, 1}, true));
 }
 
+TEST(RowTest, NamesWhatIsWrongWithAShortRow) {
+  const auto reason = [](const Bytes& bytes) -> std::string {
+    try {
+      Parse(bytes, true);
+    } catch (const Damage& damage) {
+      return damage.what();
+    }
+    return "";
+  };
+  EXPECT_EQ(reason({1, 1}), "a row is damaged");
+  EXPECT_EQ(reason({1, 1, 1}), "a row is damaged");
+}
+
 TEST(RowTest, RefusesAnEndOfDataWithinTheOffsets) {
   EXPECT_THROW(Parse(Le(1, 2) + Le(4, 2) + Le(2, 2) + Le(1, 2) + Bytes{1}, false), Damage);
   EXPECT_THROW(Parse(Le(1, 2) + Le(1, 2) + Le(2, 2) + Le(1, 2) + Bytes{1}, false), Damage);
