@@ -61,11 +61,20 @@ StagedFolders::StagedFolders(const fs::path& target, std::vector<std::string> na
     fs::create_directories(target_.parent_path());
     work_ = MakeWorkFolder(target_.parent_path() / ("." + target_.filename().string() + "-"));
   }
-  for (const std::string& name : names_)
-    fs::create_directory(work_ / name);
+  try {
+    for (const std::string& name : names_)
+      fs::create_directory(work_ / name);
+  } catch (...) {
+    RemoveWorkFolder();
+    throw;
+  }
 }
 
 StagedFolders::~StagedFolders() {
+  RemoveWorkFolder();
+}
+
+void StagedFolders::RemoveWorkFolder() noexcept {
   std::error_code ignored;
   if (!work_.empty())
     fs::remove_all(work_, ignored);

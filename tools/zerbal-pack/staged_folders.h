@@ -26,6 +26,7 @@ class StagedFolders {
  private:
   void Swap(const std::string& name);
   void SwapBack(std::size_t count) noexcept;
+  void RemoveWorkFolder() noexcept;
 
   std::filesystem::path target_;
   std::vector<std::string> names_;

@@ -1,0 +1,141 @@
+// Commands of zerbal-pack whose system calls fail: the files are the old or the new ones, and nothing else is
+// left.
+#include <cerrno>
+#include <map>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "pack/command_test.h"
+#include "pack/pack_fixture.h"
+#include "pack/ssim_lines.h"
+#include "support/failing_calls.h"
+#include "zerbal-pack/build.h"
+
+namespace zerbal::pack {
+namespace {
+
+namespace fs = std::filesystem;
+using test::FolderContent;
+using zerbal::test::FailEachCall;
+using zerbal::test::WriteBytes;
+
+using Content = std::map<std::string, std::string>;
+
+class FailedCalls : public test::CommandTest {
+ protected:
+  void SetUp() override {
+    WriteBytes(folder / "a.csv",
+               "Code,Name,City,Longitude,Latitude,Elevation,Runways,Longest runway,ILS,IATA\n"
+               "EAAA,Alpha,Alpha,-9.1,38.7,374,1,12162,1,AAA\n"
+               "EBBB,Bravo,Bravo,12.5,-3.25,0,2,8000,0,BBB\n");
+    WriteBytes(folder / "s.ssim", test::SsimFile({test::SsimLegRecord("101", 1, "AAA", "BBB"),
+                                                  test::SsimLegRecord("7", 1, "BBB", "QQQ")}));
+    import = {"import", "--from", "ssim", Name("s.ssim"), "--airports", Name("a.csv"), "--out", Name("o")};
+    import.insert(import.end(), {"--schedule", Name("q.mdb")});
+  }
+
+  /// Runs a command over and over, each time with another failed call, on what `old` has; it writes into `o`
+  /// and q.mdb. Returns the number of calls.
+  int FailEach(const std::vector<std::string>& words, const Content& old) {
+    Run(words);
+    const Content fresh = FolderContent(folder.Path());
+    int status = 0;
+    const auto writeOld = [&] {
+      for (const auto& [name, bytes] : old)
+        WriteBytes(folder / name, bytes);
+    };
+    return FailEachCall(
+        ENOSPC, writeOld, [&] { status = Run(words); },
+        [&](const std::string& failed) {
+          EXPECT_NE(status, 0) << failed;
+          EXPECT_NE(Err().find("No space left on device"), std::string::npos) << failed << ": " << Err();
+          for (const auto& [name, bytes] : FolderContent(folder.Path())) {
+            ASSERT_TRUE(fresh.contains(name)) << "left by a failed " << failed << ": " << name;
+            EXPECT_TRUE(bytes == fresh.at(name) || (old.contains(name) && bytes == old.at(name)))
+                << failed << ": " << name;
+          }
+        });
+  }
+
+  std::vector<std::string> import;
+};
+
+TEST_F(FailedCalls, OfImportLeaveOldOrNewFiles) {
+  const Content old = {
+      {"o/services.csv", "old"}, {"o/flights.csv", "old"}, {"o/rejected.csv", "old"}, {"q.mdb", "old"}};
+  EXPECT_GT(FailEach(import, old), 25);
+}
+
+TEST_F(FailedCalls, OfScheduleExportAndAirportsLeaveOldOrNewFiles) {
+  Run(import);
+  EXPECT_GT(FailEach({"schedule", "--out", Name("q2.mdb"), "--services", Name("o/services.csv"),
+                      "--destinations", Name("o/destinations.csv"), "--flights", Name("o/flights.csv")},
+                     {{"q2.mdb", "old"}}),
+            5);
+  EXPECT_GT(FailEach({"export", Name("q.mdb"), Name("e"), "--schema"}, {}), 5);
+  EXPECT_GT(FailEach({"airports", "--out", Name("all.mdb"), Name("a.csv")}, {{"all.mdb", "old"}}), 5);
+}
+
+std::vector<TableSize> OneTableMap(const fs::path& parent, const std::function<void(double)>&) {
+  test::WritePoints(parent / "app_map" / "coast.mdb", {"wcl"});
+  return {};
+}
+
+/// The sources of the sample data with two airports.
+void CopySmallSources(const fs::path& sources) {
+  fs::create_directory(sources);
+  for (const char* file : {"colours.csv", "fonts.csv", "regions.csv", "zblrev.ini"})
+    fs::copy_file(test::kPackFolder / file, sources / file);
+}
+
+TEST_F(FailedCalls, OfBuildChangeAllOrNothing) {
+  Run(import);
+  const fs::path sources = folder / "sources";
+  CopySmallSources(sources);
+  for (const char* file : {"services.csv", "destinations.csv", "flights.csv"})
+    fs::copy_file(folder / "o" / file, sources / file);
+  fs::copy_file(folder / "o" / "destinations.csv", sources / "airports.csv");
+  std::string error;
+  const auto build = [&](const fs::path& out) {
+    error.clear();
+    try {
+      Problems problems;
+      BuildFolder(
+          {out, sources}, OneTableMap, [](double, const std::string&) {}, problems);
+      EXPECT_TRUE(problems.Empty());
+    } catch (const std::exception& e) {
+      error = e.what();
+    }
+  };
+  build(folder / "fresh");
+  const Content fresh = FolderContent(folder / "fresh");
+  ASSERT_GT(fresh.size(), 4U) << error;
+  const fs::path out = folder / "out" / "data";
+  const auto failEach = [&](int reason, const Content& old) {
+    const auto prepare = [&] {
+      fs::remove_all(folder / "out");
+      fs::create_directories(old.empty() ? folder / "out" : out / "app_data");
+      for (const auto& [name, bytes] : old)
+        WriteBytes(out / name, bytes);
+    };
+    const auto check = [&](const std::string& failed) {
+      EXPECT_TRUE(!error.empty() || reason != ENOSPC) << failed;
+      const Content& expected = error.empty() ? fresh : old;
+      EXPECT_EQ(fs::exists(out) ? FolderContent(out) : Content(), expected) << failed << ": " << error;
+      EXPECT_EQ(zerbal::test::NamesIn(folder / "out").size(), expected.empty() ? 0U : 1U) << failed;
+    };
+    EXPECT_GT(FailEachCall(
+                  reason, prepare, [&] { build(out); }, check),
+              40);
+    EXPECT_EQ(FolderContent(out), fresh);
+  };
+  failEach(ENOSPC, {});
+  failEach(ENOSPC, {{"app_data/zblrev.ini", "MadeBy=zerbal-pack"}});
+  // File systems that cannot exchange two folders answer so.
+  failEach(EINVAL, {{"app_data/zblrev.ini", "MadeBy=zerbal-pack"}});
+}
+
+}  // namespace
+}  // namespace zerbal::pack
