@@ -149,7 +149,10 @@ TEST(DrawingWithoutMemory, LeavesOutNoMoreThanOneStep) {
     FailEachAllocation(
         Nothing, draw,
         [&] {
-          EXPECT_TRUE(refused || AllLayers::errors == 1 || drawn == whole.Operations().size()) << region;
+          // An airport or a leg may be left out, or the rest of one step.
+          EXPECT_TRUE(refused || AllLayers::errors == 1 || drawn + 3 >= whole.Operations().size())
+              << region << ": " << drawn << " of " << whole.Operations().size();
+          EXPECT_LE(drawn, whole.Operations().size());
         },
         7);
     draw();
