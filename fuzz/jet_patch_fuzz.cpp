@@ -3,6 +3,7 @@
 // four are a change: page, position in the page (16 bits), value.
 #include <cstddef>
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 #include "jet_samples.h"
@@ -47,6 +48,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::size_t position = data[at + 1] + 256U * data[at + 2];
     bytes[data[at] % pages * sample.pageSize + position % sample.pageSize] = data[at + 3];
   }
-  ReadDatabase(std::move(bytes));
+  ReadDatabase(std::move(bytes), {.rows = 2, .rowsByIndex = 1});
   return 0;
 }
