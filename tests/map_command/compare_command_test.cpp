@@ -118,6 +118,9 @@ TEST_F(CompareCommandTest, SomeOptionsExcludeIt) {
   const QStringList compare = ComparedWith(OlderFolder());
   EXPECT_EQ(Run(compare + QStringList{"--flights", "K1040", "--out", File("map.png")}), 2);
   EXPECT_NE(errors.str().find("--flights and --compare exclude each other"), std::string::npos);
+  EXPECT_EQ(Run(compare + QStringList{"--legend", "--out", File("map.png")}), 2);
+  EXPECT_NE(errors.str().find("--compare and --legend exclude each other"), std::string::npos);
+  EXPECT_EQ(Run(compare + QStringList{"--out", File("map.html")}), 2);
   EXPECT_EQ(Run(compare + QStringList{"--out", File("map.kml")}), 2);
   EXPECT_NE(errors.str().find("--compare belongs to .png, .svg and .pdf"), std::string::npos);
 }

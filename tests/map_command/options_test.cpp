@@ -69,7 +69,8 @@ TEST(MapOptions, LandAndWaterHaveColours) {
 
 TEST(MapOptions, OptionsForPrintAreForDrawings) {
   EXPECT_EQ(Complaint("--out a.kml --great-circles"),
-            "--great-circles is for drawings; it has no meaning for .geojson, .kml and .gpkg");
+            "--great-circles is for drawings; it has no meaning for .geojson, .kml, .gpkg and .html");
+  EXPECT_NE(Complaint("--out a.html --legend"), "(none)");
   EXPECT_EQ(Complaint("--out a.svg --great-circles"), "(none)");
   EXPECT_NE(Complaint("--out a.svg --great-circles=yes"), "(none)");
 }

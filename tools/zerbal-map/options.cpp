@@ -189,7 +189,7 @@ void ReadCompare(const OptionReader& reader, Options& options) {
   if (!reader.Has("compare"))
     return;
   reader.OneOf({"flights", "compare"});
-  if (options.routes)
+  if (options.routes || options.page)
     throw UsageError("--compare belongs to .png, .svg and .pdf");
   options.compare = reader.Path("compare");
   if (!reader.Has("services") && !reader.Has("touching"))

@@ -55,9 +55,10 @@ void ReadPieces(const OptionReader& reader, print::PrintOptions& print) {
 
 void ReadPrintOptions(const OptionReader& reader, Options& options) {
   for (const char* name : kForPrint) {
-    if (options.routes && reader.Has(name))
+    if ((options.routes || options.page) && reader.Has(name))
       throw UsageError(
-          QString("--%1 is for drawings; it has no meaning for .geojson, .kml and .gpkg").arg(name));
+          QString("--%1 is for drawings; it has no meaning for .geojson, .kml, .gpkg and .html").arg(name));
+    reader.OneOf({"compare", name});
   }
   print::PrintOptions& print = options.print;
   print.greatCircles = reader.Has("great-circles");
