@@ -90,14 +90,16 @@ void DrawLegSymbols(map::Canvas& canvas, const map::MapScene& scene, const std::
   if (!scene.options.aircraftSymbols)
     return;
   for (const PlacedLeg& leg : legs)
-    DrawBeside(canvas, leg, {.symbol = true, .symbolColour = scene.style.colours[data::ColourCode::kAcSymb]});
+    DrawBeside(
+        canvas, leg,
+        {.symbol = true, .symbolColour = scene.style.colours[data::ColourCode::kAcSymb], .labelColour = {}});
 }
 
 void DrawLegLabels(map::Canvas& canvas, const map::MapScene& scene, const std::vector<PlacedLeg>& legs) {
   if (!scene.options.flightNumbers)
     return;
   for (const PlacedLeg& leg : legs)
-    DrawBeside(canvas, leg, {.label = true, .labelColour = leg.colour});
+    DrawBeside(canvas, leg, {.label = true, .symbolColour = {}, .labelColour = leg.colour});
 }
 
 }  // namespace zerbal::print

@@ -16,7 +16,7 @@ namespace {
 constexpr double kMercatorReach = 85;
 constexpr double kMercatorWorld = 80;
 /// The part of the picture that is left free around the whole world.
-constexpr double kMargin = 0.02;
+constexpr double kWorldMargin = 0.02;
 
 GeoBox RequestOf(const map::Viewport& viewport) {
   const double west = double{viewport.ReqLonMin()} - 180;
@@ -29,7 +29,7 @@ GeoBox RequestOf(const map::Viewport& viewport) {
 ProjView ViewOf(const map::Viewport& viewport, bool wholeWorld) {
   const double width = viewport.MapWidth();
   const double height = viewport.MapHeight();
-  const double margin = wholeWorld ? kMargin * std::min(width, height) : 0;
+  const double margin = wholeWorld ? kWorldMargin * std::min(width, height) : 0;
   ProjView view;
   view.fitted = RequestOf(viewport);
   view.centreLon = (view.fitted.west + view.fitted.east) / 2;

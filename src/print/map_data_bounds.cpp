@@ -9,7 +9,7 @@ namespace zerbal::print {
 namespace {
 
 /// More than the longest segment of the base map.
-constexpr double kMargin = 1;  // degrees
+constexpr double kDataMargin = 1;  // degrees
 
 /// From one position in the map frame to another one.
 data::StoredRange Between(double from, double to) {
@@ -26,12 +26,13 @@ constexpr data::StoredRange kEvery{0, std::numeric_limits<std::uint32_t>::max()}
 }  // namespace
 
 data::StoredBounds StoredBoundsOf(const GeoBox& box) {
-  data::StoredBounds bounds{kEvery, Between(90 - box.north - kMargin, 90 - box.south + kMargin), false};
-  if (box.east - box.west + 2 * kMargin >= 360)
+  data::StoredBounds bounds{kEvery, Between(90 - box.north - kDataMargin, 90 - box.south + kDataMargin),
+                            false};
+  if (box.east - box.west + 2 * kDataMargin >= 360)
     return bounds;
-  const double turns = std::floor((box.west - kMargin + 180) / 360);
-  const double west = box.west - kMargin + 180 - 360 * turns;
-  const double east = box.east + kMargin + 180 - 360 * turns;
+  const double turns = std::floor((box.west - kDataMargin + 180) / 360);
+  const double west = box.west - kDataMargin + 180 - 360 * turns;
+  const double east = box.east + kDataMargin + 180 - 360 * turns;
   // Through 360, all longitudes but those between the east and the west.
   bounds.lonsExcluded = east > 360;
   bounds.lons = bounds.lonsExcluded ? Between(east - 360, west) : Between(west, east);

@@ -6,24 +6,17 @@
 #include <proj.h>
 
 #include "base/numbers.h"
-#include "print/cut_ring.h"
+#include "print/curve.h"
 
 namespace zerbal::print {
 namespace {
 
-constexpr double kLongestPart = 1;  // degrees
-constexpr double kTolerance = 1;    // twips
-constexpr int kDeepest = 8;
 /// Halvings that find the horizon within a part.
 constexpr int kHalvings = 40;
 constexpr double kArcStep = M_PI / 180;
 
 std::string Definition(GeoPosition centre) {
   return "+proj=ortho +R=6371007 +over +lat_0=" + base::DecimalText(centre.lat);
-}
-
-bool IsFinite(GeoPosition position) {
-  return std::isfinite(position.lon) && std::isfinite(position.lat);
 }
 
 /// Whether a ray upwards from the point crosses the segment.
@@ -114,44 +107,28 @@ GeoPosition Orthographic::AtHorizon(GeoPosition from, GeoPosition to) const {
   return visible;
 }
 
-template <typename Add>
-void Orthographic::Bend(GeoPosition from, PlanePoint fromPlace, GeoPosition to, PlanePoint toPlace, int depth,
-                        const Add& add) const {
-  const GeoPosition middle = Between(from, to, 0.5);
-  const PlanePoint place = Place(middle);
-  const double aside =
-      std::hypot(place.x - (fromPlace.x + toPlace.x) / 2, place.y - (fromPlace.y + toPlace.y) / 2);
-  if (depth < kDeepest && aside > kTolerance) {
-    Bend(from, fromPlace, middle, place, depth + 1, add);
-    Bend(middle, place, to, toPlace, depth + 1, add);
-  } else {
-    add(toPlace);
-  }
-}
-
 /// Calls `enter` where the way comes over the horizon, `add` with visible places after that, and `leave`
 /// where it goes below. `from` has been added when it is visible.
 template <typename Enter, typename Add, typename Leave>
 void Orthographic::VisitVisible(GeoPosition from, GeoPosition to, const Enter& enter, const Add& add,
                                 const Leave& leave) const {
-  const double length = std::max(std::fabs(to.lon - from.lon), std::fabs(to.lat - from.lat));
-  const int parts = std::max(1, static_cast<int>(std::ceil(length / kLongestPart)));
-  GeoPosition start = from;
-  for (int part = 1; part <= parts; ++part) {
-    const GeoPosition end = part == parts ? to : Between(from, to, static_cast<double>(part) / parts);
+  const auto place = [this](GeoPosition position) { return Place(position); };
+  VisitParts(from, to, [&](GeoPosition start, GeoPosition end) {
     const bool startVisible = Height(start) >= 0;
     const bool endVisible = Height(end) >= 0;
-    const GeoPosition horizon = startVisible != endVisible ? AtHorizon(start, end) : start;
-    if (!startVisible && endVisible)
+    if (!startVisible && !endVisible)
+      return;
+    if (startVisible && endVisible) {
+      Bend(place, start, end, add);
+      return;
+    }
+    const GeoPosition horizon = AtHorizon(start, end);
+    if (endVisible)
       enter(Place(horizon));
-    const GeoPosition first = startVisible ? start : horizon;
-    const GeoPosition last = endVisible ? end : horizon;
-    if (startVisible || endVisible)
-      Bend(first, Place(first), last, Place(last), 0, add);
-    if (startVisible && !endVisible)
+    Bend(place, startVisible ? start : horizon, endVisible ? end : horizon, add);
+    if (startVisible)
       leave(Place(horizon));
-    start = end;
-  }
+  });
 }
 
 void Orthographic::ProjectLine(std::span<const GeoPosition> line, const LineSink& part) const {

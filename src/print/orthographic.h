@@ -27,9 +27,6 @@ class Orthographic final : public Projection {
   PlanePoint Place(GeoPosition position) const;
   /// The place where the way between two positions, only one of which is visible, crosses the horizon.
   GeoPosition AtHorizon(GeoPosition from, GeoPosition to) const;
-  template <typename Add>
-  void Bend(GeoPosition from, PlanePoint fromPlace, GeoPosition to, PlanePoint toPlace, int depth,
-            const Add& add) const;
   template <typename Enter, typename Add, typename Leave>
   void VisitVisible(GeoPosition from, GeoPosition to, const Enter& enter, const Add& add,
                     const Leave& leave) const;

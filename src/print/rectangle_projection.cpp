@@ -3,25 +3,16 @@
 #include <algorithm>
 #include <cmath>
 
-#include "print/cut_ring.h"
+#include "print/curve.h"
 
 namespace zerbal::print {
 namespace {
 
-/// Of a longer line that the projection curves, parts are looked at.
-constexpr double kLongestPart = 1;  // degrees
-/// Twips between a curve and the straight lines that stand for it.
-constexpr double kTolerance = 1;
-constexpr int kDeepest = 8;
 /// Degrees; positions nearer to each other are the same.
 constexpr double kSame = 1e-9;
 
 bool IsSame(GeoPosition a, GeoPosition b) {
   return std::fabs(a.lon - b.lon) <= kSame && std::fabs(a.lat - b.lat) <= kSame;
-}
-
-bool IsFinite(GeoPosition position) {
-  return std::isfinite(position.lon) && std::isfinite(position.lat);
 }
 
 /// Degrees as a plane with the north up.
@@ -58,21 +49,6 @@ std::optional<TwipPoint> RectangleProjection::Project(GeoPosition position) cons
   return ToTwipPoint(place);
 }
 
-template <typename Add>
-void RectangleProjection::Bend(GeoPosition from, PlanePoint fromPlace, GeoPosition to, PlanePoint toPlace,
-                               int depth, const Add& add) const {
-  const GeoPosition middle = Between(from, to, 0.5);
-  const PlanePoint place = Place(middle);
-  const double aside =
-      std::hypot(place.x - (fromPlace.x + toPlace.x) / 2, place.y - (fromPlace.y + toPlace.y) / 2);
-  if (depth < kDeepest && aside > kTolerance) {
-    Bend(from, fromPlace, middle, place, depth + 1, add);
-    Bend(middle, place, to, toPlace, depth + 1, add);
-  } else {
-    add(toPlace);
-  }
-}
-
 /// Calls `add` with the places after the first one.
 template <typename Add>
 void RectangleProjection::VisitCurve(GeoPosition from, GeoPosition to, const Add& add) const {
@@ -80,17 +56,8 @@ void RectangleProjection::VisitCurve(GeoPosition from, GeoPosition to, const Add
     add(Place(to));
     return;
   }
-  const double length = std::max(std::fabs(to.lon - from.lon), std::fabs(to.lat - from.lat));
-  const int parts = std::max(1, static_cast<int>(std::ceil(length / kLongestPart)));
-  GeoPosition start = from;
-  PlanePoint startPlace = Place(from);
-  for (int part = 1; part <= parts; ++part) {
-    const GeoPosition end = part == parts ? to : Between(from, to, static_cast<double>(part) / parts);
-    const PlanePoint endPlace = Place(end);
-    Bend(start, startPlace, end, endPlace, 0, add);
-    start = end;
-    startPlace = endPlace;
-  }
+  const auto place = [this](GeoPosition position) { return Place(position); };
+  VisitParts(from, to, [&](GeoPosition start, GeoPosition end) { Bend(place, start, end, add); });
 }
 
 void RectangleProjection::AddSegment(GeoPosition from, GeoPosition to, LineRunner& runner) const {

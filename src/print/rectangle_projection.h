@@ -32,9 +32,6 @@ class RectangleProjection : public Projection {
  private:
   void AddSegment(GeoPosition from, GeoPosition to, LineRunner& runner) const;
   template <typename Add>
-  void Bend(GeoPosition from, PlanePoint fromPlace, GeoPosition to, PlanePoint toPlace, int depth,
-            const Add& add) const;
-  template <typename Add>
   void VisitCurve(GeoPosition from, GeoPosition to, const Add& add) const;
   Ring PlacedRing(const GeoRing& ring) const;
 

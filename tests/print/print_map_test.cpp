@@ -17,7 +17,7 @@ using map::Airport;
 using map::At;
 using map::Flight;
 
-constexpr data::Rgb kRed{200, 0, 0};
+constexpr data::Rgb kServiceColour{200, 0, 0};
 
 /// The view is 80 to 20 west, 50 to 20 north: a map position is at 100 (lon - 100), 100 (lat - 40).
 class PrintMap : public testing::Test {
@@ -25,7 +25,7 @@ class PrintMap : public testing::Test {
   PrintMap() {
     world_.dest = {Airport("AAA", 110, 50), Airport("BBB", 120, 50), Airport("CCC", 130, 50),
                    Airport("OUT", 90, 50)};
-    world_.AddService("RED", kRed);
+    world_.AddService("RED", kServiceColour);
   }
 
   std::vector<PrintOperation> Draw(PrintLayer layer) {
