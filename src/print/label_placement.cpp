@@ -128,14 +128,14 @@ struct PointOnLine {
   double alongX, alongY;  ///< the direction, of length 1
 };
 
-double LengthOf(TwipPoint from, TwipPoint to) {
+double SegmentLength(TwipPoint from, TwipPoint to) {
   return std::hypot(static_cast<double>(to.x) - from.x, static_cast<double>(to.y) - from.y);
 }
 
-double LengthOf(std::span<const TwipPoint> line) {
+double LineLength(std::span<const TwipPoint> line) {
   double length = 0;
   for (std::size_t i = 1; i < line.size(); ++i)
-    length += LengthOf(line[i - 1], line[i]);
+    length += SegmentLength(line[i - 1], line[i]);
   return length;
 }
 
@@ -143,7 +143,7 @@ double LengthOf(std::span<const TwipPoint> line) {
 PointOnLine PointAt(std::span<const TwipPoint> line, double distance) {
   PointOnLine point{};
   for (std::size_t i = 1; i < line.size(); ++i) {
-    const double length = LengthOf(line[i - 1], line[i]);
+    const double length = SegmentLength(line[i - 1], line[i]);
     if (length == 0)
       continue;
     const double along = std::min(distance, length);
@@ -199,7 +199,7 @@ std::vector<TwipBox> PlacesAround(TwipPoint centre, std::int32_t radius, std::in
 
 std::vector<TwipBox> PlacesAlong(std::span<const TwipPoint> line, std::int32_t gap, TwipSize size) {
   constexpr double kParts[] = {0.5, 0.42, 0.58, 0.34, 0.66, 0.26, 0.74, 0.18, 0.82, 0.1, 0.9};
-  const double length = LengthOf(line);
+  const double length = LineLength(line);
   std::vector<TwipBox> places;
   if (length == 0)
     return places;
@@ -212,7 +212,7 @@ std::vector<TwipBox> PlacesAlong(std::span<const TwipPoint> line, std::int32_t g
 }
 
 std::vector<TwipBox> PlacesAtEnds(std::span<const TwipPoint> line, std::int32_t gap, TwipSize size) {
-  const double length = LengthOf(line);
+  const double length = LineLength(line);
   std::vector<TwipBox> places;
   if (length == 0)
     return places;

@@ -19,8 +19,8 @@ using testing::IsEmpty;
 using testing::Not;
 using Kind = PrintOperation::Kind;
 
-constexpr data::Rgb kRed{200, 0, 0};
-constexpr data::Rgb kBlue{0, 0, 200};
+constexpr data::Rgb kServiceRed{200, 0, 0};
+constexpr data::Rgb kServiceBlue{0, 0, 200};
 
 /// The view is 80 to 20 west, 50 to 20 north: a map position is at 100 (lon - 100), 100 (lat - 40).
 class AnnotatedMap : public testing::Test {
@@ -28,8 +28,8 @@ class AnnotatedMap : public testing::Test {
   AnnotatedMap() {
     world_.dest = {Airport("AAA", 110, 50), Airport("BBB", 120, 50), Airport("CCC", 130, 50),
                    Airport("DDD", 110, 65)};
-    world_.AddService("RED", kRed);
-    world_.AddService("BLUE", kBlue);
+    world_.AddService("RED", kServiceRed);
+    world_.AddService("BLUE", kServiceBlue);
   }
 
   std::vector<PrintOperation> Draw(PrintLayer layer) {
@@ -69,11 +69,11 @@ TEST_F(AnnotatedMap, LegsAreWiderWhereMoreFlightsAre) {
   // Three legs: the percentiles 50, 75 and 90 are the second and twice the third.
   ASSERT_EQ(drawn.size(), 3U);
   EXPECT_EQ(drawn[0].points, (Part{{1'000, 1'000}, {3'000, 1'000}}));
-  EXPECT_EQ(drawn[0].stroke, (StrokeStyle{.colour = kRed, .width = 2}));
+  EXPECT_EQ(drawn[0].stroke, (StrokeStyle{.colour = kServiceRed, .width = 2}));
   EXPECT_EQ(drawn[1].points.back(), (TwipPoint{1'000, 2'500}));
-  EXPECT_EQ(drawn[1].stroke, (StrokeStyle{.colour = kRed, .width = 2}));
+  EXPECT_EQ(drawn[1].stroke, (StrokeStyle{.colour = kServiceRed, .width = 2}));
   EXPECT_EQ(drawn[2].points, (Part{{1'000, 1'000}, {2'000, 1'000}}));
-  EXPECT_EQ(drawn[2].stroke, (StrokeStyle{.colour = kRed, .width = 4}));
+  EXPECT_EQ(drawn[2].stroke, (StrokeStyle{.colour = kServiceRed, .width = 4}));
 }
 
 TEST_F(AnnotatedMap, LegsHaveTheColourOfTheirFrequency) {
@@ -168,12 +168,12 @@ TEST_F(AnnotatedMap, ScaleAndNorthAreDrawn) {
 TEST_F(AnnotatedMap, GraticuleIsDrawnAndNamed) {
   options_.graticule = 20;
   change_ = [](PrintStyle& style) {
-    style.graticule = kBlue;
+    style.graticule = kServiceBlue;
     style.graticuleWidth = 0.5;
   };
   const auto drawn = Draw(PrintLayer::kGraticule);
   ASSERT_EQ(drawn.size(), 6U);
-  EXPECT_EQ(drawn[0].stroke, (StrokeStyle{.colour = kBlue, .width = 0.5}));
+  EXPECT_EQ(drawn[0].stroke, (StrokeStyle{.colour = kServiceBlue, .width = 0.5}));
   EXPECT_THAT(Texts(PrintLayer::kLabels), ElementsAre("60°W", "40°W", "40°N"))
       << "labels on the edge of the picture have no room";
 }
@@ -183,13 +183,13 @@ TEST_F(AnnotatedMap, StyleHasTheWidthsOfLinesAndMarkers) {
   world_.options.destinations = true;
   change_ = [](PrintStyle& style) {
     style.coastWidth = 0.5;
-    style.coast = kBlue;
+    style.coast = kServiceBlue;
     style.flightWidth = 3;
     style.airportWidth = 8;
   };
   world_.flit = {Flight("1", "RED", {"AAA", "BBB"})};
-  EXPECT_EQ(Draw(PrintLayer::kLines).at(0).stroke, (StrokeStyle{.colour = kBlue, .width = 0.5}));
-  EXPECT_EQ(Draw(PrintLayer::kFlights).at(0).stroke, (StrokeStyle{.colour = kRed, .width = 3}));
+  EXPECT_EQ(Draw(PrintLayer::kLines).at(0).stroke, (StrokeStyle{.colour = kServiceBlue, .width = 0.5}));
+  EXPECT_EQ(Draw(PrintLayer::kFlights).at(0).stroke, (StrokeStyle{.colour = kServiceRed, .width = 3}));
   EXPECT_EQ(Draw(PrintLayer::kAirports).at(0).radius, 60);
 }
 

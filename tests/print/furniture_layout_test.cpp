@@ -9,51 +9,51 @@ namespace {
 using testing::ElementsAre;
 using enum Corner;
 
-constexpr TwipBox kArea{100, 100, 1100, 900};
-constexpr std::int32_t kGap = 20;
+constexpr TwipBox kFurnitureArea{100, 100, 1100, 900};
+constexpr std::int32_t kPieceGap = 20;
 constexpr std::array<Corner, kCorners> kFromLeft{kBottomLeft, kBottomRight, kTopRight, kTopLeft};
 
-std::vector<std::optional<TwipBox>> Placed(const std::vector<FurniturePiece>& pieces,
-                                           const std::vector<TwipPoint>& busy = {}) {
-  return PlaceFurniture(pieces, kArea, kGap, busy);
+std::vector<std::optional<TwipBox>> PiecesPlaced(const std::vector<FurniturePiece>& pieces,
+                                                 const std::vector<TwipPoint>& busy = {}) {
+  return PlaceFurniture(pieces, kFurnitureArea, kPieceGap, busy);
 }
 
 TEST(Furniture, StandsInThePreferredOfEmptyCorners) {
-  EXPECT_THAT(Placed({{{200, 100}, {}, kFromLeft}}), ElementsAre(TwipBox{100, 800, 300, 900}));
+  EXPECT_THAT(PiecesPlaced({{{200, 100}, {}, kFromLeft}}), ElementsAre(TwipBox{100, 800, 300, 900}));
 }
 
 TEST(Furniture, StandsWhereTheFewestPointsAre) {
   const std::vector<TwipPoint> busy{{150, 850},  {1050, 850}, {1051, 850},
                                     {1050, 120}, {110, 110},  {120, 110}};
   // One point at the bottom left, two at the bottom right, one at the top right, two at the top left.
-  EXPECT_THAT(Placed({{{200, 100}, {}, {kTopLeft, kTopRight, kBottomLeft, kBottomRight}}}, busy),
+  EXPECT_THAT(PiecesPlaced({{{200, 100}, {}, {kTopLeft, kTopRight, kBottomLeft, kBottomRight}}}, busy),
               ElementsAre(TwipBox{900, 100, 1100, 200}));
 }
 
 TEST(Furniture, StandsInTheWantedCornerWhateverIsThere) {
-  EXPECT_THAT(Placed({{{200, 100}, {}, kFromLeft}, {{300, 50}, kBottomLeft, kFromLeft}}, {{150, 850}}),
+  EXPECT_THAT(PiecesPlaced({{{200, 100}, {}, kFromLeft}, {{300, 50}, kBottomLeft, kFromLeft}}, {{150, 850}}),
               ElementsAre(TwipBox{900, 800, 1100, 900}, TwipBox{100, 850, 400, 900}));
 }
 
 TEST(Furniture, PilesUpInOneCorner) {
   EXPECT_THAT(
-      Placed({{{200, 100}, kTopRight, {}}, {{300, 50}, kTopRight, {}}, {{10, 10}, kBottomRight, {}}}),
+      PiecesPlaced({{{200, 100}, kTopRight, {}}, {{300, 50}, kTopRight, {}}, {{10, 10}, kBottomRight, {}}}),
       ElementsAre(TwipBox{900, 100, 1100, 200}, TwipBox{800, 220, 1100, 270}, TwipBox{1090, 890, 1100, 900}));
 }
 
 TEST(Furniture, PrefersAFreeCornerToASecondPlace) {
   const FurniturePiece piece{{200, 100}, {}, kFromLeft};
   EXPECT_THAT(
-      Placed({piece, piece, piece, piece, piece}),
+      PiecesPlaced({piece, piece, piece, piece, piece}),
       ElementsAre(TwipBox{100, 800, 300, 900}, TwipBox{900, 800, 1100, 900}, TwipBox{900, 100, 1100, 200},
                   TwipBox{100, 100, 300, 200}, TwipBox{100, 680, 300, 780}));
 }
 
 TEST(Furniture, ThatDoesNotFitHasNoPlace) {
-  EXPECT_THAT(Placed({{{1001, 10}, {}, kFromLeft}, {{10, 801}, kTopLeft, {}}}),
+  EXPECT_THAT(PiecesPlaced({{{1001, 10}, {}, kFromLeft}, {{10, 801}, kTopLeft, {}}}),
               ElementsAre(std::nullopt, std::nullopt));
   // Two halves with a gap do not fit side by side.
-  EXPECT_THAT(Placed({{{500, 800}, kTopLeft, {}}, {{500, 10}, {}, kFromLeft}}),
+  EXPECT_THAT(PiecesPlaced({{{500, 800}, kTopLeft, {}}, {{500, 10}, {}, kFromLeft}}),
               ElementsAre(TwipBox{100, 100, 600, 900}, std::nullopt));
 }
 

@@ -13,49 +13,49 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using Places = std::vector<std::optional<std::size_t>>;
 
-constexpr TwipBox kArea{0, 0, 10000, 10000};
+constexpr TwipBox kLabelArea{0, 0, 10000, 10000};
 constexpr TwipBox kA{100, 100, 400, 200};
 constexpr TwipBox kB{500, 100, 800, 200};
 constexpr TwipBox kC{900, 100, 1200, 200};
 
-Places Placed(const std::vector<LabelRequest>& labels, const std::vector<TwipBox>& obstacles = {}) {
-  return PlaceLabels(labels, obstacles, kArea);
+Places PlacesOf(const std::vector<LabelRequest>& labels, const std::vector<TwipBox>& obstacles = {}) {
+  return PlaceLabels(labels, obstacles, kLabelArea);
 }
 
 TEST(PlaceLabels, TakesTheFirstFreePlace) {
-  EXPECT_THAT(Placed({{0, {kA, kB}}}), ElementsAre(0));
-  EXPECT_THAT(Placed({{0, {kA, kB}}, {0, {kA, kB}}}), ElementsAre(0, 1));
-  EXPECT_THAT(Placed({{0, {kA}}, {0, {}}}), ElementsAre(0, std::nullopt));
-  EXPECT_THAT(Placed({}), IsEmpty());
+  EXPECT_THAT(PlacesOf({{0, {kA, kB}}}), ElementsAre(0));
+  EXPECT_THAT(PlacesOf({{0, {kA, kB}}, {0, {kA, kB}}}), ElementsAre(0, 1));
+  EXPECT_THAT(PlacesOf({{0, {kA}}, {0, {}}}), ElementsAre(0, std::nullopt));
+  EXPECT_THAT(PlacesOf({}), IsEmpty());
 }
 
 TEST(PlaceLabels, LetsHigherPrioritiesChooseFirst) {
-  EXPECT_THAT(Placed({{1, {kA}}, {2, {kA}}, {2, {kA}}}), ElementsAre(std::nullopt, 0, std::nullopt));
+  EXPECT_THAT(PlacesOf({{1, {kA}}, {2, {kA}}, {2, {kA}}}), ElementsAre(std::nullopt, 0, std::nullopt));
 }
 
 TEST(PlaceLabels, StaysInsideTheAreaAndBesideObstacles) {
   const TwipBox outside{9900, 100, 10001, 200};
   const TwipBox onTheEdge{9900, 100, 10000, 200};
-  EXPECT_THAT(Placed({{0, {outside, onTheEdge}}}), ElementsAre(1));
-  EXPECT_THAT(Placed({{0, {outside}}}), ElementsAre(std::nullopt));
-  EXPECT_THAT(Placed({{0, {kA, kB}}}, {TwipBox{399, 199, 500, 300}}), ElementsAre(1));
+  EXPECT_THAT(PlacesOf({{0, {outside, onTheEdge}}}), ElementsAre(1));
+  EXPECT_THAT(PlacesOf({{0, {outside}}}), ElementsAre(std::nullopt));
+  EXPECT_THAT(PlacesOf({{0, {kA, kB}}}, {TwipBox{399, 199, 500, 300}}), ElementsAre(1));
   // A shared edge is no overlap.
-  EXPECT_THAT(Placed({{0, {kA}}}, {TwipBox{400, 100, 500, 200}}), ElementsAre(0));
+  EXPECT_THAT(PlacesOf({{0, {kA}}}, {TwipBox{400, 100, 500, 200}}), ElementsAre(0));
 }
 
 TEST(PlaceLabels, MovesALabelToMakeRoom) {
-  EXPECT_THAT(Placed({{2, {kA, kB}}, {1, {kA}}}), ElementsAre(1, 0));
+  EXPECT_THAT(PlacesOf({{2, {kA, kB}}, {1, {kA}}}), ElementsAre(1, 0));
 }
 
 TEST(PlaceLabels, MovesTwoLabelsToMakeRoom) {
   const TwipBox both{300, 100, 600, 200};
   const TwipBox below{100, 500, 400, 600};
-  EXPECT_THAT(Placed({{2, {kA, kC}}, {2, {kB, below}}, {1, {both}}}), ElementsAre(1, 1, 0));
+  EXPECT_THAT(PlacesOf({{2, {kA, kC}}, {2, {kB, below}}, {1, {both}}}), ElementsAre(1, 1, 0));
 }
 
 TEST(PlaceLabels, LeavesLabelsThatCannotMoveBoth) {
   const TwipBox both{300, 100, 600, 200};
-  EXPECT_THAT(Placed({{2, {kA, kC}}, {2, {kB}}, {1, {both}}}), ElementsAre(0, 0, std::nullopt));
+  EXPECT_THAT(PlacesOf({{2, {kA, kC}}, {2, {kB}}, {1, {both}}}), ElementsAre(0, 0, std::nullopt));
 }
 
 TEST(PlaceLabels, MovesBackToABetterPlaceThatBecameFree) {
@@ -63,7 +63,7 @@ TEST(PlaceLabels, MovesBackToABetterPlaceThatBecameFree) {
   const TwipBox rightOfA{350, 100, 600, 200};
   const TwipBox leftOfA{50, 100, 150, 200};
   const TwipBox low{100, 500, 400, 600};
-  EXPECT_THAT(Placed({{3, {kA, kC}}, {2, {rightOfA, low}}, {1, {leftOfA}}}), ElementsAre(1, 0, 0));
+  EXPECT_THAT(PlacesOf({{3, {kA, kC}}, {2, {rightOfA, low}}, {1, {leftOfA}}}), ElementsAre(1, 0, 0));
 }
 
 struct RandomMap {

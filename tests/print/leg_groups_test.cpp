@@ -8,17 +8,17 @@ namespace {
 
 using testing::ElementsAre;
 
-constexpr data::Rgb kRed{200, 0, 0};
-constexpr data::Rgb kBlue{0, 0, 200};
+constexpr data::Rgb kGroupRed{200, 0, 0};
+constexpr data::Rgb kGroupBlue{0, 0, 200};
 
-PlacedLeg LegOf(const char* from, const char* to, const char* number, const char* service = "RED",
-                data::Rgb colour = kRed) {
+PlacedLeg GroupLeg(const char* from, const char* to, const char* number, const char* service = "RED",
+                   data::Rgb colour = kGroupRed) {
   return {from, to, number, number, service, colour, {{{0, 0}, {100, 0}}}};
 }
 
 TEST(GroupLegs, JoinsBothDirections) {
-  const std::vector<PlacedLeg> legs{LegOf("AAA", "BBB", "1"), LegOf("CCC", "AAA", "2"),
-                                    LegOf("BBB", "AAA", "3"), LegOf("AAA", "BBB", "1")};
+  const std::vector<PlacedLeg> legs{GroupLeg("AAA", "BBB", "1"), GroupLeg("CCC", "AAA", "2"),
+                                    GroupLeg("BBB", "AAA", "3"), GroupLeg("AAA", "BBB", "1")};
   const auto groups = GroupLegs(legs);
   ASSERT_EQ(groups.size(), 2U);
   EXPECT_EQ(groups[0].first, &legs[0]);
@@ -29,13 +29,13 @@ TEST(GroupLegs, JoinsBothDirections) {
 }
 
 TEST(GroupLegs, HaveTheColourOfTheServiceWithMostFlights) {
-  const std::vector<PlacedLeg> legs{LegOf("A", "B", "1"), LegOf("A", "B", "2", "BLUE", kBlue),
-                                    LegOf("B", "A", "3", "BLUE", kBlue), LegOf("A", "C", "4"),
-                                    LegOf("A", "C", "5", "BLUE", kBlue)};
+  const std::vector<PlacedLeg> legs{GroupLeg("A", "B", "1"), GroupLeg("A", "B", "2", "BLUE", kGroupBlue),
+                                    GroupLeg("B", "A", "3", "BLUE", kGroupBlue), GroupLeg("A", "C", "4"),
+                                    GroupLeg("A", "C", "5", "BLUE", kGroupBlue)};
   const auto groups = GroupLegs(legs);
   ASSERT_EQ(groups.size(), 2U);
   EXPECT_EQ(groups[0].service, "BLUE");
-  EXPECT_EQ(groups[0].colour, kBlue);
+  EXPECT_EQ(groups[0].colour, kGroupBlue);
   EXPECT_EQ(groups[1].service, "RED");
 }
 
