@@ -23,7 +23,7 @@ Operation Dash(std::int32_t fromX, std::int32_t toX) {
   return LineOp(Layer::kFlights, {fromX, 1'000}, {toX, 1'000}, kDroppedColour);
 }
 
-Operation Whole(TwipPoint from, TwipPoint to, int width = 1) {
+Operation UnbrokenLine(TwipPoint from, TwipPoint to, int width = 1) {
   return LineOp(Layer::kFlights, from, to, kBlue, width);
 }
 
@@ -53,17 +53,17 @@ class ComparedFlights : public testing::Test {
 };
 
 TEST_F(ComparedFlights, AreDrawnAsUsualWhenNothingChanged) {
-  EXPECT_EQ(Draw(),
-            (std::vector{Whole({1'000, 1'000}, {2'000, 2'000}), Whole({2'000, 2'000}, {1'000, 1'000})}));
+  EXPECT_EQ(Draw(), (std::vector{UnbrokenLine({1'000, 1'000}, {2'000, 2'000}),
+                                 UnbrokenLine({2'000, 2'000}, {1'000, 1'000})}));
 }
 
 TEST_F(ComparedFlights, AreWideWhenTheyAreNew) {
   comparison_->added = {Compared("2", {"BBB", "AAA"}), Compared("1", {"AAA", "CCC"})};
-  EXPECT_EQ(Draw(),
-            (std::vector{Whole({1'000, 1'000}, {2'000, 2'000}), Whole({2'000, 2'000}, {1'000, 1'000}, 3)}));
+  EXPECT_EQ(Draw(), (std::vector{UnbrokenLine({1'000, 1'000}, {2'000, 2'000}),
+                                 UnbrokenLine({2'000, 2'000}, {1'000, 1'000}, 3)}));
   world_.flights.serviceMode = false;
   world_.flights.selectedFlights = {"2"};
-  EXPECT_EQ(Draw(), (std::vector{Whole({2'000, 2'000}, {1'000, 1'000}, 3)}));
+  EXPECT_EQ(Draw(), (std::vector{UnbrokenLine({2'000, 2'000}, {1'000, 1'000}, 3)}));
 }
 
 TEST_F(ComparedFlights, AreDashedBelowTheOthersWhenTheyWereDropped) {
@@ -71,8 +71,8 @@ TEST_F(ComparedFlights, AreDashedBelowTheOthersWhenTheyWereDropped) {
                           Compared("7", {"AAA", "BBB"})};
   EXPECT_EQ(Draw(),
             (std::vector{Dash(1'000, 1'120), Dash(1'180, 1'300), Dash(1'000, 1'120), Dash(1'180, 1'300),
-                         Dash(1'000, 1'120), Dash(1'180, 1'300), Whole({1'000, 1'000}, {2'000, 2'000}),
-                         Whole({2'000, 2'000}, {1'000, 1'000})}))
+                         Dash(1'000, 1'120), Dash(1'180, 1'300), UnbrokenLine({1'000, 1'000}, {2'000, 2'000}),
+                         UnbrokenLine({2'000, 2'000}, {1'000, 1'000})}))
       << "the old schedule has no BBB";
 }
 
