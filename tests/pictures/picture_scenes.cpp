@@ -43,6 +43,8 @@ class LetterSurface final : public print::PrintSurface {
       return;
     surface_.StyledText(topLeft, text, style);
     Note(topLeft, text, style.font);
+    if (style.halo)
+      boxes_.back().adjust(-2 * scale_, -2 * scale_, 2 * scale_, 2 * scale_);
   }
   print::TextSize Measure(std::string_view text, const map::TextFont& font) override {
     return surface_.Measure(text, font);
