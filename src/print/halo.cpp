@@ -5,6 +5,7 @@
 
 #include "base/utf8.h"
 #include "paint/pixel_canvas.h"
+#include "print/blend.h"
 #include "print/print_surface.h"
 
 namespace zerbal::print {
@@ -17,16 +18,6 @@ std::uint8_t CoverageAt(double distance, double radius) {
 
 void Raise(std::uint8_t& pixel, int coverage) {
   pixel = std::max(pixel, static_cast<std::uint8_t>(coverage));
-}
-
-std::uint32_t Blended(std::uint32_t below, std::uint32_t colour, std::uint32_t coverage) {
-  std::uint32_t result = 0;
-  for (int shift = 0; shift < 32; shift += 8) {
-    const std::uint32_t from = below >> shift & 0xFF;
-    const std::uint32_t to = colour >> shift & 0xFF;
-    result |= (from * (255 - coverage) + to * coverage + 127) / 255 << shift;
-  }
-  return result;
 }
 
 void Blend(QImage& rows, const paint::Mask& mask, PixelPoint place, std::uint32_t colour) {

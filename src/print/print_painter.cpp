@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "paint/colour.h"
+#include "paint/pixel_canvas.h"
 
 namespace zerbal::print {
 namespace {
@@ -115,6 +116,20 @@ PrintPicture::PrintPicture(QImage& rows, paint::PictureBand band, double scale, 
       band_(band),
       tools_(tools),
       surface_(rows, band, scale, tools.prepared) {}
+
+void PrintPicture::Fill(std::span<const Ring> rings, data::Rgb colour) {
+  if (!fill_)
+    fill_.emplace(rows_, band_.top);
+  const auto at = [this](TwipPoint point) {
+    const QPointF place = At(point);
+    return PixelPosition{place.x(), place.y()};
+  };
+  for (const Ring& ring : rings) {
+    for (std::size_t i = 0; i < ring.size(); ++i)
+      fill_->AddSide(at(ring[i]), at(ring[(i + 1) % ring.size()]));
+  }
+  fill_->Colour(paint::PixelCanvas::Pixel(colour));
+}
 
 void PrintPicture::DrawHalo(TwipPoint topLeft, std::string_view text, const map::TextFont& font,
                             data::Rgb colour) {

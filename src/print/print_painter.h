@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "paint/picture_surface.h"
+#include "print/area_fill.h"
 #include "print/halo.h"
 #include "print/print_surface.h"
 #include "print/text_meter.h"
@@ -46,10 +47,10 @@ class PrintPainter : public PrintSurface {
  protected:
   virtual void DrawHalo(TwipPoint topLeft, std::string_view text, const map::TextFont& font,
                         data::Rgb colour);
-
- private:
+  /// The middle of a line through a point.
   QPointF At(TwipPoint point) const;
 
+ private:
   map::Surface& base_;
   std::function<QPainter&()> painter_;
   PixelScale scale_;
@@ -69,6 +70,8 @@ class PrintPicture final : public PrintPainter {
 
   PrintPicture(QImage& rows, paint::PictureBand band, double scale, Tools& tools);
 
+  void Fill(std::span<const Ring> rings, data::Rgb colour) override;
+
  private:
   void DrawHalo(TwipPoint topLeft, std::string_view text, const map::TextFont& font,
                 data::Rgb colour) override;
@@ -78,6 +81,7 @@ class PrintPicture final : public PrintPainter {
   Tools& tools_;
   paint::PictureSurface surface_;
   std::optional<paint::BandPainter> painter_;
+  std::optional<AreaFill> fill_;
 };
 
 }  // namespace zerbal::print
