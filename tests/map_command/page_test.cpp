@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "map_command/command_fixture.h"
+#include "print/contrast.h"
 #include "zerbal-map/page_colours.h"
 #include "zerbal-map/page_data.h"
 #include "zerbal-map/page_lines.h"
@@ -84,15 +85,15 @@ TEST(PageLines, OnlyTheBaseMapIsKept) {
 }
 
 TEST(PageColours, ContrastIsThatOfWcag) {
-  EXPECT_DOUBLE_EQ(mapcommand::Contrast(kPaper, {0, 0, 0}), 21);
-  EXPECT_DOUBLE_EQ(mapcommand::Contrast({9, 9, 9}, {9, 9, 9}), 1);
-  EXPECT_NEAR(mapcommand::Contrast({118, 118, 118}, kPaper), 4.54, 0.01);
+  EXPECT_DOUBLE_EQ(print::ContrastOf(kPaper, {0, 0, 0}), 21);
+  EXPECT_DOUBLE_EQ(print::ContrastOf({9, 9, 9}, {9, 9, 9}), 1);
+  EXPECT_NEAR(print::ContrastOf({118, 118, 118}, kPaper), 4.54, 0.01);
 }
 
 TEST(PageColours, AColourBecomesReadableOnAnyBackground) {
   for (const data::Rgb background : {data::Rgb{16, 22, 29}, data::Rgb{245, 247, 248}}) {
     for (const data::Rgb rgb : {data::Rgb{0, 0, 0}, kPaper, data::Rgb{0, 0, 200}, data::Rgb{250, 250, 0}})
-      EXPECT_GE(mapcommand::Contrast(mapcommand::Readable(rgb, background, 4.5), background), 4.5);
+      EXPECT_GE(print::ContrastOf(mapcommand::Readable(rgb, background, 4.5), background), 4.5);
   }
   EXPECT_EQ(mapcommand::Readable({0, 0, 200}, kPaper, 4.5), (data::Rgb{0, 0, 200})) << "it is readable";
 }

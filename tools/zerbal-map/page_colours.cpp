@@ -1,8 +1,8 @@
 #include "zerbal-map/page_colours.h"
 
 #include <algorithm>
-#include <cmath>
 
+#include "print/contrast.h"
 #include "zerbal-map/routes.h"
 
 namespace zerbal::mapcommand {
@@ -19,22 +19,8 @@ constexpr Rgb kLightMap{245, 247, 248};
 constexpr double kTextContrast = 4.5;
 constexpr double kGoodTextContrast = 7;
 
-/// Relative luminance as WCAG 2 defines it, 0 to 1.
-double Luminance(Rgb rgb) {
-  const auto linear = [](std::uint8_t part) {
-    const double value = part / 255.0;
-    return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
-  };
-  return 0.2126 * linear(rgb.red) + 0.7152 * linear(rgb.green) + 0.0722 * linear(rgb.blue);
-}
-
 bool IsDark(Rgb rgb) {
-  return Contrast(rgb, kWhite) > Contrast(rgb, kBlack);
-}
-
-Rgb Mixed(Rgb from, Rgb to, double part) {
-  const auto mixed = [part](int a, int b) { return static_cast<int>(std::lround(a + (b - a) * part)); };
-  return data::ClampRgb(mixed(from.red, to.red), mixed(from.green, to.green), mixed(from.blue, to.blue));
+  return print::TextColourOn(rgb) == kWhite;
 }
 
 /// A background and what happens to colours on it.
@@ -42,7 +28,7 @@ struct Scheme {
   Rgb background;
   bool own;  ///< of the data: its colours stay
 
-  Rgb Line(Rgb rgb) const { return own ? rgb : Mixed(rgb, background, 0.4); }
+  Rgb Line(Rgb rgb) const { return own ? rgb : print::Mixed(rgb, background, 0.4); }
   Rgb Text(Rgb rgb, double contrast = kTextContrast) const {
     return own ? rgb : Readable(rgb, background, contrast);
   }
@@ -77,12 +63,6 @@ std::string Styles(const Page& page, const Scheme& scheme) {
 
 }  // namespace
 
-double Contrast(Rgb a, Rgb b) {
-  const double first = Luminance(a);
-  const double second = Luminance(b);
-  return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
-}
-
 Rgb Readable(Rgb colour, Rgb background, double contrast) {
   constexpr int kSteps = 50;
   const bool dark = IsDark(background);
@@ -90,8 +70,8 @@ Rgb Readable(Rgb colour, Rgb background, double contrast) {
   Rgb mixed = colour;
   for (const Rgb end : ends) {
     const Rgb start = mixed;
-    for (int step = 1; step <= kSteps && Contrast(mixed, background) < contrast; ++step)
-      mixed = Mixed(start, end, static_cast<double>(step) / kSteps);
+    for (int step = 1; step <= kSteps && print::ContrastOf(mixed, background) < contrast; ++step)
+      mixed = print::Mixed(start, end, static_cast<double>(step) / kSteps);
   }
   return mixed;
 }

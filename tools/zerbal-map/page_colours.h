@@ -8,10 +8,8 @@
 
 namespace zerbal::mapcommand {
 
-/// The contrast of two colours as WCAG 2 defines it: 1 to 21.
-double Contrast(data::Rgb a, data::Rgb b);
-
-/// The colour, or a darker or brighter one of its hue that has this contrast to `background`.
+/// The colour, or a darker or brighter one of its hue that has this contrast to `background`, as
+/// print::ContrastOf says.
 data::Rgb Readable(data::Rgb colour, data::Rgb background, double contrast);
 
 /// Style sheets with a property for each colour. The map has the colours of the data on the kind of screen
