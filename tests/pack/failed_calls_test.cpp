@@ -21,7 +21,7 @@ using test::FolderContent;
 using zerbal::test::FailEachCall;
 using zerbal::test::WriteBytes;
 
-using Content = std::map<std::string, std::string>;
+using FolderFiles = std::map<std::string, std::string>;
 
 class FailedCalls : public test::CommandTest {
  protected:
@@ -38,9 +38,9 @@ class FailedCalls : public test::CommandTest {
 
   /// Runs a command over and over, each time with another failed call, on what `old` has; it writes into `o`
   /// and q.mdb. Returns the number of calls.
-  int FailEach(const std::vector<std::string>& words, const Content& old) {
+  int FailEach(const std::vector<std::string>& words, const FolderFiles& old) {
     Run(words);
-    const Content fresh = FolderContent(folder.Path());
+    const FolderFiles fresh = FolderContent(folder.Path());
     int status = 0;
     const auto writeOld = [&] {
       for (const auto& [name, bytes] : old)
@@ -63,7 +63,7 @@ class FailedCalls : public test::CommandTest {
 };
 
 TEST_F(FailedCalls, OfImportLeaveOldOrNewFiles) {
-  const Content old = {
+  const FolderFiles old = {
       {"o/services.csv", "old"}, {"o/flights.csv", "old"}, {"o/rejected.csv", "old"}, {"q.mdb", "old"}};
   EXPECT_GT(FailEach(import, old), 25);
 }
@@ -110,10 +110,10 @@ TEST_F(FailedCalls, OfBuildChangeAllOrNothing) {
     }
   };
   build(folder / "fresh");
-  const Content fresh = FolderContent(folder / "fresh");
+  const FolderFiles fresh = FolderContent(folder / "fresh");
   ASSERT_GT(fresh.size(), 4U) << error;
   const fs::path out = folder / "out" / "data";
-  const auto failEach = [&](int reason, const Content& old) {
+  const auto failEach = [&](int reason, const FolderFiles& old) {
     const auto prepare = [&] {
       fs::remove_all(folder / "out");
       fs::create_directories(old.empty() ? folder / "out" : out / "app_data");
@@ -122,8 +122,8 @@ TEST_F(FailedCalls, OfBuildChangeAllOrNothing) {
     };
     const auto check = [&](const std::string& failed) {
       EXPECT_TRUE(!error.empty() || reason != ENOSPC) << failed;
-      const Content& expected = error.empty() ? fresh : old;
-      EXPECT_EQ(fs::exists(out) ? FolderContent(out) : Content(), expected) << failed << ": " << error;
+      const FolderFiles& expected = error.empty() ? fresh : old;
+      EXPECT_EQ(fs::exists(out) ? FolderContent(out) : FolderFiles(), expected) << failed << ": " << error;
       EXPECT_EQ(zerbal::test::NamesIn(folder / "out").size(), expected.empty() ? 0U : 1U) << failed;
     };
     EXPECT_GT(FailEachCall(
