@@ -24,11 +24,18 @@ Contents PlaceContents(const PrintScene& scene, const Projection& projection) {
 
 void FillAreas(const PrintScene& scene, const Projection& projection, PrintSurface& surface) {
   surface.BeginPrintLayer(PrintLayer::kWater);
-  if (scene.options.water)
-    FillGlobe(projection, *scene.options.water, surface);
+  const std::optional<data::Rgb> water = scene.options.water ? scene.options.water : scene.style.water;
+  if (water)
+    FillGlobe(projection, *water, surface);
   surface.BeginPrintLayer(PrintLayer::kLand);
-  if (scene.options.land)
-    map::Contained(scene.map, "land", [&] { FillLand(scene.map, projection, *scene.options.land, surface); });
+  map::Contained(scene.map, "land", [&] {
+    // A style is for any base map; without polygons it fills nothing.
+    std::optional<data::Rgb> land = scene.options.land;
+    if (!land && scene.map.databases.baseMap.HasLand(scene.map.viewport.DetailMode()))
+      land = scene.style.land;
+    if (land)
+      FillLand(scene.map, projection, *land, surface);
+  });
 }
 
 void DrawLines(const PrintScene& scene, const Projection& projection, PrintSurface& surface) {

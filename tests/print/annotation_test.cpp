@@ -193,5 +193,24 @@ TEST_F(AnnotatedMap, StyleHasTheWidthsOfLinesAndMarkers) {
   EXPECT_EQ(Draw(PrintLayer::kAirports).at(0).radius, 60);
 }
 
+TEST_F(AnnotatedMap, StyleFillsTheLandThatTheBaseMapHas) {
+  change_ = [](PrintStyle& style) {
+    style.land = kServiceRed;
+    style.water = kServiceBlue;
+  };
+  world_.coast["land"] = {At(110, 50), At(120, 50), At(120, 60)};
+  const auto land = Draw(PrintLayer::kLand);
+  ASSERT_EQ(land.size(), 1U);
+  EXPECT_EQ(land[0].colour, kServiceRed);
+  EXPECT_EQ(Draw(PrintLayer::kWater).at(0).colour, kServiceBlue);
+  options_.land = data::Rgb{9, 9, 9};
+  EXPECT_EQ(Draw(PrintLayer::kLand).at(0).colour, options_.land) << "the option comes first";
+}
+
+TEST_F(AnnotatedMap, StyleFillsNothingWithoutPolygons) {
+  change_ = [](PrintStyle& style) { style.land = kServiceRed; };
+  EXPECT_THAT(Draw(PrintLayer::kLand), IsEmpty());
+}
+
 }  // namespace
 }  // namespace zerbal::print
