@@ -280,7 +280,7 @@ void Run(const View& view, const fs::path& folder, const Options& options) {
   if (!options.onlyRedraw.isEmpty()) {
     std::vector<Measure> measures = {{redraw, {}}};
     TakeTurns(measures, options.seconds);
-    std::vector<double>& times = measures.front().times;
+    const std::vector<double>& times = measures.front().times;
     std::printf("%s: %zu redraws, shortest %.3f ms, median %.3f ms\n", view.name, times.size(),
                 *std::min_element(times.begin(), times.end()) * 1000, measures.front().Milliseconds());
     return;

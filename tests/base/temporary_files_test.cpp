@@ -60,8 +60,8 @@ TEST(TemporaryFiles, MayBeMany) {
               RemoveTemporaryFilesOnSignals();
               {
                 std::vector<TemporaryFileMark> marks(1000);
-                for (TemporaryFileMark& mark : marks)
-                  mark.Set(b.c_str());
+                for (TemporaryFileMark& many : marks)
+                  many.Set(b.c_str());
               }
               TemporaryFileMark mark;
               mark.Set(a.c_str());
