@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "print/long_lines.h"
+
 namespace zerbal::print {
 namespace {
 
@@ -61,7 +63,7 @@ void PrintList::Fill(std::span<const Ring> rings, data::Rgb colour) {
 void PrintList::Stroke(std::span<const TwipPoint> points, const StrokeStyle& style) {
   if (points.size() < 2)
     return;
-  steps_.emplace_back(StrokeStep{{points.begin(), points.end()}, style, HeightsOf(points, ReachOf(style))});
+  steps_.emplace_back(StrokeStep{InPieces(points), style, HeightsOf(points, ReachOf(style))});
 }
 
 void PrintList::StyledText(TwipPoint topLeft, std::string_view text, const TextStyle& style) {

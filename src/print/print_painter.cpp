@@ -5,6 +5,7 @@
 
 #include "paint/colour.h"
 #include "paint/pixel_canvas.h"
+#include "print/long_lines.h"
 
 namespace zerbal::print {
 namespace {
@@ -129,6 +130,10 @@ void PrintPicture::Fill(std::span<const Ring> rings, data::Rgb colour) {
       fill_->AddSide(at(ring[i]), at(ring[(i + 1) % ring.size()]));
   }
   fill_->Colour(paint::PixelCanvas::Pixel(colour));
+}
+
+void PrintPicture::Stroke(std::span<const TwipPoint> points, const StrokeStyle& style) {
+  PrintPainter::Stroke(InPieces(points), style);
 }
 
 void PrintPicture::DrawHalo(TwipPoint topLeft, std::string_view text, const map::TextFont& font,

@@ -71,6 +71,8 @@ class PrintPicture final : public PrintPainter {
   PrintPicture(QImage& rows, paint::PictureBand band, double scale, Tools& tools);
 
   void Fill(std::span<const Ring> rings, data::Rgb colour) override;
+  /// Draws the same pieces as every band does.
+  void Stroke(std::span<const TwipPoint> points, const StrokeStyle& style) override;
 
  private:
   void DrawHalo(TwipPoint topLeft, std::string_view text, const map::TextFont& font,
