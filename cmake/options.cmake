@@ -19,6 +19,20 @@ if(ZERBAL_ASSERTIONS)
   target_compile_definitions(zerbal_options INTERFACE ZERBAL_ASSERTIONS _GLIBCXX_ASSERTIONS)
 endif()
 
+if(WIN32)
+  target_compile_definitions(zerbal_options INTERFACE UNICODE _UNICODE _FILE_OFFSET_BITS=64 __USE_MINGW_ANSI_STDIO=1)
+  target_link_options(zerbal_options INTERFACE -static)  # the programs need no files of the compiler beside them
+endif()
+
+# zerbal_program_resources(TARGET): on Windows, the program's version and manifest.
+function(zerbal_program_resources name)
+  if(WIN32)
+    set(resources ${CMAKE_CURRENT_BINARY_DIR}/${name}.rc)
+    configure_file(${PROJECT_SOURCE_DIR}/packaging/windows/program.rc.in ${resources} @ONLY)
+    target_sources(${name} PRIVATE ${resources})
+  endif()
+endfunction()
+
 # zerbal_include_root(TARGET FOLDER): TARGET and its users include the headers of FOLDER as "NAME/header.h", NAME being
 # the folder's last part. The include path holds a link to FOLDER and nothing beside it.
 function(zerbal_include_root target folder)

@@ -58,6 +58,16 @@ std::optional<fs::path> FollowLinks(fs::path file) {
   return std::nullopt;
 }
 
+/// By name, because merely opening a device or a pipe can have effects.
+fs::file_status StatusByName(const fs::path& path) {
+  std::error_code ignored;
+  return fs::status(path, ignored);
+}
+
+bool IsOtherThanFile(const fs::file_status& status) {
+  return fs::exists(status) && !fs::is_regular_file(status);
+}
+
 /// The folder of a file that is replaced.
 class Folder {
  public:
@@ -109,9 +119,7 @@ struct OldFile {
 
 /// False when there is something that must not or cannot be replaced.
 bool ReadOldFile(FileSteps& steps, const fs::path& path, OldFile& old) {
-  struct stat status {};
-  // Asked by name first: merely opening a device or a pipe can have effects.
-  if (::stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode))
+  if (IsOtherThanFile(StatusByName(path)))
     return false;
   OpenFile file(steps);
   if (!file.Open(path, O_RDWR))
@@ -142,7 +150,7 @@ struct FileReplacement::State {
   ~State() {
     file.Close();
     if (present)
-      steps.Remove(temporary.c_str());
+      steps.Remove(temporary);
   }
 
   [[noreturn]] void Fail(const std::string& what, int error) const {
@@ -178,10 +186,10 @@ struct FileReplacement::State {
   void CreateForUserFile() {
     if (folder.IsProtected())
       Fail(kCannotCreate, EACCES);
+    const fs::file_status byName = StatusByName(target);
+    if (IsOtherThanFile(byName))
+      Fail(kCannotWrite, fs::is_directory(byName) ? EISDIR : EINVAL);
     struct stat old {};
-    // Asked by name first: merely opening a device or a pipe can have effects.
-    if (::stat(target.c_str(), &old) == 0 && !S_ISREG(old.st_mode))
-      Fail(kCannotWrite, S_ISDIR(old.st_mode) ? EISDIR : EINVAL);
     OpenFile oldFile(steps);
     if (!oldFile.Open(target, O_WRONLY)) {
       if (errno != ENOENT)
@@ -245,7 +253,7 @@ void FileReplacement::Commit() {
   State& state = *state_;
   state.Require(state.steps.Flush(state.file.Number()) == 0, "cannot flush the file");
   state.Require(state.file.Close(), "cannot close the file");
-  state.Require(state.steps.Rename(state.temporary.c_str(), state.target.c_str()) == 0,
+  state.Require(state.steps.Rename(state.temporary, state.target) == 0,
                 "cannot put the finished file in the place of the old one");
   state.present = false;
   state.mark.Clear();

@@ -1,46 +1,8 @@
 #include "base/file_steps.h"
 
-#include <cstdio>
-
 #include <fcntl.h>
-#include <sys/file.h>
-#include <unistd.h>
 
 namespace zerbal::base {
-
-int FileSteps::Open(const char* path, int flags, mode_t mode) {
-  return ::open(path, flags, mode);
-}
-int FileSteps::Status(int file, struct stat& status) {
-  return ::fstat(file, &status);
-}
-ssize_t FileSteps::Read(int file, char* buffer, std::size_t size) {
-  return ::read(file, buffer, size);
-}
-ssize_t FileSteps::WriteAt(int file, const char* bytes, std::size_t size, off_t position) {
-  return ::pwrite(file, bytes, size, position);
-}
-int FileSteps::ChangeOwner(int file, uid_t owner, gid_t group) {
-  return ::fchown(file, owner, group);
-}
-int FileSteps::ChangeMode(int file, mode_t mode) {
-  return ::fchmod(file, mode);
-}
-int FileSteps::Flush(int file) {
-  return ::fsync(file);
-}
-int FileSteps::Close(int file) {
-  return ::close(file);
-}
-int FileSteps::Rename(const char* from, const char* to) {
-  return ::rename(from, to);
-}
-int FileSteps::Remove(const char* path) {
-  return ::unlink(path);
-}
-int FileSteps::TryLock(int file) {
-  return ::flock(file, LOCK_EX | LOCK_NB);
-}
 
 FileSteps& SystemFileSteps() {
   static FileSteps steps;
@@ -48,7 +10,7 @@ FileSteps& SystemFileSteps() {
 }
 
 bool OpenFile::Open(const std::filesystem::path& path, int flags, mode_t mode) {
-  file_ = steps_.Open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY | O_NONBLOCK, mode);
+  file_ = steps_.Open(path, flags | O_CLOEXEC | O_NOCTTY | O_NONBLOCK, mode);
   return IsOpen();
 }
 

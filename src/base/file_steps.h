@@ -9,13 +9,15 @@
 #include <sys/stat.h>
 #include <sys/types.h>
 
+#include "base/posix_names.h"
+
 namespace zerbal::base {
 
-/// Each call answers as the system does: -1 and errno for a failure.
+/// Each call answers as POSIX defines it: -1 and errno for a failure.
 class FileSteps {
  public:
   virtual ~FileSteps() = default;
-  virtual int Open(const char* path, int flags, mode_t mode);
+  virtual int Open(const std::filesystem::path& path, int flags, mode_t mode);
   virtual int Status(int file, struct stat& status);
   virtual ssize_t Read(int file, char* buffer, std::size_t size);
   virtual ssize_t WriteAt(int file, const char* bytes, std::size_t size, off_t position);
@@ -23,8 +25,8 @@ class FileSteps {
   virtual int ChangeMode(int file, mode_t mode);
   virtual int Flush(int file);
   virtual int Close(int file);
-  virtual int Rename(const char* from, const char* to);
-  virtual int Remove(const char* path);
+  virtual int Rename(const std::filesystem::path& from, const std::filesystem::path& to);
+  virtual int Remove(const std::filesystem::path& path);
   /// Locks without waiting.
   virtual int TryLock(int file);
 };

@@ -2,41 +2,28 @@
 
 #include <array>
 #include <atomic>
-#include <csignal>
-
-#include <unistd.h>
 
 namespace zerbal::base {
 
 namespace {
 
 /// What a signal handler may read: no locks, no memory that moves.
-std::array<std::atomic<const char*>, 64> markedFiles;
-static_assert(std::atomic<const char*>::is_always_lock_free);
-
-void RemoveFilesAndEnd(int signal) {
-  for (const std::atomic<const char*>& file : markedFiles) {
-    if (const char* path = file)
-      ::unlink(path);
-  }
-  std::signal(signal, SIG_DFL);
-  std::raise(signal);
-}
+std::array<std::atomic<const PathChar*>, 64> markedFiles;
+static_assert(std::atomic<const PathChar*>::is_always_lock_free);
 
 }  // namespace
 
-void RemoveTemporaryFilesOnSignals() {
-  for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGPIPE}) {
-    if (std::signal(signal, RemoveFilesAndEnd) == SIG_IGN)
-      std::signal(signal, SIG_IGN);
+void ForEachTemporaryFile(void (*action)(const PathChar* path)) {
+  for (const std::atomic<const PathChar*>& file : markedFiles) {
+    if (const PathChar* path = file)
+      action(path);
   }
-  std::signal(SIGXFSZ, SIG_IGN);
 }
 
-void TemporaryFileMark::Set(const char* path) {
+void TemporaryFileMark::Set(const PathChar* path) {
   Clear();
   for (std::size_t i = 0; i < markedFiles.size(); ++i) {
-    const char* none = nullptr;
+    const PathChar* none = nullptr;
     if (markedFiles[i].compare_exchange_strong(none, path)) {
       place_ = i;
       return;

@@ -2,13 +2,21 @@
 #pragma once
 
 #include <cstddef>
+#include <filesystem>
 
 namespace zerbal::base {
 
+/// Of a path as the system writes it.
+using PathChar = std::filesystem::path::value_type;
+
 /// From now on SIGINT, SIGTERM, SIGHUP and SIGPIPE remove the marked files before they end the process. Those
 /// that the process ignores stay ignored. Writing beyond the limit of file sizes is an error instead of a
-/// signal. For programs that write files in one thread.
+/// signal. On Windows, the events of a console that end the process remove the files. For programs that write
+/// files in one thread.
 void RemoveTemporaryFilesOnSignals();
+
+/// Calls `action` with each marked file; a signal handler may do so.
+void ForEachTemporaryFile(void (*action)(const PathChar* path));
 
 /// Marks a file as temporary, whether it exists or not.
 class TemporaryFileMark {
@@ -19,7 +27,7 @@ class TemporaryFileMark {
   ~TemporaryFileMark() { Clear(); }
 
   /// `path` stays valid until Clear. Beyond some dozens of marks at a time, nothing is marked.
-  void Set(const char* path);
+  void Set(const PathChar* path);
   void Clear();
 
  private:

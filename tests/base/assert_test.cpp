@@ -11,7 +11,7 @@ namespace {
 
 TEST(AssertDeathTest, AFalseConditionEndsTheProgramWithItsPlace) {
   const int answer = 41;
-  EXPECT_DEATH(ZERBAL_ASSERT(answer == 42), "assert_test.cpp:[0-9]+: assertion failed: answer == 42");
+  EXPECT_DEATH(ZERBAL_ASSERT(answer == 42), "assert_test.cpp:.+: assertion failed: answer == 42");
 }
 
 TEST(AssertTest, ATrueConditionDoesNothing) {

@@ -69,6 +69,7 @@ TEST(FileReplacement, ReportsEveryFailedStepAndKeepsTheOldContents) {
                                                 "close", "rename", "flush folder"}));
 }
 
+#ifndef _WIN32  // fork() is missing
 TEST(FileReplacement, HoldsTheOldOrTheNewContentsWhenKilled) {
   for (const Failure failure : {Failure::kKillBefore, Failure::kKillAfter, Failure::kKillMidway}) {
     for (int at = 1;; ++at) {
@@ -87,6 +88,7 @@ TEST(FileReplacement, HoldsTheOldOrTheNewContentsWhenKilled) {
     }
   }
 }
+#endif
 
 TEST(FileReplacement, NamesTheFileThatCannotBeReplaced) {
   const test::TempFolder folder;

@@ -2,7 +2,6 @@
 #include "jet/writer.h"
 
 #include <algorithm>
-#include <csignal>
 #include <cstdint>
 #include <filesystem>
 #include <functional>
@@ -11,8 +10,6 @@
 #include <vector>
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
-#include <sys/stat.h>
 
 #include "jet/database.h"
 #include "jet/error.h"
@@ -75,13 +72,6 @@ TEST_F(Writer, RemovesAnUnfinishedFile) {
     EXPECT_EQ(FilesInFolder(), 1u);
   }
   EXPECT_EQ(FilesInFolder(), 0u);
-}
-
-TEST_F(Writer, GivesTheFileTheUsualPermissions) {
-  const mode_t old = umask(022);
-  WriteDatabase(File(), {});
-  umask(old);
-  EXPECT_EQ(fs::status(File()).permissions(), static_cast<fs::perms>(0644));
 }
 
 TEST_F(Writer, WritesTwoFilesOfOneNameSideBySide) {
@@ -239,58 +229,6 @@ TEST_F(Writer, ReportsFoldersThatCannotTakeTheFile) {
   const std::string reason = ReasonOf([&] { WriteDatabase(File(), {}); });
   EXPECT_NE(reason.find("cannot put the finished file in the place of"), std::string::npos) << reason;
   EXPECT_EQ(FilesInFolder(), 1u);
-}
-
-/// While it lives no file may grow beyond `bytes`: what a full disk looks like.
-class FileSizeLimit {
- public:
-  explicit FileSizeLimit(rlim_t bytes) {
-    getrlimit(RLIMIT_FSIZE, &old_);
-    handler_ = std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit limit{bytes, old_.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  ~FileSizeLimit() {
-    setrlimit(RLIMIT_FSIZE, &old_);
-    std::signal(SIGXFSZ, handler_);
-  }
-
- private:
-  rlimit old_{};
-  void (*handler_)(int) = nullptr;
-};
-
-TEST_F(Writer, ReportsADiskThatIsFullWheneverThatIs) {
-  WriteBytes(File(), "an older file");
-  const Table table{"t", {Long("a"), Memo("m")}, {Index("i", "a")}, {{1, std::string(20000, 'x')}, {2, "y"}}};
-  int failures = 0;
-  for (rlim_t pages = 0; pages < 40; ++pages) {
-    std::string reason;
-    {
-      // Ends within a page, too.
-      const FileSizeLimit limit(pages * 4096 + pages % 2 * 1000);
-      reason = ReasonOf([&] { WriteDatabase(File(), {table}); });
-    }
-    if (reason.empty())
-      break;
-    ++failures;
-    EXPECT_NE(reason.find("cannot "), std::string::npos) << reason;
-    EXPECT_EQ(ReadBytes(File()), "an older file");
-    EXPECT_EQ(FilesInFolder(), 1u);
-  }
-  EXPECT_GT(failures, 16);
-  EXPECT_TRUE(Database::Open(File()).HasTable("t"));
-}
-
-TEST_F(Writer, ReportsADiskThatIsFullWhilePairsAreAdded) {
-  const FileSizeLimit limit(40000);
-  DatabaseWriter writer(File());
-  writer.BeginTable({"points", {Long("Lon"), Long("Lat")}, {}});
-  const std::string reason = ReasonOf([&] {
-    for (int i = 0; i < 5000; ++i)
-      writer.AddPair(i, i);
-  });
-  EXPECT_TRUE(reason.starts_with("cannot write the file: ")) << reason;
 }
 
 }  // namespace

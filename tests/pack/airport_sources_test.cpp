@@ -43,7 +43,7 @@ class AirportSources : public testing::Test {
     std::ostringstream text;
     problems.Print(text, true);
     std::string messages = text.str();
-    const std::string name = folder.Path().string() + "/";
+    const std::string name = (folder.Path() / "").string();
     for (std::size_t at = 0; (at = messages.find(name)) != std::string::npos;)
       messages.erase(at, name.size());
     return messages;

@@ -28,7 +28,7 @@ class CommandTest : public testing::Test {
   /// The messages, with the names of files from the folder on.
   std::string Err() const {
     std::string text = err.str();
-    const std::string name = folder.Path().string() + "/";
+    const std::string name = (folder.Path() / "").string();
     for (std::size_t at = text.find(name); at != std::string::npos; at = text.find(name))
       text.erase(at, name.size());
     return text;

@@ -75,7 +75,7 @@ TEST(StagedFolders, RestoreEverythingWhenOneCannotBeReplaced) {
 TEST(StagedFolders, AcceptATargetThatEndsWithASlash) {
   const TempFolder folder;
   {
-    StagedFolders staged((folder / "data").string() + "/", {"a"});
+    StagedFolders staged(folder / "data" / "", {"a"});
     staged.Commit();
   }
   EXPECT_EQ(Names(folder.Path()), std::set<std::string>{"data"});

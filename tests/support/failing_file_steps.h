@@ -3,12 +3,15 @@
 
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 #include <string>
 #include <type_traits>
 
 #include <fcntl.h>
+#ifndef _WIN32
 #include <sys/wait.h>
 #include <unistd.h>
+#endif
 
 #include "base/file_steps.h"
 
@@ -26,7 +29,7 @@ class FailingFileSteps : public base::FileSteps {
   /// The name of the step that failed; empty when none has.
   const std::string& FailedStep() const { return failedStep_; }
 
-  int Open(const char* path, int flags, mode_t mode) override {
+  int Open(const std::filesystem::path& path, int flags, mode_t mode) override {
     const char* name = (flags & O_CREAT) != 0       ? "create"
                        : (flags & O_DIRECTORY) != 0 ? "open folder"
                                                     : "open";
@@ -56,13 +59,13 @@ class FailingFileSteps : public base::FileSteps {
     FileSteps::Close(file);  // a failed close releases the descriptor, too
     return Take("close", [] { return 0; });
   }
-  int Rename(const char* from, const char* to) override {
+  int Rename(const std::filesystem::path& from, const std::filesystem::path& to) override {
     return Take("rename", [&] {
       renamed_ = true;
       return FileSteps::Rename(from, to);
     });
   }
-  int Remove(const char* path) override {
+  int Remove(const std::filesystem::path& path) override {
     return Take("remove", [&] { return FileSteps::Remove(path); });
   }
   int TryLock(int file) override {
@@ -81,8 +84,14 @@ class FailingFileSteps : public base::FileSteps {
     }
     if (failure_ == Failure::kKillAfter)
       static_cast<void>(action());
+    Kill();
+  }
+
+  [[noreturn]] static void Kill() {
+#ifndef _WIN32
     ::raise(SIGKILL);
-    return action();  // not reached
+#endif
+    std::abort();
   }
 
   Failure failure_;
@@ -93,6 +102,7 @@ class FailingFileSteps : public base::FileSteps {
   std::string failedStep_;
 };
 
+#ifndef _WIN32
 /// Runs `action` in a process of its own; its exit code, or minus the signal that ended it.
 template <typename Action>
 int InChild(Action action) {
@@ -103,5 +113,6 @@ int InChild(Action action) {
   ::waitpid(child, &status, 0);
   return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
 }
+#endif
 
 }  // namespace zerbal::test

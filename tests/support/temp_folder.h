@@ -4,12 +4,11 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <random>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include <stdlib.h>
 
 namespace zerbal::test {
 
@@ -17,10 +16,12 @@ namespace zerbal::test {
 class TempFolder {
  public:
   TempFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "zerbal test \xC3\xBC XXXXXX").string();
-    if (::mkdtemp(name.data()) == nullptr)
-      throw std::runtime_error("no temporary folder");
-    path_ = name;
+    std::random_device random;
+    do {
+      path_ = std::filesystem::temp_directory_path() / u8"zerbal test \u00FC ";
+      path_ += std::to_string(random());
+    } while (!std::filesystem::create_directory(path_));  // throws when the system does not allow it
+    std::filesystem::permissions(path_, std::filesystem::perms::owner_all);
   }
   TempFolder(const TempFolder&) = delete;
   TempFolder& operator=(const TempFolder&) = delete;

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <utility>
 
+#include "base/path_text.h"
 #include "zerbal-pack/airline.h"
 #include "zerbal-pack/csv_file.h"
 #include "zerbal-pack/csv_value.h"
@@ -103,7 +104,7 @@ fs::path RunwaysBeside(const fs::path& airports) {
   const std::size_t at = name.rfind("airports");
   if (at == std::string::npos)
     return {};
-  const fs::path runways = airports.parent_path() / name.replace(at, 8, "runways");
+  const fs::path runways = airports.parent_path() / base::PathOf(name.replace(at, 8, "runways"));
   std::error_code failed;
   return fs::is_regular_file(runways, failed) ? runways : fs::path();
 }

@@ -7,6 +7,7 @@
 #include <fmt/format.h>
 
 #include "base/error.h"
+#include "base/path_text.h"
 #include "zerbal-pack/airline.h"
 #include "zerbal-pack/airport_csv.h"
 #include "zerbal-pack/csv_file.h"
@@ -18,10 +19,10 @@ AirportsOptions ToAirportsOptions(const AirportsWords& words) {
   AirportsOptions options;
   if (words.files.size() > 2)
     throw base::UsageError(fmt::format("'{}' is one argument too many", words.files[2]));
-  options.source.airports = words.files.front();
+  options.source.airports = base::PathOf(words.files.front());
   if (words.files.size() == 2)
-    options.source.runways = words.files.back();
-  options.out = words.out;
+    options.source.runways = base::PathOf(words.files.back());
+  options.out = base::PathOf(words.out);
   if (!words.minRunway.empty()) {
     const std::optional<int> feet = WholeNumber(words.minRunway);
     if (!feet || *feet < 0)

@@ -149,6 +149,7 @@ CommandLine ParseCommandLine(std::vector<std::string> words) {
     return line;
   CLI::App app;
   app.set_help_flag();
+  app.allow_windows_style_options(false);  // a path may begin with a slash
   AddArguments(app, line);
   CheckOptions(app, std::next(words.begin()), optionsEnd);
   try {

@@ -10,6 +10,7 @@
 
 #include "base/case_folding.h"
 #include "base/file_replacement.h"
+#include "base/path_text.h"
 #include "jet/database.h"
 #include "jet/error.h"
 #include "zerbal-pack/csv.h"
@@ -103,7 +104,7 @@ class Exporter {
       jet::Recordset rows = database_.OpenTable(table);
       if (!SelectIndex(rows, table))
         return;
-      WriteRows(rows, options_.folder / FreeFileName(table));
+      WriteRows(rows, options_.folder / base::PathOf(FreeFileName(table)));
     } catch (const jet::EngineError& error) {
       err_ << "zerbal-pack: " << error.what() << "\n";
       good_ = false;

@@ -8,6 +8,7 @@
 
 #include "base/case_folding.h"
 #include "base/error.h"
+#include "base/path_text.h"
 
 namespace zerbal::pack {
 
@@ -105,10 +106,11 @@ bool FlightFilter::Takes(std::string_view flightAirline, const Operation& operat
 ImportOptions ToImportOptions(const ImportWords& words) {
   ImportOptions options;
   options.format = Choose<ScheduleFormat>("--from", words.from, kFormats);
-  options.files.assign(words.files.begin(), words.files.end());
-  options.airports = {words.airports, words.runways};
-  options.out = words.out;
-  options.schedule = words.schedule;
+  for (const std::string& file : words.files)
+    options.files.push_back(base::PathOf(file));
+  options.airports = {base::PathOf(words.airports), base::PathOf(words.runways)};
+  options.out = base::PathOf(words.out);
+  options.schedule = base::PathOf(words.schedule);
   options.filter = ToFilter(words);
   options.keepVariations = words.keepVariations;
   if (options.format == ScheduleFormat::kOpenFlights) {

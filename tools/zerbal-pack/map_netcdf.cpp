@@ -10,7 +10,7 @@
 namespace zerbal::pack {
 
 NetcdfFile::NetcdfFile(std::filesystem::path file) : file_(std::move(file)) {
-  const int status = nc_open(file_.c_str(), NC_NOWRITE, &id_);
+  const int status = nc_open(file_.string().c_str(), NC_NOWRITE, &id_);
   if (status != NC_NOERR)
     Fail(fmt::format("it cannot be opened as a netCDF file ({})", nc_strerror(status)));
 }

@@ -6,6 +6,7 @@
 #include <fmt/format.h>
 
 #include "base/error.h"
+#include "base/path_text.h"
 #include "zerbal-pack/airline.h"
 #include "zerbal-pack/airports_command.h"
 #include "zerbal-pack/build.h"
@@ -66,8 +67,8 @@ MapBuilder MapBuilderFor(MapDetail detail) {
 
 int Build(const CommandLine& line, const RunContext& context) {
   const MapDetail detail = ToDetail(line.detail);
-  const BuildOptions options{line.out,
-                             line.sources.empty() ? FindSources(context.executable) : fs::path(line.sources)};
+  const BuildOptions options{base::PathOf(line.out), line.sources.empty() ? FindSources(context.executable)
+                                                                          : base::PathOf(line.sources)};
   if (options.sources.empty())
     throw base::UsageError("the sources of the sample data are not found; name their folder with --pack");
   Problems problems;
@@ -91,10 +92,11 @@ int Build(const CommandLine& line, const RunContext& context) {
 
 int MakeSchedule(const CommandLine& line, const RunContext& context) {
   Problems problems;
-  const Schedule schedule = ReadSchedule({line.services, line.destinations, line.flights}, problems);
+  const Schedule schedule = ReadSchedule(
+      {base::PathOf(line.services), base::PathOf(line.destinations), base::PathOf(line.flights)}, problems);
   if (RefusedFor(problems, context))
     return kExitBadData;
-  WriteSchedule(line.out, schedule);
+  WriteSchedule(base::PathOf(line.out), schedule);
   context.out << schedule.services.rows.size() << " flight services, " << schedule.destinations.rows.size()
               << " destinations, " << schedule.flights.rows.size() << " flights\n";
   return kExitGood;
@@ -102,8 +104,8 @@ int MakeSchedule(const CommandLine& line, const RunContext& context) {
 
 int Export(const CommandLine& line, const RunContext& context) {
   ExportOptions options;
-  options.file = line.file;
-  options.folder = line.folder;
+  options.file = base::PathOf(line.file);
+  options.folder = base::PathOf(line.folder);
   options.table = line.table;
   options.index = line.index;
   options.schema = line.schema;
@@ -111,9 +113,10 @@ int Export(const CommandLine& line, const RunContext& context) {
 }
 
 int Check(const CommandLine& line, const RunContext& context) {
-  if (!fs::is_directory(line.folder))
+  const fs::path folder = base::PathOf(line.folder);
+  if (!fs::is_directory(folder))
     throw base::Error(line.folder + " is not a folder");
-  const CheckReport report = CheckFolder(line.folder);
+  const CheckReport report = CheckFolder(folder);
   report.Print(context.out);
   return report.AllIsWell() ? kExitGood : kExitBadData;
 }
@@ -133,7 +136,8 @@ int RunCommand(const CommandLine& line, const RunContext& context) {
   if (line.command == "check")
     return Check(line, context);
   if (line.command == "diff")
-    return DiffSchedules({line.before, line.after, line.csvFolder}, context.out, context.err);
+    return DiffSchedules({base::PathOf(line.before), base::PathOf(line.after), base::PathOf(line.csvFolder)},
+                         context.out, context.err);
   if (line.command == "stats")
     return PrintStats(ToStatsOptions(line.stats), context.out, context.err) ? kExitGood : kExitBadData;
   if (line.command == "--version")
@@ -170,7 +174,7 @@ fs::path FindSources(const fs::path& executable) {
     if (folder == folder.parent_path())
       break;
   }
-  const fs::path installed = ZERBAL_PACK_FOLDER;
+  const fs::path installed = base::PathOf(ZERBAL_PACK_FOLDER);
   return fs::exists(installed / kTellTale) ? installed : fs::path();
 }
 

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "base/error.h"
+#include "base/path_text.h"
 #include "zerbal-pack/csv_value.h"
 #include "zerbal-pack/stats_report.h"
 
@@ -14,7 +15,7 @@ StatsOptions ToStatsOptions(const StatsWords& words) {
   if (words.csv && words.json)
     throw base::UsageError("--csv and --json exclude each other");
   StatsOptions options;
-  options.source = words.source;
+  options.source = base::PathOf(words.source);
   if (words.csv)
     options.format = StatsFormat::kCsv;
   if (words.json)

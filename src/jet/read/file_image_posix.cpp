@@ -5,11 +5,9 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
-#include <mutex>
 #include <string>
 #include <system_error>
 #include <utility>
-#include <vector>
 
 #include <fcntl.h>
 #include <sys/mman.h>
@@ -19,24 +17,13 @@
 #include "base/file_steps.h"
 #include "jet/mapped_file_guard.h"
 #include "jet/read/file_image.h"
+#include "jet/read/mapping_slot.h"
 
 namespace zerbal::jet {
 namespace {
 
 // Reading a page of a mapping that lies after the present end of its file raises SIGBUS. The handler maps a
-// page of zeros there, so that the instruction can continue, and sets a flag in the mapping's slot, which the
-// engine checks after every step. A signal handler may not lock, so the list of slots only grows: a slot is
-// never freed, only used again.
-struct Slot {
-  std::atomic<std::uintptr_t> begin{0};
-  std::atomic<std::uintptr_t> end{0};
-  std::atomic<bool> used{false};
-  std::atomic<bool> shrunk{false};
-  Slot* next = nullptr;
-};
-
-std::atomic<Slot*> firstSlot{nullptr};
-std::mutex slotMutex;
+// page of zeros there, so that the instruction can continue, and sets the flag of the mapping's slot.
 struct sigaction previousHandler;
 const auto systemPageSize = static_cast<std::uintptr_t>(sysconf(_SC_PAGESIZE));
 
@@ -57,37 +44,22 @@ void OnBusError(int signal, siginfo_t* info, void* context) {
   const int savedErrno = errno;
   const auto address = reinterpret_cast<std::uintptr_t>(info->si_addr);
   const bool isFault = info->si_code > 0;  // not sent by a process
-  for (Slot* slot = firstSlot.load(); isFault && slot != nullptr; slot = slot->next) {
-    if (address < slot->begin.load() || address >= slot->end.load())
-      continue;
+  if (MappingSlot* slot = isFault ? MappingSlot::At(address) : nullptr) {
     void* page = static_cast<char*>(info->si_addr) - (address & (systemPageSize - 1));
     slot->shrunk.store(true);
-    if (mmap(page, systemPageSize, PROT_READ, MAP_PRIVATE | MAP_ANONYMOUS | MAP_FIXED, -1, 0) == MAP_FAILED)
-      break;
-    errno = savedErrno;
-    return;
+    if (mmap(page, systemPageSize, PROT_READ, MAP_PRIVATE | MAP_ANONYMOUS | MAP_FIXED, -1, 0) != MAP_FAILED) {
+      errno = savedErrno;
+      return;
+    }
   }
   errno = savedErrno;
   PassOn(signal, info, context);
 }
 
-Slot* TakeSlot() {
-  const std::scoped_lock lock(slotMutex);
-  for (Slot* slot = firstSlot.load(); slot != nullptr; slot = slot->next) {
-    if (!slot->used.exchange(true))
-      return slot;
-  }
-  auto* slot = new Slot;
-  slot->used.store(true);
-  slot->next = firstSlot.load();
-  firstSlot.store(slot);
-  return slot;
-}
-
 /// One mapping and its slot.
 class Mapping {
  public:
-  Mapping(void* start, std::size_t size) : start_(start), size_(size), slot_(TakeSlot()) {
+  Mapping(void* start, std::size_t size) : start_(start), size_(size), slot_(MappingSlot::Take()) {
     slot_->shrunk.store(false);
     const auto begin = reinterpret_cast<std::uintptr_t>(start);
     slot_->begin.store(begin);
@@ -107,7 +79,7 @@ class Mapping {
  private:
   void* start_;
   std::size_t size_;
-  Slot* slot_;
+  MappingSlot* slot_;
 };
 
 [[noreturn]] void ThrowSystem(const std::string& what) {
@@ -147,15 +119,6 @@ FileImage MapFile(const std::filesystem::path& file) {
   image.bytes = {static_cast<const std::uint8_t*>(start), size};
   image.shrunk = {mapping, &mapping->Shrunk()};
   image.owner = std::move(mapping);
-  return image;
-}
-
-FileImage ImageOf(std::vector<std::uint8_t> bytes) {
-  auto owner = std::make_shared<const std::vector<std::uint8_t>>(std::move(bytes));
-  FileImage image;
-  image.bytes = {owner->data(), owner->size()};
-  image.shrunk = std::make_shared<const std::atomic<bool>>(false);
-  image.owner = std::move(owner);
   return image;
 }
 

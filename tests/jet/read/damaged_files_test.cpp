@@ -8,7 +8,13 @@
 #include <vector>
 
 #include <gtest/gtest.h>
+#ifdef _WIN32
+#include <windows.h>
+// Needs the former.
+#include <psapi.h>
+#else
 #include <sys/resource.h>
+#endif
 
 #include "jet/database.h"
 #include "jet/format/key.h"
@@ -154,9 +160,15 @@ Bytes Damaged(const Sample& sample, std::mt19937& random) {
 
 /// The most memory that the process has had so far, in bytes.
 std::size_t PeakMemory() {
+#ifdef _WIN32
+  PROCESS_MEMORY_COUNTERS counters = {};
+  GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
+  return counters.PeakWorkingSetSize;
+#else
   rusage usage = {};
   getrusage(RUSAGE_SELF, &usage);
   return static_cast<std::size_t>(usage.ru_maxrss) * 1024;
+#endif
 }
 
 class DamagedFilesTest : public BothFormats {};
