@@ -1,6 +1,6 @@
 ; The installer: for one user, without the rights of an administrator. packaging/windows/pack runs it with
 ; -DVERSION=..., -DFILES=<folder with what is installed> and -DOUT=<the installer>.
-Unicode true
+Target amd64-unicode
 !include "MUI2.nsh"
 
 !define ENTRY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Zerbal"
@@ -41,8 +41,10 @@ Section "Uninstall"
   !include "${REMOVALS}"
   Delete "$INSTDIR\uninstall.exe"
   RMDir "$INSTDIR"
+  RMDir "$LOCALAPPDATA\Programs"  ; when nothing else is in it
   Delete "$SMPROGRAMS\Zerbal\Read me.lnk"
   Delete "$SMPROGRAMS\Zerbal\Remove Zerbal.lnk"
   RMDir "$SMPROGRAMS\Zerbal"
   DeleteRegKey HKCU "${ENTRY}"
+  DeleteRegKey /ifempty HKCU "Software\Microsoft\Windows\CurrentVersion\Uninstall"
 SectionEnd
