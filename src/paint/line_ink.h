@@ -26,6 +26,22 @@ class LineInk {
 
   std::uint32_t Colour() const { return colour_; }
 
+  /// What blending without tables needs.
+  struct Rule {
+    std::uint32_t background;
+    std::uint32_t colour;
+    // The component in which background and colour differ most tells how much of the colour a pixel has. Its
+    // value, inverted where the colour has less of it than the background, is the pixel's level.
+    std::uint32_t shift;
+    std::uint32_t flip;       ///< 0xFF or 0
+    std::int32_t difference;  ///< of background and colour in that component
+    std::int32_t reciprocal;  ///< 2^16 divided by it
+  };
+  Rule ToRule() const {
+    return {background_, colour_,     shift_,
+            flip_,       difference_, kReciprocals[static_cast<std::size_t>(difference_)]};
+  }
+
   /// What a loop over many pixels needs of an ink. It is valid as long as the ink.
   class Brush {
    public:
@@ -70,11 +86,9 @@ class LineInk {
 
   std::uint32_t background_ = 0;
   std::uint32_t colour_ = 0;
-  // The component in which background and colour differ most tells how much of the colour a pixel has. Its
-  // value, inverted where the colour has less of it than the background, is the pixel's level.
-  std::uint32_t shift_ = 0;
+  std::uint32_t shift_ = 0;  ///< these three as in Rule
   std::uint32_t flip_ = 0;
-  std::int32_t difference_ = 0;                      ///< of background and colour in that component
+  std::int32_t difference_ = 0;
   std::array<std::uint32_t, 256> blends_ = {};       ///< per level; no pixel where no blend has it
   std::array<std::uint8_t, kFull + 1> levels_ = {};  ///< on the background, per coverage
 };

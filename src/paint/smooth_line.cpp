@@ -5,13 +5,18 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "paint/line_slices.h"
+#include "paint/processor.h"
+
 namespace zerbal::paint {
 namespace {
 
 constexpr std::int32_t kHalfPixel = kFinePerPixel / 2;
 constexpr int kFineBits = 8;
 /// Positions across the line have 32 bits below the pixel, so that they stay exact along the longest line.
-constexpr int kPixelBits = 32;
+constexpr int kPixelBits = LineSlices::kPositionBits;
+/// Slices of a line that are worth preparing vectors.
+constexpr int kManySlices = 2 * LineSlices::kStep;
 static_assert(kFinePerPixel == 1 << kFineBits && LineInk::kFull == kFinePerPixel);
 
 /// What a line one pixel wide has of a slice, per 256th of its slope.
@@ -100,7 +105,11 @@ class Stepper {
     std::int32_t ofFirst;  ///< 256ths of the slice
     std::int32_t ofLast;
   };
-  void CoverInside(const Parts& parts) const;
+  /// Slices that need no clipping.
+  void CoverInside(Parts parts) const;
+  void CoverOneByOne(const Parts& parts) const;
+  /// Covers most of many slices; what is left of the parts is not covered yet.
+  void CoverInVectors(Parts& parts) const;
   /// One of the slices, clipped.
   void CoverPart(std::int32_t slice, const Parts& parts) const;
   template <typename Limit>
@@ -123,7 +132,46 @@ class Stepper {
   std::int32_t depth_ = 0;  ///< pixels of a slice
 };
 
-void Stepper::CoverInside(const Parts& parts) const {
+void Stepper::CoverInside(Parts parts) const {
+#ifdef ZERBAL_AVX2
+  if (parts.last - parts.first > kManySlices && HasAvx2())
+    CoverInVectors(parts);
+#endif
+  CoverOneByOne(parts);
+}
+
+#ifdef ZERBAL_AVX2
+void Stepper::CoverInVectors(Parts& parts) const {
+  const auto hasRoom = [&](std::int32_t slice) {
+    return (Begin(slice) >> kPixelBits) + LineSlices::Rows(extent_) <= depth_;
+  };
+  // The last slice remains, because it may have a part of the line only.
+  std::int32_t first = parts.first;
+  std::int32_t past = parts.last;
+  if (parts.ofFirst != kFinePerPixel)
+    ++first;
+  while (first < past && !hasRoom(first))
+    ++first;
+  while (first < past && !hasRoom(past - 1))
+    --past;
+  past -= (past - first) % LineSlices::kStep;
+  if (past == first)
+    return;
+  if (parts.first < first)
+    CoverOneByOne({parts.first, first - 1, parts.ofFirst, kFinePerPixel});
+  CoverSlicesByAvx2(ink_.ToRule(), {.pixels = At(first, 0),
+                                    .nextSlice = slice_,
+                                    .next = next_,
+                                    .begin = Begin(first),
+                                    .step = step_,
+                                    .extent = extent_,
+                                    .count = past - first});
+  parts.first = past;
+  parts.ofFirst = kFinePerPixel;
+}
+#endif
+
+void Stepper::CoverOneByOne(const Parts& parts) const {
   const LineInk::Brush brush = ink_.ToBrush();
   const std::ptrdiff_t next = next_;
   const std::ptrdiff_t nextSlice = slice_;

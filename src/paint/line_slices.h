@@ -1,0 +1,31 @@
+// Slices of a line: rows or columns of pixels across it. Internal to `DrawSmoothLine`.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "paint/line_ink.h"
+
+namespace zerbal::paint {
+
+/// Slices without an end of the line. All pixels that `Rows()` of them could need are in the picture.
+struct LineSlices {
+  static constexpr int kStep = 8;
+  static constexpr int kPositionBits = 32;
+
+  std::uint32_t* pixels = nullptr;  ///< of the first slice, where positions are 0
+  std::ptrdiff_t nextSlice = 0;     ///< pixels from one slice to the next
+  std::ptrdiff_t next = 0;          ///< pixels to the next pixel of a slice
+  std::int64_t begin = 0;           ///< position where the line begins in the first slice, in 2^-32 pixels
+  std::int64_t step = 0;            ///< from one slice to the next
+  std::int32_t extent = 0;          ///< of the line in a slice, in 256ths of a pixel; at least one pixel
+  int count = 0;                    ///< a multiple of kStep
+
+  /// The most pixels of one slice that the line can cover.
+  static std::int32_t Rows(std::int32_t extent) { return 1 + (extent + LineInk::kFull - 2) / LineInk::kFull; }
+};
+
+/// Makes the same pixels as `LineInk` does one by one. For processors with AVX2.
+void CoverSlicesByAvx2(const LineInk::Rule& rule, const LineSlices& slices);
+
+}  // namespace zerbal::paint

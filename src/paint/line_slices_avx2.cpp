@@ -1,0 +1,10 @@
+// Compiled for processors with AVX2.
+#include "paint/line_vectors.h"
+
+namespace zerbal::paint {
+
+void CoverSlicesByAvx2(const LineInk::Rule& rule, const LineSlices& slices) {
+  LineVectors(rule).Cover(slices);
+}
+
+}  // namespace zerbal::paint
