@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "base/coordinates.h"
 #include "paint/line_ink.h"
 
 namespace zerbal::paint {
@@ -25,7 +26,19 @@ struct LineSlices {
   static std::int32_t Rows(std::int32_t extent) { return 1 + (extent + LineInk::kFull - 2) / LineInk::kFull; }
 };
 
-/// Makes the same pixels as `LineInk` does one by one. For processors with AVX2.
+/// The ends of a stroke, which are across it.
+struct StrokeEnds {
+  // x is along, y across the slices. The first slice is at 0.
+  FinePoint from;
+  FinePoint to;
+  float slope = 0;
+  float cosine = 0;  ///< of the angle between slices and the stroke's ends
+};
+
+// Make the same pixels as `LineInk` does one by one. For processors with AVX2.
+
 void CoverSlicesByAvx2(const LineInk::Rule& rule, const LineSlices& slices);
+/// `slices.count` need not be a multiple of kStep, but the pixels up to the next multiple are in the picture.
+void CoverStrokeByAvx2(const LineInk::Rule& rule, const LineSlices& slices, const StrokeEnds& ends);
 
 }  // namespace zerbal::paint

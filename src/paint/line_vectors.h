@@ -23,23 +23,21 @@ class LineVectors {
         reciprocal_(rule.reciprocal) {}
 
   void Cover(const LineSlices& slices) const {
-    // What the first pixel of each slice has before the line: where it begins, without whole pixels.
-    Fractions fractions;
-    for (std::uint32_t lane = 0; lane < kLanes; ++lane)
-      fractions[lane] =
-          static_cast<std::uint32_t>(slices.begin) + lane * static_cast<std::uint32_t>(slices.step);
-    const std::uint32_t nextFractions = kLanes * static_cast<std::uint32_t>(slices.step);
-    std::uint32_t* slice = slices.pixels;
-    std::int64_t begin = slices.begin;
-    for (int left = slices.count; left > 0; left -= kLanes, fractions += nextFractions) {
-      std::uint32_t* at[kLanes];
-      for (std::uint32_t*& first : at) {
-        first = slice + (begin >> LineSlices::kPositionBits) * slices.next;
-        slice += slices.nextSlice;
-        begin += slices.step;
-      }
-      CoverLanes(at, slices.next, reinterpret_cast<Numbers>(fractions >> 24), slices.extent);
-    }
+    VisitSlices(slices, [&](std::uint32_t** at, int, const Depths& depths) {
+      CoverLanes(at, slices, depths.before, [](int, Numbers plain) { return plain; });
+    });
+  }
+
+  void Cover(const LineSlices& slices, const StrokeEnds& ends) const {
+    VisitSlices(slices, [&](std::uint32_t** at, int slice, const Depths& depths) {
+      const Numbers number = Ascending() + slice;
+      const Numbers used = number < slices.count;
+      const Numbers along = number * LineInk::kFull + LineInk::kFull / 2;
+      const Numbers across = depths.first * LineInk::kFull + LineInk::kFull / 2;
+      CoverLanes(at, slices, depths.before, [&](int row, Numbers plain) {
+        return Smaller(plain, EndCoverage(ends, along, across + row * LineInk::kFull)) & used;
+      });
+    });
   }
 
  private:
@@ -59,20 +57,77 @@ class LineVectors {
   static Numbers Each(std::uint32_t pixel) {
     return Numbers{} + static_cast<std::int32_t>(pixel);
   }
+  /// The numbers of the lanes.
+  static Numbers Ascending() {
+    Numbers result;
+    for (int lane = 0; lane < kLanes; ++lane)
+      result[lane] = lane;
+    return result;
+  }
+  static Numbers Larger(Numbers a, Numbers b) {
+    return a > b ? a : b;
+  }
+  static Numbers Smaller(Numbers a, Numbers b) {
+    return a < b ? a : b;
+  }
 
-  /// The pixels of one slice per lane: the first pixel has what `before` leaves of it.
-  void CoverLanes(std::uint32_t** at, std::ptrdiff_t next, Numbers before, std::int32_t extent) const {
+  /// Where the line begins in each of kLanes slices.
+  struct Depths {
+    Numbers first;   ///< pixel
+    Numbers before;  ///< 256ths of that pixel
+  };
+
+  /// Gives kLanes slices after the other: pointers to their first pixels, the number of the first one.
+  template <typename Visitor>
+  static void VisitSlices(const LineSlices& slices, const Visitor& visit) {
+    const auto step = static_cast<std::uint32_t>(slices.step);
+    Fractions fractions =
+        static_cast<std::uint32_t>(slices.begin) + reinterpret_cast<Fractions>(Ascending()) * step;
+    std::uint32_t* slice = slices.pixels;
+    std::int64_t begin = slices.begin;
+    for (int number = 0; number < slices.count; number += kLanes, fractions += kLanes * step) {
+      std::uint32_t* at[kLanes];
+      Numbers firsts{};
+      for (int lane = 0; lane < kLanes; ++lane) {
+        const std::int64_t first = begin >> LineSlices::kPositionBits;
+        firsts[lane] = static_cast<std::int32_t>(first);
+        at[lane] = slice + first * slices.next;
+        slice += slices.nextSlice;
+        begin += slices.step;
+      }
+      visit(at, number, Depths{firsts, reinterpret_cast<Numbers>(fractions >> 24)});
+    }
+  }
+
+  /// The pixels of one slice per lane: the first pixel has what `before` leaves of it. `limit` turns the row
+  /// and the coverage by a line without ends into the coverage.
+  template <typename Limit>
+  void CoverLanes(std::uint32_t** at, const LineSlices& slices, Numbers before, const Limit& limit) const {
     Numbers coverage = LineInk::kFull - before;
-    Numbers rest = extent - coverage;
-    for (;;) {
-      CoverPixels(at, coverage);
+    Numbers rest = slices.extent - coverage;
+    for (int row = 0;; ++row) {
+      CoverPixels(at, limit(row, coverage));
       if (!Any(rest > 0))
         return;
-      coverage = rest > LineInk::kFull ? Numbers{} + LineInk::kFull : rest > 0 ? rest : Numbers{};
+      coverage = Smaller(Larger(rest, Numbers{}), Numbers{} + LineInk::kFull);
       rest -= coverage;
       for (int lane = 0; lane < kLanes; ++lane)
-        at[lane] += next;
+        at[lane] += slices.next;
     }
+  }
+
+  /// The most that the ends of a stroke allow: all before them, nothing beyond.
+  static Numbers EndCoverage(const StrokeEnds& ends, Numbers along, Numbers across) {
+    const auto beyond = [&](FinePoint end) {
+      return (__builtin_convertvector(along - end.x, Floats) +
+              __builtin_convertvector(across - end.y, Floats) * ends.slope) *
+             ends.cosine;
+    };
+    const Floats beforeFrom = -beyond(ends.from);
+    const Floats afterTo = beyond(ends.to);
+    const Numbers left =
+        __builtin_convertvector(LineInk::kFull - (beforeFrom > afterTo ? beforeFrom : afterTo), Numbers);
+    return Smaller(Larger(left, Numbers{}), Numbers{} + LineInk::kFull);
   }
 
   static bool Any(Numbers mask) {
@@ -113,10 +168,6 @@ class LineVectors {
     const Numbers blend =
         left == difference_ ? background_ : Mixed(background_, (left & known) * reciprocal_);
     return (pixels == blend) & known;
-  }
-
-  static Numbers Larger(Numbers a, Numbers b) {
-    return a > b ? a : b;
   }
 
   /// The largest distance of a component.

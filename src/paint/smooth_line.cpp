@@ -99,6 +99,20 @@ class Stepper {
     const std::int64_t begin = Begin(slice) >> (kPixelBits - kFineBits);
     return begin >= 0 && (begin + extent_) >> kFineBits < depth_;
   }
+  /// Whether vectors of the slice are inside.
+  bool HasRoom(std::int32_t slice) const {
+    const std::int64_t begin = Begin(slice) >> kPixelBits;
+    return begin >= 0 && begin + LineSlices::Rows(extent_) <= depth_;
+  }
+  LineSlices Slices(std::int32_t first, int count) const {
+    return {.pixels = At(first, 0),
+            .nextSlice = slice_,
+            .next = next_,
+            .begin = Begin(first),
+            .step = step_,
+            .extent = extent_,
+            .count = count};
+  }
   struct Parts {
     std::int32_t first;  ///< slice
     std::int32_t last;
@@ -142,30 +156,21 @@ void Stepper::CoverInside(Parts parts) const {
 
 #ifdef ZERBAL_AVX2
 void Stepper::CoverInVectors(Parts& parts) const {
-  const auto hasRoom = [&](std::int32_t slice) {
-    return (Begin(slice) >> kPixelBits) + LineSlices::Rows(extent_) <= depth_;
-  };
   // The last slice remains, because it may have a part of the line only.
   std::int32_t first = parts.first;
   std::int32_t past = parts.last;
   if (parts.ofFirst != kFinePerPixel)
     ++first;
-  while (first < past && !hasRoom(first))
+  while (first < past && !HasRoom(first))
     ++first;
-  while (first < past && !hasRoom(past - 1))
+  while (first < past && !HasRoom(past - 1))
     --past;
   past -= (past - first) % LineSlices::kStep;
   if (past == first)
     return;
   if (parts.first < first)
     CoverOneByOne({parts.first, first - 1, parts.ofFirst, kFinePerPixel});
-  CoverSlicesByAvx2(ink_.ToRule(), {.pixels = At(first, 0),
-                                    .nextSlice = slice_,
-                                    .next = next_,
-                                    .begin = Begin(first),
-                                    .step = step_,
-                                    .extent = extent_,
-                                    .count = past - first});
+  CoverSlicesByAvx2(ink_.ToRule(), Slices(first, past - first));
   parts.first = past;
   parts.ofFirst = kFinePerPixel;
 }
@@ -268,6 +273,17 @@ void Stepper::DrawStroke() {
   };
   const std::int32_t first = std::max(sliceAt(std::int64_t{from_.x} - reach), 0);
   const std::int32_t last = std::min(sliceAt(std::int64_t{to_.x} + reach), slices_ - 1);
+#ifdef ZERBAL_AVX2
+  if (HasAvx2() && last + LineSlices::kStep <= slices_ && HasRoom(first) &&
+      HasRoom(last + LineSlices::kStep - 1)) {
+    CoverStrokeByAvx2(ink_.ToRule(), Slices(first, last + 1 - first),
+                      {.from = {from_.x - first * kFinePerPixel, from_.y},
+                       .to = {to_.x - first * kFinePerPixel, to_.y},
+                       .slope = static_cast<float>(slope),
+                       .cosine = cosine});
+    return;
+  }
+#endif
   // Slices between these are not near the ends.
   const std::int32_t plainFirst = sliceAt(std::int64_t{from_.x} + reach) + 1;
   const std::int32_t plainLast = sliceAt(std::int64_t{to_.x} - reach) - 1;

@@ -112,22 +112,39 @@ void DrawInTiles(std::vector<std::uint32_t>& pixels, FinePoint from, FinePoint t
   }
 }
 
-TEST_F(LineSlicesTest, LongLinesHaveThePixelsOfTheirPieces) {
-  for (int round = 0; round < 500; ++round) {
+class LinesInTilesTest : public LineSlicesTest {
+ protected:
+  /// Compares a line with itself in tiles, over other colours.
+  void Compare(FinePoint from, FinePoint to, std::int32_t width, LineEnds ends) {
     const std::uint32_t background = Any();
     const LineInk ink(background, Any());
     std::vector<std::uint32_t> pixels = AnyPicture(background, ink);
     std::vector<std::uint32_t> expected = pixels;
-    // From some way outside of the picture, along its edges, and inside.
-    const auto any = [&] { return (Below(kSide + 40) - 20) * kFinePerPixel + Below(kFinePerPixel); };
-    const FinePoint from{any(), any()};
-    const FinePoint to{random_() % 4 == 0 ? from.x + Below(150) : any(),
-                       random_() % 4 == 0 ? from.y + Below(150) : any()};
-    const std::int32_t width = random_() % 2 == 0 ? kFinePerPixel : kFinePerPixel + Below(2 * kFinePerPixel);
-    const LineEnds ends{.openFrom = random_() % 2 == 0, .openTo = random_() % 2 == 0};
     DrawSmoothLine({pixels.data(), kSide, kSide, kSide}, from, to, width, ink, ends);
     DrawInTiles(expected, from, to, width, ink, ends);
-    ASSERT_EQ(pixels, expected) << round;
+    ASSERT_EQ(pixels, expected) << from.x << ' ' << from.y << ' ' << to.x << ' ' << to.y << ' ' << width;
+  }
+  /// Some way outside of the picture, along its edges, and inside.
+  std::int32_t AnyPlace() { return Below((kSide + 40) * kFinePerPixel) - 20 * kFinePerPixel; }
+  std::int32_t AnyWidth() { return kFinePerPixel + (random_() % 2 == 0 ? 0 : Below(3 * kFinePerPixel)); }
+};
+
+TEST_F(LinesInTilesTest, LongLinesHaveThePixelsOfTheirPieces) {
+  for (int round = 0; round < 500; ++round) {
+    const FinePoint from{AnyPlace(), AnyPlace()};
+    const FinePoint to{random_() % 4 == 0 ? from.x + Below(150) : AnyPlace(),
+                       random_() % 4 == 0 ? from.y + Below(150) : AnyPlace()};
+    Compare(from, to, AnyWidth(), {.openFrom = random_() % 2 == 0, .openTo = random_() % 2 == 0});
+  }
+}
+
+TEST_F(LinesInTilesTest, StrokesHaveThePixelsOfTheirPieces) {
+  for (int round = 0; round < 500; ++round) {
+    const FinePoint from{AnyPlace(), AnyPlace()};
+    const std::int32_t reach = random_() % 3 == 0 ? 3 : 30;
+    const auto aside = [&] { return Below(reach * kFinePerPixel) - reach * kFinePerPixel / 2; };
+    const FinePoint to{from.x + aside(), from.y + aside()};
+    Compare(from, to, AnyWidth(), {.flat = true});
   }
 }
 
