@@ -9,7 +9,8 @@
 
 namespace zerbal::paint {
 
-/// Slices without an end of the line. All pixels that `Rows()` of them could need are in the picture.
+/// Slices of a line. All pixels that `Rows()` of them could need are in the picture, also of slices after
+/// them until their number is a multiple of kStep.
 struct LineSlices {
   static constexpr int kStep = 8;
   static constexpr int kPositionBits = 32;
@@ -20,10 +21,16 @@ struct LineSlices {
   std::int64_t begin = 0;           ///< position where the line begins in the first slice, in 2^-32 pixels
   std::int64_t step = 0;            ///< from one slice to the next
   std::int32_t extent = 0;          ///< of the line in a slice, in 256ths of a pixel; at least one pixel
-  int count = 0;                    ///< a multiple of kStep
+  int count = 0;
 
   /// The most pixels of one slice that the line can cover.
   static std::int32_t Rows(std::int32_t extent) { return 1 + (extent + LineInk::kFull - 2) / LineInk::kFull; }
+};
+
+/// What a line has of its first and last slice, in 256ths.
+struct SliceParts {
+  std::int32_t first = LineInk::kFull;
+  std::int32_t last = LineInk::kFull;
 };
 
 /// The ends of a stroke, which are across it.
@@ -37,8 +44,7 @@ struct StrokeEnds {
 
 // Make the same pixels as `LineInk` does one by one. For processors with AVX2.
 
-void CoverSlicesByAvx2(const LineInk::Rule& rule, const LineSlices& slices);
-/// `slices.count` need not be a multiple of kStep, but the pixels up to the next multiple are in the picture.
+void CoverSlicesByAvx2(const LineInk::Rule& rule, const LineSlices& slices, const SliceParts& parts);
 void CoverStrokeByAvx2(const LineInk::Rule& rule, const LineSlices& slices, const StrokeEnds& ends);
 
 }  // namespace zerbal::paint

@@ -3,8 +3,8 @@
 
 namespace zerbal::paint {
 
-void CoverSlicesByAvx2(const LineInk::Rule& rule, const LineSlices& slices) {
-  LineVectors(rule).Cover(slices);
+void CoverSlicesByAvx2(const LineInk::Rule& rule, const LineSlices& slices, const SliceParts& parts) {
+  LineVectors(rule).Cover(slices, parts);
 }
 
 void CoverStrokeByAvx2(const LineInk::Rule& rule, const LineSlices& slices, const StrokeEnds& ends) {

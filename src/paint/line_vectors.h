@@ -22,9 +22,13 @@ class LineVectors {
         difference_(rule.difference),
         reciprocal_(rule.reciprocal) {}
 
-  void Cover(const LineSlices& slices) const {
-    VisitSlices(slices, [&](std::uint32_t** at, int, const Depths& depths) {
-      CoverLanes(at, slices, depths.before, [](int, Numbers plain) { return plain; });
+  void Cover(const LineSlices& slices, const SliceParts& parts) const {
+    VisitSlices(slices, [&](std::uint32_t** at, int slice, const Depths& depths) {
+      const Numbers number = Ascending() + slice;
+      Numbers part = number < slices.count ? Numbers{} + LineInk::kFull : Numbers{};
+      part = number == 0 ? Numbers{} + parts.first : part;
+      part = number == slices.count - 1 ? Smaller(part, Numbers{} + parts.last) : part;
+      CoverLanes(at, slices, depths.before, [&](int, Numbers plain) { return (plain * part) >> 8; });
     });
   }
 
@@ -149,9 +153,6 @@ class LineVectors {
     const Numbers plain = (difference_ * left + LineInk::kFull / 2) >> 8;
     const Numbers distance = Distance(below, colour_);
     const Numbers changes = distance > plain;
-    // Often a line is drawn again, on the way back.
-    if (!Any(changes))
-      return;
     const Numbers onBackground = IsOnBackground(below);
     const Numbers part = onBackground ? plain * reciprocal_
                                       : Larger(plain * Reciprocal(distance), left * (65536 / LineInk::kFull));

@@ -16,7 +16,7 @@ constexpr int kFineBits = 8;
 /// Positions across the line have 32 bits below the pixel, so that they stay exact along the longest line.
 constexpr int kPixelBits = LineSlices::kPositionBits;
 /// Slices of a line that are worth preparing vectors.
-constexpr int kManySlices = 2 * LineSlices::kStep;
+constexpr int kManySlices = 6;
 static_assert(kFinePerPixel == 1 << kFineBits && LineInk::kFull == kFinePerPixel);
 
 /// What a line one pixel wide has of a slice, per 256th of its slope.
@@ -81,7 +81,7 @@ class Stepper {
   }
 
   void DrawPart();
-  void DrawStroke();
+  [[gnu::noinline]] void DrawStroke();
 
  private:
   static std::int32_t MiddleOf(std::int32_t slice) { return slice * kFinePerPixel + kHalfPixel; }
@@ -99,10 +99,15 @@ class Stepper {
     const std::int64_t begin = Begin(slice) >> (kPixelBits - kFineBits);
     return begin >= 0 && (begin + extent_) >> kFineBits < depth_;
   }
-  /// Whether vectors of the slice are inside.
-  bool HasRoom(std::int32_t slice) const {
-    const std::int64_t begin = Begin(slice) >> kPixelBits;
-    return begin >= 0 && begin + LineSlices::Rows(extent_) <= depth_;
+  /// Whether vectors of slices are inside.
+  bool HasRoom(std::int32_t first, std::int32_t count) const {
+    const std::int32_t last =
+        first + (count + LineSlices::kStep - 1) / LineSlices::kStep * LineSlices::kStep - 1;
+    const auto isInside = [&](std::int32_t slice) {
+      const std::int64_t begin = Begin(slice) >> kPixelBits;
+      return begin >= 0 && begin + LineSlices::Rows(extent_) <= depth_;
+    };
+    return last < slices_ && isInside(first) && isInside(last);
   }
   LineSlices Slices(std::int32_t first, int count) const {
     return {.pixels = At(first, 0),
@@ -119,16 +124,18 @@ class Stepper {
     std::int32_t ofFirst;  ///< 256ths of the slice
     std::int32_t ofLast;
   };
-  /// Slices that need no clipping.
-  void CoverInside(Parts parts) const;
-  void CoverOneByOne(const Parts& parts) const;
-  /// Covers most of many slices; what is left of the parts is not covered yet.
-  void CoverInVectors(Parts& parts) const;
+  // Slices that need no clipping. Nearly all coasts have few, so the code for many is apart from that for
+  // few.
+  [[gnu::always_inline]] inline void CoverFew(const Parts& parts) const;
+  [[gnu::noinline]] void CoverMany(const Parts& parts) const;
   /// One of the slices, clipped.
   void CoverPart(std::int32_t slice, const Parts& parts) const;
   template <typename Limit>
   void CoverSlice(std::int32_t slice, const Limit& limit) const;
   std::int32_t EndCoverage(std::int32_t slice, std::int32_t depth, float slope, float cosine) const;
+  /// Draws a stroke, unless it is near an edge of the picture or the processor lacks the instructions.
+  [[gnu::noinline]] bool CoverInVectors(std::int32_t first, std::int32_t last, float slope,
+                                        float cosine) const;
 
   const LineInk& ink_;
   std::uint32_t* pixels_;
@@ -146,37 +153,7 @@ class Stepper {
   std::int32_t depth_ = 0;  ///< pixels of a slice
 };
 
-void Stepper::CoverInside(Parts parts) const {
-#ifdef ZERBAL_AVX2
-  if (parts.last - parts.first > kManySlices && HasAvx2())
-    CoverInVectors(parts);
-#endif
-  CoverOneByOne(parts);
-}
-
-#ifdef ZERBAL_AVX2
-void Stepper::CoverInVectors(Parts& parts) const {
-  // The last slice remains, because it may have a part of the line only.
-  std::int32_t first = parts.first;
-  std::int32_t past = parts.last;
-  if (parts.ofFirst != kFinePerPixel)
-    ++first;
-  while (first < past && !HasRoom(first))
-    ++first;
-  while (first < past && !HasRoom(past - 1))
-    --past;
-  past -= (past - first) % LineSlices::kStep;
-  if (past == first)
-    return;
-  if (parts.first < first)
-    CoverOneByOne({parts.first, first - 1, parts.ofFirst, kFinePerPixel});
-  CoverSlicesByAvx2(ink_.ToRule(), Slices(first, past - first));
-  parts.first = past;
-  parts.ofFirst = kFinePerPixel;
-}
-#endif
-
-void Stepper::CoverOneByOne(const Parts& parts) const {
+inline void Stepper::CoverFew(const Parts& parts) const {
   const LineInk::Brush brush = ink_.ToBrush();
   const std::ptrdiff_t next = next_;
   const std::ptrdiff_t nextSlice = slice_;
@@ -196,6 +173,27 @@ void Stepper::CoverOneByOne(const Parts& parts) const {
     brush.Cover(*at, (rest * part) >> kFineBits);
     part = kFinePerPixel;
   }
+}
+
+void Stepper::CoverMany(const Parts& parts) const {
+#ifdef ZERBAL_AVX2
+  if (HasAvx2()) {
+    const std::int32_t count = parts.last + 1 - parts.first;
+    if (HasRoom(parts.first, count)) {
+      CoverSlicesByAvx2(ink_.ToRule(), Slices(parts.first, count), {parts.ofFirst, parts.ofLast});
+      return;
+    }
+    // Only the ends are near an edge of the picture.
+    constexpr std::int32_t kStep = LineSlices::kStep;
+    if (count >= 2 * kStep) {
+      const std::int32_t middle = parts.first + (count / 2 + kStep - 1) / kStep * kStep;
+      CoverMany({parts.first, middle - 1, parts.ofFirst, kFinePerPixel});
+      CoverMany({middle, parts.last, kFinePerPixel, parts.ofLast});
+      return;
+    }
+  }
+#endif
+  CoverFew(parts);
 }
 
 /// `limit` turns the depth of a pixel and its coverage by a line without ends into the coverage.
@@ -247,7 +245,10 @@ void Stepper::DrawPart() {
     CoverPart(parts.last, parts);
     parts.ofLast = kFinePerPixel;
   }
-  CoverInside(parts);
+  if (parts.last - parts.first < kManySlices)
+    CoverFew(parts);
+  else
+    CoverMany(parts);
 }
 
 /// The most that the ends of a stroke allow: all before them, nothing beyond.
@@ -262,6 +263,20 @@ std::int32_t Stepper::EndCoverage(std::int32_t slice, std::int32_t depth, float 
   return static_cast<std::int32_t>(std::clamp(kFull - distance, 0.0F, kFull));
 }
 
+bool Stepper::CoverInVectors(std::int32_t first, std::int32_t last, float slope, float cosine) const {
+#ifdef ZERBAL_AVX2
+  if (HasRoom(first, last + 1 - first) && HasAvx2()) {
+    CoverStrokeByAvx2(ink_.ToRule(), Slices(first, last + 1 - first),
+                      {.from = {from_.x - first * kFinePerPixel, from_.y},
+                       .to = {to_.x - first * kFinePerPixel, to_.y},
+                       .slope = slope,
+                       .cosine = cosine});
+    return true;
+  }
+#endif
+  return false;
+}
+
 void Stepper::DrawStroke() {
   const double slope = std::ldexp(static_cast<double>(step_), -kPixelBits);
   const double slant = std::sqrt(1 + slope * slope);
@@ -273,17 +288,8 @@ void Stepper::DrawStroke() {
   };
   const std::int32_t first = std::max(sliceAt(std::int64_t{from_.x} - reach), 0);
   const std::int32_t last = std::min(sliceAt(std::int64_t{to_.x} + reach), slices_ - 1);
-#ifdef ZERBAL_AVX2
-  if (HasAvx2() && last + LineSlices::kStep <= slices_ && HasRoom(first) &&
-      HasRoom(last + LineSlices::kStep - 1)) {
-    CoverStrokeByAvx2(ink_.ToRule(), Slices(first, last + 1 - first),
-                      {.from = {from_.x - first * kFinePerPixel, from_.y},
-                       .to = {to_.x - first * kFinePerPixel, to_.y},
-                       .slope = static_cast<float>(slope),
-                       .cosine = cosine});
+  if (CoverInVectors(first, last, static_cast<float>(slope), cosine))
     return;
-  }
-#endif
   // Slices between these are not near the ends.
   const std::int32_t plainFirst = sliceAt(std::int64_t{from_.x} + reach) + 1;
   const std::int32_t plainLast = sliceAt(std::int64_t{to_.x} - reach) - 1;

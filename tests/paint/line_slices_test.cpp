@@ -46,7 +46,7 @@ class LineSlicesTest : public testing::Test {
     slices.begin = kSide / 4 * kPixel + static_cast<std::int64_t>(random_());
     slices.step = static_cast<std::int64_t>(random_()) - kPixel / 2;
     slices.extent = LineInk::kFull + Below(3 * LineInk::kFull);
-    slices.count = LineSlices::kStep * (1 + Below(3));
+    slices.count = 1 + Below(3 * LineSlices::kStep);
     return slices;
   }
 
@@ -54,14 +54,16 @@ class LineSlicesTest : public testing::Test {
 };
 
 /// Pixel by pixel.
-void CoverSlowly(const LineInk& ink, const LineSlices& slices) {
+void CoverSlowly(const LineInk& ink, const LineSlices& slices, const SliceParts& parts) {
   for (int slice = 0; slice < slices.count; ++slice) {
     const std::int64_t begin = (slices.begin + slice * slices.step) >> (LineSlices::kPositionBits - 8);
     const std::int64_t end = begin + slices.extent;
+    const std::int32_t part = std::min(slice == 0 ? parts.first : LineInk::kFull,
+                                       slice == slices.count - 1 ? parts.last : LineInk::kFull);
     for (std::int64_t row = begin / 256; row * 256 < end; ++row) {
       const std::int64_t coverage = std::min(row * 256 + 256, end) - std::max(row * 256, begin);
       ink.Cover(slices.pixels[slice * slices.nextSlice + row * slices.next],
-                static_cast<std::int32_t>(coverage));
+                static_cast<std::int32_t>(coverage * part / LineInk::kFull));
     }
   }
 }
@@ -73,18 +75,19 @@ TEST_F(LineSlicesTest, VectorsMakeTheSamePixels) {
     std::vector<std::uint32_t> expected = AnyPicture(background, ink);
     std::vector<std::uint32_t> pixels = expected;
     LineSlices slices = AnySlices(expected);
-    CoverSlowly(ink, slices);
+    const SliceParts parts{Below(LineInk::kFull + 1), Below(LineInk::kFull + 1)};
+    CoverSlowly(ink, slices, parts);
     slices.pixels = pixels.data();
 #ifdef ZERBAL_AVX2
     if (HasAvx2()) {
       std::vector<std::uint32_t> others = pixels;
       LineSlices same = slices;
       same.pixels = others.data();
-      CoverSlicesByAvx2(ink.ToRule(), same);
+      CoverSlicesByAvx2(ink.ToRule(), same, parts);
       ASSERT_EQ(others, expected) << round;
     }
 #endif
-    LineVectors(ink.ToRule()).Cover(slices);
+    LineVectors(ink.ToRule()).Cover(slices, parts);
     ASSERT_EQ(pixels, expected) << round;
   }
 }
