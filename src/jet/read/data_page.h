@@ -24,12 +24,13 @@ class DataPage {
   ByteView Row(unsigned row) const {
     if (row >= rowCount_)
       ThrowNoRow();
-    const std::size_t start = Entry(row) & kRowStartMask;
-    const std::size_t end = row == 0 ? page_.Size() : Entry(row - 1) & kRowStartMask;
-    if (start < DirectoryEnd() || start > end || end > page_.Size())
+    const Extent extent = ExtentOf(row);
+    if (!IsOnPage(extent))
       ThrowOffPage();
-    return {page_.Data() + start, end - start};
+    return {page_.Data() + extent.start, extent.end - extent.start};
   }
+  /// Whether a row of the directory lies between the directory and the page's end.
+  bool Holds(unsigned row) const { return IsOnPage(ExtentOf(row)); }
 
   [[noreturn]] static void ThrowOffPage();  ///< Damage: a row is not between the directory and the page's end
 
@@ -39,6 +40,17 @@ class DataPage {
 
  private:
   [[noreturn]] static void ThrowNoRow();
+  struct Extent {
+    std::size_t start;
+    std::size_t end;
+  };
+  Extent ExtentOf(unsigned row) const {
+    const std::size_t end = row == 0 ? page_.Size() : Entry(row - 1) & kRowStartMask;
+    return {std::size_t{Entry(row)} & kRowStartMask, end};
+  }
+  bool IsOnPage(const Extent& extent) const {
+    return extent.start >= DirectoryEnd() && extent.start <= extent.end && extent.end <= page_.Size();
+  }
   std::uint16_t Entry(unsigned row) const { return page_.U16(directory_ + kDirectoryEntrySize * row); }
 
   ByteView page_;

@@ -35,6 +35,8 @@ class RowWalk {
     ZERBAL_ASSERT(row_ < page_.RowCount());
     return FollowRow(*pages_, page_, row_, owner_);
   }
+  /// Whether the row lies on its page; otherwise RowBytes throws.
+  bool RowIsOnPage() const { return page_.Holds(row_); }
 
  private:
   bool Find(std::uint32_t number, bool forward);

@@ -24,26 +24,34 @@ class RowKey {
   RowKey(const DatabaseState& database, const TableDefinition& table, const PhysicalIndex& tree)
       : database_(database), table_(table), tree_(tree) {}
 
-  /// False for a row that has no entry in the index.
+  /// False for a row that has no entry in the index. The key of a damaged row is that of Null.
   bool Make(const RowWalk& walk) {
-    key_.clear();
-    bool empty = true;
-    try {
-      const Row row(walk.RowBytes(), database_.pages.FileFormat(), table_.hasVariableColumns);
-      for (const PhysicalIndex::Part& part : tree_.parts)
-        empty = !Append(row, part) && empty;
-    } catch (const Damage&) {
-      key_.clear();
-      for (const PhysicalIndex::Part& part : tree_.parts)
-        AppendNullKey(part.ascending, key_);
-      return true;
+    // Thousands of rows may not lie on their pages; throwing for each takes long.
+    if (walk.RowIsOnPage()) {
+      try {
+        return Append(walk.RowBytes());
+      } catch (const Damage&) {
+      }
     }
-    return !empty || (tree_.flags & kIndexIgnoreNulls) == 0;
+    key_.clear();
+    for (const PhysicalIndex::Part& part : tree_.parts)
+      AppendNullKey(part.ascending, key_);
+    return true;
   }
 
   std::span<const std::uint8_t> Bytes() const { return key_; }
 
  private:
+  /// False for a row that has no entry in the index.
+  bool Append(ByteView bytes) {
+    key_.clear();
+    bool empty = true;
+    const Row row(bytes, database_.pages.FileFormat(), table_.hasVariableColumns);
+    for (const PhysicalIndex::Part& part : tree_.parts)
+      empty = !Append(row, part) && empty;
+    return !empty || (tree_.flags & kIndexIgnoreNulls) == 0;
+  }
+
   /// False for Null.
   bool Append(const Row& row, const PhysicalIndex::Part& part) {
     const auto at = static_cast<std::size_t>(part.column);
