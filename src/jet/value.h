@@ -6,17 +6,11 @@
 #include <variant>
 #include <vector>
 
+#include "base/null.h"
+
 namespace zerbal::jet {
 
-/// Copied by functions of its own on purpose: libstdc++ 12 takes a variant of trivial types, strings and
-/// vectors for one that always has a value, and destroys a value that is not there when memory runs out in a
-/// copy.
-struct Null {
-  Null() = default;
-  Null(const Null&) noexcept {}
-  Null& operator=(const Null&) noexcept { return *this; }
-  bool operator==(const Null&) const = default;
-};
+using base::Null;
 
 /// A value for one column. DatabaseWriter refuses a value that does not fit its column (type, range, length)
 /// with an EngineError that names table, column and row. Accepted are:

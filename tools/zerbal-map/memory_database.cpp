@@ -20,7 +20,7 @@ int Bind(sqlite3_stmt* statement, int column, const SqlValue& value) {
   return std::visit(
       [=](const auto& one) {
         using Type = std::decay_t<decltype(one)>;
-        if constexpr (std::is_same_v<Type, std::monostate>)
+        if constexpr (std::is_same_v<Type, base::Null>)
           return sqlite3_bind_null(statement, column);
         else if constexpr (std::is_same_v<Type, std::string>)
           return sqlite3_bind_text64(statement, column, one.data(), one.size(), kInPlace, SQLITE_UTF8);
@@ -44,7 +44,12 @@ std::string InsertText(const std::string& table, std::size_t columns) {
 }  // namespace
 
 MemoryDatabase::MemoryDatabase() {
-  Check(sqlite3_open(":memory:", &database_));
+  try {
+    Check(sqlite3_open(":memory:", &database_));
+  } catch (...) {
+    sqlite3_close(database_);
+    throw;
+  }
 }
 
 MemoryDatabase::~MemoryDatabase() {

@@ -6,6 +6,8 @@
 #include <variant>
 #include <vector>
 
+#include "base/null.h"
+
 struct sqlite3;
 
 namespace zerbal::mapcommand {
@@ -14,8 +16,7 @@ struct Blob {
   std::string bytes;
 };
 
-/// monostate is NULL.
-using SqlValue = std::variant<std::monostate, std::string, std::int64_t, double, bool, Blob>;
+using SqlValue = std::variant<base::Null, std::string, std::int64_t, double, bool, Blob>;
 using SqlRow = std::vector<SqlValue>;
 
 /// Every failure is a base::Error with the message of SQLite.

@@ -46,7 +46,7 @@ std::string ValueText(const Attribute& attribute, std::string (*escape)(std::str
   return std::visit(
       [=](const auto& value) -> std::string {
         using Type = std::decay_t<decltype(value)>;
-        if constexpr (std::is_same_v<Type, std::monostate>)
+        if constexpr (std::is_same_v<Type, base::Null>)
           return "";
         else if constexpr (std::is_same_v<Type, std::string>)
           return escape(value);

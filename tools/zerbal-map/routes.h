@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "base/coordinates.h"
+#include "base/null.h"
 #include "data/rgb.h"
 
 namespace zerbal::mapcommand {
@@ -58,9 +59,9 @@ struct Routes {
 struct Attribute {
   const char* name;
   const char* type;  ///< in SQL
-  std::variant<std::monostate, std::string, std::int64_t, double, bool> value;
+  std::variant<base::Null, std::string, std::int64_t, double, bool> value;
 
-  bool IsNull() const { return std::holds_alternative<std::monostate>(value); }
+  bool IsNull() const { return std::holds_alternative<base::Null>(value); }
 };
 
 std::vector<Attribute> AttributesOf(const RouteFlight& flight, const RouteService& service);
