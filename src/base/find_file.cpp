@@ -1,13 +1,14 @@
 #include "base/find_file.h"
 
 #include <algorithm>
-#include <exception>
 #include <iterator>
 #include <string>
 #include <system_error>
 #include <vector>
 
 #include "base/case_folding.h"
+#include "base/folder_names.h"
+#include "base/path_text.h"
 
 namespace zerbal::base {
 
@@ -17,13 +18,12 @@ namespace {
 
 /// The entries of `folder` whose names differ from `name` in nothing but letter case, in byte order.
 std::vector<fs::path> OtherSpellings(const fs::path& folder, const fs::path& name) {
-  std::error_code error;
   std::vector<fs::path> others;
-  const std::string wanted = LowerAscii(name.string());
-  for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
-    const fs::path found = entry->path().filename();
-    if (found != name && LowerAscii(found.string()) == wanted)
-      others.push_back(folder / found);
+  const std::string own = name.string();
+  const std::string wanted = LowerAscii(own);
+  for (const std::string& found : NamesInFolder(folder)) {
+    if (found != own && LowerAscii(found) == wanted)
+      others.push_back(folder / PathOf(found));
   }
   std::sort(others.begin(), others.end());
   return others;
@@ -58,7 +58,7 @@ std::optional<fs::path> FindFile(const fs::path& folder, const fs::path& relativ
     return std::nullopt;
   try {
     return FindBelow(folder, relativeName.begin(), relativeName.end());
-  } catch (const std::exception&) {
+  } catch (const std::system_error&) {
     return std::nullopt;
   }
 }

@@ -36,17 +36,7 @@ class DiffCommand : public test::CommandTest {
         << err.str();
   }
 
-  /// Schedules that differ in everything.
-  void WriteBoth() {
-    WriteScheduleFiles(folder / "old",
-                       "X,N9,N9,A,B,\nX,N10,N10,A,B,C\nX,N11,N11,B,A,\nY,N12,N12,C,A,\nX,N13,K13,D,A,\n"
-                       "X,N14,K14,D,B,\n",
-                       "ABCD");
-    WriteScheduleFiles(folder / "new",
-                       "X,N10,N10,A,B,D\nX,N21,N21,B,A,\nX,N12,N12,C,A,\nX,N100,N100,A,E,\nX,N20,N20,A,E,C\n"
-                       "X,N15,K14,D,E,\n",
-                       "ABDCE", "Service,Line,Name,Red,Green,Blue\nX,1,Ex,1,2,3\n");
-  }
+  void WriteBoth() { test::WriteDifferentSchedules(folder / "old", folder / "new"); }
 };
 
 TEST_F(DiffCommand, PrintsEveryKindOfDifference) {

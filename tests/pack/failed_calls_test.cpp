@@ -7,11 +7,11 @@
 
 #include <gtest/gtest.h>
 
+#include "pack/build_sources.h"
 #include "pack/command_test.h"
 #include "pack/pack_fixture.h"
 #include "pack/ssim_lines.h"
 #include "support/failing_calls.h"
-#include "zerbal-pack/build.h"
 
 namespace zerbal::pack {
 namespace {
@@ -78,32 +78,17 @@ TEST_F(FailedCalls, OfScheduleExportAndAirportsLeaveOldOrNewFiles) {
   EXPECT_GT(FailEach({"airports", "--out", Name("all.mdb"), Name("a.csv")}, {{"all.mdb", "old"}}), 5);
 }
 
-std::vector<TableSize> OneTableMap(const fs::path& parent, const std::function<void(double)>&) {
-  test::WritePoints(parent / "app_map" / "coast.mdb", {"wcl"});
-  return {};
-}
-
-/// The sources of the sample data with two airports.
-void CopySmallSources(const fs::path& sources) {
-  fs::create_directory(sources);
-  for (const char* file : {"colours.csv", "fonts.csv", "regions.csv", "zblrev.ini"})
-    fs::copy_file(test::kPackFolder / file, sources / file);
-}
-
 TEST_F(FailedCalls, OfBuildChangeAllOrNothing) {
   Run(import);
   const fs::path sources = folder / "sources";
-  CopySmallSources(sources);
-  for (const char* file : {"services.csv", "destinations.csv", "flights.csv"})
-    fs::copy_file(folder / "o" / file, sources / file);
-  fs::copy_file(folder / "o" / "destinations.csv", sources / "airports.csv");
+  test::CopySmallSources(folder / "o", sources);
   std::string error;
   const auto build = [&](const fs::path& out) {
     error.clear();
     try {
       Problems problems;
       BuildFolder(
-          {out, sources}, OneTableMap, [](double, const std::string&) {}, problems);
+          {out, sources}, test::OneTableMap, [](double, const std::string&) {}, problems);
       EXPECT_TRUE(problems.Empty());
     } catch (const std::exception& e) {
       error = e.what();

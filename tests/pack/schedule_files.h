@@ -33,4 +33,16 @@ inline void WriteScheduleFiles(const std::filesystem::path& folder, const std::s
   zerbal::test::WriteBytes(folder / "flights.csv", "Service,Flight,Key,From,To,Stop 1\n" + flights);
 }
 
+/// Two schedules that differ in everything.
+inline void WriteDifferentSchedules(const std::filesystem::path& before, const std::filesystem::path& after) {
+  WriteScheduleFiles(before,
+                     "X,N9,N9,A,B,\nX,N10,N10,A,B,C\nX,N11,N11,B,A,\nY,N12,N12,C,A,\nX,N13,K13,D,A,\n"
+                     "X,N14,K14,D,B,\n",
+                     "ABCD");
+  WriteScheduleFiles(after,
+                     "X,N10,N10,A,B,D\nX,N21,N21,B,A,\nX,N12,N12,C,A,\nX,N100,N100,A,E,\nX,N20,N20,A,E,C\n"
+                     "X,N15,K14,D,E,\n",
+                     "ABDCE", "Service,Line,Name,Red,Green,Blue\nX,1,Ex,1,2,3\n");
+}
+
 }  // namespace zerbal::pack::test

@@ -1,6 +1,7 @@
 #include "zerbal-map/progress.h"
 
 #include <cmath>
+#include <iomanip>
 #include <ostream>
 #include <utility>
 
@@ -17,7 +18,7 @@ ProgressLine::ProgressLine(std::ostream& out, bool shown, Clock clock)
 
 ProgressLine::~ProgressLine() {
   if (!line_.empty())
-    out_ << '\r' << std::string(line_.size(), ' ') << '\r' << std::flush;
+    out_ << '\r' << std::setw(static_cast<int>(line_.size())) << "" << '\r' << std::flush;
 }
 
 void ProgressLine::Show(std::optional<double> done) {

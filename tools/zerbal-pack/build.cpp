@@ -1,7 +1,7 @@
 #include "zerbal-pack/build.h"
 
-#include <fstream>
-#include <sstream>
+#include <algorithm>
+#include <string_view>
 #include <utility>
 
 #include "base/file_replacement.h"
@@ -27,21 +27,19 @@ struct Sources {
   std::string revision;
 };
 
+/// "" when the file cannot be read.
 std::string ReadText(const fs::path& file) {
-  std::ifstream stream(file, std::ios::binary);
-  std::ostringstream text;
-  if (stream)
-    text << stream.rdbuf();
-  return text.str();
+  return base::ReadFile(file).value_or("");
 }
 
 /// The revision file with the line ends of settings files, and the mark at the end.
 std::string RevisionText(const std::string& source) {
-  std::istringstream lines(source);
   std::string text;
-  for (std::string line; std::getline(lines, line);) {
+  for (std::string_view rest = source; !rest.empty();) {
+    std::string_view line = rest.substr(0, rest.find('\n'));
+    rest.remove_prefix(std::min(line.size() + 1, rest.size()));
     if (line.ends_with('\r'))
-      line.pop_back();
+      line.remove_suffix(1);
     text.append(line).append("\r\n");
   }
   return text.append("\r\n[Pack]\r\n").append(kMark).append("\r\n");

@@ -1,9 +1,9 @@
 #include "zerbal-pack/csv_table.h"
 
+#include <array>
 #include <fstream>
 #include <map>
 #include <optional>
-#include <sstream>
 #include <utility>
 #include <variant>
 
@@ -245,6 +245,21 @@ class TableReader {
   std::map<std::string, Keys> keys_;  // by the column's name
 };
 
+/// All bytes of a file or pipe; nullopt when they cannot be read. A stream that appends to a text by itself
+/// would take a text for which there is no memory for one that ends there.
+std::optional<std::string> WholeFile(const std::filesystem::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  std::string bytes;
+  std::array<char, 1U << 14U> part;
+  while (stream) {
+    stream.read(part.data(), part.size());
+    bytes.append(part.data(), static_cast<std::size_t>(stream.gcount()));
+  }
+  if (!stream.eof() || stream.bad())
+    return std::nullopt;
+  return bytes;
+}
+
 }  // namespace
 
 std::string_view CsvRow::Text(std::size_t column) const {
@@ -270,18 +285,15 @@ CsvTable ParseCsvTable(std::string_view text, std::string fileName, const TableL
 }
 
 CsvTable ReadCsvTable(const std::filesystem::path& file, const TableLayout& layout, Problems& problems) {
-  std::ifstream stream(file, std::ios::binary);
-  std::ostringstream text;
-  if (stream)
-    text << stream.rdbuf();
-  if (!stream || stream.bad() || std::filesystem::is_directory(file)) {
+  const std::optional<std::string> bytes = WholeFile(file);
+  if (!bytes) {
     problems.Add({file.string(), 0, "", "cannot be read"});
     CsvTable none;
     none.layout = &layout;
     none.file = file.string();
     return none;
   }
-  return ParseCsvTable(text.str(), file.string(), layout, problems);
+  return ParseCsvTable(*bytes, file.string(), layout, problems);
 }
 
 }  // namespace zerbal::pack

@@ -6,6 +6,7 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include "zerbal-pack/folder_steps.h"
 
@@ -28,7 +29,12 @@ fs::path MakeWorkFolder(const fs::path& prefix) {
   const mode_t mask = umask(0);
   umask(mask);
   chmod(pattern.c_str(), 0777 & ~mask);
-  return pattern;
+  try {
+    return fs::path(pattern);
+  } catch (...) {
+    rmdir(pattern.c_str());
+    throw;
+  }
 }
 
 void ExchangeFolders(const fs::path& a, const fs::path& b) {

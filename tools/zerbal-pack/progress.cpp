@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iomanip>
 #include <ostream>
 
 namespace zerbal::pack {
@@ -14,7 +15,8 @@ constexpr int kBarWidth = 40;  // characters
 
 ProgressBar::~ProgressBar() {
   if (!line_.empty())
-    out_ << "\r" << std::string(line_.size(), ' ') << "\r" << std::flush;
+    out_ << "\r" << std::setw(static_cast<int>(line_.size())) << ""
+         << "\r" << std::flush;
 }
 
 void ProgressBar::Show(double done, const std::string& what) {

@@ -1,14 +1,31 @@
 #include "zerbal-pack/staged_folders.h"
 
+#include <exception>
+#include <new>
 #include <system_error>
 #include <utility>
 
+#include "base/folder_names.h"
 #include "base/path_text.h"
 #include "zerbal-pack/folder_steps.h"
 
 namespace zerbal::pack {
 
 namespace fs = std::filesystem;
+
+namespace {
+
+/// As far as possible. Throws std::bad_alloc, with which std::filesystem::remove_all ends the program.
+void RemoveAll(const fs::path& path) {
+  std::error_code ignored;
+  if (fs::is_directory(fs::symlink_status(path, ignored))) {
+    for (const std::string& name : base::NamesInFolder(path))
+      RemoveAll(path / base::PathOf(name));
+  }
+  fs::remove(path, ignored);
+}
+
+}  // namespace
 
 StagedFolders::StagedFolders(const fs::path& target, std::vector<std::string> names)
     : target_(fs::absolute(target).lexically_normal()), names_(std::move(names)) {
@@ -34,10 +51,16 @@ StagedFolders::~StagedFolders() {
   RemoveWorkFolder();
 }
 
+/// When there is no memory for it, it is tried once more: the rest of the build may be freed by then.
 void StagedFolders::RemoveWorkFolder() noexcept {
-  std::error_code ignored;
-  if (!work_.empty())
-    fs::remove_all(work_, ignored);
+  for (int i = 0; i < 2 && !work_.empty(); ++i) {
+    try {
+      RemoveAll(work_);
+      return;
+    } catch (const std::bad_alloc&) {
+      continue;
+    }
+  }
 }
 
 void StagedFolders::Commit() {
@@ -71,7 +94,7 @@ void StagedFolders::SwapBack(std::size_t count) noexcept {
         ExchangeFolders(work_ / names_[i], target_ / names_[i]);
       else
         fs::rename(target_ / names_[i], work_ / names_[i]);
-    } catch (const fs::filesystem_error&) {
+    } catch (const std::exception&) {
       continue;  // continues with the others
     }
   }
