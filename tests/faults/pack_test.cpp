@@ -194,8 +194,9 @@ TEST_F(PackWithoutMemory, BuildsAFolderOrNothing) {
       const Content& expected = good ? fresh : old;
       EXPECT_TRUE((std::filesystem::exists(target) ? FolderContent(target) : Content()) == expected);
       EXPECT_EQ(zerbal::test::NamesIn(folder / "out").size(), expected.empty() ? 0U : 1U);
-      if (!expected.empty())
+      if (!expected.empty()) {
         EXPECT_EQ(zerbal::test::NamesIn(target).size(), good ? 2U : 1U);
+      }
     };
     const auto work = [&] { good = Succeeds([&] { return build(target); }); };
     EXPECT_GT(FailEachAllocation(prepare, work, check, 211), 50);
@@ -228,8 +229,9 @@ TEST_F(PackWithoutMemory, ReplacesFoldersOrLeavesThem) {
       const std::size_t folders = good ? 2 : there ? 1 : 0;
       EXPECT_EQ(std::filesystem::exists(target) ? zerbal::test::NamesIn(target).size() : 0U, folders);
       EXPECT_EQ(FolderContent(folder.Path()).size(), 2 + folders);
-      if (folders > 0)
+      if (folders > 0) {
         EXPECT_EQ(zerbal::test::ReadBytes(target / "a" / "x"), good ? "" : "old");
+      }
       EXPECT_EQ(zerbal::test::NamesIn(folder.Path()).size(), folders > 0 ? 3U : 2U);
     };
     EXPECT_GT(FailEachAllocation(prepare, work, check), 20);
