@@ -21,8 +21,9 @@ TEST_F(FailedCallsTest, LeaveTheOldOrTheNewFile) {
     const auto check = [&](const std::string& failed) {
       // Closing the old file, which was only opened to see whether it can be written, may fail.
       EXPECT_TRUE(status == 1 || failed == "close") << name << ": " << failed;
-      if (status != 0)
+      if (status != 0) {
         EXPECT_NE(errors.str().find("No space left on device"), std::string::npos) << errors.str();
+      }
       const std::string bytes = ReadBytes(folder / name);
       const bool mayBeNew = status == 0 || failed == "flush";
       EXPECT_TRUE((mayBeNew && bytes.size() == size) || (status != 0 && bytes == "old"))

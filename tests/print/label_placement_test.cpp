@@ -117,10 +117,12 @@ TEST(PlaceLabels, LeavesOutNothingThatHasAFreePlace) {
         return false;
     return TwipBox{0, 0, kSide, kSide}.Holds(box);
   };
-  for (std::size_t i = 0; i < chosen.size(); ++i)
-    if (!chosen[i])
-      for (const TwipBox& box : map.labels[i].places)
-        EXPECT_FALSE(isFree(box)) << i;
+  for (std::size_t i = 0; i < chosen.size(); ++i) {
+    if (chosen[i])
+      continue;
+    for (const TwipBox& box : map.labels[i].places)
+      EXPECT_FALSE(isFree(box)) << i;
+  }
 }
 
 TEST(BoxGrid, FindsBoxesBeyondItsArea) {

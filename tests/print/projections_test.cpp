@@ -54,8 +54,9 @@ TEST(Projections, APositionIsFoundAtItsPlace) {
         ++visible;
         const auto back = projection->Unproject(*place);
         ASSERT_TRUE(back || Length(*place, {10'000, 6'000}) > 5'900) << static_cast<int>(kind);
-        if (back && data::GreatCircleMetres(position, {10, 50}) < 4e6)
+        if (back && data::GreatCircleMetres(position, {10, 50}) < 4e6) {
           ASSERT_LT(*data::GreatCircleMetres(position, *back), 2'000) << static_cast<int>(kind);
+        }
       }
       EXPECT_GT(visible, 100) << static_cast<int>(kind);
     }
