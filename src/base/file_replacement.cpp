@@ -164,12 +164,12 @@ struct FileReplacement::State {
   void Create(mode_t mode) {
     if (folder.Error() != 0)
       Fail(kCannotCreate, folder.Error());
-    for (int i = 0; !present; ++i) {
+    for (int tries = 1; !present; ++tries) {
       mark.Clear();
       temporary = FolderOf(target) / TemporaryName();
       mark.Set(temporary.c_str());
       present = file.Open(temporary, O_WRONLY | O_CREAT | O_EXCL, mode);
-      if (!present && (errno != EEXIST || i == kTemporaryNameTries))
+      if (!present && (errno != EEXIST || tries == kTemporaryNameTries))
         Fail(kCannotCreate, errno);
     }
   }

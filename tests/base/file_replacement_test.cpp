@@ -1,9 +1,11 @@
 // Files replaced as a whole. tests/settings/profile_file_failures_test.cpp has what concerns ChangeFile.
 #include "base/file_replacement.h"
 
+#include <cerrno>
 #include <string>
 #include <vector>
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 
 #include "base/error.h"
@@ -100,6 +102,30 @@ TEST(FileReplacement, NamesTheFileThatCannotBeReplaced) {
     EXPECT_EQ(error.what(),
               "File '" + missing.string() + "': cannot create the file: No such file or directory");
   }
+}
+
+/// Other programs create the first temporary files.
+class TakenNames : public FileSteps {
+ public:
+  explicit TakenNames(int taken) : left_(taken) {}
+  int Open(const char* path, int flags, mode_t mode) override {
+    if ((flags & O_CREAT) == 0 || left_-- <= 0)
+      return FileSteps::Open(path, flags, mode);
+    errno = EEXIST;
+    return -1;
+  }
+
+ private:
+  int left_;
+};
+
+TEST(FileReplacement, TriesAHundredNames) {
+  const test::TempFolder folder;
+  TakenNames all(100), allButOne(99);
+  EXPECT_THROW(Replace(folder / "file", all), FileError);
+  EXPECT_TRUE(fs::is_empty(folder.Path()));
+  Replace(folder / "file", allButOne);
+  EXPECT_EQ(test::ReadBytes(folder / "file"), kNew);
 }
 
 /// Replaces `file` as one that a user names.
