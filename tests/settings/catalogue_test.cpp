@@ -18,6 +18,34 @@ TEST(Catalogue, ASwitchHasTheOtherValueForATextThatIsNeither) {
   }
 }
 
+TEST(Catalogue, SwitchesHaveTheirDefaults) {
+  for (const SwitchSetting& setting : {kSaveMainWindow, kSaveWindows, kShowAirports, kShowFlightNumbers}) {
+    EXPECT_TRUE(setting.byDefault) << setting.key.name;
+    EXPECT_FALSE(setting.otherwise) << setting.key.name;
+  }
+  for (const SwitchSetting& setting :
+       {kSaveMenuEntries, kViewCentreOfMap, kViewRivers, kViewBoundaries, kViewAllAirports, kViewDestinations,
+        kShowLegNumbers, kShowAircraftSymbols}) {
+    EXPECT_FALSE(setting.byDefault) << setting.key.name;
+    EXPECT_FALSE(setting.otherwise) << setting.key.name;
+  }
+  for (const SwitchSetting& setting : {kMapTips, kSearchOrigin, kSearchStopovers, kSearchDestination}) {
+    EXPECT_TRUE(setting.byDefault) << setting.key.name;
+    EXPECT_TRUE(setting.otherwise) << setting.key.name;
+  }
+}
+
+TEST(Catalogue, NumbersHaveTheirDefaults) {
+  EXPECT_EQ(kSplashSeconds.byDefault, 2);
+  EXPECT_EQ(kMainWindowState.byDefault, 0);
+  EXPECT_EQ(kWorldCentre.byDefault, 1);
+  EXPECT_EQ(kWorldCentreLongitude.byDefault, 0);
+  EXPECT_EQ(kRandomFlights.byDefault, 2);
+  EXPECT_EQ(kRandomFlights.ValueOf("0"), 2);
+  EXPECT_EQ(kRandomFlights.ValueOf("1"), 1);
+  EXPECT_EQ(kRandomFlights.ValueOf("3"), 2);
+}
+
 TEST(Catalogue, ToolTipsOfTheMapAreOffOnlyByZero) {
   EXPECT_TRUE(kMapTips.byDefault);
   for (const char* text : {"1", "", "x", "2", "00"})
