@@ -192,6 +192,44 @@ TEST_F(Writer, KeepsWhatIsSaidOfColumnsAndIndexes) {
   EXPECT_TRUE(rows.Indexes()[2].unique);
 }
 
+/// Per column its name, type and length; then per index its name, columns and flags.
+std::string Description(const Recordset& table) {
+  std::string text;
+  for (const ColumnInfo& column : table.Columns())
+    text += column.name + " " + std::to_string(static_cast<int>(column.type)) + " " +
+            std::to_string(column.length) + (column.fixed ? " fixed, " : ", ");
+  for (const IndexInfo& index : table.Indexes()) {
+    text += index.name + ":";
+    for (const IndexColumn& column : index.columns)
+      text += " " + column.name + (column.ascending ? "" : "-");
+    text += std::string(index.primary ? " primary" : "") + (index.unique ? " unique" : "") +
+            (index.required ? " required" : "") + (index.ignoreNulls ? " ignoreNulls" : "") + "; ";
+  }
+  return text;
+}
+
+TEST_F(Writer, AddsTheSystemTables) {
+  DatabaseWriter(File()).Finish();
+  const Database database = Database::Open(File());
+  EXPECT_EQ(Description(database.OpenTable("MSysObjects")),
+            "Id 4 4 fixed, ParentId 4 4 fixed, Name 10 255, Type 3 2 fixed, DateCreate 8 8 fixed, "
+            "DateUpdate 8 8 fixed, Owner 9 510, Flags 4 4 fixed, Database 12 0, Connect 12 0, "
+            "ForeignName 10 255, RmtInfoShort 9 510, RmtInfoLong 11 0, Lv 11 0, LvProp 11 0, LvModule 11 0, "
+            "LvExtra 11 0, Id: Id primary unique; ParentIdName: ParentId Name unique; ");
+  EXPECT_EQ(
+      Description(database.OpenTable("MSysACEs")),
+      "ObjectId 4 4 fixed, SID 9 510, ACM 4 4 fixed, FInheritable 1 1 fixed, ObjectId: ObjectId required; ");
+  EXPECT_EQ(
+      Description(database.OpenTable("MSysQueries")),
+      "ObjectId 4 4 fixed, Attribute 2 1 fixed, Order 9 510, Name1 10 255, Name2 10 255, Expression 12 0, "
+      "Flag 3 2 fixed, LvExtra 4 4 fixed, ObjectIdAttribute: ObjectId Attribute Order primary unique; ");
+  EXPECT_EQ(Description(database.OpenTable("MSysRelationships")),
+            "szRelationship 10 255, grbit 4 4 fixed, ccolumn 4 4 fixed, icolumn 4 4 fixed, szObject 10 255, "
+            "szColumn 10 255, szReferencedObject 10 255, szReferencedColumn 10 255, "
+            "szObject: szObject ignoreNulls; szReferencedObject: szReferencedObject ignoreNulls; "
+            "szRelationship: szRelationship ignoreNulls; ");
+}
+
 /// The last number of a counter that a table definition of the file names.
 std::uint32_t LastAutonumberIn(const std::string& file) {
   std::uint32_t last = 0;
@@ -206,11 +244,12 @@ std::uint32_t LastAutonumberIn(const std::string& file) {
 TEST_F(Writer, KeepsTheLastNumberThatACounterGave) {
   ColumnInfo counter = Long("id");
   counter.autonumber = true;
-  const auto lastOf = [&](const std::vector<int>& numbers) {
+  const auto lastOf = [&](const std::vector<int>& numbers, bool counterFirst = false) {
     DatabaseWriter writer(File());
-    writer.BeginTable({"t", {Long("other"), counter}, {}});
+    writer.BeginTable(counterFirst ? TableSpec{"t", {counter, Long("other")}, {}}
+                                   : TableSpec{"t", {Long("other"), counter}, {}});
     for (const int number : numbers)
-      writer.AddRow(std::vector<Value>{99, number});
+      writer.AddRow(counterFirst ? std::vector<Value>{number, 99} : std::vector<Value>{99, number});
     writer.EndTable();
     writer.Finish();
     return LastAutonumberIn(ReadBytes(File()));
@@ -218,6 +257,7 @@ TEST_F(Writer, KeepsTheLastNumberThatACounterGave) {
   EXPECT_EQ(lastOf({}), 0u);
   EXPECT_EQ(lastOf({1}), 1u);
   EXPECT_EQ(lastOf({3, 7, 5}), 7u);
+  EXPECT_EQ(lastOf({3, 7, 5}, true), 7u);
   EXPECT_EQ(lastOf({-7}), 0u);
 }
 

@@ -136,6 +136,59 @@ TEST_F(WriterPages, EnterATableInTheCatalogAndInTheRights) {
             Hex(PageFromHex("0: 04 00 10 00 00 00 FF FF 0F 00 65 8B 0C 00 0A 00 01 00 07").substr(0, 19)));
 }
 
+/// The bytes of a part of a row.
+std::string HexPart(const std::string& row, std::size_t at, std::size_t count) {
+  const std::string line = Hex(row.substr(at, count));
+  return line.empty() ? "0" : line.substr(3, line.size() - 4);
+}
+
+TEST_F(WriterPages, EnterTheSystemInTheCatalog) {
+  const std::string page = PageOf(Write({}), 14);
+  std::string objects;  // per object: id, parent, type, flags, owner, the end of its name
+  for (std::size_t row = 0; row < 8; ++row) {
+    const std::string bytes = RowOf(page, row);
+    const std::size_t end = bytes.size() - 29;  // 12 ends of variable columns, their count, the null mask
+    objects += HexPart(bytes, 2, 4) + ", " + HexPart(bytes, 6, 4) + ", " + HexPart(bytes, 10, 2) + ", " +
+               HexPart(bytes, 28, 4) + ", " + HexPart(bytes, end - 2, 2) + ", " + bytes[end - 4] + "\n";
+  }
+  EXPECT_EQ(objects,
+            "1 0 0 f, 0 0 0 f, 3 0, 0 0 0 80, 65 89, s\n"
+            "2 0 0 f, 0 0 0 f, 3 0, 0 0 0 80, 65 89, s\n"
+            "3 0 0 f, 0 0 0 f, 3 0, 0 0 0 80, 65 89, s\n"
+            "0 0 0 10, 2 0 0 f, 2 0, 0 0 0 80, 64 8b, b\n"
+            "2 0 0 0, 1 0 0 f, 1 0, 0 0 0 80, 65 89, s\n"
+            "3 0 0 0, 1 0 0 f, 1 0, 0 0 0 80, 65 89, s\n"
+            "4 0 0 0, 1 0 0 f, 1 0, 0 0 0 80, 65 89, s\n"
+            "5 0 0 0, 1 0 0 f, 1 0, 0 0 0 80, 65 89, s\n");
+}
+
+TEST_F(WriterPages, EnterTheRightsToTheSystem) {
+  const std::string page = PageOf(Write({}), 15);
+  std::string rights;  // per row: object, mask, user, null mask with the inherited one as highest bit
+  for (std::size_t row = 0; row < 16; ++row) {
+    const std::string bytes = RowOf(page, row);
+    rights += HexPart(bytes, 2, 4) + ", " + HexPart(bytes, 6, 4) + ", " + HexPart(bytes, 10, 2) + ", " +
+              HexPart(bytes, 18, 1) + "\n";
+  }
+  EXPECT_EQ(rights,
+            "2 0 0 0, 0 0 6 0, 64 8b, 7\n"
+            "3 0 0 0, 0 0 6 0, 64 8b, 7\n"
+            "4 0 0 0, 0 0 6 0, 64 8b, 7\n"
+            "5 0 0 0, 0 0 e 0, 64 8b, 7\n"
+            "1 0 0 f, fe 0 f 0, 65 8e, f\n"
+            "1 0 0 f, 1 0 6 0, 64 8b, 7\n"
+            "3 0 0 f, fe 0 f 0, 65 8e, f\n"
+            "3 0 0 f, 1 0 6 0, 64 8b, 7\n"
+            "2 0 0 f, 0 0 6 0, 64 8b, 7\n"
+            "0 0 0 10, e 0 6 0, 64 8b, 7\n"
+            "0 0 0 10, e 0 0 0, 65 8b, 7\n"
+            "4 0 0 0, 14 0 0 0, 65 8b, 7\n"
+            "5 0 0 0, 14 0 0 0, 65 8b, 7\n"
+            "2 0 0 0, 14 0 0 0, 65 8b, 7\n"
+            "1 0 0 f, ff fe f 0, 65 8b, f\n"
+            "3 0 0 f, ff ff f 0, 65 8b, f\n");
+}
+
 TEST_F(WriterPages, AreTheSameForTheSameInput) {
   Table many{"many",
              {Long("Id"), Text("Name", 20), Memo("Remark")},
