@@ -51,6 +51,19 @@ class ScheduleTest : public testing::Test {
   std::optional<Airports> destinations_;
 };
 
+TEST_F(ScheduleTest, AllFlightsAreLoadedInStoredOrder) {
+  Open({test::Flight("Q2", "22", "AAA", {}, "BBB"), test::Flight("Q1", "11", "BBB", {"CCC"}, "AAA")});
+  EXPECT_EQ(Find("11").number, "QV11");
+  const std::vector<Flight> flights = schedule_->LoadFlights();
+  ASSERT_EQ(flights.size(), 2U);
+  EXPECT_EQ(flights[0].key, "22");
+  EXPECT_EQ(flights[1].key, "11");
+  EXPECT_EQ(flights[1].route, (Codes{"BBB", "CCC", "AAA"}));
+  EXPECT_EQ(Find("22").number, "QV22") << "the index of keys is selected again";
+  EXPECT_EQ(KeysOf("Q1"), Codes{"11"});
+  EXPECT_EQ(Find("11").number, "QV11");
+}
+
 TEST_F(ScheduleTest, AFlightIsReadWithItsRoute) {
   Open({test::Flight("Q1", "11", "AAA", {"BBB", "CCC"}, "DDD")});
   const Flight flight = Find("11");
