@@ -27,15 +27,15 @@ class OperationList final : public map::Surface {
  private:
   enum class Kind { kClear, kPolyline, kRectangle, kCircle, kText };
   struct Operation {
-    Kind kind = Kind::kClear;
+    Kind kind;
+    std::size_t first;  ///< in points_
+    std::size_t count;
     bool fill = false;
     std::int32_t radius = 0;
     // What the operation touches, generously.
     std::int64_t top = INT64_MIN;
     std::int64_t bottom = INT64_MAX;
     map::Pen pen{};
-    std::size_t first = 0;  ///< in points_
-    std::size_t count = 0;
     std::size_t text = 0;  ///< in texts_
     std::size_t textSize = 0;
     std::size_t font = 0;  ///< in fonts_
