@@ -108,7 +108,7 @@ TEST(FileReplacement, NamesTheFileThatCannotBeReplaced) {
 class TakenNames : public FileSteps {
  public:
   explicit TakenNames(int taken) : left_(taken) {}
-  int Open(const char* path, int flags, mode_t mode) override {
+  int Open(const fs::path& path, int flags, mode_t mode) override {
     if ((flags & O_CREAT) == 0 || left_-- <= 0)
       return FileSteps::Open(path, flags, mode);
     errno = EEXIST;
