@@ -9,6 +9,7 @@
 #include "base/file_replacement.h"
 #include "base/find_file.h"
 #include "base/path_text.h"
+#include "base/temporary_files.h"
 #include "base/windows_calls.h"
 #include "support/temp_folder.h"
 
@@ -95,6 +96,20 @@ TEST(WindowsFiles, ReadOnlyOnesAreNotReplacedForTheUser) {
     EXPECT_EQ(error.Reason(), "cannot write the file: Permission denied");
   }
   SetFileAttributesW((folder / "file").c_str(), FILE_ATTRIBUTE_NORMAL);
+  EXPECT_EQ(test::ReadBytes(folder / "file"), "old");
+}
+
+/// As the handler of console events does.
+TEST(WindowsFiles, OpenTemporaryOnesCanBeRemoved) {
+  const test::TempFolder folder;
+  test::WriteBytes(folder / "file", "old");
+  {
+    FileReplacement replacement(folder / "file");
+    replacement.Write("new");
+    EXPECT_EQ(test::NamesIn(folder.Path()).size(), 2u);
+    ForEachTemporaryFile([](const PathChar* path) { EXPECT_NE(DeleteFileW(SystemPath(path).c_str()), 0); });
+  }
+  EXPECT_EQ(test::NamesIn(folder.Path()), std::vector<std::string>{"file"});
   EXPECT_EQ(test::ReadBytes(folder / "file"), "old");
 }
 
