@@ -3,7 +3,10 @@
 
 #include <filesystem>
 #include <functional>
+#include <future>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "app/dialogs.h"
 #include "app/frm_main.h"
@@ -45,6 +48,7 @@ class RunningProgram {
   ProgramState state_;
   ProgramDialogs ownDialogs_;
   Dialogs& dialogs_;
+  std::future<std::vector<std::string>> installedFonts_;
   std::unique_ptr<frmSplash> splash_;
   std::unique_ptr<frmMain> mainWindow_;
   float splashShown_ = 0;  ///< seconds since midnight
