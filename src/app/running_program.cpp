@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "app/late_icon.h"
 #include "data/error.h"
 
 namespace zerbal::app {
@@ -72,7 +73,7 @@ bool RunningProgram::RunSteps() {
 
 void RunningProgram::ShowSplash() {
   splash_ = std::make_unique<frmSplash>();
-  splash_->show();
+  ShowWithoutIcon(*splash_);
   splash_->repaint();
   PaintWindows();
   splashShown_ = environment_.clock.SecondsSinceMidnight();
@@ -145,7 +146,8 @@ void RunningProgram::WaitWhile(const std::function<bool(float now)>& condition) 
 
 void RunningProgram::ShowWindows() {
   splash_.reset();
-  mainWindow_->show();
+  ShowWithoutIcon(*mainWindow_);
+  SetIconAfterPaint(*mainWindow_, mainWindow_->MapWindow());
   mainWindow_->MapWindow().show();
   mainWindow_->MapWindow().setFocus();
 }
