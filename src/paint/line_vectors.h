@@ -32,14 +32,14 @@ class LineVectors {
     });
   }
 
+  /// Slices after the last are so far beyond the end that they have nothing of the stroke.
   void Cover(const LineSlices& slices, const StrokeEnds& ends) const {
     VisitSlices(slices, [&](std::uint32_t** at, int slice, const Depths& depths) {
       const Numbers number = Ascending() + slice;
-      const Numbers used = number < slices.count;
       const Numbers along = number * LineInk::kFull + LineInk::kFull / 2;
       const Numbers across = depths.first * LineInk::kFull + LineInk::kFull / 2;
       CoverLanes(at, slices, depths.before, [&](int row, Numbers plain) {
-        return Smaller(plain, EndCoverage(ends, along, across + row * LineInk::kFull)) & used;
+        return Smaller(plain, EndCoverage(ends, along, across + row * LineInk::kFull));
       });
     });
   }
