@@ -83,12 +83,12 @@ TEST_F(FailedCalls, OfBuildChangeAllOrNothing) {
   const fs::path sources = folder / "sources";
   test::CopySmallSources(folder / "o", sources);
   std::string error;
-  const auto build = [&](const fs::path& out) {
+  const auto build = [&](const fs::path& target) {
     error.clear();
     try {
       Problems problems;
       BuildFolder(
-          {out, sources}, test::OneTableMap, [](double, const std::string&) {}, problems);
+          {target, sources}, test::OneTableMap, [](double, const std::string&) {}, problems);
       EXPECT_TRUE(problems.Empty());
     } catch (const std::exception& e) {
       error = e.what();
@@ -97,24 +97,25 @@ TEST_F(FailedCalls, OfBuildChangeAllOrNothing) {
   build(folder / "fresh");
   const FolderFiles fresh = FolderContent(folder / "fresh");
   ASSERT_GT(fresh.size(), 4U) << error;
-  const fs::path out = folder / "out" / "data";
+  const fs::path target = folder / "out" / "data";
   const auto failEach = [&](int reason, const FolderFiles& old) {
     const auto prepare = [&] {
       fs::remove_all(folder / "out");
-      fs::create_directories(old.empty() ? folder / "out" : out / "app_data");
+      fs::create_directories(old.empty() ? folder / "out" : target / "app_data");
       for (const auto& [name, bytes] : old)
-        WriteBytes(out / name, bytes);
+        WriteBytes(target / name, bytes);
     };
     const auto check = [&](const std::string& failed) {
       EXPECT_TRUE(!error.empty() || reason != ENOSPC) << failed;
       const FolderFiles& expected = error.empty() ? fresh : old;
-      EXPECT_EQ(fs::exists(out) ? FolderContent(out) : FolderFiles(), expected) << failed << ": " << error;
+      EXPECT_EQ(fs::exists(target) ? FolderContent(target) : FolderFiles(), expected)
+          << failed << ": " << error;
       EXPECT_EQ(zerbal::test::NamesIn(folder / "out").size(), expected.empty() ? 0U : 1U) << failed;
     };
     EXPECT_GT(FailEachCall(
-                  reason, prepare, [&] { build(out); }, check),
+                  reason, prepare, [&] { build(target); }, check),
               40);
-    EXPECT_EQ(FolderContent(out), fresh);
+    EXPECT_EQ(FolderContent(target), fresh);
   };
   failEach(ENOSPC, {});
   failEach(ENOSPC, {{"app_data/zblrev.ini", "MadeBy=zerbal-pack"}});
