@@ -24,6 +24,9 @@ TEST(EuropeanCase, FoldsLatinGreekAndCyrillicLetters) {
   EXPECT_FALSE(EqualsIgnoringEuropeanCase("×", "÷"));
   EXPECT_FALSE(EqualsIgnoringEuropeanCase("[", "{"));
   EXPECT_EQ(LowerEuropean("Grün ŸŁ"), "grün ÿł");
+  EXPECT_EQ(LowerEuropean("ĀāĶķĹĺŇňŊŋŶŷŹźŽž"), "āāķķĺĺňňŋŋŷŷźźžž");
+  EXPECT_EQ(LowerEuropean("Þßÿĸŉſ ΐΑΩΪ ЏАЯа"), "þßÿĸŉſ ΐαωΪ џаяа");
+  EXPECT_EQ(LowerEuropean("@AZ[ ¿À"), "@az[ ¿à");
   EXPECT_EQ(LowerEuropean("A\xFF"), "a\xEF\xBF\xBD");
 }
 

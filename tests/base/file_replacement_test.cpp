@@ -1,6 +1,7 @@
 // Files replaced as a whole. tests/settings/profile_file_failures_test.cpp has what concerns ChangeFile.
 #include "base/file_replacement.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <string>
 #include <vector>
@@ -91,6 +92,77 @@ TEST(FileReplacement, HoldsTheOldOrTheNewContentsWhenKilled) {
   }
 }
 #endif
+
+/// Steps that say once in a while that the call was interrupted, or answer as unusual file systems do.
+class UnusualSteps : public FileSteps {
+ public:
+  ssize_t WriteAt(int file, const char* bytes, std::size_t size, off_t position) override {
+    return Interrupted() ? -1 : FileSteps::WriteAt(file, bytes, std::min<std::size_t>(size, most), position);
+  }
+  ssize_t Read(int file, char* buffer, std::size_t size) override {
+    return Interrupted() ? -1 : FileSteps::Read(file, buffer, std::min<std::size_t>(size, 3));
+  }
+  int TryLock(int file) override { return Interrupted() ? -1 : FileSteps::TryLock(file); }
+  int Rename(const fs::path& from, const fs::path& to) override {
+    renamed = true;
+    return FileSteps::Rename(from, to);
+  }
+  int Flush(int file) override {
+    errno = flushError;
+    return renamed ? -1 : FileSteps::Flush(file);
+  }
+  int Open(const fs::path& path, int flags, mode_t mode) override {
+    if ((flags & O_CREAT) == 0 || existing-- <= 0)
+      return FileSteps::Open(path, flags, mode);
+    errno = EEXIST;
+    return -1;
+  }
+
+  std::size_t most = 3;  ///< bytes per write
+  int flushError = EINVAL;
+  int existing = 2;  ///< temporary names that are there already
+
+ private:
+  bool Interrupted() {
+    errno = EINTR;
+    return ++calls % 2 == 1;
+  }
+  int calls = 0;
+  bool renamed = false;
+};
+
+TEST(FileReplacement, GoesOnAfterInterruptedCalls) {
+  for (const int error : {EINVAL, ENOTSUP}) {
+    const test::TempFolder folder;
+    test::WriteBytes(folder / "f", "old content");
+    UnusualSteps steps;
+    steps.flushError = error;
+    EXPECT_TRUE(ChangeFile(
+        folder / "f", [](const std::string& old) { return old + " and new"; }, steps));
+    EXPECT_EQ(ReadFile(folder / "f", steps), "old content and new");
+    EXPECT_EQ(test::NamesIn(folder.Path()).size(), 1U);
+  }
+}
+
+TEST(FileReplacement, GivesUpWhenNothingIsWrittenOrEveryNameIsTaken) {
+  const test::TempFolder folder;
+  UnusualSteps full;
+  full.most = 0;
+  FileReplacement replacement(folder / "f", full);
+  EXPECT_THROW(replacement.Write("x"), FileError);
+  UnusualSteps taken;
+  taken.existing = 1000;
+  EXPECT_THROW(FileReplacement(folder / "f", taken), FileError);
+}
+
+TEST(FileReplacement, ReportsAFolderThatCannotBeFlushed) {
+  const test::TempFolder folder;
+  UnusualSteps steps;
+  steps.flushError = EIO;
+  EXPECT_FALSE(ChangeFile(
+      folder / "f", [](const std::string&) { return "new"; }, steps));
+  EXPECT_EQ(test::ReadBytes(folder / "f"), "new");
+}
 
 TEST(FileReplacement, NamesTheFileThatCannotBeReplaced) {
   const test::TempFolder folder;
@@ -212,6 +284,15 @@ TEST(ReadFile, ReadsRegularFilesAlone) {
   EXPECT_EQ(ReadFile(folder / "file"), "bytes");
   EXPECT_EQ(ReadFile(folder / "none"), std::nullopt);
   EXPECT_EQ(ReadFile(folder.Path()), std::nullopt);
+}
+
+TEST(ReadFile, GivesNothingAfterAFailedStep) {
+  const test::TempFolder folder;
+  test::WriteBytes(folder / "file", "bytes");
+  for (int at = 1; at <= 3; ++at) {
+    FailingFileSteps steps(Failure::kReturnError, at);
+    EXPECT_EQ(ReadFile(folder / "file", steps), std::nullopt) << steps.FailedStep();
+  }
 }
 
 }  // namespace
