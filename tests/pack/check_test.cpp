@@ -201,6 +201,19 @@ TEST(CheckFolder, ReportsMissingCodesAndRows) {
       "app_data/qavdata.mdb: table 'fsrv': there is no flight service; the program needs at least one\n");
 }
 
+TEST(CheckFolder, CountsNothingInMissingTables) {
+  const TempFolder folder;
+  Files files;
+  for (Content* table : {&files.services, &files.destinations, &files.flights, &files.airports})
+    table->spec.name = "other " + table->spec.name;
+  files.Write(folder.Path());
+  const std::string report = Report(folder.Path());
+  EXPECT_NE(report.find("Found 1 region, 0 flight services, 0 destinations, 0 flights, 0 airports, 1 cell in "
+                        "coast.mdb, "),
+            std::string::npos)
+      << report;
+}
+
 /// Changes the leaves of all indexes of a file: calls `damage` with the page of each leaf.
 void SpoilLeaves(const fs::path& file, const std::function<void(std::span<char> page)>& damage) {
   constexpr std::size_t kPage = 4096;
@@ -289,9 +302,12 @@ TEST(CheckFolder, ReportsKeysThatOccurTwice) {
 TEST(CheckFolder, ReportsPositionsOutsideTheMapFrame) {
   EXPECT_EQ(
       FindingsAfter([](Files& files) {
-        files.airports.rows = {Airport("A", 360, 180), Airport("B", -0.5F, 90), Airport("C", 0, 180.5F)};
+        files.airports.rows = {Airport("A", 360, 180), Airport("B", -0.5F, 90), Airport("C", 0, 180.5F),
+                               Airport("D", 360.5F, 0)};
       }),
       "app_data/allaprt.mdb: table 'allaprt': airport 'B': AP_Lon '-0.5' is outside the map frame (0 to "
+      "360)\n"
+      "app_data/allaprt.mdb: table 'allaprt': airport 'D': AP_Lon '360.5' is outside the map frame (0 to "
       "360)\n"
       "app_data/allaprt.mdb: table 'allaprt': airport 'C': AP_Lat '180.5' is outside the map frame (0 to "
       "180)\n");

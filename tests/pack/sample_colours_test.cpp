@@ -6,6 +6,7 @@
 #include <variant>
 #include <vector>
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include "pack/pack_fixture.h"
@@ -136,6 +137,16 @@ TEST_F(SampleColours, OfImportedServicesDifferAsThoseOfTheSampleDo) {
       }
     }
   }
+}
+
+TEST(ServicePalette, HasTheSameColoursInEveryVersion) {
+  std::string colours;
+  for (const ServiceColour& colour : kServicePalette)
+    colours += fmt::format("{:02x}{:02x}{:02x} ", colour.red, colour.green, colour.blue);
+  EXPECT_EQ(
+      colours,
+      "0078e8 ee5a7e 556900 a05c81 1b3c27 887aaa 4c3e00 334dbe ce3a3b 51496e 05a182 591f44 647f5d 481483 "
+      "00695d b98500 9c1040 ");
 }
 
 /// Services that follow each other in menus, also where the colours begin again.
