@@ -47,6 +47,12 @@ TEST(TextTest, DecodesTheCodePageWithItsUndefinedBytes) {
   EXPECT_EQ(Decoded({0x81, 0x8D, 0x8F, 0x90, 0x9D}, true), "\u0081\u008D\u008F\u0090\u009D");
 }
 
+TEST(TextTest, HasNoCompressedTextsInACodePage) {
+  EXPECT_EQ(Decoded(Compressed("Oslo"), true), "ÿþOslo");
+  EXPECT_TRUE(Equals(Compressed("Oslo"), "ÿþOslo", true));
+  EXPECT_FALSE(Equals(Compressed("Oslo"), "Oslo", true));
+}
+
 TEST(TextTest, ComparesExactly) {
   for (const Bytes& stored : {Compressed("Oslo"), Utf16(u"Oslo")}) {
     EXPECT_TRUE(Equals(stored, "Oslo"));
