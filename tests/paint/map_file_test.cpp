@@ -39,9 +39,25 @@ TEST(MapFile, APngHasThePixelsAndTheResolution) {
 
 TEST(MapFile, AnSvgHasTheLogicalSizeAsItsView) {
   const std::string svg = SvgOf({40, 20}, DrawLine).toStdString();
+  EXPECT_NE(svg.find("<svg width=\"10.5833mm\" height=\"5.29167mm\""), std::string::npos) << svg;
   EXPECT_NE(svg.find("viewBox=\"0 0 320 160\""), std::string::npos) << svg;
   EXPECT_NE(svg.find("#ff0000"), std::string::npos) << svg;
   EXPECT_EQ(svg.substr(svg.size() - 7), "</svg>\n");
+}
+
+/// The drawing operators of a PDF file, which are its first compressed part.
+std::string OperatorsOf(const QByteArray& pdf) {
+  const qsizetype begin = pdf.indexOf("stream\n") + 7;
+  const char size[] = {0, 1, 0, 0};
+  return qUncompress(QByteArray(size, 4) + pdf.mid(begin, pdf.indexOf("endstream") - begin)).toStdString();
+}
+
+TEST(MapFile, APdfIsDrawnInEighthsOfALogicalPixel) {
+  const std::string operators = OperatorsOf(PdfOf({96, 48}, DrawLine));
+  EXPECT_NE(operators.find("\n0.093750000 0 0 -0.093750000 0 36 cm\n"), std::string::npos) << operators;
+  EXPECT_NE(operators.find("\n0 0 768 384 re\n"), std::string::npos) << operators;
+  EXPECT_NE(operators.find("\n8 w "), std::string::npos) << operators;
+  EXPECT_NE(operators.find("\n0 80 m\n320 80 l\n"), std::string::npos) << operators;
 }
 
 TEST(MapFile, APdfHasOnePageOfTheLogicalSize) {

@@ -33,6 +33,13 @@ TEST(PainterSurface, ClearFillsItsArea) {
   EXPECT_EQ(image.pixel(1, 1), qRgb(1, 2, 3));
 }
 
+TEST(PainterSurface, DrawsCirclesThatReachIntoThePicture) {
+  for (const TwipPoint centre : {TwipPoint{480, -300}, {480, 900}, {-300, 300}, {1260, 300}}) {
+    const auto draw = [&](map::Surface& surface) { surface.Circle(centre, 450, kBlack, true); };
+    EXPECT_GT(test::InkAmount(Drawn(64, 40, 1, draw)), 0) << centre.x << ", " << centre.y;
+  }
+}
+
 TEST(PainterSurface, DrawsLinesLikeThePictureSurface) {
   const auto draw = [](map::Surface& surface) {
     const TwipPoint run[] = {{30, 30}, {31, 31}, {300, 30}, {300, 240}, {30, 240}, {30, 30}};
