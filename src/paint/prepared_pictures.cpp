@@ -102,7 +102,8 @@ const Mask& PreparedPictures::Disc(std::int32_t radius, const PixelScale& scale)
     const double outline = scale.LineWidth(1);
     const double reach = scale.Length(radius) + outline / 2;
     const int margin = static_cast<int>(std::ceil(reach)) + 1;
-    QImage board = Blackboard(2 * margin + 2, 2 * margin + 2);
+    const int size = 2 * margin + static_cast<int>(std::ceil(outline / 2));
+    QImage board = Blackboard(size, size);
     QPainter painter(&board);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);

@@ -44,6 +44,20 @@ int LargestDifference(const QImage& a, const QImage& b) {
   return largest;
 }
 
+TEST_F(PictureSurfaceTest, MarkersReachAsFarToEverySide) {
+  // The line width is even, so that the middle of the marker is the corner of four pixels.
+  for (const int ratio : {2, 4, 6, 8}) {
+    const std::int32_t twips = (32 - ratio / 2) * kTwipsPerPixel / ratio + 1;
+    const QImage image = Drawn(64, 64, ratio, [&](map::Surface& surface) {
+      surface.Circle({twips, twips}, 20, kBlack, true);
+    });
+    const QRect bounds = InkBounds(image);
+    EXPECT_FALSE(bounds.isEmpty()) << ratio;
+    EXPECT_EQ(bounds.left() + bounds.right(), 63) << ratio;
+    EXPECT_EQ(bounds.top() + bounds.bottom(), 63) << ratio;
+  }
+}
+
 TEST_F(PictureSurfaceTest, ClearFillsEverything) {
   const QImage image = Drawn(7, 3, 1, [](map::Surface& surface) { surface.Clear({1, 2, 3}); });
   for (int y = 0; y < 3; ++y)
