@@ -21,6 +21,11 @@ class IniFileTest : public testing::Test {
   IniFile unwritable_{missing_, boxes_};
 };
 
+TEST(SaveFlags, NothingIsSavedUntilTheFileSaysSo) {
+  const SaveFlags flags;
+  EXPECT_FALSE(flags.mainWindow || flags.windows || flags.menuEntries);
+}
+
 TEST_F(IniFileTest, AMissingKeyIsWrittenWithItsDefault) {
   EXPECT_EQ(ini_.Read(kColours, "Coast", "1"), "1");
   EXPECT_EQ(test::ReadBytes(file_), "[Colors]\r\nCoast=1\r\n");
