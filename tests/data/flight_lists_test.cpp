@@ -120,6 +120,21 @@ TEST_F(FlightListsTest, EachRoleIsSearchedSeparately) {
   EXPECT_EQ(Touching("TRF", {true, true, true}).size(), 3u);
 }
 
+TEST_F(FlightListsTest, AnEndIsNoStopover) {
+  world.flit.rows = {FlightRow("NOR", "ZB1", "1", "OSL", {"TRF", "BGO"}, "TOS")};
+  Open();
+  const std::vector<std::string> found = {"ZB1"};
+  for (const char* airport : {"OSL", "TOS"})
+    EXPECT_TRUE(Touching(airport, {false, true, false}).empty()) << airport;
+  for (const char* airport : {"TRF", "BGO"}) {
+    EXPECT_EQ(Touching(airport, {false, true, false}), found) << airport;
+    EXPECT_TRUE(Touching(airport, {true, false, true}).empty()) << airport;
+  }
+  EXPECT_EQ(Touching("OSL", {true, false, false}), found);
+  EXPECT_TRUE(Touching("OSL", {false, false, true}).empty());
+  EXPECT_EQ(Touching("TOS", {false, false, true}), found);
+}
+
 TEST_F(FlightListsTest, AFlightInSeveralRolesIsListedOnce) {
   world.flit.rows = {FlightRow("NOR", "ZB1", "1", "OSL", {"OSL"}, "OSL")};
   Open();
