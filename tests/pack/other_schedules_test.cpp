@@ -131,6 +131,11 @@ const Case kPhpVms7[] = {
      "2: note: is not active; left out\n3: note: is not active; left out\nQVA3 EAAA EBBB 1234567 J\n"},
     {"SameRowTwice", "QVA,1,,,EAAA,EBBB,1,J,,,1\nQVA,1,,,EAAA,EBBB,1,J,,,1\nQVA,1,,,EAAA,EBBB,2,J,,,1\n",
      "3: warning: flight QVA1 is already on line 2; taken once\nQVA1 EAAA EBBB 1 J\nQVA1 EAAA EBBB 2 J\n"},
+    {"NamesThatTheProgramCannotShow",
+     "Q A,1,,,EAAA,EBBB,,J,,,1\nQVA,1,é,,EAAA,EBBB,,J,,,1\nQ!~,1,,,EAAA,EBBB,,J,,,1\n",
+     "2: error: the flight's name 'Q A1' is not made of at most 20 letters, digits and signs\n"
+     "3: error: the flight's name 'QVA1/é' is not made of at most 20 letters, digits and signs\n"
+     "Q!~1 EAAA EBBB 1234567 J\n- 2\n- 3\n"},
     {"RouteCodesApart", "QVA,1,A,,EAAA,EBBB,1,J,,,1\nQVA,1,B,,EAAA,EBBB,1,J,,,1\n",
      "QVA1/A EAAA EBBB 1 J\nQVA1/B EAAA EBBB 1 J\n"},
     {"Legs", "QVA,1,,2,EBBB,ECCC,1,F,,,1\nQVA,2,,,EAAA,EBBB,1,J,,,1\nQVA,1,,1,EAAA,EBBB,1,J,,,1\n",
