@@ -59,16 +59,14 @@ std::vector<Named> Colours(const CsvTable& table, std::string_view code, const s
 
 class SampleColours : public testing::Test {
  protected:
-  SampleColours() {
-    Problems problems;
-    services =
-        Colours(ReadSchedule({test::kPackFolder / "services.csv", test::kPackFolder / "destinations.csv",
-                              test::kPackFolder / "flights.csv"},
-                             problems)
-                    .services,
-                "FSrv", "FSrv");
-    map = Colours(ReadProgramData(test::kPackFolder, problems).colours, "Col", "Col");
-  }
+  SampleColours()
+      : services(
+            Colours(ReadSchedule({test::kPackFolder / "services.csv", test::kPackFolder / "destinations.csv",
+                                  test::kPackFolder / "flights.csv"},
+                                 problems)
+                        .services,
+                    "FSrv", "FSrv")),
+        map(Colours(ReadProgramData(test::kPackFolder, problems).colours, "Col", "Col")) {}
 
   Srgb Map(std::string_view code) const {
     for (const Named& named : map) {
@@ -79,6 +77,7 @@ class SampleColours : public testing::Test {
     return {};
   }
 
+  Problems problems;
   std::vector<Named> services;
   std::vector<Named> map;
 };
