@@ -136,15 +136,35 @@ TEST_P(FieldTest, RefusesWhatDoesNotFit) {
   EXPECT_EQ(CauseOf([&] { Double(2147483647.5).At(0).AsLong(); }), "holds a number out of range");
   EXPECT_EQ(CauseOf([&] { Double(1e300).At(0).AsLong(); }), "holds a number out of range");
   EXPECT_EQ(CauseOf([&] { Double(std::nan("")).At(0).AsLong(); }), "holds a number out of range");
+  EXPECT_EQ(CauseOf([&] { Double(-1e300).At(0).AsLong(); }), "holds a number out of range");
+  EXPECT_EQ(CauseOf([&] { Double(-0.6).At(0).AsByte(); }), "holds a number out of range");
+  EXPECT_EQ(CauseOf([&] { Double(-40000).At(0).AsInteger(); }), "holds a number out of range");
+  EXPECT_EQ(CauseOf([&] { Double(40000).At(0).AsInteger(); }), "holds a number out of range");
+  EXPECT_EQ(CauseOf([&] { Long(-32769).At(0).AsInteger(); }), "holds a number out of range");
+  EXPECT_EQ(CauseOf([&] { Text("-99999999999").At(0).AsLong(); }), "holds a number out of range");
+  EXPECT_EQ(CauseOf([&] { Text("1e999").At(0).AsSingle(); }), "holds a number out of range");
   EXPECT_EQ(CauseOf([&] { Double(1e39).At(0).AsSingle(); }), "holds a number out of range");
   EXPECT_EQ(CauseOf([&] { Text("99999999999").At(0).AsLong(); }), "holds a number out of range");
   EXPECT_EQ(CauseOf([&] { Text("1e999").At(0).AsDouble(); }), "holds a number out of range");
   EXPECT_EQ(Single(std::numeric_limits<float>::max()).At(0).AsSingle(), std::numeric_limits<float>::max());
 }
 
+TEST_P(FieldTest, KeepsInfinityOfRealColumns) {
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  EXPECT_EQ(Double(kInfinity).At(0).AsDouble(), kInfinity);
+  EXPECT_EQ(Double(-kInfinity).At(0).AsSingle(), -std::numeric_limits<float>::infinity());
+  EXPECT_EQ(Single(std::numeric_limits<float>::infinity()).At(0).AsDouble(), kInfinity);
+  EXPECT_EQ(Double(kInfinity).At(0).AsText(), "inf");
+  EXPECT_EQ(Double(-kInfinity).At(0).AsText(), "-inf");
+}
+
+TEST_P(FieldTest, GivesNoBytesOfBooleans) {
+  EXPECT_TRUE(One(ColumnType::kBoolean, 1, Bytes{}).At(0).AsBytes().empty());
+}
+
 TEST_P(FieldTest, RefusesNull) {
-  for (const ColumnType type : {ColumnType::kLong, ColumnType::kDouble}) {
-    Recordset rows = One(type, type == ColumnType::kLong ? 4 : 8, kNull);
+  for (const ColumnType type : {ColumnType::kLong, ColumnType::kSingle, ColumnType::kDouble}) {
+    Recordset rows = One(type, type == ColumnType::kDouble ? 8 : 4, kNull);
     const Field field = rows.At(0);
     EXPECT_EQ(CauseOf([&] { field.AsByte(); }), "is Null");
     EXPECT_EQ(CauseOf([&] { field.AsInteger(); }), "is Null");

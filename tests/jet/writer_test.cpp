@@ -98,7 +98,9 @@ TEST_F(Writer, RefusesCallsOutOfOrder) {
   writer.EndTable();
   writer.Finish();
   EXPECT_EQ(ReasonOf([&] { writer.BeginTable(Spec("u")); }), "the database is finished");
+  EXPECT_EQ(ReasonOf([&] { writer.AddRow(std::vector<Value>{1}); }), "the database is finished");
   EXPECT_EQ(ReasonOf([&] { writer.AddPair(1, 2); }), "the database is finished");
+  EXPECT_EQ(ReasonOf([&] { writer.EndTable(); }), "the database is finished");
   EXPECT_EQ(ReasonOf([&] { writer.Finish(); }), "the database is finished");
 }
 
@@ -109,6 +111,9 @@ TEST_F(Writer, CannotGoOnAfterADuplicate) {
   writer.AddRow(std::vector<Value>{1});
   EXPECT_THROW(writer.EndTable(), EngineError);
   EXPECT_EQ(ReasonOf([&] { writer.Finish(); }), "the database has failed already");
+  EXPECT_EQ(ReasonOf([&] { writer.BeginTable(Spec("u")); }), "the database has failed already");
+  EXPECT_EQ(ReasonOf([&] { writer.AddRow(std::vector<Value>{1}); }), "the database has failed already");
+  EXPECT_EQ(ReasonOf([&] { writer.AddPair(1, 2); }), "the database has failed already");
   EXPECT_EQ(ReasonOf([&] { writer.EndTable(); }), "the database has failed already");
   EXPECT_FALSE(fs::exists(File()));
 }
@@ -120,7 +125,11 @@ TEST_F(Writer, RefusesBadTables) {
   EXPECT_EQ(ReasonOfTable({std::string(64, 't'), {Long("a")}, {}}), "");
   EXPECT_NE(ReasonOfTable({"\xE4\xB8\xAD", {Long("a")}, {}}), "");
   EXPECT_EQ(ReasonOfTable({"msysobjects", {Long("a")}, {}}), "a system table has this name");
-  EXPECT_NE(ReasonOfTable({"a.b", {Long("a")}, {}}), "");
+  for (const char* name : {"a.b", " a", "a!", "a`", "[a", "a]", "a\nb"})
+    EXPECT_NE(ReasonOfTable({name, {Long("a")}, {}}), "") << name;
+  ColumnInfo counting = Text("a");
+  counting.autonumber = true;
+  EXPECT_EQ(ReasonOfTable({"t", {counting}, {}}), "column 'a': only a Long column can count by itself");
   EXPECT_EQ(ReasonOfTable({"t", {Long("a"), Long("A")}, {}}), "column 'A' is there twice");
   EXPECT_EQ(ReasonOfTable({"t", {Long("\xE4\xB8\xAD")}, {}}), "");
   EXPECT_NE(ReasonOfTable({"t", std::vector<ColumnInfo>(256, Long("a")), {}}), "");
@@ -142,6 +151,10 @@ TEST_F(Writer, RefusesBadIndexes) {
   EXPECT_EQ(ReasonOfTable({"t", columns, {Primary("i", "a"), Primary("j", "b")}}),
             "the table has two primary keys");
   EXPECT_NE(ReasonOfTable({"t", columns, {IndexOn("i", {})}}), "");
+  IndexInfo wide = Index("i", "a");
+  wide.columns.resize(11, wide.columns.front());
+  EXPECT_EQ(ReasonOfTable({"t", columns, {wide}}), "index 'i' must have 1 to 10 columns");
+  EXPECT_NE(ReasonOfTable({"t", {Numeric("n", 4, 2)}, {Index("i", "n")}}), "");
   IndexInfo foreign = Index("i", "a");
   foreign.foreignKey = true;
   EXPECT_NE(ReasonOfTable({"t", columns, {foreign}}), "");

@@ -33,6 +33,12 @@ TEST(NumberTextTest, WritesTheShortestText) {
   EXPECT_EQ(TextOf(std::numeric_limits<float>::denorm_min()), "1e-45");
   EXPECT_EQ(TextOf(std::nan("")), "nan");
   EXPECT_EQ(TextOf(-HUGE_VAL), "-inf");
+  EXPECT_EQ(TextOf(HUGE_VAL), "inf");
+  EXPECT_EQ(TextOf(std::nanf("")), "nan");
+  EXPECT_EQ(TextOf(-HUGE_VALF), "-inf");
+  EXPECT_EQ(TextOf(HUGE_VALF), "inf");
+  EXPECT_EQ(TextOf(-1.25e30F), "-1.25e30");
+  EXPECT_EQ(TextOf(1.5e-7F), "1.5e-7");
 }
 
 TEST(NumberTextTest, ReadsBackWhatItWrites) {
@@ -53,6 +59,7 @@ TEST(NumberTextTest, ParsesOnlyWholeNumbersTexts) {
   EXPECT_EQ(ParseNumber("1e3")->real, 1000);
   EXPECT_EQ(ParseNumber("99999999999999999999")->real, 1e20);
   EXPECT_EQ(ParseNumber("1e999")->real, HUGE_VAL);
+  EXPECT_EQ(ParseNumber("-1e999")->real, -HUGE_VAL);
   for (const char* text : {"", " ", "x", "12a", "1 2", " 5", "5 ", "--5", "+-5", "-+5", "0x10", "nan", "inf",
                            "-inf", "1,5", "."})
     EXPECT_FALSE(ParseNumber(text)) << text;
@@ -89,6 +96,10 @@ TEST(NumberTextTest, SpellsEqualDecimalsAlike) {
   EXPECT_EQ(NormalDecimal("-12"), "-12");
   EXPECT_FALSE(NormalDecimal("1e2"));
   EXPECT_FALSE(NormalDecimal("."));
+  EXPECT_EQ(NormalDecimal(".25"), "0.25");
+  EXPECT_EQ(NormalDecimal("3."), "3");
+  for (const char* text : {"", "-", "1.2x", "x.2", "--1"})
+    EXPECT_FALSE(NormalDecimal(text)) << text;
   EXPECT_FALSE(NormalDecimal("12 "));
 }
 

@@ -182,13 +182,18 @@ TEST_F(WriterValues, ThatDoNotFitAreRefused) {
   EXPECT_NE(Refusal(Long("c"), true), "");
   EXPECT_NE(Refusal(Single("c"), 1e39), "");
   EXPECT_NE(Refusal(Single("c"), 16777217), "");
+  EXPECT_NE(Refusal(Single("c"), -16777217), "");
   EXPECT_EQ(Refusal(Single("c"), 16777216), "");
+  EXPECT_NE(Refusal(Double("c"), (std::int64_t{1} << 53) + 1), "");
+  EXPECT_NE(Refusal(Double("c"), -(std::int64_t{1} << 53) - 1), "");
   EXPECT_EQ(Refusal(Single("c"), 0.1), "");
   EXPECT_NE(Refusal(Double("c"), std::numeric_limits<double>::infinity()), "");
   EXPECT_NE(Refusal(Double("c"), std::numeric_limits<double>::quiet_NaN()), "");
   EXPECT_EQ(Refusal(Double("c"), 1.0f), "");
   EXPECT_NE(Refusal(Currency("c"), 1e15), "");
   EXPECT_NE(Refusal(Currency("c"), std::int64_t{922337203685478}), "");
+  EXPECT_NE(Refusal(Currency("c"), std::int64_t{-922337203685478}), "");
+  EXPECT_NE(Refusal(Currency("c"), std::numeric_limits<double>::quiet_NaN()), "");
   EXPECT_NE(Refusal(Currency("c"), "1"), "");
   EXPECT_NE(Refusal(DateTime("c"), 2958466.0), "");
   EXPECT_EQ(Refusal(DateTime("c"), 2958465.5), "");
@@ -206,7 +211,9 @@ TEST_F(WriterValues, ThatDoNotFitAreRefused) {
   EXPECT_NE(Refusal(Numeric("c", 4, 2), 100), "");
   for (const char* text : {"", "-", ".", "1.2.3", "1e2", " 1"})
     EXPECT_NE(Refusal(Numeric("c", 4, 2), text), "") << text;
+  EXPECT_NE(Refusal(Numeric("c", 4, 2), 1.5), "");
   EXPECT_EQ(Refusal(Numeric("c", 4, 2), "-12.34"), "");
+  EXPECT_EQ(Refusal(Numeric("c", 4, 2), "-0"), "");
 }
 
 TEST_F(WriterValues, ThatAreBadTextsAreRefused) {
