@@ -18,15 +18,11 @@ using settings::BoxIcon;
 
 constexpr int kWaitSliceMs = 10;
 
-/// Qt reads the list of fonts when it is first asked for it or for a font, which takes a quarter of the time
-/// until the first map. So another thread begins with it before any text is drawn, unless there can be none.
-std::future<std::vector<std::string>> ReadInstalledFonts() {
-  return std::async(std::launch::async | std::launch::deferred, [] {
-    std::vector<std::string> names;
-    for (const QString& family : QFontDatabase::families())
-      names.push_back(family.toStdString());
-    return names;
-  });
+std::vector<std::string> InstalledFonts() {
+  std::vector<std::string> names;
+  for (const QString& family : QFontDatabase::families())
+    names.push_back(family.toStdString());
+  return names;
 }
 
 /// Paints windows and leaves the user's keys and clicks for after the start.
@@ -51,7 +47,6 @@ bool RunningProgram::Start() {
 }
 
 bool RunningProgram::RunSteps() {
-  installedFonts_ = ReadInstalledFonts();
   ShowSplash();
   if (!FindFiles())
     return false;
@@ -115,7 +110,7 @@ int RunningProgram::SplashSeconds() {
 bool RunningProgram::ReadSettings() {
   settings::IniFile& ini = state_.settingsFile.ini;
   data::MapStyle& style = state_.map.style;
-  const bool read = data::ReadFontSettings(ini, style.fonts, installedFonts_.get()) &&
+  const bool read = data::ReadFontSettings(ini, style.fonts, InstalledFonts()) &&
                     data::ReadColourSettings(ini, style.colours) &&
                     data::ReadFlightColourSettings(ini, state_.map.services) &&
                     data::ReadRegionSettings(ini, style.regions);

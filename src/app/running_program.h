@@ -3,10 +3,7 @@
 
 #include <filesystem>
 #include <functional>
-#include <future>
 #include <memory>
-#include <string>
-#include <vector>
 
 #include "app/dialogs.h"
 #include "app/frm_main.h"
@@ -48,7 +45,6 @@ class RunningProgram {
   ProgramState state_;
   ProgramDialogs ownDialogs_;
   Dialogs& dialogs_;
-  std::future<std::vector<std::string>> installedFonts_;
   std::unique_ptr<frmSplash> splash_;
   std::unique_ptr<frmMain> mainWindow_;
   float splashShown_ = 0;  ///< seconds since midnight
