@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "base/path_text.h"
 #include "support/temp_folder.h"
 
 namespace zerbal::base {
@@ -16,7 +17,7 @@ TEST(FolderNames, AreThoseOfFilesAndFolders) {
   const TempFolder folder;
   EXPECT_TRUE(NamesInFolder(folder.Path()).empty());
   WriteBytes(folder / "file", "");
-  WriteBytes(folder / ".hidden \xC3\xBC", "");
+  WriteBytes(folder / PathOf(".hidden \xC3\xBC"), "");
   std::filesystem::create_directory(folder / "folder");
   WriteBytes(folder / "folder" / "below", "");
   std::vector<std::string> names = NamesInFolder(folder.Path());
