@@ -26,6 +26,7 @@
 #include "map/recorder.h"
 #include "mdb_scan.h"
 #include "paint/picture_surface.h"
+#include "support/everything_shown.h"
 
 namespace zerbal::bench {
 namespace {
@@ -81,24 +82,15 @@ struct World {
   data::FlightSelection flights;
 };
 
-constexpr data::DisplayOptions kEverything{.centreOfMap = true,
-                                           .rivers = true,
-                                           .boundaries = true,
-                                           .allAirports = true,
-                                           .destinations = true,
-                                           .flightAirports = true,
-                                           .flightNumbers = true,
-                                           .legNumbers = true,
-                                           .aircraftSymbols = true};
 constexpr data::DisplayOptions kMapAndAirports{
     .rivers = true, .boundaries = true, .allAirports = true, .destinations = true};
 
 // The corner of four tiles in northern Norway: fjords, islands, rivers and three borders. The window's shape
 // leaves 14 of the 20 degrees of longitude that a view with detail may span.
-constexpr View kWorldView{"W", "world, everything shown", 5, 0, 355, 180, kEverything, true};
+constexpr View kWorldView{"W", "world, everything shown", 5, 0, 355, 180, test::kEverythingShown, true};
 constexpr View kRoughCoast{"R",    "rough coast, four cells", 192.95F, 15.05F, 207.05F,
                            24.95F, kMapAndAirports,           false};
-constexpr View kClosest{"Z", "closest zoom", 198.67F, 20.2F, 199.17F, 20.45F, kEverything, true};
+constexpr View kClosest{"Z", "closest zoom", 198.67F, 20.2F, 199.17F, 20.45F, test::kEverythingShown, true};
 constexpr View kFullDetail{"F",    "R on full-detail data", 192.95F, 15.05F, 207.05F,
                            24.95F, kMapAndAirports,         false};
 

@@ -10,6 +10,7 @@
 
 #include "map/map_world.h"
 #include "map/recorder.h"
+#include "support/everything_shown.h"
 #include "support/pictures.h"
 #include "support/test_random.h"
 
@@ -548,13 +549,7 @@ TEST_F(FrmMapTest, OtherButtonsDoNothing) {
 
 TEST_F(FrmMapTest, HandlesManySizes) {
   test::TestRandom random(42);
-  world_.options = {.centreOfMap = true,
-                    .rivers = true,
-                    .boundaries = true,
-                    .allAirports = true,
-                    .destinations = true,
-                    .legNumbers = true,
-                    .aircraftSymbols = true};
+  world_.options = test::kEverythingShown;
   host_.resize(3200, 2200);
   NewDraws();
   // The same number of pixels at every ratio.

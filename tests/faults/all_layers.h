@@ -7,6 +7,7 @@
 #include "data/databases.h"
 #include "data/map_style.h"
 #include "map/draw_map.h"
+#include "support/everything_shown.h"
 
 namespace zerbal::test {
 
@@ -45,15 +46,7 @@ class AllLayers {
   data::MapStyle style_;
   data::FlightServiceTable services_;
   map::Viewport viewport_;
-  data::DisplayOptions options_{.centreOfMap = true,
-                                .rivers = true,
-                                .boundaries = true,
-                                .allAirports = true,
-                                .destinations = true,
-                                .flightAirports = true,
-                                .flightNumbers = true,
-                                .legNumbers = true,
-                                .aircraftSymbols = true};
+  data::DisplayOptions options_ = kEverythingShown;
   data::AirportCriteria criteria_;
   data::FlightSelection flights_;
 };

@@ -13,6 +13,7 @@
 #include "command_fixture.h"
 #include "data/map_style.h"
 #include "support/captured_log.h"
+#include "support/everything_shown.h"
 #include "zerbal-map/map_job.h"
 #include "zerbal-map/options.h"
 
@@ -71,15 +72,7 @@ class MapWindow {
 
 TEST_F(MapCommandTest, TenViewsEqualTheMapWindowPixelByPixel) {
   MapWindow window(folder.Path());
-  window.options = {.centreOfMap = true,
-                    .rivers = true,
-                    .boundaries = true,
-                    .allAirports = true,
-                    .destinations = true,
-                    .flightAirports = true,
-                    .flightNumbers = true,
-                    .legNumbers = true,
-                    .aircraftSymbols = true};
+  window.options = kEverythingShown;
   // The first and the ninth one are drawn in several bands.
   const std::pair<const char*, QSize> views[] = {
       {"World", {1600, 1000}}, {"World", {300, 640}}, {"NOR", {640, 480}},  {"MED", {640, 480}},

@@ -1,13 +1,10 @@
-#include <atomic>
 #include <cerrno>
 #include <csignal>
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
-#include <memory>
 #include <string>
 #include <system_error>
-#include <utility>
 
 #include <fcntl.h>
 #include <sys/mman.h>
@@ -56,31 +53,9 @@ void OnBusError(int signal, siginfo_t* info, void* context) {
   PassOn(signal, info, context);
 }
 
-/// One mapping and its slot.
-class Mapping {
- public:
-  Mapping(void* start, std::size_t size) : start_(start), size_(size), slot_(MappingSlot::Take()) {
-    slot_->shrunk.store(false);
-    const auto begin = reinterpret_cast<std::uintptr_t>(start);
-    slot_->begin.store(begin);
-    slot_->end.store(begin + (size + systemPageSize - 1) / systemPageSize * systemPageSize);
-  }
-  ~Mapping() {
-    slot_->end.store(0);
-    slot_->begin.store(0);
-    munmap(start_, size_);
-    slot_->used.store(false);
-  }
-  Mapping(const Mapping&) = delete;
-  Mapping& operator=(const Mapping&) = delete;
-
-  const std::atomic<bool>& Shrunk() const { return slot_->shrunk; }
-
- private:
-  void* start_;
-  std::size_t size_;
-  MappingSlot* slot_;
-};
+void RemoveMapping(void* start, std::size_t size, bool /*replaced*/) {
+  munmap(start, size);
+}
 
 [[noreturn]] void ThrowSystem(const std::string& what) {
   throw Damage(what + " (" + std::generic_category().message(errno) + ")");
@@ -114,12 +89,8 @@ FileImage MapFile(const std::filesystem::path& file) {
   void* start = mmap(nullptr, size, PROT_READ, MAP_PRIVATE, opened.Number(), 0);
   if (start == MAP_FAILED)
     ThrowSystem("the file cannot be mapped into memory");
-  auto mapping = std::make_shared<const Mapping>(start, size);
-  FileImage image;
-  image.bytes = {static_cast<const std::uint8_t*>(start), size};
-  image.shrunk = {mapping, &mapping->Shrunk()};
-  image.owner = std::move(mapping);
-  return image;
+  const std::size_t reach = (size + systemPageSize - 1) / systemPageSize * systemPageSize;
+  return ImageOfMapping(start, size, reach, RemoveMapping);
 }
 
 }  // namespace zerbal::jet

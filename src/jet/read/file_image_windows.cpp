@@ -1,11 +1,9 @@
-#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <string>
 #include <system_error>
-#include <utility>
 
 #include "base/windows_calls.h"
 #include "jet/mapped_file_guard.h"
@@ -43,33 +41,12 @@ LONG CALLBACK OnException(EXCEPTION_POINTERS* pointers) {
   return !first || ReplaceByZeros(*slot) ? EXCEPTION_CONTINUE_EXECUTION : EXCEPTION_CONTINUE_SEARCH;
 }
 
-/// One mapping and its slot.
-class Mapping {
- public:
-  Mapping(void* start, std::size_t size) : start_(start), slot_(MappingSlot::Take()) {
-    slot_->shrunk.store(false);
-    const auto begin = reinterpret_cast<std::uintptr_t>(start);
-    slot_->begin.store(begin);
-    slot_->end.store(begin + size);
-  }
-  ~Mapping() {
-    slot_->end.store(0);
-    slot_->begin.store(0);
-    if (slot_->shrunk.load())
-      VirtualFree(start_, 0, MEM_RELEASE);
-    else
-      UnmapViewOfFile(start_);
-    slot_->used.store(false);
-  }
-  Mapping(const Mapping&) = delete;
-  Mapping& operator=(const Mapping&) = delete;
-
-  const std::atomic<bool>& Shrunk() const { return slot_->shrunk; }
-
- private:
-  void* start_;
-  MappingSlot* slot_;
-};
+void RemoveMapping(void* start, std::size_t /*size*/, bool replaced) {
+  if (replaced)
+    VirtualFree(start, 0, MEM_RELEASE);
+  else
+    UnmapViewOfFile(start);
+}
 
 [[noreturn]] void ThrowSystem(const std::string& what) {
   throw Damage(what + " (" + std::generic_category().message(base::LastErrno()) + ")");
@@ -111,12 +88,7 @@ FileImage MapFile(const std::filesystem::path& file) {
   void* start = section ? MapViewOfFile(section.get(), FILE_MAP_READ, 0, 0, size) : nullptr;
   if (start == nullptr)
     ThrowSystem("the file cannot be mapped into memory");
-  auto mapping = std::make_shared<const Mapping>(start, size);
-  FileImage image;
-  image.bytes = {static_cast<const std::uint8_t*>(start), size};
-  image.shrunk = {mapping, &mapping->Shrunk()};
-  image.owner = std::move(mapping);
-  return image;
+  return ImageOfMapping(start, size, size, RemoveMapping);
 }
 
 }  // namespace zerbal::jet

@@ -2,7 +2,10 @@
 #pragma once
 
 #include <atomic>
+#include <cstddef>
 #include <cstdint>
+
+#include "jet/read/file_image.h"
 
 namespace zerbal::jet {
 
@@ -15,10 +18,15 @@ struct MappingSlot {
   std::atomic<bool> shrunk{false};
   MappingSlot* next = nullptr;
 
-  /// A slot that is not in use. The owner of the mapping gives it back by clearing `used`.
-  static MappingSlot* Take();
   /// The slot of the mapping that contains `address`; nullptr when none does. Locks nothing.
   static MappingSlot* At(std::uintptr_t address);
 };
+
+/// Removes a mapping. `replaced` tells whether the handler put something in the place of it or of its pages.
+using Unmap = void (*)(void* start, std::size_t size, bool replaced);
+
+/// An image of the file mapped at `start`, which removes the mapping in the end. The handler looks after
+/// `reach` bytes of it.
+FileImage ImageOfMapping(void* start, std::size_t size, std::size_t reach, Unmap unmap);
 
 }  // namespace zerbal::jet
